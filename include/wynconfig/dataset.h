@@ -1,0 +1,106 @@
+// The record store: a keyed table of rows of two texts that goes to and from files and XML text.
+#pragma once
+
+#include <array>
+#include <list>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "wynconfig/item_path.h"
+
+namespace wynconfig {
+
+/// A row: its `Element`, which is the key, and its `Data`.
+using DataRow = std::array<std::string, 2>;
+
+/// An XML document in memory, between a `Dataset` and the text that a host keeps.
+class Document {
+  public:
+    /// Whether `loadXML` may return before it is done. It never does; the value is only kept.
+    bool async() const { return m_async; }
+    void setAsync(bool async) { m_async = async; }
+
+    /// Takes XML text, UTF-8 (whatever encoding it declares).
+    /// @return false when the text is not well-formed, or beyond the bounds of depth and size that
+    ///         the parser keeps; the document is empty then
+    bool loadXML(const std::string& text);
+
+    /// The document's text; empty for a fresh document.
+    const std::string& xml() const { return m_xml; }
+
+  private:
+    friend class Dataset;
+    bool m_async = true;
+    std::string m_xml;
+};
+
+/// A record: a type, a name, a folder and rows with unique keys. Rows keep their order, though
+/// nothing depends on it. Nothing touches a file but `Load` and `Save` with a path. All failures
+/// raise `Error`; a failed `Load` leaves the object as it was, a failed `Save` the old file.
+///
+/// Text may hold anything: bytes that XML has no room for are written as `_xHHHH_`.
+class Dataset {
+  public:
+    Dataset();
+    Dataset(const Dataset&) = delete;
+    Dataset& operator=(const Dataset&) = delete;
+
+    /// Makes this an empty record.
+    /// @param typeName  "MORAM" or "PARTFORMAT"
+    /// @param columns   names of the two columns
+    void Create(const std::string& typeName, const std::string& name, const std::string& folder,
+                const std::array<std::string, 2>& columns);
+    /// Declares the key column, one of the columns. Raises errc::InvalidCall for another name.
+    void SetKey(const std::string& column, long kind = 3);
+
+    const std::string& Type() const { return m_type; }
+    const std::string& Name() const { return m_name; }
+    void setName(std::string name) { m_name = std::move(name); }
+    const std::string& Folder() const { return m_folder; }
+    void setFolder(std::string folder) { m_folder = std::move(folder); }
+
+    /// Appends a row. Raises errc::DuplicateKey when its key is present.
+    void AddRow(const DataRow& row);
+    void ClearRows();
+    /// Raises errc::NoSuchKey when the key is absent.
+    void DeleteRow(const std::string& key);
+    /// A copy of the row. Raises errc::NoSuchKey when the key is absent.
+    DataRow GetRow(const std::string& key) const;
+    /// Replaces the row of `keyRow`'s key by `newRow`. Raises errc::NoSuchKey when that key is
+    /// absent, errc::DuplicateKey when the new row's key is that of another row.
+    void UpdateRow(const DataRow& keyRow, const DataRow& newRow);
+    /// All rows in their order.
+    const std::list<DataRow>& Rows() const { return m_rows; }
+
+    /// Replaces the whole content by the record in a file. Raises errc::FileNotFound,
+    /// errc::FileAccess, or errc::BadRecord when the file holds no record.
+    void Load(const std::string& path, long option = 0);
+    void Load(const ItemPath& path, long option = 0);
+    /// Replaces the whole content by the record in a document; raises errc::BadRecord.
+    void Load(const Document& document, long option = 0);
+
+    /// Writes the whole record to a file; the file is at all times wholly the old or the new one.
+    /// Raises errc::FileAccess, or errc::InvalidCall for a name or key of nine million bytes or
+    /// more.
+    void Save(const std::string& path) const;
+    void Save(const ItemPath& path) const;
+    /// Replaces the document's content by this record.
+    void Save(Document& document) const;
+
+  private:
+    struct Content;
+    void take(Content content);
+    std::string text() const;
+
+    std::string m_type;
+    std::string m_name;
+    std::string m_folder;
+    std::array<std::string, 2> m_columns;
+    std::string m_key;
+    std::list<DataRow> m_rows;
+    std::unordered_map<std::string_view, std::list<DataRow>::iterator> m_index;
+};
+
+}  // namespace wynconfig

@@ -1,0 +1,32 @@
+// The desktop view, on Qt widgets. This header needs no Qt.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "wynconfig/user.h"
+#include "wynconfig/view.h"
+
+namespace wynconfig {
+
+/// A view that shows every form in a real window. Makes a `QApplication` when the process has none
+/// by then, and keeps it until the process ends. Works off screen (QT_QPA_PLATFORM=offscreen). To
+/// be used on the thread of the `QApplication`.
+class QtView : public View {
+  public:
+    /// The person who drives the real widgets by real mouse and key events, instead of the one at
+    /// the desk. From the first call on, whatever the view shows is answered by this user.
+    virtual User& user() = 0;
+    /// Takes the user away again: whatever comes up waits for the person at the desk.
+    virtual void dismissUser() = 0;
+    /// Saves a picture of the window on top, as PNG; raises `UserError` when that fails.
+    virtual void savePicture(const std::string& path) = 0;
+    /// Is called when a form or box has come up on the screen, with its name (of a box "box", of a
+    /// browse dialog "browse"), before the user acts on it.
+    virtual void onShown(std::function<void(const std::string& name)> watcher) = 0;
+};
+
+std::shared_ptr<QtView> makeQtView();
+
+}  // namespace wynconfig

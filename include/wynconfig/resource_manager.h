@@ -1,0 +1,44 @@
+// Where the component's texts and font come from: the host supplies them through this interface.
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace wynconfig {
+
+/// A font by its properties; a view makes its toolkit's font from it.
+struct Font {
+    std::string family;      ///< family name; empty: the view's own
+    double pointSize = 0.0;  ///< size in points; 0: the view's own
+    bool bold = false;
+    bool italic = false;
+
+    bool operator==(const Font&) const = default;
+};
+
+/// Texts by key and the font of the dialogs. A host may bring its own. Both operations report a
+/// failure by raising; any exception will do, the component turns it into `Error`.
+class ResourceManager {
+  public:
+    virtual ~ResourceManager() = default;
+
+    /// The text of a key, UTF-8, in the user's language. An empty text is a text like any other.
+    virtual std::string GetString(const std::string& key) = 0;
+
+    /// The font for a dialog.
+    /// @param handle  device context handle of the form, as its view gives it; 0 without a view.
+    virtual Font GetFont(long handle) = 0;
+};
+
+/// The resource manager that comes with the component: texts from compiled ICU resource bundles,
+/// one bundle a language. All texts are read once, here.
+/// @param folder  folder of the compiled bundles (`*.res`), as the build makes it
+/// @param locale  language to take, such as "en" or "de-DE"; empty: the user's. A language without
+///                a bundle falls back to English, and so does a key that its bundle lacks.
+/// @param font    what `GetFont` gives
+/// Raises `Error` when the folder has no bundle. `GetString` of an unknown key raises `Error`.
+std::shared_ptr<ResourceManager> makeBundleResourceManager(const std::string& folder,
+                                                           const std::string& locale = {},
+                                                           const Font& font = {});
+
+}  // namespace wynconfig

@@ -1,0 +1,147 @@
+// A person at the screen, played by a test: says what the person does when a dialog or a box comes
+// up, and sees what a person would see.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "wynconfig/controls.h"
+#include "wynconfig/view.h"
+
+namespace wynconfig {
+
+/// What the played person could not do, or what came up without having been announced.
+class UserError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A row as it is seen in a list; an item of a combo box or the caption of a tab has no key.
+struct SeenRow {
+    std::string key;
+    std::string text;
+    bool operator==(const SeenRow&) const = default;
+};
+
+/// A control as a person sees it.
+struct Sight {
+    std::string text;           ///< of an edit or a combo box
+    std::string caption;        ///< of a label, button, frame, option, check box or caption bar
+    bool value = false;         ///< of an option or a check box
+    std::vector<SeenRow> rows;  ///< of a list, a combo box, or tabs
+    std::size_t selected = 0;   ///< number of the selected row from 1, 0 for none
+    std::size_t caret = 0;      ///< of an edit, in characters
+    bool focus = false;
+    bool enabled = false;
+    bool visible = false;  ///< false also for what lies on a tab that is not on top
+    bool tabStop = false;
+    Background background = Background::Window;
+
+    /// The texts of `rows`.
+    std::vector<std::string> rowTexts() const;
+};
+
+/// A message box as it was seen.
+struct SeenBox {
+    std::string text;
+    std::string title;
+    int style = 0;
+    std::string okCaption;
+};
+
+/// A person at the screen. A test announces what is to come up and what the person does then;
+/// whatever comes up unannounced is answered so that nothing changes, and `finish` names it.
+/// Controls and forms go by their names. All acts concern the form on top. An act that a person
+/// could not do (a control that is not there, hidden or disabled) raises `UserError`; one that is
+/// raised within an announced script ends the script, cancels the form, and is told by `finish`.
+class User {
+  public:
+    using Script = std::function<void(User&)>;
+    using BoxScript = std::function<int(const SeenBox&)>;
+
+    virtual ~User() = default;
+
+    // What is to come. Announcements of one kind are used up in their order.
+
+    /// When a form of this name comes up, the person does this. The script must close the form.
+    void onForm(const std::string& name, Script script);
+    /// When the next box comes up, the person reads it and presses the button of this number.
+    void onBox(BoxScript script);
+    void onBox(int button = answer::Ok);
+    /// When the next browse dialog comes up, the person picks this path; empty: cancels.
+    void onBrowse(std::string path);
+    /// Raises `UserError` when something came up unannounced, did not come up though announced, or
+    /// could not be done. Forgets all of it, so that the next announcement starts afresh.
+    void finish();
+    /// All boxes that came up since the last `finish`, in their order.
+    const std::vector<SeenBox>& boxes() const { return m_boxes; }
+    /// All browse dialogs that came up since the last `finish`.
+    const std::vector<BrowseRequest>& browses() const { return m_browses; }
+    /// Names of all forms that came up since the last `finish`.
+    const std::vector<std::string>& forms() const { return m_forms; }
+
+    // Acts on the form on top.
+
+    /// Name of the form on top; empty when there is none.
+    virtual std::string formName() const = 0;
+    /// What its title bar shows.
+    virtual std::string formTitle() const = 0;
+    /// Clicks with the mouse: the focus moves there first. For buttons, check boxes and options.
+    virtual void click(std::string_view control) = 0;
+    /// The click's event alone, for toolkits whose clicks move no focus.
+    virtual void bareClick(std::string_view control) = 0;
+    virtual void pressEnter() = 0;
+    virtual void pressEscape() = 0;
+    /// Moves the focus on by the Tab key.
+    virtual void pressTab() = 0;
+    /// Puts the focus on a control by the mouse, without pressing it.
+    virtual void focus(std::string_view control) = 0;
+    /// Goes to a box and types this in place of its text.
+    virtual void type(std::string_view edit, const std::string& text) = 0;
+    virtual void setCaret(std::string_view edit, std::size_t caret) = 0;
+    /// Clicks a check box or option unless it shows this value already.
+    void tick(std::string_view box, bool value = true);
+    /// Clicks the first row with this text, also when it is selected already.
+    virtual void pick(std::string_view list, const std::string& text) = 0;
+    /// Chooses the first item with this text.
+    virtual void choose(std::string_view combo, const std::string& text) = 0;
+    /// Clicks a tab, by its index from 0.
+    virtual void changeTab(std::string_view tabs, int index) = 0;
+    /// Pulls the window's frame to a size in twips.
+    virtual void resize(int width, int height) = 0;
+    virtual void closeByFrame() = 0;
+    /// Looks at a control.
+    virtual Sight see(std::string_view control) = 0;
+    /// Whether a control can be used now: it is visible and enabled.
+    bool canUse(std::string_view control);
+
+  protected:
+    // For a view that is driven by this user: what just came up.
+
+    /// Runs the script for a form that came up; afterwards the form should be closed. An
+    /// unannounced form is remembered, and nothing is done.
+    void formCameUp(const std::string& name);
+    /// The button to press.
+    int boxCameUp(const SeenBox& box);
+    /// The path to pick.
+    std::string browseCameUp(const BrowseRequest& request);
+    /// A form was left open by its script, or something else went wrong.
+    void blame(std::string fault);
+
+  private:
+    std::map<std::string, std::deque<Script>> m_formScripts;
+    std::deque<BoxScript> m_boxScripts;
+    std::deque<std::string> m_browsePaths;
+    std::vector<std::string> m_faults;
+    std::vector<SeenBox> m_boxes;
+    std::vector<BrowseRequest> m_browses;
+    std::vector<std::string> m_forms;
+};
+
+}  // namespace wynconfig

@@ -1,0 +1,106 @@
+// What puts the dialogs in front of a person, and the one door through which it reports what the
+// person did.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+#include "wynconfig/controls.h"
+
+namespace wynconfig {
+
+/// Styles of a message box; buttons and icon are added.
+namespace boxstyle {
+inline constexpr int OkOnly = 0;
+inline constexpr int YesNo = 4;
+inline constexpr int Critical = 16;
+inline constexpr int SystemModal = 4096;
+}  // namespace boxstyle
+
+/// Numbers of the buttons of a message box.
+namespace answer {
+inline constexpr int Ok = 1;
+inline constexpr int Yes = 6;
+inline constexpr int No = 7;
+}  // namespace answer
+
+/// A message box to be shown.
+struct MessageBox {
+    Form* owner = nullptr;  ///< the form that asks; it may be one that was never shown
+    std::string text;
+    int style = boxstyle::OkOnly;
+    std::string title;
+    std::string okCaption;  ///< empty: the view's own word
+};
+
+/// A path to be browsed for.
+struct BrowseRequest {
+    Form* owner = nullptr;
+    std::string title;
+    std::string okCaption;
+    std::string cancelCaption;
+    bool files = false;  ///< files may be picked as well as folders
+    std::shared_ptr<const Font> font;
+};
+
+/// What only a person may do to a control. Nobody but a view gets one, so that the code of a dialog
+/// can't do these things by accident. Each call raises the events that belong to it; a failure in a
+/// dialog's handler ends that handler and never comes back to the view.
+class UserInput {
+  public:
+    /// The focus moved to this control: `LostFocus` of the one before, `GotFocus` of this one.
+    void focus(Control& control) const;
+    /// The text of a box and the place of its caret (in characters) are now these.
+    void type(Edit& edit, std::string text, std::size_t caret) const;
+    void moveCaret(Edit& edit, std::size_t caret) const;
+    /// The event alone; a mouse click moves the focus first, by `focus`.
+    void click(Button& button) const;
+    void tick(CheckBox& box, bool value) const;
+    void choose(OptionButton& option) const;
+    /// @param number  number of the row, from 1
+    void pick(ListView& list, std::size_t number) const;
+    /// @param index  index of the item, from 0
+    void choose(ComboBox& combo, int index) const;
+    void changeTab(Tabs& tabs, int index) const;
+    /// The frame of the window was pulled to this size, in twips.
+    void resize(Form& form, int width, int height) const;
+    /// The window was closed by its frame.
+    void closeByFrame(Form& form) const;
+
+  private:
+    friend class View;
+    UserInput() = default;
+};
+
+/// A view: everything that the dialogs need of a screen. Five calls; a view renders any form from
+/// its `layout()` and never knows a dialog by name. What a view throws is turned into `Error`.
+class View {
+  public:
+    virtual ~View() = default;
+
+    /// Shows a form and returns once it is no longer loaded. May be called again, for another form,
+    /// before it returned.
+    virtual void showModal(Form& form) = 0;
+    /// Shows a box and returns the number of the pressed button, see `answer`.
+    virtual int showMessage(const MessageBox& box) = 0;
+    /// Lets the user pick a path; the empty string when the user picked none.
+    virtual std::string browse(const BrowseRequest& request) = 0;
+    /// Puts a form's window in front of all others, for good or, with false, no longer.
+    virtual void raise(Form& form, bool topMost) = 0;
+    /// A number by which the resource manager may tell the screen that a form's text goes to.
+    virtual long deviceContext(Form& form) = 0;
+
+  protected:
+    static UserInput userInput() { return {}; }
+};
+
+/// Installs the view of this process; null takes it away. Without a view every question gets the
+/// answer that changes nothing: a dialog is cancelled, a box answered with No or OK, and browsing
+/// gives no path.
+void installView(std::shared_ptr<View> view);
+
+/// The installed view, or the one that answers as told above.
+View& currentView();
+
+}  // namespace wynconfig

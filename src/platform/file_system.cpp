@@ -1,0 +1,391 @@
+// What every kind of file system has in common: item paths, the one resolver behind all operations,
+// and the folder indexes that spare it a scan per look-up.
+#include "platform/file_system.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+
+namespace wynconfig {
+
+namespace {
+
+constexpr std::string_view ItemExtension = ".vla";
+
+bool isSeparator(char c) {
+    return c == '/' || c == '\\';
+}
+
+/// Behind a NUL the system would not see the rest of a path.
+bool holdsNul(std::string_view path) {
+    return path.find('\0') != std::string_view::npos;
+}
+
+/// True when a name stands for one file of its folder; one with a separator could lead out of it.
+bool isUsableName(std::string_view name) {
+    return !name.empty() && name != "." && name != ".." && !holdsNul(name) &&
+           std::none_of(name.begin(), name.end(), isSeparator);
+}
+
+bool isItemName(std::string_view name) {
+    return name.size() >= ItemExtension.size() &&
+           UCase(name.substr(name.size() - ItemExtension.size())) == UCase(ItemExtension);
+}
+
+/// A path in the system's spelling: `/` between the parts, one at a time, none at the end.
+std::string systemPath(std::string_view path) {
+    std::string system;
+    for (const char c : path) {
+        if (!isSeparator(c)) {
+            system += c;
+        } else if (system.empty() || system.back() != '/') {
+            system += '/';
+        }
+    }
+    if (system.size() > 1 && system.back() == '/') system.pop_back();
+    return system;
+}
+
+/// A path as a message shows it: well-formed, and no longer than a box can hold.
+std::string shown(std::string_view path) {
+    constexpr std::size_t Most = 300;
+    constexpr std::size_t Part = 140;
+    std::string text{path};
+    if (!isUtf8(text)) {
+        std::replace_if(
+            text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) > 0x7F; },
+            '?');
+    }
+    std::replace(text.begin(), text.end(), '\0', '?');
+    const std::size_t length = charCount(text);
+    if (length <= Most) return text;
+    return text.substr(0, byteOffset(text, Part)) + "\u2026" +
+           text.substr(byteOffset(text, length - Part));
+}
+
+}  // namespace
+
+ItemPath ItemPath::item(std::string_view folder, std::string_view item) {
+    return {std::string{folder}, std::string{item} + std::string{ItemExtension}};
+}
+
+ItemPath ItemPath::of(std::string_view path) {
+    const std::size_t cut = path.find_last_of("/\\") + 1;
+    return {std::string{path.substr(0, cut)}, std::string{path.substr(cut)}};
+}
+
+std::vector<std::string> FileSystem::listItems(const std::string& folder) {
+    std::vector<Entry> entries;
+    if (holdsNul(folder) || !entriesOf(resolveFolder(folder), entries)) return {};
+
+    std::vector<std::pair<std::string, std::string>> items;
+    for (Entry& entry : entries) {
+        if (!entry.plainFile || !isItemName(entry.name) || !isUsableName(entry.name)) continue;
+        std::string key = UCase(entry.name);
+        items.emplace_back(std::move(key), std::move(entry.name));
+    }
+    std::sort(items.begin(), items.end());
+
+    std::vector<std::string> names;
+    names.reserve(items.size());
+    for (auto& item : items) names.push_back(std::move(item.second));
+    return names;
+}
+
+std::string FileSystem::find(const ItemPath& path) {
+    const auto place = placeOf(path);
+    if (!place) return {};
+    return nameOnDisk(place->folder, place->name, &FileSystem::isPlainFile, Trust::Settled);
+}
+
+bool FileSystem::existsExactly(const std::string& path) {
+    if (path.empty() || isSeparator(path.back()) || holdsNul(path)) {
+        return false;
+    }
+    return isPlainFile(systemPath(path));
+}
+
+bool FileSystem::folderExists(const std::string& folder) {
+    return !holdsNul(folder) && isFolder(resolveFolder(folder));
+}
+
+void FileSystem::makeFolder(const std::string& folder) {
+    if (holdsNul(folder)) throw refusal("folder", folder, "made", "its name is not allowed");
+    const std::string system = systemPath(folder);
+    const ItemPath path = ItemPath::of(system);
+    const std::string parent = resolveFolder(path.folder);
+    if (path.name.empty() ||
+        !nameOnDisk(parent, path.name, &FileSystem::isThere, Trust::Settled).empty()) {
+        throw refusal("folder", system, "made", "something of that name is there already");
+    }
+    const std::string resolved = join(parent, path.name);
+    if (!isFolder(parent)) {
+        throw refusal("folder", resolved, "made", "the folder above it is not there");
+    }
+    const bool current = hasCurrentIndex(parent);
+    createFolder(resolved);
+    if (current) updateIndex(parent, path.name, true);
+}
+
+std::string FileSystem::read(const ItemPath& path) {
+    const auto place = placeOf(path);
+    if (!place) throw notFound(path.text());
+    const std::string name =
+        nameOnDisk(place->folder, place->name, &FileSystem::isPlainFile, Trust::Settled);
+    if (name.empty()) throw notFound(join(place->folder, place->name));
+    return readFile(join(place->folder, name));
+}
+
+void FileSystem::save(const ItemPath& path, std::string_view content) {
+    const auto place = placeOf(path);
+    if (!place) throw refusal("file", path.text(), "written", "its name is not allowed");
+    const auto [name, isOnDisk] = nameToWrite(*place);
+    const std::string target = join(place->folder, name);
+    if (content.size() > MaxFileSize) throw refusal("file", target, "written", "it is too large");
+
+    if (m_inBatch) {
+        stageFile(target, content);
+        if (!isOnDisk) m_newFiles.insert({place->folder, UCase(name), name});
+        return;
+    }
+    const bool current = hasCurrentIndex(place->folder);
+    replaceFile(target, content);
+    if (current) updateIndex(place->folder, name, true);
+}
+
+void FileSystem::remove(const ItemPath& path) {
+    const auto place = placeOf(path);
+    if (!place) throw notFound(path.text());
+    const std::string name =
+        nameOnDisk(place->folder, place->name, &FileSystem::isPlainFile, Trust::Settled);
+    if (name.empty()) {
+        const std::string staged = newFileName(*place);
+        if (staged.empty()) throw notFound(join(place->folder, place->name));
+        return takeBack(*place, staged);
+    }
+    const bool current = hasCurrentIndex(place->folder);
+    removeFile(join(place->folder, name));
+    if (m_inBatch) takeBack(*place, name);
+    if (current) updateIndex(place->folder, name, false);
+}
+
+SaveBatch::SaveBatch(FileSystem& files) : m_files(files), m_leads(!files.m_inBatch) {
+    if (m_leads) files.beginBatch();
+}
+
+SaveBatch::~SaveBatch() {
+    if (!m_leads) return;
+    m_files.endBatch();
+    m_files.discardStaged();
+}
+
+void SaveBatch::commit() {
+    if (!m_leads) return;
+    m_leads = false;
+    m_files.endBatch();
+    m_files.commitStaged();
+}
+
+void FileSystem::beginBatch() {
+    m_inBatch = true;
+    for (auto& index : m_indexes) index.second.seenInBatch = false;
+}
+
+void FileSystem::endBatch() {
+    m_inBatch = false;
+    m_newFiles.clear();
+    m_batchFolders.clear();
+}
+
+std::string FileSystem::join(const std::string& folder, std::string_view name) {
+    std::string path = folder;
+    if (!path.empty() && path.back() != '/') path += '/';
+    path += name;
+    return path;
+}
+
+Error FileSystem::notFound(std::string_view path) {
+    return {errc::FileNotFound, "The file " + shown(path) + " was not found."};
+}
+
+Error FileSystem::refusal(std::string_view kind, std::string_view path, std::string_view verb,
+                          std::string_view cause) {
+    std::string text = "The ";
+    text.append(kind).append(" ").append(shown(path)).append(" can't be ").append(verb);
+    text.append(": ").append(cause).append(".");
+    return {errc::FileAccess, text};
+}
+
+/// Where a file lies, or nothing for a name that no file can have. Folder and name are glued as
+/// they are, so what stands behind the folder's last separator belongs to the name.
+std::optional<FileSystem::Place> FileSystem::placeOf(const ItemPath& path) {
+    const ItemPath folder = ItemPath::of(path.folder);
+    if (!isUsableName(path.name) || holdsNul(path.folder)) return std::nullopt;
+    return Place{folderOf(folder.folder), folder.name + path.name};
+}
+
+/// The resolved folder of an item. While a batch is open it stays the one that was found first.
+std::string FileSystem::folderOf(const std::string& folder) {
+    if (!m_inBatch) return resolveFolder(folder);
+    const auto found = m_batchFolders.find(folder);
+    if (found != m_batchFolders.end()) return found->second;
+    std::string resolved = resolveFolder(folder);
+    if (isFolder(resolved)) m_batchFolders.emplace(folder, resolved);
+    return resolved;
+}
+
+/// The folder as it is spelt on disk, without a separator at its end. From the first part that is
+/// not there on, everything stays as given.
+std::string FileSystem::resolveFolder(std::string_view folder) {
+    std::string system = systemPath(folder);
+    // A folder that is there as it is typed needs no walk: all its parts are exact.
+    if (isFolder(system)) return system;
+
+    std::size_t at = system.starts_with('/') ? 1 : 0;
+    std::string resolved = system.substr(0, at);
+    while (at < system.size()) {
+        const std::size_t end = std::min(system.find('/', at), system.size());
+        const std::string part = system.substr(at, end - at);
+        const std::string found = nameOnDisk(resolved, part, &FileSystem::isFolder, Trust::Settled);
+        resolved = join(resolved, found.empty() ? part : found);
+        at = end + 1;
+    }
+    return resolved;
+}
+
+/// The name, as it is spelt on disk, of what is looked for in a resolved folder, or the empty
+/// string. What it is gets asked of the disk, never of the index: a link's target can change while
+/// its folder does not.
+std::string FileSystem::nameOnDisk(const std::string& folder, const std::string& name,
+                                   Question isWanted, Trust trust) {
+    if ((this->*isWanted)(join(folder, name))) return name;
+    const Index* index = indexOf(folder, trust);
+    if (index == nullptr) return {};
+    const std::string key = UCase(name);
+    for (auto it = index->names.lower_bound({key, {}});
+         it != index->names.end() && it->first == key; ++it) {
+        if ((this->*isWanted)(join(folder, it->second))) return it->second;
+    }
+    return {};
+}
+
+/// The name under which a file is to be written: an existing file's, else that of a file which the
+/// open batch is to make, else the one given. A file that others made a moment ago may go unseen
+/// here; otherwise many saves in a row would read the folder each time. An open batch reads it once
+/// at most: its own temporaries change the folder's stamp all the time.
+FileSystem::NameToWrite FileSystem::nameToWrite(const Place& place) {
+    std::string existing =
+        nameOnDisk(place.folder, place.name, &FileSystem::isPlainFile, Trust::SameStamp);
+    if (!existing.empty()) return {std::move(existing), true};
+    std::string staged = newFileName(place);
+    if (!staged.empty()) return {std::move(staged), false};
+
+    const std::string target = join(place.folder, place.name);
+    if (!isFolder(place.folder)) {
+        throw refusal("file", target, "written", "its folder is not there");
+    }
+    if (!nameOnDisk(place.folder, place.name, &FileSystem::isFolder, Trust::SameStamp).empty()) {
+        throw refusal("file", target, "written", "a folder of that name is there");
+    }
+    return {place.name, false};
+}
+
+/// The name under which the open batch is to make a new file, in whatever case it is asked for, or
+/// the empty string.
+std::string FileSystem::newFileName(const Place& place) const {
+    if (m_newFiles.empty()) return {};
+    const std::string key = UCase(place.name);
+    const auto staged = m_newFiles.lower_bound({place.folder, key, {}});
+    const bool found =
+        staged != m_newFiles.end() && (*staged)[0] == place.folder && (*staged)[1] == key;
+    return found ? (*staged)[2] : std::string{};
+}
+
+/// Forgets what the open batch was to save under a name.
+void FileSystem::takeBack(const Place& place, const std::string& name) {
+    unstageFile(join(place.folder, name));
+    m_newFiles.erase({place.folder, UCase(name), name});
+}
+
+bool FileSystem::isThere(const std::string& path) {
+    return isPlainFile(path) || isFolder(path);
+}
+
+/// The index of a folder, read anew when the one at hand is not to be trusted; null when the folder
+/// is not there or can't be read.
+const FileSystem::Index* FileSystem::indexOf(const std::string& folder, Trust trust) {
+    const auto held = m_indexes.find(folder);
+    const bool inBatch = m_inBatch && trust == Trust::SameStamp;
+    if (inBatch && held != m_indexes.end() && held->second.seenInBatch) return &held->second;
+    // The stamp is taken before the names: a change while they are read makes the stamps differ,
+    // or else finds the stamp unsettled.
+    Stamp now;
+    const bool there = stampOf(folder, now);
+    if (there && held != m_indexes.end()) {
+        const Stamp& stamp = held->second.stamp;
+        const bool trusted = stamp.settled || trust == Trust::SameStamp;
+        if (stamp.value == now.value && trusted) {
+            held->second.seenInBatch = m_inBatch;
+            return &held->second;
+        }
+    }
+
+    std::vector<Entry> entries;
+    if (!there || !entriesOf(folder, entries)) {
+        m_indexes.erase(folder);
+        return nullptr;
+    }
+    Index& index = m_indexes[folder];
+    index.stamp = now;
+    index.seenInBatch = m_inBatch;
+    index.names.clear();
+    for (Entry& entry : entries) {
+        std::string key = UCase(entry.name);
+        index.names.emplace(std::move(key), std::move(entry.name));
+    }
+    return &index;
+}
+
+/// True when the index at hand bears the folder's stamp, so that a change of ours may be entered.
+bool FileSystem::hasCurrentIndex(const std::string& folder) {
+    const auto held = m_indexes.find(folder);
+    Stamp now;
+    return held != m_indexes.end() && stampOf(folder, now) && held->second.stamp.value == now.value;
+}
+
+/// Enters a change of ours. The stamp counts as unsettled from here on: what others changed along
+/// with us may hide behind it.
+void FileSystem::updateIndex(const std::string& folder, const std::string& name, bool present) {
+    Index& index = m_indexes[folder];
+    if (!stampOf(folder, index.stamp)) {
+        m_indexes.erase(folder);
+        return;
+    }
+    index.stamp.settled = false;
+    if (present) {
+        index.names.emplace(UCase(name), name);
+    } else {
+        index.names.erase({UCase(name), name});
+    }
+}
+
+namespace {
+
+FileSystem*& replacementFileSystem() {
+    static FileSystem* replacement = nullptr;
+    return replacement;
+}
+
+}  // namespace
+
+FileSystem& fileSystem() {
+    if (FileSystem* replacement = replacementFileSystem()) return *replacement;
+    static const std::unique_ptr<FileSystem> disk = makeRealFileSystem();
+    return *disk;
+}
+
+void setFileSystem(FileSystem* replacement) {
+    replacementFileSystem() = replacement;
+}
+
+}  // namespace wynconfig

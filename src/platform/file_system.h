@@ -1,0 +1,203 @@
+// The only door to the disk. It turns `\` into the system's separator, finds names without regard
+// to case, lists plain files alone and in a fixed order, and saves so that a file is at all times
+// wholly the old or wholly the new one, many files in a row for the price of one.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "wynconfig/error.h"
+#include "wynconfig/item_path.h"
+
+namespace wynconfig {
+
+/// Files and folders as the component uses them. The public operations find every part of a path
+/// without regard to case (as `UCase` compares), an exact name first, then the first in ascending
+/// byte order; they share one resolver. Parts that are not there stay as given. What a kind of file
+/// system has to supply is the protected part. Failures raise `Error` with a description that names
+/// the file. An object serves one thread at a time.
+class FileSystem {
+  public:
+    FileSystem() = default;
+    FileSystem(const FileSystem&) = delete;
+    FileSystem& operator=(const FileSystem&) = delete;
+    virtual ~FileSystem() = default;
+
+    /// The names of the plain files in `folder` that end in ".vla" (any case), as they are spelt on
+    /// disk, in ascending order of their upper-cased forms, complete before the call returns. A
+    /// folder that is not there has none; so does one that can't be read. A name that no `ItemPath`
+    /// can bear, since it holds `\`, is left out.
+    std::vector<std::string> listItems(const std::string& folder);
+
+    /// The name, as it is spelt on disk, of the plain file at `path`, or the empty string. `*` and
+    /// `?` are plain letters here.
+    std::string find(const ItemPath& path);
+
+    /// True when a plain file lies at exactly this path, compared letter by letter. An empty path,
+    /// a folder, and a path that ends in a separator count as not there. For paths outside the
+    /// store.
+    bool existsExactly(const std::string& path);
+
+    /// True when a folder is there. A path without a folder's trailing separator is fine.
+    bool folderExists(const std::string& folder);
+
+    /// Makes one folder, never its parents. Raises errc::FileAccess when that fails, and when a
+    /// folder or file of that name, in whatever case, is there already.
+    void makeFolder(const std::string& folder);
+
+    /// Reads a whole file. Raises errc::FileNotFound, or errc::FileAccess, also for a file of more
+    /// than 64 MiB: an item is a small record.
+    std::string read(const ItemPath& path);
+
+    /// Writes a whole file, crash-safe: the file is at all times wholly the old or wholly the new
+    /// one. An existing file keeps its spelling and its mode bits. Raises errc::FileAccess; the old
+    /// file then stands, unless the text says that the new one is written but not confirmed. While
+    /// a `SaveBatch` is open the new content waits for its commit.
+    void save(const ItemPath& path, std::string_view content);
+
+    /// Deletes a file, and takes back what an open batch was to save there. Raises
+    /// errc::FileNotFound or errc::FileAccess.
+    void remove(const ItemPath& path);
+
+  protected:
+    /// One entry of a folder.
+    struct Entry {
+        std::string name;
+        bool plainFile;
+    };
+    /// When a folder changed last. `settled` is false while a further change could still leave
+    /// `value` as it is, because the clock behind it is too coarse.
+    struct Stamp {
+        std::int64_t value = 0;
+        bool settled = true;
+    };
+
+    /// The most bytes that a file may have.
+    static constexpr std::size_t MaxFileSize = std::size_t{64} << 20;
+
+    // What a kind of file system supplies. Paths are those of the system, already resolved: folders
+    // without a trailing separator ("" is the working folder, "/" the system's root), files as
+    // `join` makes them. What changes something raises `Error`; the questions never do.
+
+    /// Fills in what lies in a folder, without "." and "..". False when it can't be read to its
+    /// end.
+    virtual bool entriesOf(const std::string& folder, std::vector<Entry>& entries) = 0;
+    /// False when there is no such folder.
+    virtual bool stampOf(const std::string& folder, Stamp& stamp) = 0;
+    virtual bool isPlainFile(const std::string& path) = 0;
+    virtual bool isFolder(const std::string& path) = 0;
+    virtual void createFolder(const std::string& path) = 0;
+    virtual std::string readFile(const std::string& path) = 0;
+    virtual void replaceFile(const std::string& path, std::string_view content) = 0;
+    virtual void removeFile(const std::string& path) = 0;
+    /// Prepares what `replaceFile` would do, beside the old file, in place of what was prepared for
+    /// that file before. Raises what can be told by now.
+    virtual void stageFile(const std::string& path, std::string_view content) = 0;
+    /// Forgets what was prepared for a file, if anything was.
+    virtual void unstageFile(const std::string& path) = 0;
+    /// Puts all that was prepared in place, or none of it when it can't be made safe first. Raises
+    /// the first failure at the end; nothing stays prepared in any case.
+    virtual void commitStaged() = 0;
+    virtual void discardStaged() noexcept = 0;
+
+    /// A folder and a name in it as one path of the system.
+    static std::string join(const std::string& folder, std::string_view name);
+    /// The failure "The file `path` was not found."
+    static Error notFound(std::string_view path);
+    /// The failure "The `kind` `path` can't be `verb`: `cause`."
+    static Error refusal(std::string_view kind, std::string_view path, std::string_view verb,
+                         std::string_view cause);
+
+    friend class FaultyFileSystem;
+    friend class SaveBatch;
+
+  private:
+    /// The names of one folder by their upper-cased forms: what a miss on the exact spelling asks.
+    struct Index {
+        Stamp stamp;
+        std::set<std::pair<std::string, std::string>> names;  ///< upper-cased form, name on disk
+        bool seenInBatch = false;  ///< read, or found current, since the open batch began
+    };
+    /// When an index is good enough to go by: only when no change can have slipped past its stamp,
+    /// or whenever the stamp is the folder's, or was so since the open batch began.
+    enum class Trust { Settled, SameStamp };
+    /// Where a file lies: a resolved folder, and the name as given.
+    struct Place {
+        std::string folder;
+        std::string name;
+    };
+    struct NameToWrite {
+        std::string name;
+        bool isOnDisk;
+    };
+    using Question = bool (FileSystem::*)(const std::string& path);
+
+    std::optional<Place> placeOf(const ItemPath& path);
+    std::string resolveFolder(std::string_view folder);
+    std::string folderOf(const std::string& folder);
+    std::string nameOnDisk(const std::string& folder, const std::string& name, Question isWanted,
+                           Trust trust);
+    NameToWrite nameToWrite(const Place& place);
+    bool isThere(const std::string& path);
+    std::string newFileName(const Place& place) const;
+    void takeBack(const Place& place, const std::string& name);
+    void beginBatch();
+    void endBatch();
+
+    const Index* indexOf(const std::string& folder, Trust trust);
+    bool hasCurrentIndex(const std::string& folder);
+    void updateIndex(const std::string& folder, const std::string& name, bool present);
+
+    std::map<std::string, Index> m_indexes;  ///< by resolved folder
+    bool m_inBatch = false;
+    /// The new files that the open batch is to make: resolved folder, upper-cased name, name.
+    std::set<std::array<std::string, 3>> m_newFiles;
+    /// The folders that were found since the open batch began: resolved ones by given ones.
+    std::map<std::string, std::string> m_batchFolders;
+};
+
+/// While one is open, `save` of its file system only prepares the new files; `commit` puts them all
+/// in place for about the price of one crash-safe save. Meanwhile everybody sees the old files, and
+/// at any moment each file is wholly the old or wholly the new one. A `save` that fails raises as
+/// ever, and the other files of the batch go on without it.
+///
+/// A batch opened while another one is open joins it: only the outer one commits or discards.
+class SaveBatch {
+  public:
+    /// @param files  must outlive this object.
+    explicit SaveBatch(FileSystem& files);
+    SaveBatch(const SaveBatch&) = delete;
+    SaveBatch& operator=(const SaveBatch&) = delete;
+    /// Discards what was not committed; the old files stand.
+    ~SaveBatch();
+
+    /// Puts all files in place and ends the batch: a `save` behind it goes through at once. Tries
+    /// all files and raises the first failure, errc::FileAccess. When the new content can't be
+    /// brought to the disk, no file is changed.
+    void commit();
+
+  private:
+    FileSystem& m_files;
+    bool m_leads;  ///< false once it has ended, and for one that joined another
+};
+
+/// The disk.
+std::unique_ptr<FileSystem> makeRealFileSystem();
+/// Files that live in memory as long as the object does.
+std::unique_ptr<FileSystem> makeMemoryFileSystem();
+
+/// The file system that the component uses: the disk, until another one is set.
+FileSystem& fileSystem();
+/// Replaces it; null sets the disk again. The caller keeps the object alive while it is set.
+void setFileSystem(FileSystem* replacement);
+
+}  // namespace wynconfig

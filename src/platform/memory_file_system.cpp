@@ -1,0 +1,164 @@
+// Files and folders in memory, for tests and for records that are not to last. It refuses what a
+// disk would refuse.
+#include <filesystem>
+#include <system_error>
+
+#include "platform/file_system.h"
+
+namespace wynconfig {
+
+namespace {
+
+// The limits that a disk has, in bytes.
+constexpr std::size_t MaxName = 255;
+constexpr std::size_t MaxPath = 4095;
+
+std::string causeOf(std::errc error) {
+    return std::make_error_code(error).message();
+}
+
+/// The one spelling under which a path is kept: without ".", without ".." where it can be resolved,
+/// and "" for the working folder.
+std::string keyOf(const std::string& path) {
+    std::string key = std::filesystem::path(path).lexically_normal().string();
+    if (key.size() > 1 && key.back() == '/') key.pop_back();
+    return key == "." ? std::string{} : key;
+}
+
+/// A file's or folder's own name and the key of the folder it lies in.
+struct Location {
+    std::string folder;
+    std::string name;
+};
+
+Location locationOf(const std::string& path) {
+    const std::string key = keyOf(path);
+    const std::size_t slash = key.rfind('/');
+    if (slash == std::string::npos) return {"", key};
+    return {key.substr(0, slash == 0 ? 1 : slash), key.substr(slash + 1)};
+}
+
+bool isTooLong(const std::string& path, const Location& location) {
+    return path.size() > MaxPath || location.name.size() > MaxName;
+}
+
+class MemoryFileSystem : public FileSystem {
+  protected:
+    bool entriesOf(const std::string& folder, std::vector<Entry>& entries) override {
+        const Folder* listed = folderAt(folder);
+        if (listed == nullptr) return false;
+        for (const auto& file : listed->files) entries.push_back({file.first, true});
+        for (const auto& name : listed->folders) entries.push_back({name, false});
+        return true;
+    }
+
+    bool stampOf(const std::string& folder, Stamp& stamp) override {
+        const Folder* asked = folderAt(folder);
+        if (asked == nullptr) return false;
+        stamp.value = asked->changes;
+        stamp.settled = true;
+        return true;
+    }
+
+    bool isPlainFile(const std::string& path) override {
+        const Location location = locationOf(path);
+        const Folder* folder = folderAt(location.folder);
+        return folder != nullptr && folder->files.count(location.name) != 0;
+    }
+
+    bool isFolder(const std::string& path) override { return folderAt(path) != nullptr; }
+
+    void createFolder(const std::string& path) override {
+        const Location location = locationOf(path);
+        Folder* parent = folderAt(location.folder);
+        const auto refuse = [&](std::errc error) {
+            throw refusal("folder", path, "made", causeOf(error));
+        };
+        if (isTooLong(path, location)) refuse(std::errc::filename_too_long);
+        if (parent == nullptr) refuse(std::errc::no_such_file_or_directory);
+        if (isFolder(path) || isPlainFile(path)) refuse(std::errc::file_exists);
+        m_folders[keyOf(path)];
+        parent->folders.insert(location.name);
+        ++parent->changes;
+    }
+
+    std::string readFile(const std::string& path) override {
+        const Location location = locationOf(path);
+        const Folder* folder = folderAt(location.folder);
+        if (folder == nullptr) throw notFound(path);
+        const auto file = folder->files.find(location.name);
+        if (file == folder->files.end()) throw notFound(path);
+        return file->second;
+    }
+
+    void replaceFile(const std::string& path, std::string_view content) override {
+        Folder& folder = folderToWrite(path);
+        folder.files.insert_or_assign(locationOf(path).name, std::string{content});
+        ++folder.changes;
+    }
+
+    void removeFile(const std::string& path) override {
+        const Location location = locationOf(path);
+        Folder* folder = folderAt(location.folder);
+        if (folder == nullptr || folder->files.erase(location.name) == 0) throw notFound(path);
+        ++folder->changes;
+    }
+
+    void stageFile(const std::string& path, std::string_view content) override {
+        folderToWrite(path);
+        m_staged.insert_or_assign(keyOf(path), std::string{content});
+    }
+
+    void unstageFile(const std::string& path) override { m_staged.erase(keyOf(path)); }
+
+    void commitStaged() override {
+        std::optional<Error> first;
+        for (const auto& [path, content] : std::exchange(m_staged, {})) {
+            try {
+                replaceFile(path, content);
+            } catch (const Error& failure) {
+                if (!first) first = failure;
+            }
+        }
+        if (first) throw *first;
+    }
+
+    void discardStaged() noexcept override { m_staged.clear(); }
+
+  private:
+    struct Folder {
+        std::map<std::string, std::string> files;  ///< content by name
+        std::set<std::string> folders;
+        std::int64_t changes = 0;
+    };
+
+    /// The folder of that path, null when there is none.
+    Folder* folderAt(const std::string& path) {
+        const auto folder = m_folders.find(keyOf(path));
+        return folder == m_folders.end() ? nullptr : &folder->second;
+    }
+
+    /// The folder of a file that may be written.
+    Folder& folderToWrite(const std::string& path) {
+        const Location location = locationOf(path);
+        Folder* folder = folderAt(location.folder);
+        const auto refuse = [&](std::errc error) {
+            throw refusal("file", path, "written", causeOf(error));
+        };
+        if (isTooLong(path, location)) refuse(std::errc::filename_too_long);
+        if (folder == nullptr) refuse(std::errc::no_such_file_or_directory);
+        if (isFolder(path)) refuse(std::errc::is_a_directory);
+        return *folder;
+    }
+
+    std::map<std::string, Folder> m_folders{{"", {}}, {"/", {}}};
+    std::map<std::string, std::string> m_staged;  ///< content by the file's key
+};
+
+}  // namespace
+
+std::unique_ptr<FileSystem> makeMemoryFileSystem() {
+    return std::make_unique<MemoryFileSystem>();
+}
+
+}  // namespace wynconfig

@@ -1,0 +1,157 @@
+// The disk, by the calls of a POSIX system.
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+#include <system_error>
+
+#include "platform/disk_saves.h"
+#include "platform/file_system.h"
+#include "platform/posix.h"
+
+namespace wynconfig {
+
+namespace {
+
+/// What a failed call of the system says, for a message.
+std::string causeOf(int error) {
+    return std::generic_category().message(error);
+}
+
+/// Reads an open file to its end, whatever length it claims, up to one byte beyond `most`.
+std::string readToEnd(int file, std::size_t claimed, std::size_t most) {
+    std::string content(std::min(claimed, most) + 1, '\0');
+    std::size_t have = 0;
+    for (;;) {
+        const auto got =
+            checked([&] { return ::read(file, content.data() + have, content.size() - have); });
+        have += static_cast<std::size_t>(got);
+        if (got == 0 || have > most) break;
+        if (have == content.size()) content.resize(std::min(2 * have, most + 1));
+    }
+    content.resize(have);
+    return content;
+}
+
+class RealFileSystem : public FileSystem {
+  protected:
+    bool entriesOf(const std::string& folder, std::vector<Entry>& entries) override {
+        const std::unique_ptr<DIR, int (*)(DIR*)> listing{::opendir(folderName(folder)),
+                                                          ::closedir};
+        if (listing == nullptr) return false;
+        for (;;) {
+            errno = 0;
+            const dirent* entry = ::readdir(listing.get());
+            if (entry == nullptr) return errno == 0;
+            const std::string_view name = entry->d_name;
+            if (name == "." || name == "..") continue;
+            const bool told = entry->d_type != DT_UNKNOWN && entry->d_type != DT_LNK;
+            const bool plain = told ? entry->d_type == DT_REG : isPlainFile(join(folder, name));
+            entries.push_back({std::string{name}, plain});
+        }
+    }
+
+    bool stampOf(const std::string& folder, Stamp& stamp) override {
+        struct stat info {};
+        timespec now{};
+        if (::stat(folderName(folder), &info) != 0 || !S_ISDIR(info.st_mode)) return false;
+        ::clock_gettime(CLOCK_REALTIME, &now);
+        // The time of the last change of any kind, since anybody may set the other one back. It
+        // moves in steps of some milliseconds, or of seconds where no part of one is kept.
+        const std::int64_t step = info.st_ctim.tv_nsec == 0 ? 2'020'000'000 : 20'000'000;
+        stamp.value = nanoseconds(info.st_ctim);
+        stamp.settled = nanoseconds(now) - stamp.value >= step;
+        return true;
+    }
+
+    bool isPlainFile(const std::string& path) override {
+        struct stat info {};
+        return ::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
+    }
+
+    bool isFolder(const std::string& path) override {
+        struct stat info {};
+        return ::stat(folderName(path), &info) == 0 && S_ISDIR(info.st_mode);
+    }
+
+    void createFolder(const std::string& path) override {
+        try {
+            checked([&] { return ::mkdir(path.c_str(), 0777); });
+            // Without this a file saved into the new folder could get lost with it.
+            OpenFolder{path.substr(0, path.rfind('/') + 1)}.sync();
+        } catch (const SystemFailure& failure) {
+            throw refusal("folder", path, "made", causeOf(failure.error));
+        }
+    }
+
+    std::string readFile(const std::string& path) override {
+        try {
+            // Without O_NONBLOCK a named pipe in the file's place would hold us up for ever.
+            const Descriptor file{
+                checked([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); })};
+            struct stat info {};
+            checked([&] { return ::fstat(file.number(), &info); });
+            if (!S_ISREG(info.st_mode)) throw refusal("file", path, "read", "it is no plain file");
+            std::string content =
+                readToEnd(file.number(), static_cast<std::size_t>(info.st_size), MaxFileSize);
+            if (content.size() > MaxFileSize)
+                throw refusal("file", path, "read", "it is too large");
+            return content;
+        } catch (const SystemFailure& failure) {
+            if (failure.error == ENOENT) throw notFound(path);
+            throw refusal("file", path, "read", causeOf(failure.error));
+        }
+    }
+
+    void replaceFile(const std::string& path, std::string_view content) override {
+        told([&] { m_saves.save(path, content); });
+    }
+
+    void removeFile(const std::string& path) override {
+        if (::unlink(path.c_str()) == 0) return;
+        if (errno == ENOENT) throw notFound(path);
+        throw refusal("file", path, "deleted", causeOf(errno));
+    }
+
+    void stageFile(const std::string& path, std::string_view content) override {
+        told([&] { m_saves.stage(path, content); });
+    }
+    void unstageFile(const std::string& path) override { m_saves.unstage(path); }
+    void commitStaged() override {
+        told([&] { m_saves.commit(); });
+    }
+    void discardStaged() noexcept override { m_saves.discard(); }
+
+  private:
+    /// Saves, and says in words why that fails.
+    template <typename Save>
+    static void told(Save save) {
+        try {
+            save();
+        } catch (const SaveFailure& failure) {
+            const bool many = failure.of == SaveFailure::Of::Folder;
+            const char* confirmed = many ? "confirmed on the disk, though they are written"
+                                         : "confirmed on the disk, though it is written";
+            throw refusal(many ? "files in" : "file", failure.path,
+                          failure.published ? confirmed : "written", causeOf(failure.error));
+        }
+    }
+
+    static std::int64_t nanoseconds(const timespec& time) {
+        return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+    }
+
+    DiskSaves m_saves;
+};
+
+}  // namespace
+
+std::unique_ptr<FileSystem> makeRealFileSystem() {
+    return std::make_unique<RealFileSystem>();
+}
+
+}  // namespace wynconfig

@@ -1,0 +1,354 @@
+// Reads and writes the stored form of a record, reading by libxml2's SAX2 interface.
+#include "platform/record_xml.h"
+
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+#include <unicode/utf8.h>
+
+#include <array>
+#include <charconv>
+#include <climits>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "platform/text.h"
+#include "wynconfig/error.h"
+
+namespace wynconfig {
+
+namespace {
+
+constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+
+/// The code unit in `_xHHHH` at the start of text, or nothing.
+std::optional<unsigned> openUnit(std::string_view text) {
+    constexpr std::size_t length = 6;
+    if (text.size() < length || text[0] != '_' || text[1] != 'x') return {};
+    unsigned unit = 0;
+    const auto [end, fault] = std::from_chars(text.data() + 2, text.data() + length, unit, 16);
+    if (fault != std::errc() || end != text.data() + length) return {};
+    return unit;
+}
+
+/// The code unit in `_xHHHH_` at the start of text, or nothing.
+std::optional<unsigned> escapedUnit(std::string_view text) {
+    return text.size() > 6 && text[6] == '_' ? openUnit(text) : std::nullopt;
+}
+
+void appendUtf8(std::string& out, UChar32 character) {
+    char buffer[U8_MAX_LENGTH];
+    int length = 0;
+    U8_APPEND_UNSAFE(buffer, length, character);
+    out.append(buffer, static_cast<std::size_t>(length));
+}
+
+/// Turns `_xHHHH_` back into what it stands for. A unit that stands for nothing stays as it is.
+std::string unescape(std::string_view text) {
+    if (text.find('_') == std::string_view::npos) return std::string(text);
+    std::size_t at = text.find("_x");
+    std::string out;
+    std::size_t from = 0;
+    for (; at != std::string_view::npos; at = text.find("_x", at)) {
+        const auto unit = escapedUnit(text.substr(at));
+        if (!unit || (U16_IS_SURROGATE(*unit) && (*unit < 0xDC80 || *unit > 0xDCFF))) {
+            ++at;
+            continue;
+        }
+        out.append(text, from, at - from);
+        if (U16_IS_SURROGATE(*unit))
+            out.push_back(static_cast<char>(*unit - 0xDC00));
+        else
+            appendUtf8(out, static_cast<UChar32>(*unit));
+        at += 7;
+        from = at;
+    }
+    out.append(text, from);
+    return out;
+}
+
+void appendUnit(std::string& out, unsigned unit) {
+    out += "_x";
+    for (int shift = 12; shift >= 0; shift -= 4) out += kHexDigits[(unit >> shift) & 0xF];
+    out += '_';
+}
+
+/// Bytes that can't simply be copied into XML text.
+constexpr std::array<bool, 256> kSpecial = [] {
+    std::array<bool, 256> special{};
+    for (std::size_t byte = 0; byte < 256; ++byte) special[byte] = byte < 0x20 || byte >= 0x80;
+    for (const char each : {'&', '<', '>', '"', '_'})
+        special[static_cast<unsigned char>(each)] = true;
+    return special;
+}();
+
+/// Appends what stands for the byte, or the character that starts, at `at`, and moves behind it.
+void appendSpecial(std::string& out, std::string_view text, std::size_t& at, bool attribute) {
+    const char byte = text[at];
+    const auto value = static_cast<unsigned char>(byte);
+    if (value >= 0x80) {
+        const Character character = characterAt(text, at);
+        if (character.code < 0)
+            appendUnit(out, 0xDC00U + value);
+        else if (character.code == 0xFFFE || character.code == 0xFFFF)
+            appendUnit(out, static_cast<unsigned>(character.code));
+        else
+            out.append(text, at, character.length);
+        at += character.length;
+        return;
+    }
+    ++at;
+    switch (byte) {
+        case '&':
+            out += "&amp;";
+            return;
+        case '<':
+            out += "&lt;";
+            return;
+        case '>':
+            out += "&gt;";
+            return;
+        case '"':
+            out += attribute ? "&quot;" : "\"";
+            return;
+        case '_':
+            // What closes it may be the `_` of an escape that is only about to be written.
+            if (openUnit(text.substr(at - 1)))
+                appendUnit(out, '_');
+            else
+                out += '_';
+            return;
+        case '\r':
+            out += "&#13;";
+            return;
+        case '\n':
+            out += attribute ? "&#10;" : "\n";
+            return;
+        case '\t':
+            out += attribute ? "&#9;" : "\t";
+            return;
+        default:
+            appendUnit(out, value);
+    }
+}
+
+void appendText(std::string& out, std::string_view text, bool attribute) {
+    std::size_t from = 0;
+    std::size_t at = 0;
+    while (at < text.size()) {
+        if (!kSpecial[static_cast<unsigned char>(text[at])]) {
+            ++at;
+            continue;
+        }
+        out.append(text, from, at - from);
+        appendSpecial(out, text, at, attribute);
+        from = at;
+    }
+    out.append(text, from);
+}
+
+/// Appends the value of an attribute, and refuses one that the parser would not read back.
+void appendAttribute(std::string& out, std::string_view text) {
+    constexpr std::size_t bound = 9'000'000;  // below the parser's own, which a whole tag must keep
+    const std::size_t start = out.size();
+    appendText(out, text, true);
+    if (out.size() - start >= bound)
+        throw Error(errc::InvalidCall, "A name or key of this length can't be stored.");
+}
+
+/// Collects a record from the events of one pass.
+class RecordReader {
+  public:
+    RecordText record;
+    std::string fault;  ///< why the text is no record; empty while it may be one
+    std::string error;  ///< what the parser said first
+
+    void start(std::string_view name, int attributeCount, const xmlChar** attributes) {
+        ++m_depth;
+        if (m_depth == 1) {
+            if (name != "dataset") return blame("its root element is not a dataset");
+            record.type = unescape(attribute("type", attributeCount, attributes).value_or(""));
+            record.name = unescape(attribute("name", attributeCount, attributes).value_or(""));
+            record.key = unescape(attribute("key", attributeCount, attributes).value_or("Element"));
+        } else if (m_depth == 2) {
+            m_inRow = name == "row";
+            m_inColumn = name == "column";
+            if (m_inRow) startRow(attributeCount, attributes);
+        }
+    }
+    void end() {
+        if (m_depth-- != 2) return;
+        if (m_inRow) record.rows.back()[1] = unescaped();
+        if (m_inColumn) record.columns.push_back(unescaped());
+        m_inRow = m_inColumn = false;
+        m_text.clear();
+    }
+    void characters(std::string_view text) {
+        if (m_depth == 2 && (m_inRow || m_inColumn)) m_text.append(text);
+    }
+    void documentType() { blame("it has a document type declaration"); }
+
+  private:
+    void startRow(int attributeCount, const xmlChar** attributes) {
+        const auto key = attribute("key", attributeCount, attributes);
+        if (!key) blame("it has a row without a key");
+        record.rows.emplace_back()[0] = unescape(key.value_or(""));
+    }
+    std::string unescaped() {
+        std::string text = std::exchange(m_text, {});
+        if (text.find('_') == std::string::npos) return text;
+        return unescape(text);
+    }
+    void blame(const char* cause) {
+        if (fault.empty()) fault = cause;
+    }
+    /// SAX2 hands attributes over in fives: local name, prefix, URI, begin and end of the value.
+    static std::optional<std::string_view> attribute(std::string_view name, int count,
+                                                     const xmlChar** attributes) {
+        for (int i = 0; i < count; ++i, attributes += 5) {
+            if (attributes[1] || name != reinterpret_cast<const char*>(attributes[0])) continue;
+            const auto* begin = reinterpret_cast<const char*>(attributes[3]);
+            return std::string_view(begin, static_cast<std::size_t>(attributes[4] - attributes[3]));
+        }
+        return {};
+    }
+
+    int m_depth = 0;
+    bool m_inRow = false;
+    bool m_inColumn = false;
+    std::string m_text;
+};
+
+RecordReader& readerOf(void* user) {
+    return *static_cast<RecordReader*>(user);
+}
+
+void onStart(void* user, const xmlChar* name, const xmlChar*, const xmlChar* uri, int,
+             const xmlChar**, int attributeCount, int, const xmlChar** attributes) {
+    // The names of the stored form are in no namespace; those of others are unknown here.
+    readerOf(user).start(uri ? "" : reinterpret_cast<const char*>(name), attributeCount,
+                         attributes);
+}
+
+void onEnd(void* user, const xmlChar*, const xmlChar*, const xmlChar*) {
+    readerOf(user).end();
+}
+
+void onCharacters(void* user, const xmlChar* text, int length) {
+    readerOf(user).characters(
+        {reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)});
+}
+
+void onDocumentType(void* user, const xmlChar*, const xmlChar*, const xmlChar*) {
+    readerOf(user).documentType();
+}
+
+void onError(void* user, xmlErrorPtr error) {
+    std::string& kept = readerOf(user).error;
+    if (!kept.empty() || error->level < XML_ERR_ERROR) return;
+    std::string_view message = error->message ? error->message : "unreadable";
+    while (message.ends_with('\n')) message.remove_suffix(1);
+    kept = "line " + std::to_string(error->line) + ": " + std::string(message);
+}
+
+struct FreeContext {
+    void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
+};
+using Context = std::unique_ptr<xmlParserCtxt, FreeContext>;
+
+/// Making a parser context costs more than reading a record, so one is kept between the calls.
+Context& keptContext() {
+    static Context context;
+    return context;
+}
+
+Context makeContext() {
+    Context context(xmlNewParserCtxt());
+    if (!context) throw Error(errc::BadRecord, "There is no memory left to read a record.");
+    xmlSAXHandler& sax = *context->sax;
+    sax = {};
+    sax.initialized = XML_SAX2_MAGIC;
+    sax.startElementNs = onStart;
+    sax.endElementNs = onEnd;
+    sax.characters = onCharacters;
+    sax.ignorableWhitespace = onCharacters;
+    sax.cdataBlock = onCharacters;
+    sax.internalSubset = onDocumentType;
+    sax.serror = onError;
+    return context;
+}
+
+/// One pass over the text. Entities are never declared, so none is ever expanded but the five of
+/// XML itself; without XML_PARSE_NOENT an `&` would come out of an attribute as `&#38;`.
+/// @return whether the text is well-formed
+bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
+    if (xml.size() > INT_MAX) {
+        reader.error = "it is too large";
+        return false;
+    }
+    Context& context = keptContext();
+    if (!context) context = makeContext();
+    context->userData = &reader;
+    const bool memory = source == XmlSource::Memory;
+    xmlCtxtReadMemory(context.get(), xml.data(), static_cast<int>(xml.size()), nullptr,
+                      memory ? "UTF-8" : nullptr,
+                      XML_PARSE_NOENT | XML_PARSE_NONET | (memory ? XML_PARSE_IGNORE_ENC : 0));
+    const bool wellFormed = context->wellFormed != 0;
+    // What strange texts leave in the context's dictionary would be held against later ones.
+    constexpr std::size_t dictionaryBound = std::size_t{64} * 1024;
+    if (!wellFormed || xmlDictGetUsage(context->dict) > dictionaryBound) context.reset();
+    return wellFormed;
+}
+
+}  // namespace
+
+RecordText readRecord(std::string_view xml, XmlSource source) {
+    RecordReader reader;
+    if (!parse(xml, source, reader)) {
+        throw Error(errc::BadRecord,
+                    "it is not well-formed XML (" +
+                        (reader.error.empty() ? std::string("it is empty") : reader.error) + ")");
+    }
+    if (!reader.fault.empty()) throw Error(errc::BadRecord, reader.fault);
+    return std::move(reader.record);
+}
+
+bool isWellFormed(std::string_view xml) {
+    RecordReader reader;
+    return parse(xml, XmlSource::Memory, reader);
+}
+
+std::string writeRecord(std::string_view type, std::string_view name, std::string_view key,
+                        const std::array<std::string, 2>& columns, const std::list<DataRow>& rows) {
+    std::size_t size = 256 + name.size();
+    for (const DataRow& row : rows) size += row[0].size() + row[1].size() + 32;
+    std::string out;
+    out.reserve(size);
+    out += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<dataset version=\"1\" type=\"";
+    appendAttribute(out, type);
+    out += "\" name=\"";
+    appendAttribute(out, name);
+    out += "\" key=\"";
+    appendAttribute(out, key);
+    out += "\">\n";
+    for (const std::string& column : columns) {
+        out += "  <column>";
+        appendText(out, column, false);
+        out += "</column>\n";
+    }
+    for (const DataRow& row : rows) {
+        out += "  <row key=\"";
+        appendAttribute(out, row[0]);
+        if (row[1].empty()) {
+            out += "\"/>\n";
+            continue;
+        }
+        out += "\">";
+        appendText(out, row[1], false);
+        out += "</row>\n";
+    }
+    out += "</dataset>\n";
+    return out;
+}
+
+}  // namespace wynconfig

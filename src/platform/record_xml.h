@@ -1,0 +1,43 @@
+// The stored form of a record: XML text, readable by a person, described in docs/dataset.xsd.
+#pragma once
+
+#include <list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "wynconfig/dataset.h"
+
+namespace wynconfig {
+
+/// What the stored form of a record carries.
+struct RecordText {
+    std::string type;
+    std::string name;
+    std::string key;
+    std::vector<std::string> columns;
+    std::list<DataRow> rows;
+};
+
+/// How text is to be read.
+enum class XmlSource {
+    File,   ///< in the encoding that it declares, UTF-8 without a declaration
+    Memory  ///< UTF-8, whatever it declares
+};
+
+/// Reads a record. Raises `Error` (errc::BadRecord) with the cause, when the text is not
+/// well-formed, has a document type declaration, or is no record. Attributes and elements that this
+/// version does not know are read over.
+RecordText readRecord(std::string_view xml, XmlSource source);
+
+/// Whether text is well-formed XML within the parser's bounds of depth and size. No entity is
+/// expanded and nothing is fetched.
+bool isWellFormed(std::string_view xml);
+
+/// Writes a record. Any text can be read back: `_xHHHH_` stands for a character that XML has no
+/// room for, and `_xDC80_` to `_xDCFF_` for a byte that is no UTF-8. Raises `Error`
+/// (errc::InvalidCall) for a name or key of nine million bytes or more, which no parser would take.
+std::string writeRecord(std::string_view type, std::string_view name, std::string_view key,
+                        const std::array<std::string, 2>& columns, const std::list<DataRow>& rows);
+
+}  // namespace wynconfig

@@ -1,0 +1,194 @@
+// Temporaries are named .wyn-WRITER-NUMBER.tmp when they are locked, and
+// .wyn-WRITER-NUMBER-FOLLOWER.tmp when they live by the lock of the former. WRITER is the process
+// number and eight hexadecimal digits by chance, since process numbers come again.
+#include "platform/temporary.h"
+
+#include <dirent.h>
+#include <sys/file.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdio>
+#include <map>
+#include <memory>
+#include <optional>
+#include <random>
+#include <vector>
+
+namespace wynconfig {
+
+namespace {
+
+constexpr std::string_view Prefix = ".wyn-";
+constexpr std::string_view Suffix = ".tmp";
+constexpr std::string_view Digits = "0123456789";
+
+/// What the names of this process's temporaries begin with. After a fork it is another one.
+std::string ownPrefix() {
+    static const unsigned chance = std::random_device{}();
+    char writer[32];
+    std::snprintf(writer, sizeof writer, "%ld-%08x-", static_cast<long>(::getpid()), chance);
+    return std::string{Prefix} + writer;
+}
+
+/// Takes a number as `std::to_string` writes it off the front of a text.
+bool takeNumber(std::string_view& text) {
+    constexpr std::size_t MostDigits = 10;
+    const std::size_t length = std::min(text.find_first_not_of(Digits), text.size());
+    if (length == 0 || length > MostDigits || text.front() == '0') return false;
+    text.remove_prefix(length);
+    return true;
+}
+
+bool takeDash(std::string_view& text) {
+    if (!text.starts_with('-')) return false;
+    text.remove_prefix(1);
+    return true;
+}
+
+bool takeChance(std::string_view& text) {
+    constexpr std::size_t Length = 8;
+    if (text.size() < Length) return false;
+    if (text.find_first_not_of("0123456789abcdef") < Length) return false;
+    text.remove_prefix(Length);
+    return true;
+}
+
+/// The temporary by whose lock the one of this name lives, itself or another one; nothing for a
+/// name that is no temporary's.
+std::optional<std::string> leaderOf(std::string_view name) {
+    if (!name.starts_with(Prefix) || !name.ends_with(Suffix)) return std::nullopt;
+    std::string_view rest = name.substr(0, name.size() - Suffix.size());
+    const std::string_view body = rest;
+    rest.remove_prefix(Prefix.size());
+    if (!takeNumber(rest) || !takeDash(rest) || !takeChance(rest) || !takeDash(rest) ||
+        !takeNumber(rest)) {
+        return std::nullopt;
+    }
+    std::string leader{body.substr(0, body.size() - rest.size())};
+    leader += Suffix;
+    if (!rest.empty() && !(takeDash(rest) && takeNumber(rest) && rest.empty())) return std::nullopt;
+    return leader;
+}
+
+/// False only when another program holds the lock. Where files can't be locked nobody takes a
+/// temporary for a dead program's either.
+bool lockUnlessHeld(const Descriptor& file) {
+    try {
+        checked([&] { return ::flock(file.number(), LOCK_EX | LOCK_NB); });
+    } catch (const SystemFailure& failure) {
+        return failure.error != EWOULDBLOCK;
+    }
+    return true;
+}
+
+/// True when a plain file of that name is there, and is the open one if one is given.
+bool leadsToFile(const OpenFolder& folder, const std::string& name,
+                 const struct stat* open = nullptr) {
+    struct stat info {};
+    return ::fstatat(folder.number(), name.c_str(), &info, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISREG(info.st_mode) &&
+           (open == nullptr || (info.st_ino == open->st_ino && info.st_dev == open->st_dev));
+}
+
+/// Opens a temporary for its lock alone; a negative number when that fails. On a file server only
+/// what is open for writing can be locked, here a reader can, too. Without O_NONBLOCK a named pipe
+/// would hold us up.
+Descriptor openToLock(const OpenFolder& folder, const std::string& name) {
+    constexpr int Flags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    const int file = ::openat(folder.number(), name.c_str(), O_RDWR | Flags);
+    if (file >= 0 || errno != EACCES) return Descriptor{file};
+    return Descriptor{::openat(folder.number(), name.c_str(), O_RDONLY | Flags)};
+}
+
+/// Deletes a locked temporary whose writer is dead. True when it is gone, by whatever hand.
+bool removeDeadLeader(const OpenFolder& folder, const std::string& name) {
+    const Descriptor file = openToLock(folder, name);
+    if (file.number() < 0) return errno == ENOENT;
+    struct stat info {};
+    if (::fstat(file.number(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
+    if (::flock(file.number(), LOCK_EX | LOCK_NB) != 0) return false;
+    // Its writer may have put it in place, and let go of it, since it was opened. From here on it
+    // can't: nobody but the one who holds the lock moves or deletes it.
+    if (!leadsToFile(folder, name, &info)) return false;
+    return folder.remove(name);
+}
+
+/// The names of others' temporaries in a folder. False when the folder can't be read to its end.
+bool listTemporaries(const OpenFolder& folder, std::vector<std::string>& names) {
+    Descriptor own{::openat(folder.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+    if (own.number() < 0) return false;
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing{::fdopendir(own.number()), ::closedir};
+    if (listing == nullptr) return false;
+    own.release();
+
+    const std::string prefix = ownPrefix();
+    for (;;) {
+        errno = 0;
+        const dirent* entry = ::readdir(listing.get());
+        if (entry == nullptr) return errno == 0;
+        const std::string_view name = entry->d_name;
+        if (name.starts_with(Prefix) && !name.starts_with(prefix) && leaderOf(name)) {
+            names.emplace_back(name);
+        }
+    }
+}
+
+}  // namespace
+
+LockedTemporary::LockedTemporary(const OpenFolder& folder, mode_t mode)
+    : m_folder(folder), m_file(create(mode)) {}
+
+LockedTemporary::~LockedTemporary() {
+    if (!m_published) m_folder.remove(m_name);
+}
+
+int LockedTemporary::create(mode_t mode) {
+    static std::atomic<unsigned> counter{0};
+    const std::string prefix = ownPrefix();
+    for (;;) {
+        m_name = prefix + std::to_string(++counter);
+        m_name += Suffix;
+        Descriptor file{::openat(m_folder.number(), m_name.c_str(),
+                                 O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode)};
+        if (file.number() < 0) {
+            if (errno != EEXIST && errno != EINTR) throw SystemFailure{errno};
+            continue;
+        }
+        // Before the lock was ours another program may have taken the file for a dead program's,
+        // and deletes it, or did so.
+        if (lockUnlessHeld(file) && leadsToFile(m_folder, m_name)) return file.release();
+    }
+}
+
+void LockedTemporary::publish(const std::string& target) {
+    m_folder.rename(m_name, target);
+    m_published = true;
+}
+
+std::string LockedTemporary::follower(unsigned number) const {
+    std::string name = m_name.substr(0, m_name.size() - Suffix.size());
+    name += '-';
+    name += std::to_string(number);
+    name += Suffix;
+    return name;
+}
+
+bool cleanTemporaries(const OpenFolder& folder) {
+    std::vector<std::string> names;
+    bool clean = listTemporaries(folder, names);
+    std::map<std::string, bool> gone;  // by the leader's name
+    for (const std::string& name : names) {
+        const std::string leader = *leaderOf(name);
+        const auto [asked, isNew] = gone.try_emplace(leader, false);
+        if (isNew) asked->second = removeDeadLeader(folder, leader);
+        if (!asked->second) {
+            clean = false;
+        } else if (name != leader && leadsToFile(folder, name)) {
+            folder.remove(name);
+        }
+    }
+    return clean;
+}
+
+}  // namespace wynconfig

@@ -1,0 +1,90 @@
+// The tie between one control and its widget: shows the control's state, and reports what the
+// person does to the widget.
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+#include <QWidget>
+#include <exception>
+#include <functional>
+#include <memory>
+
+#include "wynconfig/controls.h"
+#include "wynconfig/view.h"
+
+namespace wynconfig::desktop {
+
+/// The way from the widgets of a form to its controls. Once shut it lets nothing through: the form
+/// has gone, and a touch of a control would load it again. Nothing thrown leaves by it, since what
+/// calls it is Qt's event loop.
+class Door {
+  public:
+    /// @param failed  is told that something was thrown; `failure` has it then
+    Door(UserInput input, std::function<void()> failed)
+        : m_input(input), m_failed(std::move(failed)) {}
+
+    void shut() { m_open = false; }
+    bool isOpen() const { return m_open; }
+    std::exception_ptr failure() const { return m_failure; }
+
+    template <class Report>
+    void operator()(const Report& report) noexcept {
+        if (!m_open) return;
+        try {
+            report(m_input);
+        } catch (...) {
+            m_failure = std::current_exception();
+            m_failed();
+        }
+    }
+
+  private:
+    UserInput m_input;
+    std::function<void()> m_failed;
+    std::exception_ptr m_failure;
+    bool m_open = true;
+};
+
+class Binding {
+  public:
+    Binding(Control& control, QWidget* widget);
+    virtual ~Binding() = default;
+    Binding(const Binding&) = delete;
+    Binding& operator=(const Binding&) = delete;
+
+    Control& control() const { return m_control; }
+    QWidget* widget() const { return m_widget; }
+    /// The widget that has the focus when the control has it.
+    virtual QWidget* focusWidget() const { return m_widget; }
+    /// Shows the control's present state; raises nothing.
+    void show();
+
+    bool dirty = true;
+
+  protected:
+    virtual void showContent() = 0;
+
+  private:
+    void showFont();
+    void showBackground();
+    void showTabStop();
+
+    Control& m_control;
+    QWidget* m_widget;
+    std::shared_ptr<const Font> m_font;
+    Background m_background = Background::Window;
+    bool m_takesFocus;
+};
+
+/// Makes the widget for a control, as a child of `parent`, and ties the two together.
+/// @param labelledBy  the label in front of or above the control, or null
+std::unique_ptr<Binding> bind(Control& control, QWidget* parent, Door& door,
+                              const Control* labelledBy);
+
+/// The colour of a box that is switched off.
+QColor inactiveColour();
+
+/// The same colours, but that the text of what is disabled can be read.
+QPalette readable(QPalette palette);
+
+}  // namespace wynconfig::desktop

@@ -1,0 +1,33 @@
+// Between the words of the component and those of Qt: text, carets, fonts and lengths.
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "wynconfig/resource_manager.h"
+
+namespace wynconfig::desktop {
+
+QString toQt(std::string_view text);
+std::string fromQt(const QString& text);
+
+/// How many characters (code points) stand in front of an offset in UTF-16 units.
+std::size_t charsBefore(const QString& text, qsizetype offset);
+/// The offset in UTF-16 units of character number `chars` (from 0); the end beyond it.
+qsizetype offsetOf(const QString& text, std::size_t chars);
+
+/// A font in which only what the properties state is set; the rest comes from the surroundings.
+QFont toQt(const Font& font);
+
+/// The width of a title in its bar, with room for the frame's buttons, in pixels; a very long title
+/// is cut off.
+int titleWidth(const QString& title);
+
+/// Twips (1/1440 inch) as pixels of the primary screen, and back.
+int toPixels(int twips);
+int toTwips(int pixels);
+
+}  // namespace wynconfig::desktop

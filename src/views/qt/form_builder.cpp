@@ -1,0 +1,251 @@
+// Builds the widgets of a form from its layout, with no word about any one dialog.
+#include "views/qt/form_builder.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QStyle>
+#include <QTabBar>
+#include <QTabWidget>
+#include <algorithm>
+
+namespace wynconfig::desktop {
+
+namespace {
+
+bool growsDown(const Layout& node);
+
+bool anyGrowsDown(const std::vector<Layout>& nodes) {
+    return std::any_of(nodes.begin(), nodes.end(), growsDown);
+}
+
+/// Whether a node has a use for more height than it needs.
+bool growsDown(const Layout& node) {
+    switch (node.kind) {
+        case Layout::Kind::Stretch:
+            return true;
+        case Layout::Kind::Row:
+            // A stretch in a row takes width.
+            return std::any_of(node.children.begin(), node.children.end(), [](const Layout& each) {
+                return each.kind != Layout::Kind::Stretch && growsDown(each);
+            });
+        case Layout::Kind::Column:
+        case Layout::Kind::Group:
+        case Layout::Kind::Pane:
+        case Layout::Kind::Tabs:
+            return anyGrowsDown(node.children);
+        default:
+            return node.control->kind() == ControlKind::ListView;
+    }
+}
+
+/// Children that have no use for the height that is left stand at the top, in their own size.
+void keepUp(QLayout* layout, const std::vector<Layout>& nodes) {
+    if (!anyGrowsDown(nodes)) layout->setAlignment(Qt::AlignTop);
+}
+
+bool isBox(const Control& control) {
+    switch (control.kind()) {
+        case ControlKind::Edit:
+        case ControlKind::ListView:
+        case ControlKind::ComboBox:
+            return true;
+        default:
+            return false;
+    }
+}
+
+const CaptionedControl* captioned(const Control* control) {
+    return dynamic_cast<const CaptionedControl*>(control);
+}
+
+}  // namespace
+
+BuiltForm FormBuilder::build(const Layout& body) {
+    auto* outer = new QVBoxLayout(m_window);
+    // What stands on the window itself keeps the distance from each other that it has from the
+    // edge.
+    outer->setSpacing(outer->contentsMargins().left());
+    const Place place{m_window, nullptr};
+    if (body.kind == Layout::Kind::Column) {
+        fill(outer, body.children, place);
+        keepUp(outer, body.children);
+    } else {
+        fill(outer, {body}, place);
+    }
+    QWidget* previous = nullptr;
+    for (const auto& binding : m_built.bindings) {
+        QWidget* next = binding->focusWidget();
+        if (next->focusPolicy() == Qt::NoFocus) continue;
+        if (previous) QWidget::setTabOrder(previous, next);
+        previous = next;
+    }
+    return std::move(m_built);
+}
+
+QWidget* FormBuilder::make(Control& control, const Place& place, const Control* labelledBy) {
+    m_built.bindings.push_back(bind(control, place.parent, m_door, labelledBy));
+    QWidget* widget = m_built.bindings.back()->widget();
+    if (control.kind() != ControlKind::Button) {
+        // What is hidden for a while leaves its room, so that nothing around it jumps.
+        QSizePolicy policy = widget->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        widget->setSizePolicy(policy);
+    }
+    nameBox(widget, control, labelledBy ? captioned(labelledBy) : place.frame);
+    return widget;
+}
+
+void FormBuilder::nameBox(QWidget* box, const Control& control, const CaptionedControl* label) {
+    if (isBox(control) && label) m_built.spokenNames.push_back({box, label});
+}
+
+void FormBuilder::fill(QBoxLayout* box, const std::vector<Layout>& nodes, const Place& place) {
+    std::vector<QGridLayout*> grids;
+    for (auto node = nodes.begin(); node != nodes.end();) {
+        if (node->kind != Layout::Kind::Field) {
+            add(box, *node++, place);
+            continue;
+        }
+        auto end = std::next(node);
+        // Side by side each has a label of its own width; below each other they share a column.
+        if (box->direction() == QBoxLayout::TopToBottom)
+            end = std::find_if(node, nodes.end(),
+                               [](const Layout& each) { return each.kind != Layout::Kind::Field; });
+        grids.push_back(addFields(box, {node, end}, place));
+        node = end;
+    }
+    if (grids.size() > 1 && box->direction() == QBoxLayout::TopToBottom)
+        m_built.fieldColumns.push_back(std::move(grids));
+    rememberButtons(nodes);
+}
+
+void FormBuilder::add(QBoxLayout* box, const Layout& node, const Place& place) {
+    switch (node.kind) {
+        case Layout::Kind::Column:
+        case Layout::Kind::Row:
+        case Layout::Kind::Pane:
+            addStack(box, node, place);
+            break;
+        case Layout::Kind::Group:
+            addGroup(box, node, place);
+            break;
+        case Layout::Kind::Tabs:
+            addTabs(box, node, place);
+            break;
+        case Layout::Kind::Titled:
+            addTitled(box, node, place);
+            break;
+        case Layout::Kind::Field:
+            addFields(box, {node}, place);
+            break;
+        case Layout::Kind::Single:
+            box->addWidget(make(*node.control, place), node.grows ? 1 : 0);
+            break;
+        case Layout::Kind::Stretch:
+            box->addStretch(1);
+            break;
+    }
+}
+
+void FormBuilder::addStack(QBoxLayout* box, const Layout& node, const Place& place) {
+    QBoxLayout* stack = node.kind == Layout::Kind::Row ? static_cast<QBoxLayout*>(new QHBoxLayout)
+                                                       : static_cast<QBoxLayout*>(new QVBoxLayout);
+    box->addLayout(stack, node.grows ? 1 : 0);
+    fill(stack, node.children, place);
+    if (node.kind != Layout::Kind::Row) keepUp(stack, node.children);
+}
+
+void FormBuilder::addGroup(QBoxLayout* box, const Layout& node, const Place& place) {
+    QWidget* group = make(*node.control, place);
+    box->addWidget(group, node.grows ? 1 : 0);
+    auto* inside = new QVBoxLayout(group);
+    fill(inside, node.children, {group, captioned(node.control)});
+    keepUp(inside, node.children);
+}
+
+void FormBuilder::addTabs(QBoxLayout* box, const Layout& node, const Place& place) {
+    auto* tabs = static_cast<QTabWidget*>(make(*node.control, place));
+    box->addWidget(tabs, node.grows ? 1 : 0);
+    for (const Layout& each : node.children) {
+        // The page comes and goes with its tab; the pane in it stands for its control alone.
+        auto* page = new QWidget(tabs);
+        auto* around = new QVBoxLayout(page);
+        around->setContentsMargins(0, 0, 0, 0);
+        QWidget* pane = make(*each.control, {page, nullptr});
+        around->addWidget(pane);
+        auto* inside = new QVBoxLayout(pane);
+        fill(inside, each.children, {pane, nullptr});
+        keepUp(inside, each.children);
+        // The first page becomes the current one, which nobody clicked.
+        const QSignalBlocker quiet(tabs->tabBar());
+        tabs->addTab(page, QString());
+    }
+}
+
+void FormBuilder::addTitled(QBoxLayout* box, const Layout& node, const Place& place) {
+    auto* stack = new QVBoxLayout;
+    // A label belongs to its box more than the box to its neighbours.
+    stack->setSpacing(m_window->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing) / 2);
+    box->addLayout(stack, node.grows ? 1 : 0);
+    auto* label = static_cast<QLabel*>(make(*node.label, place));
+    QWidget* widget = make(*node.control, place, node.label);
+    if (isBox(*node.control)) label->setBuddy(widget);
+    stack->addWidget(label);
+    stack->addWidget(widget, 1);
+    if (!growsDown(node)) stack->setAlignment(Qt::AlignTop);
+}
+
+QGridLayout* FormBuilder::addFields(QBoxLayout* box, const std::vector<Layout>& run,
+                                    const Place& place) {
+    auto* grid = new QGridLayout;
+    grid->setColumnStretch(1, 1);
+    const bool grows =
+        std::any_of(run.begin(), run.end(), [](const Layout& each) { return each.grows; });
+    box->addLayout(grid, grows ? 1 : 0);
+    for (const Layout& node : run)
+        addField(grid, grid->count() ? grid->rowCount() : 0, node, place);
+    return grid;
+}
+
+void FormBuilder::addField(QGridLayout* grid, int row, const Layout& node, const Place& place) {
+    constexpr int labels = 0;
+    constexpr int boxes = 1;
+    constexpr int behind = 2;
+    auto* label = static_cast<QLabel*>(make(*node.label, place));
+    QWidget* widget = make(*node.control, place, node.label);
+    if (isBox(*node.control)) label->setBuddy(widget);
+    const bool tall = growsDown(node);
+    if (tall || node.grows) grid->setRowStretch(row, 1);
+    grid->addWidget(label, row, labels, tall ? Qt::AlignTop : Qt::AlignVCenter);
+    if (node.children.empty()) {
+        grid->addWidget(widget, row, boxes, 1, 2);
+        return;
+    }
+    auto* line = new QHBoxLayout;
+    if (isBox(*node.control)) {
+        grid->addWidget(widget, row, boxes);
+        grid->addLayout(line, row, behind);
+        fill(line, node.children, place);
+    } else {
+        // Options and the like stay together instead of going to the two ends of the row.
+        grid->addLayout(line, row, boxes, 1, 2);
+        line->addWidget(widget);
+        fill(line, node.children, place);
+        line->addStretch(1);
+    }
+}
+
+void FormBuilder::rememberButtons(const std::vector<Layout>& nodes) {
+    std::vector<QPushButton*> buttons;
+    for (const auto& binding : m_built.bindings) {
+        const bool among = std::any_of(nodes.begin(), nodes.end(), [&](const Layout& node) {
+            return node.kind == Layout::Kind::Single && node.control == &binding->control();
+        });
+        if (auto* button = qobject_cast<QPushButton*>(binding->widget()); among && button)
+            buttons.push_back(button);
+    }
+    if (buttons.size() > 1) m_built.buttonRows.push_back(std::move(buttons));
+}
+
+}  // namespace wynconfig::desktop

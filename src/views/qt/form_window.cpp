@@ -1,0 +1,339 @@
+// The window of one form: shows what the form's controls are, and runs until the form unloads.
+#include "views/qt/form_window.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QScopedValueRollback>
+#include <QTabBar>
+#include <algorithm>
+
+#include "views/qt/convert.h"
+
+namespace wynconfig::desktop {
+
+FormWindow::FormWindow(Form& form, UserInput input, QWidget* parent)
+    : QDialog(parent),
+      m_form(&form),
+      m_name(form.name()),
+      m_door(input, [this] { m_loop.quit(); }),
+      m_fixed(form.width() > 0 || form.height() > 0) {
+    setObjectName(toQt(m_name));
+    setWindowModality(Qt::ApplicationModal);
+    // A dialog of the component must not end a host that has no other window.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setPalette(readable(palette()));
+    m_built = FormBuilder(this, m_door).build(form.layout().body);
+    m_leastWidth = new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
+    layout()->addItem(m_leastWidth);
+    watch();
+    markDefaultButton();
+    form.observe(this);
+    sync();
+}
+
+FormWindow::~FormWindow() {
+    m_door.shut();
+    if (m_form) m_form->observe(nullptr);
+}
+
+void FormWindow::watch() {
+    for (const auto& binding : m_built.bindings) {
+        m_byControl[&binding->control()] = binding.get();
+        m_byWidget[binding->focusWidget()] = &binding->control();
+        binding->focusWidget()->installEventFilter(this);
+    }
+}
+
+void FormWindow::markDefaultButton() {
+    Button* button = m_form->layout().defaultButton;
+    for (const auto& binding : m_built.bindings) {
+        auto* widget = qobject_cast<QPushButton*>(binding->widget());
+        if (!widget) continue;
+        // With a default button the mark moves to the button that has the focus, and Enter with it.
+        widget->setAutoDefault(button != nullptr);
+        widget->setDefault(&binding->control() == button);
+    }
+}
+
+void FormWindow::run(const std::function<void()>& cameUp) {
+    focusFirst();
+    sync();
+    if (m_form) {
+        applySize();
+        show();
+        QMetaObject::invokeMethod(this, cameUp, Qt::QueuedConnection);
+    }
+    if (m_form && !m_door.failure()) m_loop.exec();
+    // Something failed, or the host told all event loops to end: the form can't stay either way.
+    m_door([this](const UserInput& input) { input.closeByFrame(*m_form); });
+    if (m_door.failure()) std::rethrow_exception(m_door.failure());
+}
+
+Binding* FormWindow::binding(const Control& control) const {
+    const auto found = m_byControl.find(&control);
+    return found == m_byControl.end() ? nullptr : found->second;
+}
+
+void FormWindow::changed(Control* control) {
+    if (!control || control->kind() == ControlKind::FormCaption)
+        m_formChanged = true;
+    else if (Binding* changed = binding(*control))
+        changed->dirty = true;
+    syncLater();
+}
+
+void FormWindow::syncLater() {
+    if (std::exchange(m_syncPending, true)) return;
+    QMetaObject::invokeMethod(
+        this, [this] { sync(); }, Qt::QueuedConnection);
+}
+
+void FormWindow::sync() {
+    m_syncPending = false;
+    if (!m_form || m_syncing) return;
+    m_door([this](const UserInput&) {
+        bool any = m_formChanged;
+        {
+            const QScopedValueRollback syncing(m_syncing, true);
+            for (const auto& binding : m_built.bindings) {
+                if (!binding->dirty) continue;
+                binding->show();
+                any = true;
+            }
+            if (!any) return;
+            showSpokenNames();
+            const bool formChanged = std::exchange(m_formChanged, false);
+            if (formChanged) showForm();
+            evenOut();
+            if (formChanged) applySize();
+            if (m_fixed) applySize();
+        }
+        settleFocus();
+    });
+}
+
+void FormWindow::showForm() {
+    setWindowTitle(toQt(m_form->title()));
+    if (std::shared_ptr<const Font> font = m_form->font(); font != m_font) {
+        m_font = std::move(font);
+        setFont(m_font ? toQt(*m_font) : QFont());
+    }
+    applyLeastWidth();
+}
+
+void FormWindow::applyLeastWidth() {
+    constexpr int comfortable = 340;
+    const int least = std::max(titleWidth(windowTitle()), comfortable);
+    if (m_leastWidth->sizeHint().width() == least) return;
+    m_leastWidth->changeSize(least, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
+    layout()->invalidate();
+}
+
+void FormWindow::measureAnew() {
+    for (QWidget* each : findChildren<QWidget*>()) {
+        each->ensurePolished();
+        each->updateGeometry();
+    }
+    for (QLayout* each : findChildren<QLayout*>()) each->invalidate();
+}
+
+void FormWindow::showSpokenNames() {
+    for (const SpokenName& each : m_built.spokenNames) {
+        const QString name = toQt(each.caption->caption());
+        if (each.widget->accessibleName() != name) each.widget->setAccessibleName(name);
+    }
+}
+
+void FormWindow::evenOut() {
+    for (const std::vector<QPushButton*>& row : m_built.buttonRows) {
+        int width = 0;
+        for (const QPushButton* button : row) width = std::max(width, button->sizeHint().width());
+        for (QPushButton* button : row) button->setMinimumWidth(width);
+    }
+    for (const std::vector<QGridLayout*>& column : m_built.fieldColumns) {
+        int width = 0;
+        for (const QGridLayout* grid : column) {
+            for (int row = 0; row < grid->rowCount(); ++row) {
+                if (const QLayoutItem* label = grid->itemAtPosition(row, 0))
+                    width = std::max(width, label->sizeHint().width());
+            }
+        }
+        for (QGridLayout* grid : column) grid->setColumnMinimumWidth(0, width);
+    }
+}
+
+void FormWindow::applySize() {
+    if (!isVisible()) {
+        measureAnew();
+        evenOut();
+    }
+    layout()->activate();
+    const QSize asked(toPixels(m_form->width()), toPixels(m_form->height()));
+    if (m_fixed) {
+        // Never so small that something would be cut off.
+        m_ownSize = asked.expandedTo(minimumSizeHint());
+        setFixedSize(m_ownSize);
+        return;
+    }
+    const QSize twips(m_form->width(), m_form->height());
+    // The size that the person just chose; there may be a later one under way by now.
+    if (m_ownSize.isValid() && twips == m_pulledTo) return;
+    const QSize wanted = twips.isEmpty() ? sizeHint() : asked;
+    m_ownSize = wanted.boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint());
+    resize(m_ownSize);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    if (m_syncing || !isVisible() || event->size() == m_ownSize) return;
+    if (!m_fixed) m_ownSize = event->size();
+    m_pulledTo = {toTwips(event->size().width()), toTwips(event->size().height())};
+    m_door([this](const UserInput& input) {
+        input.resize(*m_form, m_pulledTo.width(), m_pulledTo.height());
+    });
+}
+
+void FormWindow::pullTo(const QSize& size) {
+    if (m_fixed) {
+        // The limits of the window would swallow a call of resize().
+        QResizeEvent event(size, this->size());
+        QCoreApplication::sendEvent(this, &event);
+    } else {
+        resize(size);
+    }
+}
+
+void FormWindow::focusMoved(Control&) {
+    if (m_syncing) return;
+    sync();
+    // Not to the control of the argument: a handler of the focus may have moved it on by now.
+    settleFocus();
+}
+
+bool FormWindow::canFocus(const QWidget& widget) const {
+    return widget.isEnabled() && widget.isVisibleTo(this);
+}
+
+/// Has the focus where the form has it; where it can't stay there, the form learns where it went.
+void FormWindow::settleFocus() {
+    if (!m_form) return;
+    const Control* wanted = m_form->focused();
+    Binding* there = wanted ? binding(*wanted) : nullptr;
+    if (there && canFocus(*there->focusWidget())) {
+        if (focusWidget() != there->focusWidget())
+            there->focusWidget()->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    if (!isVisible()) return;
+    const auto actual = m_byWidget.find(focusWidget());
+    if (actual == m_byWidget.end()) return;
+    m_door([&](const UserInput& input) { input.focus(*actual->second); });
+}
+
+void FormWindow::focusFirst() {
+    const Control* wanted = m_form->focused();
+    const Binding* there = wanted ? binding(*wanted) : nullptr;
+    if (there && canFocus(*there->focusWidget())) return;
+    const auto first =
+        std::find_if(m_built.bindings.begin(), m_built.bindings.end(), [this](const auto& each) {
+            return each->control().kind() != ControlKind::Tabs && canFocus(*each->widget()) &&
+                   (each->widget()->focusPolicy() & Qt::TabFocus);
+        });
+    if (first == m_built.bindings.end()) return;
+    m_door([&](const UserInput& input) { input.focus((*first)->control()); });
+    settleFocus();
+}
+
+namespace {
+
+/// How many tabs a key goes on; 0 for other keys.
+int tabSteps(const QKeyEvent& key) {
+    if (!(key.modifiers() & Qt::ControlModifier)) return 0;
+    switch (key.key()) {
+        case Qt::Key_Tab:
+            return key.modifiers() & Qt::ShiftModifier ? -1 : 1;
+        case Qt::Key_PageDown:
+            return 1;
+        case Qt::Key_Backtab:
+        case Qt::Key_PageUp:
+            return -1;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+bool FormWindow::turnTab(int step) {
+    const auto tabs =
+        std::find_if(m_built.bindings.begin(), m_built.bindings.end(),
+                     [](const auto& each) { return each->control().kind() == ControlKind::Tabs; });
+    if (tabs == m_built.bindings.end()) return false;
+    auto* bar = static_cast<QTabBar*>((*tabs)->focusWidget());
+    if (!bar->isEnabled() || !bar->isVisible() || bar->count() < 2) return false;
+    bar->setCurrentIndex((bar->currentIndex() + step + bar->count()) % bar->count());
+    return true;
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        // Here and not by the tab widget, so that it works from the buttons below the tabs and from
+        // lists, which would turn their own pages.
+        const int steps = tabSteps(static_cast<QKeyEvent&>(*event));
+        if (steps != 0 && turnTab(steps)) return true;
+    }
+    // Focus that goes away is never told, so that boxes, other windows and closing raise nothing.
+    if (event->type() == QEvent::FocusIn && !m_syncing) {
+        const auto found = m_byWidget.find(watched);
+        if (found != m_byWidget.end())
+            m_door([&](const UserInput& input) { input.focus(*found->second); });
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    if (!m_form) return;
+    switch (event->key()) {
+        case Qt::Key_Enter:
+        case Qt::Key_Return:
+            if (auto* focused = qobject_cast<QPushButton*>(focusWidget()))
+                focused->click();
+            else
+                press(m_form->layout().defaultButton);
+            break;
+        case Qt::Key_Escape:
+            press(m_form->layout().cancelButton);
+            break;
+        default:
+            event->ignore();
+    }
+}
+
+void FormWindow::press(const Button* button) {
+    const Binding* there = button ? binding(*button) : nullptr;
+    if (there && there->widget()->isVisibleTo(this))
+        static_cast<QPushButton*>(there->widget())->click();
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    m_door([this](const UserInput& input) { input.closeByFrame(*m_form); });
+}
+
+void FormWindow::giveUp() {
+    m_door([this](const UserInput& input) {
+        if (Button* cancel = m_form->layout().cancelButton) input.click(*cancel);
+    });
+    m_door([this](const UserInput& input) { input.closeByFrame(*m_form); });
+}
+
+void FormWindow::unloaded() {
+    m_door.shut();
+    m_form = nullptr;
+    m_loop.quit();
+    hide();
+}
+
+}  // namespace wynconfig::desktop

@@ -1,0 +1,96 @@
+// The window of one form: shows what the form's controls are, and runs until the form unloads.
+#pragma once
+
+#include <QDialog>
+#include <QEventLoop>
+#include <QSpacerItem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "views/qt/binding.h"
+#include "views/qt/form_builder.h"
+#include "wynconfig/form.h"
+
+namespace wynconfig::desktop {
+
+class FormWindow : public QDialog, private FormObserver {
+  public:
+    FormWindow(Form& form, UserInput input, QWidget* parent);
+    ~FormWindow() override;
+
+    /// Shows the window and returns once the form has unloaded.
+    /// @param cameUp  is called from the window's event loop as soon as it runs
+    void run(const std::function<void()>& cameUp);
+
+    /// False once the form has unloaded.
+    bool live() const { return m_form != nullptr; }
+    const std::string& name() const { return m_name; }
+    /// The form shown here; null once it has unloaded.
+    Form* form() const { return m_form; }
+    Binding* binding(const Control& control) const;
+    /// Shows all changes that have not been shown yet.
+    void sync();
+    /// The window was pulled to this size, whatever its limits are.
+    void pullTo(const QSize& size);
+    /// Runs what must not throw into an event loop; `run` raises its failure once the form is gone.
+    template <class Work>
+    void guarded(const Work& work) {
+        m_door([&](const UserInput&) { work(); });
+    }
+    /// Leaves the form the way that changes the least: by its cancel button, else by the frame.
+    void giveUp();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    /// The dialog closes by its form alone.
+    void reject() override {}
+
+  private:
+    void changed(Control* control) override;
+    void focusMoved(Control& control) override;
+    void unloaded() override;
+
+    void watch();
+    void syncLater();
+    void showForm();
+    void showSpokenNames();
+    /// Makes equal what a reader expects to be: widths of buttons, and where boxes start.
+    void evenOut();
+    /// Makes the window wide enough for its title and for a comfortable dialog.
+    void applyLeastWidth();
+    void applySize();
+    /// Has all widgets reckon their sizes anew, which those of a hidden window don't by themselves.
+    void measureAnew();
+    void markDefaultButton();
+    /// Brings the tab on top that is so many steps on, around the ends.
+    /// @return false when there is nothing to turn
+    bool turnTab(int step);
+    bool canFocus(const QWidget& widget) const;
+    void settleFocus();
+    void focusFirst();
+    void press(const Button* button);
+
+    Form* m_form;
+    std::string m_name;
+    Door m_door;
+    QEventLoop m_loop;
+    BuiltForm m_built;
+    std::unordered_map<const Control*, Binding*> m_byControl;
+    std::unordered_map<const QObject*, Control*> m_byWidget;
+    std::shared_ptr<const Font> m_font;
+    QSpacerItem* m_leastWidth;  ///< keeps the window wide enough
+    QSize m_ownSize;            ///< the size that the form gave the window
+    QSize m_pulledTo;           ///< the size, in twips, that the person last gave it
+    bool m_fixed;               ///< the person can't change the size
+    bool m_formChanged = true;
+    bool m_syncPending = false;
+    bool m_syncing = false;
+};
+
+}  // namespace wynconfig::desktop

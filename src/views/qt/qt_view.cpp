@@ -1,0 +1,187 @@
+// The desktop view: keeps the windows on the screen in order, and hands them to the played person.
+#include "wynconfig/qt_view.h"
+
+#include <QApplication>
+#include <QScopeGuard>
+#include <QScreen>
+#include <QWindow>
+#include <clocale>
+#include <cmath>
+#include <exception>
+#include <map>
+#include <memory>
+#include <utility>
+
+#include "views/qt/boxes.h"
+#include "views/qt/convert.h"
+#include "views/qt/form_window.h"
+#include "views/qt/hands.h"
+#include "views/qt/person.h"
+#include "wynconfig/error.h"
+
+namespace wynconfig {
+
+namespace {
+
+using desktop::FormWindow;
+
+/// Makes the application object where the host has none. It is never deleted: windows of the host
+/// and the platform's own clean-up may need it until the very end.
+void provideApplication() {
+    if (!QCoreApplication::instance()) {
+        static char name[] = "wynconfig";
+        static char* arguments[] = {name, nullptr};
+        static int count = 1;
+        // The constructor sets the process's locale; numbers of the host must read as before.
+        const std::string numbers = std::setlocale(LC_NUMERIC, nullptr);
+        new QApplication(count, arguments);
+        std::setlocale(LC_NUMERIC, numbers.c_str());
+    }
+    if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
+        throw Error(errc::InvalidCall, "The desktop view needs a QApplication.");
+}
+
+class Desktop : public QtView {
+  public:
+    Desktop() : m_person(m_screen) { provideApplication(); }
+
+    void showModal(Form& form) override;
+    int showMessage(const MessageBox& box) override;
+    std::string browse(const BrowseRequest& request) override;
+    void raise(Form& form, bool topMost) override;
+    long deviceContext(Form&) override;
+
+    User& user() override {
+        m_driven = true;
+        return m_person;
+    }
+    void dismissUser() override { m_driven = false; }
+    void savePicture(const std::string& path) override;
+    void onShown(std::function<void(const std::string& name)> watcher) override {
+        m_watcher = std::move(watcher);
+    }
+
+  private:
+    /// Shows a box or browse dialog until it is answered.
+    template <class Dialog, class Act>
+    void runDialog(Dialog& dialog, const std::string& name, const Act& act);
+    template <class Act>
+    void cameUp(QWidget& window, const std::string& name, const Act& act);
+    /// The window of a form, or null.
+    FormWindow* windowOf(const Form* form) const;
+    QWidget* parentFor(const Form* owner) const;
+
+    desktop::Screen m_screen;
+    desktop::Person m_person;
+    bool m_driven = false;
+    std::function<void(const std::string&)> m_watcher;
+    std::map<const Form*, bool> m_raised;  ///< forms raised before they had a window
+};
+
+FormWindow* Desktop::windowOf(const Form* form) const {
+    for (FormWindow* each : m_screen.forms) {
+        if (form && each->form() == form) return each;
+    }
+    return nullptr;
+}
+
+QWidget* Desktop::parentFor(const Form* owner) const {
+    if (FormWindow* window = windowOf(owner)) return window;
+    if (FormWindow* window = m_screen.top()) return window;
+    return QApplication::activeWindow();
+}
+
+/// Runs in the event loop of what came up, so that nothing may be thrown from here.
+template <class Act>
+void Desktop::cameUp(QWidget& window, const std::string& name, const Act& act) {
+    if (m_driven) desktop::bringUp(window);
+    if (m_watcher) m_watcher(name);
+    if (m_driven) act();
+}
+
+void Desktop::showModal(Form& form) {
+    // It may have been told to go before it came up.
+    if (!form.loaded()) return;
+    FormWindow window(form, userInput(), parentFor(nullptr));
+    m_screen.forms.push_back(&window);
+    m_screen.windows.push_back(&window);
+    const auto leave = qScopeGuard([this] {
+        m_screen.forms.pop_back();
+        m_screen.windows.pop_back();
+    });
+    if (const auto found = m_raised.find(&form); found != m_raised.end()) {
+        window.setWindowFlag(Qt::WindowStaysOnTopHint, found->second);
+        m_raised.erase(found);
+    }
+    window.run([&] {
+        window.guarded([&] { cameUp(window, window.name(), [&] { m_person.meet(window); }); });
+    });
+}
+
+template <class Dialog, class Act>
+void Desktop::runDialog(Dialog& dialog, const std::string& name, const Act& act) {
+    m_screen.windows.push_back(&dialog);
+    const auto leave = qScopeGuard([this] { m_screen.windows.pop_back(); });
+    std::exception_ptr failure;
+    const auto begin = [&] {
+        try {
+            cameUp(dialog, name, act);
+        } catch (...) {
+            failure = std::current_exception();
+            dialog.reject();
+        }
+    };
+    QMetaObject::invokeMethod(&dialog, begin, Qt::QueuedConnection);
+    dialog.exec();
+    if (failure) std::rethrow_exception(failure);
+}
+
+int Desktop::showMessage(const MessageBox& wanted) {
+    QMessageBox box(parentFor(wanted.owner));
+    desktop::setUp(box, wanted);
+    runDialog(box, "box", [&] {
+        m_person.answer(box, {wanted.text, wanted.title, wanted.style, wanted.okCaption});
+    });
+    return desktop::answerOf(box);
+}
+
+std::string Desktop::browse(const BrowseRequest& request) {
+    QFileDialog dialog(parentFor(request.owner));
+    desktop::setUp(dialog, request);
+    runDialog(dialog, "browse", [&] { m_person.pickPath(dialog, request); });
+    return dialog.result() == QDialog::Accepted ? desktop::pathOf(dialog) : std::string();
+}
+
+void Desktop::raise(Form& form, bool topMost) {
+    FormWindow* window = windowOf(&form);
+    if (!window) {
+        m_raised[&form] = topMost;
+        return;
+    }
+    // Set on the native window: the widget would be hidden and made anew.
+    if (QWindow* handle = window->windowHandle())
+        handle->setFlag(Qt::WindowStaysOnTopHint, topMost);
+    window->raise();
+    window->activateWindow();
+}
+
+long Desktop::deviceContext(Form&) {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? std::lround(screen->logicalDotsPerInch()) : 0;
+}
+
+void Desktop::savePicture(const std::string& path) {
+    if (m_screen.windows.empty()) throw UserError("there is no window to take a picture of");
+    if (FormWindow* window = m_screen.top()) window->sync();
+    QWidget& top = *m_screen.windows.back();
+    if (!top.grab().save(desktop::toQt(path), "PNG"))
+        throw UserError("no picture could be saved to " + path);
+}
+
+}  // namespace
+
+std::shared_ptr<QtView> makeQtView() {
+    return std::make_shared<Desktop>();
+}
+
+}  // namespace wynconfig

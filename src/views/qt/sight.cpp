@@ -1,0 +1,86 @@
+// What a person sees of a control: read from its widget, not from the control.
+#include "views/qt/sight.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "views/qt/convert.h"
+#include "views/qt/widgets.h"
+
+namespace wynconfig::desktop {
+
+namespace {
+
+void lookAt(const TextBox& box, Sight& sight) {
+    sight.text = fromQt(box.text());
+    sight.caret = charsBefore(box.text(), box.caret());
+}
+
+void lookAt(const RowList& list, Sight& sight) {
+    const QAbstractItemModel& rows = *list.model();
+    for (int i = 0; i < rows.rowCount(); ++i) {
+        const QModelIndex row = rows.index(i, 0);
+        sight.rows.push_back({row.data(RowModel::KeyRole).toByteArray().toStdString(),
+                              fromQt(row.data().toString())});
+    }
+    sight.selected = list.selected();
+}
+
+void lookAt(const QComboBox& box, Sight& sight) {
+    for (int i = 0; i < box.count(); ++i) sight.rows.push_back({{}, fromQt(box.itemText(i))});
+    sight.selected = static_cast<std::size_t>(box.currentIndex() + 1);
+    sight.text = fromQt(box.currentText());
+}
+
+void lookAt(const QTabBar& bar, Sight& sight) {
+    for (int i = 0; i < bar.count(); ++i) sight.rows.push_back({{}, fromQt(bar.tabText(i))});
+    sight.selected = static_cast<std::size_t>(bar.currentIndex() + 1);
+}
+
+void lookAtContent(const QWidget& widget, Sight& sight) {
+    if (const auto* box = dynamic_cast<const TextBox*>(&widget)) {
+        lookAt(*box, sight);
+    } else if (const auto* list = dynamic_cast<const RowList*>(&widget)) {
+        lookAt(*list, sight);
+    } else if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
+        lookAt(*combo, sight);
+    } else if (const auto* tabs = qobject_cast<const QTabWidget*>(&widget)) {
+        lookAt(*tabs->tabBar(), sight);
+    } else if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        sight.caption = fromQt(label->text());
+    } else if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) {
+        sight.caption = fromQt(group->title());
+    } else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        sight.caption = fromQt(button->text());
+        sight.value = button->isChecked();
+    }
+}
+
+}  // namespace
+
+Sight look(const FormWindow& window, const Control& control) {
+    Sight sight;
+    const Binding* binding = window.binding(control);
+    if (!binding) {
+        // It has no place in the window; of the caption bar the title can be read.
+        sight.enabled = true;
+        if (control.kind() == ControlKind::FormCaption)
+            sight.caption = fromQt(window.windowTitle());
+        return sight;
+    }
+    const QWidget& widget = *binding->widget();
+    lookAtContent(widget, sight);
+    sight.focus = window.focusWidget() == binding->focusWidget();
+    sight.enabled = widget.isEnabled();
+    sight.visible = widget.isVisible();
+    sight.tabStop = (binding->focusWidget()->focusPolicy() & Qt::TabFocus) != 0;
+    if (widget.palette().color(QPalette::Active, QPalette::Base) == inactiveColour())
+        sight.background = Background::InactiveBorder;
+    return sight;
+}
+
+}  // namespace wynconfig::desktop

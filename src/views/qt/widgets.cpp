@@ -1,0 +1,312 @@
+// Qt's widgets where the dialogs need them to behave a little differently.
+#include "views/qt/widgets.h"
+
+#include <QFocusEvent>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QListView>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStylePainter>
+#include <QToolTip>
+#include <algorithm>
+#include <climits>
+
+#include "views/qt/convert.h"
+
+namespace wynconfig::desktop {
+
+namespace {
+
+/// How many characters a box or value makes room for, in their average width.
+constexpr int usualChars = 28;
+
+}  // namespace
+
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
+    setMaxLength(INT_MAX);
+}
+
+int TextBox::caret() const {
+    return hasSelectedText() ? selectionStart() : cursorPosition();
+}
+
+QSize TextBox::sizeHint() const {
+    // Paths and templates are longer than what Qt makes room for.
+    const QSize usual = QLineEdit::sizeHint();
+    return {std::max(usual.width(), fontMetrics().averageCharWidth() * usualChars), usual.height()};
+}
+
+void TextBox::restore(int start, int length) {
+    if (length > 0)
+        setSelection(start, length);
+    else
+        setCursorPosition(start);
+}
+
+void TextBox::focusInEvent(QFocusEvent* event) {
+    const int start = caret();
+    const int length = selectionLength();
+    const QSignalBlocker quiet(this);
+    QLineEdit::focusInEvent(event);
+    restore(start, length);
+}
+
+void TextBox::focusOutEvent(QFocusEvent* event) {
+    const int start = caret();
+    const QSignalBlocker quiet(this);
+    QLineEdit::focusOutEvent(event);
+    if (!hasSelectedText()) restore(start, 0);
+}
+
+OptionBox::OptionBox(QWidget* parent) : QRadioButton(parent) {
+    setAutoExclusive(false);
+}
+
+void OptionBox::keyPressEvent(QKeyEvent* event) {
+    const bool mirrored = isRightToLeft();
+    int step = 0;
+    switch (event->key()) {
+        case Qt::Key_Up:
+            step = -1;
+            break;
+        case Qt::Key_Down:
+            step = 1;
+            break;
+        case Qt::Key_Left:
+            step = mirrored ? 1 : -1;
+            break;
+        case Qt::Key_Right:
+            step = mirrored ? -1 : 1;
+            break;
+        default:
+            QRadioButton::keyPressEvent(event);
+            return;
+    }
+    QList<OptionBox*> options;
+    for (QObject* each : parentWidget()->children()) {
+        auto* option = dynamic_cast<OptionBox*>(each);
+        if (option && option->isEnabled() && option->isVisible()) options.push_back(option);
+    }
+    const qsizetype count = options.size();
+    OptionBox* next = options[(options.indexOf(this) + step + count) % count];
+    if (next == this) return;
+    next->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    next->click();
+}
+
+ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(20);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    view()->setTextElideMode(Qt::ElideRight);
+    if (auto* popup = qobject_cast<QListView*>(view())) popup->setUniformItemSizes(true);
+}
+
+QString ChoiceBox::shortened() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect room =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    // The style keeps a pixel or two on each side for itself.
+    return fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width() - 4);
+}
+
+void ChoiceBox::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.currentText = shortened();
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+bool ChoiceBox::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const QString text = currentText();
+        const auto* help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(),
+                           shortened() == text ? QString() : text.toHtmlEscaped(), this);
+        return true;
+    }
+    return QComboBox::event(event);
+}
+
+ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+}
+
+QSize ValueLabel::sizeHint() const {
+    const QSize whole = QLabel::sizeHint();
+    return {std::min(whole.width(), fontMetrics().averageCharWidth() * usualChars), whole.height()};
+}
+
+QSize ValueLabel::minimumSizeHint() const {
+    return {fontMetrics().averageCharWidth() * 12, QLabel::minimumSizeHint().height()};
+}
+
+void ValueLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QRect room = contentsRect();
+    style()->drawItemText(
+        &painter, room, static_cast<int>(alignment()) | Qt::TextSingleLine, palette(), isEnabled(),
+        fontMetrics().elidedText(text(), Qt::ElideRight, room.width()), foregroundRole());
+}
+
+bool ValueLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const bool whole = fontMetrics().horizontalAdvance(text()) <= contentsRect().width();
+        const auto* help = static_cast<QHelpEvent*>(event);
+        // Escaped, since a tool tip would take text with angle brackets for markup.
+        QToolTip::showText(help->globalPos(), whole ? QString() : text().toHtmlEscaped(), this);
+        return true;
+    }
+    return QLabel::event(event);
+}
+
+void RowModel::setRows(const std::vector<ListRow>& rows) {
+    beginResetModel();
+    m_rows.clear();
+    m_rows.reserve(rows.size());
+    for (const ListRow& row : rows) m_rows.push_back({toQt(row.text), row.key, row.font});
+    endResetModel();
+}
+
+void RowModel::setHeading(const QString& heading) {
+    m_heading = heading;
+    emit headerDataChanged(Qt::Horizontal, 0, 0);
+}
+
+int RowModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant RowModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
+    const Row& row = m_rows[static_cast<std::size_t>(index.row())];
+    if (role == Qt::DisplayRole) return row.text;
+    if (role == KeyRole) return QByteArray::fromStdString(row.key);
+    if (role == Qt::FontRole && row.font) return toQt(*row.font);
+    return {};
+}
+
+QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (section == 0 && orientation == Qt::Horizontal && role == Qt::DisplayRole) return m_heading;
+    return {};
+}
+
+RowList::RowList(QWidget* parent) : QTreeView(parent) {
+    setModel(&m_rows);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    setAllColumnsShowFocus(true);
+    setTextElideMode(Qt::ElideRight);
+    header()->setStretchLastSection(true);
+    header()->setSectionsClickable(false);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void RowList::showSelected(std::size_t number) {
+    // While the mouse is down on a row, what counts is the pick to come.
+    if (m_pressing || number == selected()) return;
+    const QScopedValueRollback showing(m_showing, true);
+    if (number == 0) {
+        clearSelection();
+        return;
+    }
+    const QModelIndex index = m_rows.index(static_cast<int>(number) - 1);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    scrollTo(index);
+}
+
+std::size_t RowList::selected() const {
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? 0 : static_cast<std::size_t>(rows.front().row()) + 1;
+}
+
+void RowList::mousePressEvent(QMouseEvent* event) {
+    m_pressing =
+        event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid();
+    QTreeView::mousePressEvent(event);
+}
+
+void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
+    m_pressing =
+        event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid();
+    QTreeView::mouseDoubleClickEvent(event);
+}
+
+void RowList::mouseReleaseEvent(QMouseEvent* event) {
+    QTreeView::mouseReleaseEvent(event);
+    if (!m_pressing || event->button() != Qt::LeftButton) return;
+    m_pressing = false;
+    // The current row and not the one under the mouse: the button may be let go elsewhere.
+    if (currentIndex().isValid() && picked)
+        picked(static_cast<std::size_t>(currentIndex().row()) + 1);
+}
+
+void RowList::keyPressEvent(QKeyEvent* event) {
+    // As a click does, the space bar also picks the row that is selected already. While none is,
+    // the first step down picks the row with the focus mark instead of passing it.
+    const bool firstStep =
+        event->key() == Qt::Key_Down && selected() == 0 && event->modifiers() == Qt::NoModifier;
+    if (!currentIndex().isValid() || (event->key() != Qt::Key_Space && !firstStep)) {
+        QTreeView::keyPressEvent(event);
+        return;
+    }
+    const std::size_t number = static_cast<std::size_t>(currentIndex().row()) + 1;
+    if (picked) picked(number);
+}
+
+QItemSelectionModel::SelectionFlags RowList::selectionCommand(const QModelIndex& index,
+                                                              const QEvent* event) const {
+    const bool key = event && event->type() == QEvent::KeyPress;
+    if (key && (static_cast<const QKeyEvent*>(event)->modifiers() & Qt::ControlModifier))
+        return QItemSelectionModel::NoUpdate;
+    return QTreeView::selectionCommand(index, event);
+}
+
+void RowList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    if (m_showing || m_pressing || selected.isEmpty() || !picked) return;
+    picked(static_cast<std::size_t>(selected.front().top()) + 1);
+}
+
+bool RowList::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QModelIndex index = indexAt(help->pos());
+        const QString text = index.data().toString();
+        const bool whole = sizeHintForIndex(index).width() <= visualRect(index).width();
+        QToolTip::showText(help->globalPos(), whole ? QString() : text.toHtmlEscaped(), this);
+        return true;
+    }
+    return QTreeView::viewportEvent(event);
+}
+
+int RowList::heightFor(int rows) const {
+    const int row = m_rows.rowCount() > 0 ? sizeHintForRow(0) : fontMetrics().height();
+    const int heading = isHeaderHidden() ? 0 : header()->sizeHint().height();
+    return heading + rows * row + 2 * frameWidth();
+}
+
+QSize RowList::sizeHint() const {
+    const int width = std::max(m_widthHint, fontMetrics().averageCharWidth() * 24);
+    const int bar = verticalScrollBar()->sizeHint().width();
+    return {width + bar + 2 * frameWidth(), heightFor(10)};
+}
+
+QSize RowList::minimumSizeHint() const {
+    return {fontMetrics().averageCharWidth() * 20, heightFor(8)};
+}
+
+}  // namespace wynconfig::desktop

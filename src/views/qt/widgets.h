@@ -1,0 +1,134 @@
+// Qt's widgets where the dialogs need them to behave a little differently.
+#pragma once
+
+#include <QAbstractListModel>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTreeView>
+#include <functional>
+#include <vector>
+
+#include "wynconfig/controls.h"
+
+namespace wynconfig::desktop {
+
+/// A one-line box whose caret stays where it is when the focus comes or goes: what is inserted at
+/// the caret by code must not depend on how the box was left.
+class TextBox : public QLineEdit {
+  public:
+    explicit TextBox(QWidget* parent);
+    /// Where the selection starts, or the caret when nothing is selected, in UTF-16 units.
+    int caret() const;
+    QSize sizeHint() const override;
+
+  protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    void restore(int start, int length);
+};
+
+/// An option that a click never turns off. It does not exclude others: the models do. The arrow
+/// keys choose the option before or behind it within the same frame.
+class OptionBox : public QRadioButton {
+  public:
+    explicit OptionBox(QWidget* parent);
+
+  protected:
+    void nextCheckState() override { setChecked(true); }
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// A drop-down list whose width doesn't follow its items, whose number and length know no bound.
+/// What does not fit ends in an ellipsis, and the tool tip shows it whole.
+class ChoiceBox : public QComboBox {
+  public:
+    explicit ChoiceBox(QWidget* parent);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
+
+  private:
+    QString shortened() const;
+};
+
+/// A label for a value of any length: what does not fit ends in an ellipsis, and the tool tip shows
+/// it whole.
+class ValueLabel : public QLabel {
+  public:
+    explicit ValueLabel(QWidget* parent);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
+};
+
+/// The rows of a list as they were when they were last shown.
+class RowModel : public QAbstractListModel {
+  public:
+    static constexpr int KeyRole = Qt::UserRole;
+
+    using QAbstractListModel::QAbstractListModel;
+    void setRows(const std::vector<ListRow>& rows);
+    void setHeading(const QString& heading);
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  private:
+    struct Row {
+        QString text;
+        std::string key;
+        std::shared_ptr<const Font> font;
+    };
+    std::vector<Row> m_rows;
+    QString m_heading;
+};
+
+/// A list of one column. Tells of each row that the person picks, also of the selected one when it
+/// is clicked again, once for each act; what code selects it doesn't tell. By the keyboard the
+/// arrow keys pick, and with Ctrl they only move to a row, which the space bar then picks.
+class RowList : public QTreeView {
+  public:
+    explicit RowList(QWidget* parent);
+
+    RowModel& rows() { return m_rows; }
+    /// Selects a row by its number from 1; 0 selects none.
+    void showSelected(std::size_t number);
+    /// Number of the selected row, or 0.
+    std::size_t selected() const;
+    void setWidthHint(int pixels) { m_widthHint = pixels; }
+
+    /// Gets the number of the row, from 1.
+    std::function<void(std::size_t)> picked;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
+    bool viewportEvent(QEvent* event) override;
+
+  private:
+    int heightFor(int rows) const;
+
+    RowModel m_rows;
+    int m_widthHint = 0;
+    bool m_showing = false;
+    bool m_pressing = false;
+};
+
+}  // namespace wynconfig::desktop

@@ -1,0 +1,459 @@
+// Files on the disk: saving that survives a crash, changes by other programs, links, and what is no
+// plain file.
+#include <gtest/gtest.h>
+#include <sys/inotify.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <set>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "file_system_kit.h"
+#include "platform/faulty_file_system.h"
+#include "platform/file_system.h"
+#include "platform/text.h"
+
+namespace {
+
+/// What the system calls of a save do in place of their work, when a test wants so.
+struct SystemCalls {
+    bool breakUpWrites = false;  ///< every other write is broken off, the others take 7 bytes
+    bool skipSync = false;       ///< a sync returns at once, for tests of many saves
+    int failingSync = 0;         ///< the sync of this number, from 1, fails; 0: none
+    bool failingRename = false;
+    int syncs = 0;
+    int writes = 0;
+    std::vector<std::string> log;  ///< the calls that order a save
+};
+SystemCalls systemCalls;
+
+}  // namespace
+
+// These stand before the C library's own ones in this program.
+extern "C" int fsync(int file) {
+    struct stat info {};
+    fstat(file, &info);
+    systemCalls.log.emplace_back(S_ISDIR(info.st_mode) ? "sync folder" : "sync file");
+    if (++systemCalls.syncs == systemCalls.failingSync) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return systemCalls.skipSync ? 0 : static_cast<int>(syscall(SYS_fsync, file));
+}
+
+extern "C" int renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept {
+    systemCalls.log.emplace_back("rename");
+    if (systemCalls.failingRename) {
+        errno = EIO;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_renameat, fromFolder, from, toFolder, to));
+}
+
+extern "C" ssize_t write(int file, const void* bytes, size_t size) {
+    if (systemCalls.breakUpWrites && ++systemCalls.writes % 2 == 1) {
+        errno = EINTR;
+        return -1;
+    }
+    const size_t most = systemCalls.breakUpWrites ? std::min<size_t>(size, 7) : size;
+    return syscall(SYS_write, file, bytes, most);
+}
+
+namespace wynconfig {
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+using Operation = FaultyFileSystem::Operation;
+
+void resetSystemCalls() {
+    systemCalls = SystemCalls{};
+}
+
+class Disk : public testing::Test {
+  protected:
+    Disk() { resetSystemCalls(); }
+    ~Disk() override { resetSystemCalls(); }
+
+    ItemPath at(const std::string& name) const { return {root, name}; }
+    void put(const std::string& name, const std::string& content) const {
+        std::ofstream{root + name, std::ios::binary} << content;
+    }
+    std::string contentOf(const std::string& name) const {
+        std::ifstream file{root + name, std::ios::binary};
+        return {std::istreambuf_iterator<char>{file}, {}};
+    }
+    std::set<std::string> names() const {
+        std::set<std::string> all;
+        for (const auto& entry : fs::directory_iterator(root)) {
+            all.insert(entry.path().filename().string());
+        }
+        return all;
+    }
+    mode_t modeOf(const std::string& name) const {
+        struct stat info {};
+        EXPECT_EQ(lstat((root + name).c_str(), &info), 0);
+        return info.st_mode & 07777;
+    }
+
+    TemporaryFolder folder;
+    std::string root = folder.path() + "/";
+    std::unique_ptr<FileSystem> files = makeRealFileSystem();
+};
+
+/// What happens to the names of a folder, as the system reports it.
+class FolderWatch {
+  public:
+    explicit FolderWatch(const std::string& folder) : m_queue(inotify_init1(IN_NONBLOCK)) {
+        EXPECT_GE(
+            inotify_add_watch(m_queue, folder.c_str(), IN_CREATE | IN_MODIFY | IN_MOVE | IN_DELETE),
+            0);
+    }
+    ~FolderWatch() { close(m_queue); }
+    FolderWatch(const FolderWatch&) = delete;
+    FolderWatch& operator=(const FolderWatch&) = delete;
+
+    /// Names of the events of one kind since the last call that emptied the queue.
+    Names namesOf(std::uint32_t kind) {
+        drain();
+        Names names;
+        for (const auto& [mask, name] : m_events) {
+            if ((mask & kind) != 0) names.push_back(name);
+        }
+        return names;
+    }
+    void forget() {
+        drain();
+        m_events.clear();
+    }
+
+  private:
+    void drain() {
+        alignas(inotify_event) char buffer[65536];
+        for (;;) {
+            const ssize_t size = ::read(m_queue, buffer, sizeof buffer);
+            if (size <= 0) return;
+            for (ssize_t at = 0; at < size;) {
+                const auto* event = reinterpret_cast<const inotify_event*>(buffer + at);
+                m_events.emplace_back(event->mask, event->name);
+                at += static_cast<ssize_t>(sizeof *event + event->len);
+            }
+        }
+    }
+
+    int m_queue;
+    std::vector<std::pair<std::uint32_t, std::string>> m_events;
+};
+
+TEST_F(Disk, savesBesideTheFileAndRenames) {
+    const std::string target = std::string(251, 'N') + ".vla";
+    FolderWatch watch{root};
+    for (const char* content : {"first", "second"}) {
+        watch.forget();
+        files->save(at(target), content);
+        const Names made = watch.namesOf(IN_CREATE);
+        ASSERT_EQ(made.size(), 1U);
+        const std::string& temporary = made.front();
+        EXPECT_EQ(temporary.front(), '.');
+        EXPECT_LT(temporary.size(), 40U);
+        EXPECT_NE(UCase(temporary.substr(temporary.size() - 4)), ".VLA");
+        EXPECT_TRUE(holds(temporary, std::to_string(getpid()))) << temporary;
+        EXPECT_EQ(watch.namesOf(IN_MODIFY), Names{temporary});
+        EXPECT_EQ(watch.namesOf(IN_MOVED_FROM), Names{temporary});
+        EXPECT_EQ(watch.namesOf(IN_MOVED_TO), Names{target});
+        EXPECT_TRUE(watch.namesOf(IN_DELETE).empty());
+        EXPECT_EQ(names(), std::set<std::string>{target});
+        EXPECT_EQ(contentOf(target), content);
+    }
+}
+
+TEST_F(Disk, savesInTheOrderThatSurvivesACrash) {
+    files->save(at("A.vla"), "x");
+    EXPECT_EQ(systemCalls.log, (Names{"sync file", "rename", "sync folder"}));
+}
+
+TEST_F(Disk, leavesForeignTemporariesAlone) {
+    FolderWatch watch{root};
+    files->save(at("A.vla"), "x");
+    const std::string used = watch.namesOf(IN_CREATE).at(0);
+    const std::size_t dash = used.rfind('-') + 1;
+    const std::string next = used.substr(0, dash) +
+                             std::to_string(std::stoi(used.substr(dash)) + 1) +
+                             used.substr(used.rfind('.'));
+    put(next, "left behind");
+    files->save(at("B.vla"), "y");
+    EXPECT_EQ(contentOf(next), "left behind");
+    EXPECT_EQ(contentOf("B.vla"), "y");
+    EXPECT_EQ(names(), (std::set<std::string>{"A.vla", "B.vla", next}));
+    EXPECT_EQ(files->listItems(root), (Names{"A.vla", "B.vla"}));
+}
+
+TEST_F(Disk, copesWithWritesThatAreBrokenUp) {
+    std::string content;
+    for (int i = 0; i < 500; ++i) content += std::to_string(i) + '\n';
+    systemCalls.breakUpWrites = true;
+    files->save(at("A.vla"), content);
+    systemCalls.breakUpWrites = false;
+    EXPECT_GT(systemCalls.writes, 200);
+    EXPECT_EQ(contentOf("A.vla"), content);
+}
+
+TEST_F(Disk, keepsTheOldFileWhenWritingFails) {
+    put("A.vla", "old");
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{1000, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const Error error = failureOf([&] { files->save(at("a.VLA"), std::string(5000, 'x')); });
+    const Error fresh = failureOf([&] { files->save(at("NEW.vla"), std::string(5000, 'x')); });
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_EQ(error.description(), "The file " + root + "A.vla can't be written: File too large.");
+    EXPECT_EQ(fresh.number(), errc::FileAccess);
+    EXPECT_EQ(contentOf("A.vla"), "old");
+    EXPECT_EQ(names(), std::set<std::string>{"A.vla"});
+}
+
+TEST_F(Disk, keepsTheOldFileWhenSyncingFails) {
+    put("A.vla", "old");
+    systemCalls.failingSync = 1;
+    const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_EQ(error.description(),
+              "The file " + root + "A.vla can't be written: No space left on device.");
+    EXPECT_EQ(contentOf("A.vla"), "old");
+    EXPECT_EQ(names(), std::set<std::string>{"A.vla"});
+}
+
+TEST_F(Disk, keepsTheOldFileWhenRenamingFails) {
+    put("A.vla", "old");
+    systemCalls.failingRename = true;
+    const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_TRUE(holds(error.description(), "Input/output error")) << error.description();
+    EXPECT_EQ(contentOf("A.vla"), "old");
+    EXPECT_EQ(names(), std::set<std::string>{"A.vla"});
+}
+
+TEST_F(Disk, tellsWhenTheNewNameIsNotConfirmed) {
+    put("A.vla", "old");
+    systemCalls.failingSync = 2;
+    const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_TRUE(holds(error.description(), "though it is written")) << error.description();
+    EXPECT_EQ(contentOf("A.vla"), "new");
+    EXPECT_EQ(names(), std::set<std::string>{"A.vla"});
+}
+
+TEST_F(Disk, keepsModeBits) {
+    put("A.vla", "old");
+    fs::permissions(root + "A.vla", fs::perms{0640});
+    files->save(at("A.vla"), "new");
+    EXPECT_EQ(modeOf("A.vla"), 0640U);
+    const mode_t mask = umask(0027);
+    files->save(at("B.vla"), "new");
+    umask(mask);
+    EXPECT_EQ(modeOf("B.vla"), 0640U);
+}
+
+TEST_F(Disk, leavesWriteProtectedFilesAlone) {
+    constexpr uid_t Nobody = 65534;
+    put("A.vla", "old");
+    fs::permissions(root + "A.vla", fs::perms{0444});
+    const bool privileged = geteuid() == 0;
+    if (privileged) {
+        ASSERT_EQ(chown(root.c_str(), Nobody, static_cast<gid_t>(-1)), 0);
+        ASSERT_EQ(chown((root + "A.vla").c_str(), Nobody, static_cast<gid_t>(-1)), 0);
+        ASSERT_EQ(seteuid(Nobody), 0);
+    }
+    const Error error = failureOf([&] { files->save(at("a.vla"), "new"); });
+    const auto writable = [&] { files->save(at("B.vla"), "new"); };
+    EXPECT_NO_THROW(writable());
+    if (privileged) {
+        ASSERT_EQ(seteuid(0), 0);
+    }
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_TRUE(holds(error.description(), "Permission denied")) << error.description();
+    EXPECT_EQ(contentOf("A.vla"), "old");
+    EXPECT_EQ(names(), (std::set<std::string>{"A.vla", "B.vla"}));
+}
+
+TEST_F(Disk, refusesFilesThatAreTooLarge) {
+    put("MOST.vla", "");
+    fs::resize_file(root + "MOST.vla", std::uintmax_t{64} << 20);
+    EXPECT_EQ(files->read(at("MOST.vla")).size(), std::size_t{64} << 20);
+    fs::resize_file(root + "MOST.vla", (std::uintmax_t{64} << 20) + 1);
+    const Error error = failureOf([&] { files->read(at("MOST.vla")); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_TRUE(holds(error.description(), root + "MOST.vla can't be read: it is too large"))
+        << error.description();
+}
+
+TEST_F(Disk, readsFilesThatClaimNoLength) {
+    const std::string status = files->read({"/proc/self/", "status"});
+    EXPECT_TRUE(holds(status, "Pid:")) << status;
+}
+
+TEST_F(Disk, followsLinksToPlainFiles) {
+    fs::create_directory(root + "elsewhere");
+    put("elsewhere/real", "old");
+    fs::create_symlink("elsewhere/real", root + "Link.vla");
+    fs::create_symlink("nowhere", root + "Dangling.vla");
+    fs::create_symlink("elsewhere", root + "Folder.vla");
+    fs::create_symlink("Loop.vla", root + "Loop.vla");
+    EXPECT_EQ(files->listItems(root), Names{"Link.vla"});
+    EXPECT_EQ(files->find(at("LINK.VLA")), "Link.vla");
+    EXPECT_EQ(files->read(at("LINK.VLA")), "old");
+    EXPECT_EQ(files->find(at("Dangling.vla")), "");
+    EXPECT_EQ(files->find(at("DANGLING.VLA")), "");
+    EXPECT_EQ(files->find(at("FOLDER.VLA")), "");
+    EXPECT_TRUE(files->folderExists(root + "FOLDER.VLA"));
+
+    files->save(at("LINK.VLA"), "new");
+    EXPECT_TRUE(fs::is_symlink(root + "Link.vla"));
+    EXPECT_EQ(contentOf("elsewhere/real"), "new");
+    EXPECT_EQ(failureOf([&] { files->save(at("Folder.vla"), "x"); }).number(), errc::FileAccess);
+    EXPECT_EQ(failureOf([&] { files->save(at("Loop.vla"), "x"); }).number(), errc::FileAccess);
+    files->save(at("Dangling.vla"), "x");
+    EXPECT_EQ(contentOf("Dangling.vla"), "x");
+    files->remove(at("LINK.VLA"));
+    EXPECT_EQ(contentOf("elsewhere/real"), "new");
+    EXPECT_EQ(names(),
+              (std::set<std::string>{"elsewhere", "Dangling.vla", "Folder.vla", "Loop.vla"}));
+}
+
+TEST_F(Disk, seesALinksTargetComeAndGo) {
+    fs::create_directory(root + "elsewhere");
+    fs::create_symlink("elsewhere/real", root + "Link.vla");
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    EXPECT_EQ(files->find(at("LINK.VLA")), "");
+    put("elsewhere/real", "x");
+    EXPECT_EQ(files->find(at("LINK.VLA")), "Link.vla");
+    fs::remove(root + "elsewhere/real");
+    EXPECT_EQ(files->find(at("LINK.VLA")), "");
+}
+
+TEST_F(Disk, refusesWhatIsNoPlainFile) {
+    ASSERT_EQ(mkfifo((root + "Pipe.vla").c_str(), 0600), 0);
+    EXPECT_TRUE(files->listItems(root).empty());
+    EXPECT_EQ(files->find(at("Pipe.vla")), "");
+    EXPECT_FALSE(files->existsExactly(root + "Pipe.vla"));
+    EXPECT_EQ(failureOf([&] { files->read(at("Pipe.vla")); }).number(), errc::FileNotFound);
+    EXPECT_EQ(failureOf([&] { files->save(at("Pipe.vla"), "x"); }).number(), errc::FileAccess);
+    EXPECT_TRUE(fs::is_fifo(root + "Pipe.vla"));
+    // Put there behind our back, it must not hold up the program either.
+    const Error error = failureOf([&] { Stranger{*files}.readExactly(root + "Pipe.vla"); });
+    EXPECT_TRUE(holds(error.description(), "it is no plain file")) << error.description();
+    EXPECT_EQ(names(), std::set<std::string>{"Pipe.vla"});
+}
+
+TEST_F(Disk, listsNoNameThatItCouldNotFind) {
+    put("A\\B.vla", "x");
+    put("C.vla", "x");
+    EXPECT_EQ(files->listItems(root), Names{"C.vla"});
+}
+
+TEST_F(Disk, seesChangesByOthersAtOnce) {
+    for (int i = 0; i < 200; ++i) {
+        const std::string number = std::to_string(i);
+        files->save(at("OWN" + number + ".vla"), "own");
+        // This look-up reads the folder within the clock tick in which it changes next.
+        EXPECT_EQ(files->find(at("FOREIGN" + number + ".VLA")), "");
+        put("foreign" + number + ".vla", number);
+        EXPECT_EQ(files->find(at("FOREIGN" + number + ".VLA")), "foreign" + number + ".vla");
+        EXPECT_EQ(files->read(at("Foreign" + number + ".vla")), number);
+        fs::remove(root + "foreign" + number + ".vla");
+        EXPECT_EQ(files->find(at("FOREIGN" + number + ".VLA")), "");
+        EXPECT_EQ(files->find(at("foreign" + number + ".vla")), "");
+        fs::rename(root + "OWN" + number + ".vla", root + "renamed" + number + ".vla");
+        EXPECT_EQ(files->find(at("own" + number + ".vla")), "");
+        files->remove(at("RENAMED" + number + ".VLA"));
+    }
+    EXPECT_TRUE(names().empty());
+}
+
+TEST_F(Disk, seesChangesByOthersInAFolderWhoseTimeWasSetBack) {
+    put("one.vla", "x");
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    const auto before = fs::last_write_time(root);
+    EXPECT_EQ(files->find(at("TWO.VLA")), "");
+    put("two.vla", "x");
+    fs::last_write_time(root, before);
+    EXPECT_EQ(files->find(at("TWO.VLA")), "two.vla");
+}
+
+TEST_F(Disk, waitsUntilTheClockHasMovedOn) {
+    Stranger stranger{*files};
+    // On a busy machine the first looks may come too late.
+    bool unsettled = false;
+    for (int i = 0; i < 50 && !unsettled; ++i) {
+        put(std::to_string(i), "x");
+        unsettled = !stranger.isSettled(folder.path());
+    }
+    EXPECT_TRUE(unsettled);
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    EXPECT_TRUE(stranger.isSettled(folder.path()));
+}
+
+TEST_F(Disk, seesAFolderMadeAnew) {
+    fs::create_directory(root + "sub");
+    put("sub/a.vla", "x");
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    EXPECT_EQ(files->find({root + "SUB\\", "A.VLA"}), "a.vla");
+    fs::remove_all(root + "sub");
+    EXPECT_EQ(files->find({root + "SUB\\", "A.VLA"}), "");
+    fs::create_directory(root + "Sub");
+    put("Sub/b.vla", "x");
+    EXPECT_EQ(files->find({root + "SUB\\", "B.VLA"}), "b.vla");
+    EXPECT_EQ(files->find({root + "SUB\\", "A.VLA"}), "");
+}
+
+/// Saves thousands of new files, and a catalogue over and over in between.
+void expectFewListings(FileSystem& files, const std::string& root) {
+    const auto at = [&](const std::string& name) { return ItemPath{root, name}; };
+    FaultyFileSystem counted{files};
+    for (int i = 0; i < 5000; ++i) {
+        counted.save(at("Item " + std::to_string(i) + ".vla"), "x");
+        if (i % 10 == 0) counted.save(at("CATALOGUE.vls"), std::to_string(i));
+    }
+    EXPECT_LE(counted.count(Operation::List), 3U);
+    EXPECT_EQ(counted.count(Operation::Save), 5500U);
+    EXPECT_EQ(counted.find(at("ITEM 4999.VLA")), "Item 4999.vla");
+    EXPECT_EQ(counted.find(at("ITEM 0.VLA")), "Item 0.vla");
+    EXPECT_EQ(counted.listItems(root).size(), 5000U);
+    // What the saves entered themselves is known to the saves behind them.
+    counted.resetCounts();
+    for (int i = 0; i < 500; ++i) counted.save(at("ITEM " + std::to_string(i) + ".VLA"), "y");
+    EXPECT_LE(counted.count(Operation::List), 1U);
+    EXPECT_EQ(counted.listItems(root).size(), 5000U);
+}
+
+TEST_F(Disk, readsAFolderAFewTimesForThousandsOfNewFiles) {
+    systemCalls.skipSync = true;
+    expectFewListings(*files, root);
+}
+
+TEST(Memory, readsAFolderAFewTimesForThousandsOfNewFiles) {
+    const auto memory = makeMemoryFileSystem();
+    expectFewListings(*memory, "");
+}
+
+}  // namespace
+}  // namespace wynconfig

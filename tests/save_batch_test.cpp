@@ -1,0 +1,602 @@
+// Saving many files with one flush of the disk: what is to be seen meanwhile, what a failure leaves
+// behind, and what it costs.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "file_system_kit.h"
+#include "platform/faulty_file_system.h"
+#include "platform/file_system.h"
+#include "save_calls.h"
+
+namespace wynconfig {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+using Names = std::vector<std::string>;
+using Operation = FaultyFileSystem::Operation;
+
+// ---------------------------------------------------------------------------------------------
+// Rules that hold on every kind of file system.
+
+enum class Kind { Disk, Memory };
+
+class Batch : public testing::TestWithParam<Kind> {
+  protected:
+    Batch() {
+        saveCalls = SaveCalls{};
+        if (GetParam() == Kind::Disk) {
+            files = makeRealFileSystem();
+            root = folder.path() + "/";
+        } else {
+            files = makeMemoryFileSystem();
+            root = "/store/";
+            files->makeFolder(root);
+        }
+        stranger = std::make_unique<Stranger>(*files);
+        for (const char* name : {"A.vla", "B.vla", "C.vla"}) files->save(at(name), "old");
+    }
+    ~Batch() override { saveCalls = SaveCalls{}; }
+
+    ItemPath at(const std::string& name) const { return {root, name}; }
+    /// Contents of the files of those names, glued.
+    std::string contents(const Names& names) {
+        std::string all;
+        for (const std::string& name : names) all += files->read(at(name)) + ' ';
+        return all;
+    }
+
+    TemporaryFolder folder;
+    std::string root;
+    std::unique_ptr<FileSystem> files;
+    std::unique_ptr<Stranger> stranger;
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Batch, testing::Values(Kind::Disk, Kind::Memory),
+                         [](const auto& kind) {
+                             return kind.param == Kind::Disk ? "Disk" : "Memory";
+                         });
+
+TEST_P(Batch, showsTheOldFilesUntilItIsCommitted) {
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), "new A");
+    files->save(at("B.vla"), "new B");
+    files->save(at("NEW.vla"), "new file");
+    EXPECT_EQ(contents({"A.vla", "B.vla", "C.vla"}), "old old old ");
+    EXPECT_EQ(files->find(at("NEW.vla")), "");
+    EXPECT_EQ(files->find(at("new.VLA")), "");
+    EXPECT_EQ(failureOf([&] { files->read(at("NEW.vla")); }).number(), errc::FileNotFound);
+    EXPECT_EQ(files->listItems(root), (Names{"A.vla", "B.vla", "C.vla"}));
+
+    batch.commit();
+    EXPECT_EQ(contents({"A.vla", "B.vla", "C.vla", "NEW.vla"}), "new A new B old new file ");
+    EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "C.vla", "NEW.vla"}));
+}
+
+TEST_P(Batch, discardsWhatWasNotCommitted) {
+    {
+        const SaveBatch batch{*files};
+        files->save(at("A.vla"), "new");
+        files->save(at("NEW.vla"), "new");
+    }
+    EXPECT_EQ(contents({"A.vla"}), "old ");
+    EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "C.vla"}));
+    files->save(at("new.vla"), "at once");
+    EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "C.vla", "new.vla"}));
+    SaveBatch next{*files};
+    files->save(at("B.vla"), "next");
+    next.commit();
+    EXPECT_EQ(contents({"A.vla", "B.vla", "new.vla"}), "old next at once ");
+}
+
+TEST_P(Batch, ends) {
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), "new");
+    batch.commit();
+    files->save(at("B.vla"), "at once");
+    EXPECT_EQ(contents({"A.vla", "B.vla"}), "new at once ");
+    batch.commit();
+    EXPECT_EQ(contents({"A.vla", "B.vla"}), "new at once ");
+}
+
+TEST_P(Batch, mayBeEmpty) {
+    SaveBatch batch{*files};
+    batch.commit();
+    EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "C.vla"}));
+}
+
+TEST_P(Batch, takesTheLastSaveOfAFile) {
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), "first");
+    files->save(at("New.vla"), "first");
+    files->save(at("a.VLA"), "second");
+    files->save(at("NEW.vla"), "second");
+    files->save({root + ".\\", "A.vla"}, "third");
+    batch.commit();
+    EXPECT_EQ(contents({"A.vla", "New.vla"}), "third second ");
+    EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "C.vla", "New.vla"}));
+}
+
+TEST_P(Batch, keepsTheSpellingOfFilesAndFolders) {
+    stranger->makeExactly(root + "moram");
+    stranger->write(root + "moram/Mixed Case.vla", "old");
+    SaveBatch batch{*files};
+    files->save({root + "MORAM\\", "MIXED CASE.vla"}, "new");
+    files->save({root + "MORAM\\", "Other.vla"}, "new");
+    batch.commit();
+    EXPECT_EQ(stranger->names(root + "moram"), (Names{"Mixed Case.vla", "Other.vla"}));
+    EXPECT_EQ(files->read({root + "moram\\", "Mixed Case.vla"}), "new");
+}
+
+TEST_P(Batch, goesOnBehindFilesThatFail) {
+    files->makeFolder(root + "Q.vla");
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), "new");
+    const std::string big((std::size_t{64} << 20) + 1, 'x');
+    EXPECT_EQ(failureOf([&] { files->save(at("B.vla"), big); }).number(), errc::FileAccess);
+    for (const ItemPath& path :
+         {at("Q.vla"), at("q.VLA"), at("..\\A.vla"), at(""), ItemPath{root + "NONE\\", "A.vla"},
+          at(std::string(300, 'n') + ".vla")}) {
+        const Error error = failureOf([&] { files->save(path, "new"); });
+        EXPECT_EQ(error.number(), errc::FileAccess) << path.text();
+        EXPECT_TRUE(holds(error.description(), "can't be written")) << error.description();
+    }
+    files->save(at("C.vla"), "new");
+    batch.commit();
+    EXPECT_EQ(contents({"A.vla", "B.vla", "C.vla"}), "new old new ");
+    EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "C.vla", "Q.vla"}));
+}
+
+TEST_P(Batch, triesAllFilesAndRaisesTheFirstFailure) {
+    SaveBatch batch{*files};
+    for (const char* name : {"A.vla", "B1.vla", "B2.vla", "C.vla"}) files->save(at(name), "new");
+    stranger->makeExactly(root + "B1.vla");
+    stranger->makeExactly(root + "B2.vla");
+    const Error error = failureOf([&] { batch.commit(); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_EQ(error.description(), "The file " + root + "B1.vla can't be written: Is a directory.");
+    EXPECT_EQ(contents({"A.vla", "B.vla", "C.vla"}), "new old new ");
+    EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "B1.vla", "B2.vla", "C.vla"}));
+}
+
+TEST_P(Batch, joinsTheOneThatIsOpen) {
+    {
+        SaveBatch outer{*files};
+        files->save(at("A.vla"), "outer");
+        {
+            SaveBatch inner{*files};
+            files->save(at("B.vla"), "inner");
+            inner.commit();
+        }
+        EXPECT_EQ(contents({"A.vla", "B.vla"}), "old old ");
+        {
+            const SaveBatch inner{*files};
+            files->save(at("C.vla"), "left to the outer one");
+        }
+        EXPECT_EQ(contents({"A.vla", "B.vla", "C.vla"}), "old old old ");
+        outer.commit();
+        EXPECT_EQ(contents({"A.vla", "B.vla", "C.vla"}), "outer inner left to the outer one ");
+    }
+    {
+        const SaveBatch outer{*files};
+        SaveBatch inner{*files};
+        files->save(at("A.vla"), "discarded");
+        inner.commit();
+    }
+    EXPECT_EQ(contents({"A.vla"}), "outer ");
+}
+
+TEST_P(Batch, savesInSeveralFolders) {
+    for (const char* name : {"X", "Y", "Z"}) files->makeFolder(root + name);
+    SaveBatch batch{*files};
+    for (const char* name : {"X", "Y", "Z", "X", "Y", "Z"}) {
+        files->save({root + name + "\\", "A.vla"}, name + " 1"s);
+        files->save({root + name + "\\", "B.vla"}, name + " 2"s);
+    }
+    files->save(at("A.vla"), "new");
+    EXPECT_TRUE(files->listItems(root + "X").empty());
+    batch.commit();
+    EXPECT_EQ(contents({"A.vla"}), "new ");
+    for (const char* name : {"X", "Y", "Z"}) {
+        EXPECT_EQ(files->read({root + name + "\\", "A.vla"}), name + " 1"s);
+        EXPECT_EQ(files->read({root + name + "\\", "B.vla"}), name + " 2"s);
+        EXPECT_EQ(stranger->names(root + name), (Names{"A.vla", "B.vla"}));
+    }
+}
+
+TEST_P(Batch, isFoundInAnyCaseBehindTheCommit) {
+    EXPECT_EQ(files->find(at("MINE 1.VLA")), "");
+    SaveBatch batch{*files};
+    for (int i = 0; i < 50; ++i) files->save(at("Mine " + std::to_string(i) + ".vla"), "mine");
+    EXPECT_EQ(files->find(at("MINE 1.VLA")), "");
+    stranger->write(root + "Foreign.vla", "foreign");
+    batch.commit();
+    for (int i = 0; i < 50; ++i) {
+        const std::string number = std::to_string(i);
+        EXPECT_EQ(files->find(at("MINE " + number + ".VLA")), "Mine " + number + ".vla");
+    }
+    EXPECT_EQ(files->find(at("FOREIGN.VLA")), "Foreign.vla");
+    files->save(at("MINE 7.VLA"), "again");
+    files->save(at("FOREIGN.VLA"), "again");
+    EXPECT_EQ(contents({"Mine 7.vla", "Foreign.vla"}), "again again ");
+    files->remove(at("MINE 8.VLA"));
+    EXPECT_EQ(files->find(at("MINE 8.VLA")), "");
+    EXPECT_EQ(stranger->names(root).size(), 53U);
+}
+
+TEST_P(Batch, knowsNothingOfTheOneBefore) {
+    files->makeFolder(root + "Sub");
+    {
+        SaveBatch batch{*files};
+        files->save({root + "SUB\\", "A.vla"}, "first");
+        files->save(at("NEW.vla"), "first");
+        batch.commit();
+    }
+    stranger->makeExactly(root + "SUB");
+    stranger->write(root + "other.vla", "old");
+    SaveBatch batch{*files};
+    files->save({root + "SUB\\", "A.vla"}, "second");
+    files->save(at("OTHER.vla"), "second");
+    batch.commit();
+    EXPECT_EQ(stranger->readExactly(root + "Sub/A.vla"), "first");
+    EXPECT_EQ(stranger->readExactly(root + "SUB/A.vla"), "second");
+    EXPECT_EQ(stranger->readExactly(root + "other.vla"), "second");
+}
+
+TEST_P(Batch, isTakenBackByRemoving) {
+    SaveBatch batch{*files};
+    for (const char* name : {"A.vla", "B.vla", "New.vla"}) files->save(at(name), "new");
+    files->remove(at("a.VLA"));
+    files->remove(at("NEW.vla"));
+    EXPECT_EQ(stranger->names(root).size() - (GetParam() == Kind::Disk ? 2 : 0), 2U)
+        << "B.vla and C.vla, and on the disk the temporary of B.vla and the mark of the batch";
+    EXPECT_EQ(failureOf([&] { files->remove(at("NEW.vla")); }).number(), errc::FileNotFound);
+    EXPECT_EQ(failureOf([&] { files->remove(at("A.vla")); }).number(), errc::FileNotFound);
+    batch.commit();
+    EXPECT_EQ(stranger->names(root), (Names{"B.vla", "C.vla"}));
+    EXPECT_EQ(contents({"B.vla"}), "new ");
+}
+
+TEST_P(Batch, readsAFolderOnceForThousandsOfNewFiles) {
+    saveCalls.skipSync = true;
+    FaultyFileSystem counted{*files};
+    SaveBatch batch{counted};
+    for (int i = 0; i < 2000; ++i) {
+        counted.save(at("Item " + std::to_string(i) + ".vla"), "x");
+        if (i % 10 == 0) counted.save(at("A.vla"), std::to_string(i));
+    }
+    batch.commit();
+    EXPECT_LE(counted.count(Operation::List), 1U);
+    EXPECT_EQ(files->listItems(root).size(), 2003U);
+    EXPECT_EQ(contents({"A.vla"}), "1990 ");
+}
+
+// ---------------------------------------------------------------------------------------------
+// Failing on demand.
+
+class FaultyBatch : public testing::Test {
+  protected:
+    FaultyBatch() {
+        for (const char* name : {"A.vla", "B.vla"}) memory->save({"", name}, "old");
+    }
+    std::unique_ptr<FileSystem> memory = makeMemoryFileSystem();
+    FaultyFileSystem files{*memory};
+};
+
+TEST_F(FaultyBatch, failsTheStatementOfASave) {
+    files.failOn(Operation::Save, "A");
+    SaveBatch batch{files};
+    const Error error = failureOf([&] { files.save({"", "A.vla"}, "new"); });
+    EXPECT_EQ(error.description(), "The file A.vla can't be written: No space left on device.");
+    files.save({"", "B.vla"}, "new");
+    batch.commit();
+    EXPECT_EQ(memory->read({"", "A.vla"}), "old");
+    EXPECT_EQ(memory->read({"", "B.vla"}), "new");
+    EXPECT_EQ(files.count(Operation::Save), 2U);
+    EXPECT_EQ(files.count(Operation::Commit), 1U);
+}
+
+TEST_F(FaultyBatch, failsTheCommit) {
+    files.failOn(Operation::Commit, "", 0, 1);
+    SaveBatch batch{files};
+    files.save({"", "A.vla"}, "new");
+    files.save({"", "NEW.vla"}, "new");
+    const Error error = failureOf([&] { batch.commit(); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_TRUE(holds(error.description(), "No space left on device")) << error.description();
+    EXPECT_EQ(memory->read({"", "A.vla"}), "old");
+    EXPECT_EQ(memory->listItems(""), (Names{"A.vla", "B.vla"}));
+
+    SaveBatch next{files};
+    files.save({"", "B.vla"}, "new");
+    next.commit();
+    EXPECT_EQ(memory->read({"", "A.vla"}), "old");
+    EXPECT_EQ(memory->read({"", "B.vla"}), "new");
+    EXPECT_EQ(files.count(Operation::Commit), 2U);
+}
+
+TEST_F(FaultyBatch, failsTheCommitOfOneFolder) {
+    files.makeFolder("X");
+    files.failOn(Operation::Commit, "X");
+    SaveBatch other{files};
+    files.save({"", "A.vla"}, "new");
+    other.commit();
+    EXPECT_EQ(memory->read({"", "A.vla"}), "new");
+    SaveBatch batch{files};
+    files.save({"X\\", "A.vla"}, "new");
+    EXPECT_EQ(failureOf([&] { batch.commit(); }).number(), errc::FileAccess);
+    EXPECT_TRUE(memory->listItems("X").empty());
+}
+
+TEST_F(FaultyBatch, countsNoCommitOfNothing) {
+    files.failOn(Operation::Commit);
+    SaveBatch batch{files};
+    batch.commit();
+    EXPECT_EQ(files.count(Operation::Commit), 0U);
+}
+
+// ---------------------------------------------------------------------------------------------
+// The disk.
+
+class DiskBatch : public testing::Test {
+  protected:
+    DiskBatch() { saveCalls = SaveCalls{}; }
+    ~DiskBatch() override { saveCalls = SaveCalls{}; }
+
+    ItemPath at(const std::string& name) const { return {root, name}; }
+    void put(const std::string& name, const std::string& content) const {
+        std::ofstream{root + name, std::ios::binary} << content;
+    }
+    std::string contentOf(const std::string& name) const {
+        std::ifstream file{root + name, std::ios::binary};
+        return {std::istreambuf_iterator<char>{file}, {}};
+    }
+    std::set<std::string> names() const {
+        std::set<std::string> all;
+        for (const auto& entry : fs::directory_iterator(root)) {
+            all.insert(entry.path().filename().string());
+        }
+        return all;
+    }
+    mode_t modeOf(const std::string& name) const {
+        struct stat info {};
+        EXPECT_EQ(lstat((root + name).c_str(), &info), 0);
+        return info.st_mode & 07777;
+    }
+
+    TemporaryFolder folder;
+    std::string root = folder.path() + "/";
+    std::unique_ptr<FileSystem> files = makeRealFileSystem();
+};
+
+TEST_F(DiskBatch, syncsTwiceForAThousandFiles) {
+    SaveBatch batch{*files};
+    for (int i = 0; i < 1000; ++i) files->save(at(std::to_string(i) + ".vla"), "new");
+    EXPECT_EQ(saveCalls.syncs, 0);
+    EXPECT_EQ(saveCalls.renames, 0);
+    batch.commit();
+    EXPECT_EQ(saveCalls.log, (Names{"sync all", "rename", "sync folder"}));
+    EXPECT_EQ(saveCalls.renames, 1000);
+    EXPECT_EQ(saveCalls.syncs, 2);
+    EXPECT_EQ(files->listItems(root).size(), 1000U);
+}
+
+TEST_F(DiskBatch, syncsAFileSystemOnceForSeveralFolders) {
+    for (const char* name : {"X", "Y", "Z"}) fs::create_directory(root + name);
+    SaveBatch batch{*files};
+    for (int i = 0; i < 30; ++i) {
+        for (const char* name : {"X", "Y", "Z"}) {
+            files->save({root + name + "/", std::to_string(i) + ".vla"}, "new");
+        }
+    }
+    batch.commit();
+    EXPECT_EQ(saveCalls.log, (Names{"sync all", "rename", "sync folder", "rename", "sync folder",
+                                    "rename", "sync folder"}));
+}
+
+TEST_F(DiskBatch, syncsNothingForNothing) {
+    fs::create_directory(root + "Q.vla");
+    SaveBatch batch{*files};
+    EXPECT_THROW(files->save(at("Q.vla"), "x"), Error);
+    files->save(at("A.vla"), "x");
+    files->remove(at("A.vla"));
+    batch.commit();
+    EXPECT_TRUE(saveCalls.log.empty());
+    EXPECT_EQ(names(), std::set<std::string>{"Q.vla"});
+}
+
+TEST_F(DiskBatch, changesNothingWhenTheSyncFails) {
+    put("A.vla", "old");
+    fs::create_directory(root + "X");
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), "new");
+    files->save({root + "X/", "B.vla"}, "new");
+    saveCalls.failingSync = 1;
+    const Error error = failureOf([&] { batch.commit(); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_EQ(error.description(),
+              "The files in " + root + " can't be written: No space left on device.");
+    EXPECT_EQ(saveCalls.renames, 0);
+    EXPECT_EQ(contentOf("A.vla"), "old");
+    EXPECT_EQ(names(), (std::set<std::string>{"A.vla", "X"}));
+    EXPECT_TRUE(fs::is_empty(root + "X"));
+    files->save(at("A.vla"), "new");
+    EXPECT_EQ(contentOf("A.vla"), "new");
+}
+
+TEST_F(DiskBatch, keepsTheOldFileWhoseRenameFails) {
+    for (const char* name : {"A.vla", "B.vla", "C.vla"}) put(name, "old");
+    saveCalls.failingName = "B.vla";
+    SaveBatch batch{*files};
+    for (const char* name : {"C.vla", "B.vla", "A.vla"}) files->save(at(name), "new");
+    const Error error = failureOf([&] { batch.commit(); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_EQ(error.description(),
+              "The file " + root + "B.vla can't be written: Input/output error.");
+    EXPECT_EQ(contentOf("A.vla") + contentOf("B.vla") + contentOf("C.vla"), "newoldnew");
+    EXPECT_EQ(names(), (std::set<std::string>{"A.vla", "B.vla", "C.vla"}));
+}
+
+TEST_F(DiskBatch, tellsWhenTheNewNamesAreNotConfirmed) {
+    put("A.vla", "old");
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), "new");
+    saveCalls.failingSync = 2;
+    const Error error = failureOf([&] { batch.commit(); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_TRUE(holds(error.description(), "though they are written")) << error.description();
+    EXPECT_EQ(contentOf("A.vla"), "new");
+    EXPECT_EQ(names(), std::set<std::string>{"A.vla"});
+}
+
+TEST_F(DiskBatch, goesOnBehindAFullDisk) {
+    for (const char* name : {"A.vla", "B.vla", "C.vla"}) put(name, "old");
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), "new");
+    files->save(at("B.vla"), "first");
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{1000, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const Error again = failureOf([&] { files->save(at("B.vla"), std::string(5000, 'x')); });
+    const Error fresh = failureOf([&] { files->save(at("C.vla"), std::string(5000, 'x')); });
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_TRUE(holds(again.description(), "File too large")) << again.description();
+    EXPECT_TRUE(holds(fresh.description(), "File too large")) << fresh.description();
+    batch.commit();
+    EXPECT_EQ(contentOf("A.vla") + contentOf("B.vla") + contentOf("C.vla"), "newfirstold");
+    EXPECT_EQ(names(), (std::set<std::string>{"A.vla", "B.vla", "C.vla"}));
+}
+
+TEST_F(DiskBatch, needsFewDescriptors) {
+    saveCalls.skipSync = true;
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit few{40, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &few), 0);
+    SaveBatch batch{*files};
+    for (int i = 0; i < 500; ++i) files->save(at(std::to_string(i) + ".vla"), "new");
+    batch.commit();
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_EQ(files->listItems(root).size(), 500U);
+}
+
+TEST_F(DiskBatch, followsLinks) {
+    fs::create_directory(root + "elsewhere");
+    put("elsewhere/real.vla", "old");
+    put("B.vla", "old");
+    fs::create_symlink("elsewhere/real.vla", root + "Link.vla");
+    fs::create_symlink("B.vla", root + "Near.vla");
+    fs::create_symlink("nowhere", root + "Dangling.vla");
+    fs::create_symlink("Loop.vla", root + "Loop.vla");
+    SaveBatch batch{*files};
+    files->save({root + "elsewhere/", "real.vla"}, "first");
+    files->save(at("LINK.vla"), "second");
+    files->save(at("Near.vla"), "first");
+    files->save(at("B.vla"), "second");
+    files->save(at("Dangling.vla"), "new");
+    EXPECT_EQ(failureOf([&] { files->save(at("Loop.vla"), "x"); }).number(), errc::FileAccess);
+    EXPECT_EQ(contentOf("Link.vla"), "old");
+    batch.commit();
+    EXPECT_TRUE(fs::is_symlink(root + "Link.vla"));
+    EXPECT_TRUE(fs::is_symlink(root + "Near.vla"));
+    EXPECT_EQ(contentOf("elsewhere/real.vla"), "second");
+    EXPECT_EQ(contentOf("B.vla"), "second");
+    EXPECT_EQ(contentOf("Dangling.vla"), "new");
+    EXPECT_EQ(names(), (std::set<std::string>{"elsewhere", "B.vla", "Dangling.vla", "Link.vla",
+                                              "Loop.vla", "Near.vla"}));
+    EXPECT_EQ(std::distance(fs::directory_iterator(root + "elsewhere"), {}), 1);
+}
+
+TEST_F(DiskBatch, keepsModeBits) {
+    const std::vector<std::pair<std::string, unsigned>> modes = {
+        {"A.vla", 0640}, {"B.vla", 0640}, {"C.vla", 0606}, {"D.vla", 0777}, {"E.vla", 0640}};
+    for (const auto& [name, mode] : modes) {
+        put(name, "old");
+        fs::permissions(root + name, fs::perms{mode});
+    }
+    for (const mode_t mask : {0000U, 0022U, 0077U}) {
+        const mode_t before = umask(mask);
+        SaveBatch batch{*files};
+        for (const auto& [name, mode] : modes) files->save(at(name), "new");
+        files->save(at("N" + std::to_string(mask) + ".vla"), "new");
+        batch.commit();
+        umask(before);
+        for (const auto& [name, mode] : modes) EXPECT_EQ(modeOf(name), mode) << name;
+        EXPECT_EQ(modeOf("N" + std::to_string(mask) + ".vla"), 0666U & ~mask);
+    }
+}
+
+TEST_F(DiskBatch, leavesWriteProtectedFilesAlone) {
+    constexpr uid_t Nobody = 65534;
+    for (const char* name : {"A.vla", "B.vla"}) put(name, "old");
+    fs::permissions(root + "A.vla", fs::perms{0444});
+    const bool privileged = geteuid() == 0;
+    if (privileged) {
+        for (const std::string& path : {root, root + "A.vla", root + "B.vla"}) {
+            ASSERT_EQ(chown(path.c_str(), Nobody, static_cast<gid_t>(-1)), 0);
+        }
+        ASSERT_EQ(seteuid(Nobody), 0);
+    }
+    SaveBatch batch{*files};
+    const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
+    files->save(at("B.vla"), "new");
+    batch.commit();
+    if (privileged) {
+        ASSERT_EQ(seteuid(0), 0);
+    }
+    EXPECT_TRUE(holds(error.description(), "Permission denied")) << error.description();
+    EXPECT_EQ(contentOf("A.vla"), "old");
+    EXPECT_EQ(contentOf("B.vla"), "new");
+}
+
+TEST_F(DiskBatch, tellsWhenItsFolderIsGone) {
+    fs::create_directory(root + "X");
+    SaveBatch batch{*files};
+    files->save({root + "X/", "A.vla"}, "new");
+    fs::remove_all(root + "X");
+    const Error save = failureOf([&] { files->save({root + "X/", "B.vla"}, "new"); });
+    EXPECT_TRUE(holds(save.description(), "its folder is not there")) << save.description();
+    files->save(at("B.vla"), "new");
+    const Error error = failureOf([&] { batch.commit(); });
+    EXPECT_TRUE(holds(error.description(), root + "X/A.vla can't be written"))
+        << error.description();
+    EXPECT_EQ(contentOf("B.vla"), "new");
+    EXPECT_EQ(names(), std::set<std::string>{"B.vla"});
+}
+
+TEST_F(DiskBatch, showsEachFileWholeAtAnyMoment) {
+    const auto content = [](char letter) { return std::string(5000, letter); };
+    for (int i = 0; i < 50; ++i) put(std::to_string(i), content('a'));
+    int looks = 0;
+    saveCalls.beforeRename = [&] {
+        ++looks;
+        int news = 0;
+        for (int i = 0; i < 50; ++i) {
+            const std::string seen = contentOf(std::to_string(i));
+            EXPECT_TRUE(seen == content('a') || seen == content('b'));
+            if (seen == content('b')) ++news;
+        }
+        EXPECT_EQ(news, looks - 1);
+    };
+    SaveBatch batch{*files};
+    for (int i = 0; i < 50; ++i) files->save(at(std::to_string(i)), content('b'));
+    batch.commit();
+    EXPECT_EQ(looks, 50);
+}
+
+}  // namespace
+}  // namespace wynconfig
