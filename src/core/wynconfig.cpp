@@ -1,0 +1,91 @@
+// The operations in file mode: each a short fixed sequence around modal forms.
+#include "wynconfig/wynconfig.h"
+
+#include "dialogs/session/frmAddMORAMConfig.h"
+#include "dialogs/session/frmMORAMConfig.h"
+#include "platform/file_system.h"
+#include "platform/text.h"
+#include "services/list_and_name_helpers.h"
+#include "services/on_error.h"
+#include "store/config_global_module.h"
+#include "store/session_record.h"
+#include "wynconfig/dataset.h"
+
+namespace wynconfig {
+
+using namespace ConfigGlobalModule;
+
+namespace {
+
+/// Writes the empty catalogue that marks a store folder, unless it is there.
+void makeCatalogue(OnError& on, const std::string& type, const std::string& folder) {
+    const ItemPath path{folder, type + ".vls"};
+    if (!on.test([&] { return fileSystem().find(path).empty(); })) return;
+    Dataset catalogue;
+    on([&] { catalogue.Create(type, type, folder, session::kColumns); });
+    on([&] { catalogue.SetKey(session::kColumns[0], 3); });
+    on([&] { catalogue.Save(path); });
+}
+
+}  // namespace
+
+void WYNConfig::InitResourceManager(std::shared_ptr<ResourceManager> objResMgr) {
+    g_ResMgr = std::move(objResMgr);
+}
+
+void WYNConfig::init(const std::string& MORRootPath) {
+    // The tag is the handler's fixed one, whatever failed.
+    OnError on{"Class_Initialize: WYN config folders not available"};
+    g_SessionFolder = MORRootPath + "MORAM\\";
+    g_PartFormatFolder = MORRootPath + "PARTFORMAT\\";
+    on.resumeNext();
+    on([&] { fileSystem().makeFolder(g_SessionFolder); });
+    on([&] { fileSystem().makeFolder(g_PartFormatFolder); });
+    on.standard();
+    makeCatalogue(on, "MORAM", g_SessionFolder);
+    makeCatalogue(on, "PARTFORMAT", g_PartFormatFolder);
+}
+
+long WYNConfig::showMORAMConfigDlg(std::string& sName) {
+    OnError on{"WYNConfig:showMORAMConfigDlg"};
+    long result = 0;
+    frmMORAMConfig form;
+    on([&] { form.init(UCase(sName)); });
+    on([&] { form.Show(); });
+    on([&] { sName = form.SessionName(); });
+    on([&] { result = form.Result(); });
+    on([&] { form.Unload(); });
+    return result;
+}
+
+long WYNConfig::showAddMORAMConfigDlg(std::string& sName) {
+    OnError on{"WYNConfig:showAddMORAMConfigDlg"};
+    long result = 0;
+    g_DatasetMode = false;
+    frmAddMORAMConfig adding;
+    frmMORAMConfig configuring;
+    on([&] { adding.init(UCase(sName)); });
+    on([&] { adding.Show(); });
+    on([&] { sName = adding.SessionName(); });
+    if (on.test([&] { return adding.Result() != 0; })) {
+        sName.clear();
+        result = 1;
+    } else {
+        on([&] { configuring.init(sName); });
+        on([&] { configuring.Show(); });
+        if (on.test([&] { return configuring.Result() != 0; })) {
+            const ItemPath file = ItemPath::item(g_SessionFolder, sName);
+            if (on.test([&] { return !fileSystem().find(file).empty(); }))
+                on([&] { fileSystem().remove(file); });
+            sName.clear();
+            result = 1;
+        } else {
+            on([&] { sName = configuring.SessionName(); });
+        }
+    }
+    on([&] { adding.Unload(); });
+    on([&] { configuring.Unload(); });
+    return result;
+}
+
+}  // namespace wynconfig

@@ -1,0 +1,44 @@
+// The prompt's loading and leaving.
+#include "dialogs/partformat/dlgSingleEntry.h"
+
+#include "platform/text.h"
+#include "services/texts.h"
+
+namespace wynconfig {
+
+dlgSingleEntry::dlgSingleEntry() : Form("dlgSingleEntry") {
+    const auto leaveWith = [this](long result) {
+        m_Result = result;
+        Unload();
+    };
+    OKButton.Click = [leaveWith] { leaveWith(0); };
+    CancelButton.Click = [leaveWith] { leaveWith(1); };
+}
+
+FormLayout dlgSingleEntry::declareLayout() {
+    using namespace layout;
+    return {column({titled(lblLabel, txtTextBox), stretch(),
+                    row({stretch(), single(OKButton), single(CancelButton)})}),
+            &OKButton, &CancelButton};
+}
+
+void dlgSingleEntry::SetTextStrings() {
+    applyTexts({{&UniCaption1, "DIALOG_CAPTION", "Rename"},
+                {&lblLabel, "DIALOG_LABEL", "New Name"},
+                {&OKButton, "BUTTON_OK", "OK"},
+                {&CancelButton, "BUTTON_CANCEL", "Cancel"}});
+}
+
+void dlgSingleEntry::Form_Load() {
+    m_Result = 1;
+    SetFormFont(*this);
+    UniCaption1.bind(*this);
+    SetTextStrings();
+}
+
+void dlgSingleEntry::Form_Unload() {
+    m_Text = UCase(txtTextBox.text());
+    UniCaption1.release();
+}
+
+}  // namespace wynconfig

@@ -1,0 +1,239 @@
+// Opening the editor on a new or a stored part format, following the focus, and closing.
+#include "dialogs/partformat/frmPartNumberFormat.h"
+
+#include "platform/text.h"
+#include "services/on_error.h"
+#include "services/status.h"
+#include "services/texts.h"
+#include "store/config_global_module.h"
+#include "store/part_format_record.h"
+#include "store/row_variable.h"
+#include "store/session_record.h"
+
+namespace wynconfig {
+
+using namespace ConfigGlobalModule;
+
+namespace {
+
+constexpr FieldGroupNames kPart{"frmPart",
+                                "chkFormatPartNumber",
+                                "lblPartFieldLength",
+                                "txtPartFieldLength",
+                                "lblPartAlignment",
+                                "rdoPartLeft",
+                                "rdoPartRight",
+                                "lblPartPad",
+                                "txtPartPad",
+                                "<Part#>",
+                                "Format <Part#>",
+                                "PartPad"};
+constexpr FieldGroupNames kQty{
+    "frmQty",          "chkFormatQty", "lblQtyFieldLength", "txtQtyFieldLength",
+    "lblQtyAlignment", "rdoQtyLeft",   "rdoQtyRight",       "lblQtyPad",
+    "txtQtyPad",       "<Quantity>",   "Format <Quantity>", "QtyPad"};
+constexpr FieldGroupNames kDesc{
+    "frmDesc",          "chkFormatDesc", "lblDescFieldLength",   "txtDescFieldLength",
+    "lblDescAlignment", "rdoDescLeft",   "rdoDescRight",         "lblDescPad",
+    "txtDescPad",       "<Description>", "Format <Description>", "DescPad"};
+constexpr FieldGroupNames kVin{
+    "frmVin",          "chkFormatVIN", "lblVINFieldLength", "txtVINFieldLength",
+    "lblVINAlignment", "rdoVINLeft",   "rdoVINRight",       "lblVINPad",
+    "txtVINPad",       "<VIN>",        "Format <VIN>",      "VINPad"};
+
+}  // namespace
+
+FieldGroup::FieldGroup(Form& form, const FieldGroupNames& names)
+    : frame(form, names.frame, names.frameCaption),
+      check(form, names.check, names.checkCaption),
+      lengthLabel(form, names.lengthLabel, "Field Length"),
+      length(form, names.length),
+      alignmentLabel(form, names.alignmentLabel, "Alignment"),
+      left(form, names.left, frame, "Left"),
+      right(form, names.right, frame, "Right"),
+      padLabel(form, names.padLabel, "Pad character"),
+      pad(form, names.pad),
+      padField(names.padField) {}
+
+void FieldGroup::setSettingsEnabled(bool enabled) {
+    for (Control* each : std::initializer_list<Control*>{&length, &pad, &left, &right})
+        each->setEnabled(enabled);
+}
+
+Layout FieldGroup::declareLayout() {
+    using namespace layout;
+    return group(frame,
+                 {single(check), field(lengthLabel, length),
+                  field(alignmentLabel, left, {single(right), stretch()}), field(padLabel, pad)});
+}
+
+frmPartNumberFormat::frmPartNumberFormat()
+    : Form("frmPartNumberFormat"),
+      Part(*this, kPart),
+      Qty(*this, kQty),
+      Desc(*this, kDesc),
+      VIN(*this, kVin),
+      m_places{&txtHeader,  &txtRecord,   &txtSeparator, &txtTrailer, &Part.check, &Part.length,
+               &Part,       &Part.pad,    &Qty.check,    &Qty.length, &Qty,        &Qty.pad,
+               &Desc.check, &Desc.length, &Desc,         &Desc.pad,   &VIN.check,  &VIN.length,
+               &VIN,        &VIN.pad,     &txtMaxRecords} {
+    const auto follow = [this](Edit& box, std::string_view field) {
+        box.GotFocus = [this, field] { m_CurrentField = field; };
+    };
+    follow(txtHeader, "Header");
+    follow(txtRecord, "Record");
+    follow(txtSeparator, "Separator");
+    follow(txtTrailer, "Trailer");
+    follow(txtMaxRecords, "Disabled");
+    for (FieldGroup* group : m_groups) {
+        follow(group->length, "Disabled");
+        follow(group->pad, group->padField);
+        group->check.Click = [this, group] { fieldSwitched(*group); };
+    }
+    txtFormatName.LostFocus = [this] { txtFormatName.setText(UCase(Trim(txtFormatName.text()))); };
+    lstSpecialSymbols2.ItemClick = [this] { lstSpecialSymbols2_ItemClick(); };
+    btnOk.Click = [this] { btnOK_Click(); };
+    btnCancel.Click = [this] { btnCancel_Click(); };
+}
+
+FormLayout frmPartNumberFormat::declareLayout() {
+    using namespace layout;
+    return {
+        column(
+            {field(lblFormatName, txtFormatName),
+             group(frmFormat,
+                   {row({growing(column({field(lblHeader, txtHeader), field(lblRecord, txtRecord),
+                                         field(lblSeparator, txtSeparator),
+                                         field(lblTrailer, txtTrailer), stretch()})),
+                         single(lstSpecialSymbols2)})}),
+             row({growing(Part.declareLayout()), growing(Qty.declareLayout())}),
+             row({growing(Desc.declareLayout()), growing(VIN.declareLayout())}),
+             row({field(lblMaxRecords, txtMaxRecords), stretch(), single(btnOk),
+                  single(btnCancel)})}),
+        &btnOk, &btnCancel};
+}
+
+void frmPartNumberFormat::SetTextStrings() {
+    applyTexts({
+        {&UniCaption1, "PART_FORMAT_TITLE", "Part Number Format"},
+        {&lblFormatName, "PART_FORMAT_LBL_FORMATNAME", "Part Format Name"},
+        {&frmFormat, "PART_FORMAT_FRA_FORMAT", "Parts Format"},
+        {&lblHeader, "PART_FORMAT_LBL_HEADER", "Header"},
+        {&lblRecord, "PART_FORMAT_LBL_RECORD", "Record"},
+        {&lblSeparator, "PART_FORMAT_LBL_SEPARATOR", "Separator"},
+        {&lblTrailer, "PART_FORMAT_LBL_TRAILER", "Trailer"},
+        {&Part.frame, "PART_FORMAT_FRA_PART", "<Part#>"},
+        {&Qty.frame, "PART_FORMAT_FRA_QTY", "<Quantity>"},
+        {&Desc.frame, "PART_FORMAT_FRA_DESC", "<Description>"},
+        {&Part.check, "PART_FORMAT_CHK_FORMATPART", "Format <Part#>"},
+        {&Qty.check, "PART_FORMAT_CHK_FORMATQTY", "Format <Quantity>"},
+        {&Desc.check, "PART_FORMAT_CHK_FORMATDESC", "Format <Description>"},
+        {&Part.lengthLabel, "PART_FORMAT_LBL_FIELDLENGTH", "Field Length"},
+        {&Qty.lengthLabel, "PART_FORMAT_LBL_FIELDLENGTH", "Field Length"},
+        {&Desc.lengthLabel, "PART_FORMAT_LBL_FIELDLENGTH", "Field Length"},
+        {&Part.alignmentLabel, "PART_FORMAT_LBL_ALIGNMENT", "Alignment"},
+        {&Qty.alignmentLabel, "PART_FORMAT_LBL_ALIGNMENT", "Alignment"},
+        {&Desc.alignmentLabel, "PART_FORMAT_LBL_ALIGNMENT", "Alignment"},
+        {&Part.left, "PART_FORMAT_OPT_LEFT", "Left"},
+        {&Qty.left, "PART_FORMAT_OPT_LEFT", "Left"},
+        {&Desc.left, "PART_FORMAT_OPT_LEFT", "Left"},
+        {&Part.right, "PART_FORMAT_OPT_RIGHT", "Right"},
+        {&Qty.right, "PART_FORMAT_OPT_RIGHT", "Right"},
+        {&Desc.right, "PART_FORMAT_OPT_RIGHT", "Right"},
+        {&Part.padLabel, "PART_FORMAT_LBL_PADCHAR", "Pad character"},
+        {&Qty.padLabel, "PART_FORMAT_LBL_PADCHAR", "Pad character"},
+        {&Desc.padLabel, "PART_FORMAT_LBL_PADCHAR", "Pad character"},
+        {&lblMaxRecords, "PART_FORMAT_LBL_MAXRECORDS", "Maximum Records"},
+        {&btnOk, "BUTTON_OK", "Ok"},
+        {&btnCancel, "BUTTON_CANCEL", "Cancel"},
+    });
+}
+
+void frmPartNumberFormat::Form_Load() {
+    SetFormFont(*this);
+    prepareSymbols();
+    UniCaption1.bind(*this);
+    SetTextStrings();
+}
+
+void frmPartNumberFormat::Form_Unload() {
+    m_FormatName = UCase(txtFormatName.text());
+    UniCaption1.release();
+}
+
+void frmPartNumberFormat::init(const std::string& sName) {
+    OnError on{"frmPartNumberFormat:init"};
+    m_OKCaption = fetchString(on, "BUTTON_OK");
+    if (sName.empty()) {
+        showFirstValues(on);
+    } else {
+        m_Dataset = std::make_shared<Dataset>();
+        if (g_DatasetMode)
+            on([&] { m_Dataset = g_PartFormats.Item(sName); });
+        else
+            on([&] { m_Dataset->Load(ItemPath::item(g_PartFormatFolder, UCase(sName)), 0); });
+        on([&] { txtFormatName.setText(UCase(sName)); });
+        on.resumeNext();
+        showRecord(on);
+        on.standard();
+    }
+    fillSymbols(on);
+    for (FieldGroup* group : m_groups) on([&] { fieldSwitched(*group); });
+    m_CurrentField = "Header";
+}
+
+void frmPartNumberFormat::showFirstValues(OnError& on) {
+    const auto& keys = partformat::keys();
+    for (FieldGroup* group : m_groups) {
+        on([&] { group->check.setValue(false); });
+        on([&] { group->right.setValue(true); });
+    }
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (keys[i].kind == partformat::Kind::Length)
+            on([&] { std::get<Edit*>(m_places[i])->setText(keys[i].firstValue); });
+    }
+}
+
+/// One pass through one row variable: an absent key takes the data of the nearest key before it.
+void frmPartNumberFormat::showRecord(OnError& on) {
+    RowVariable row;
+    const auto& keys = partformat::keys();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        on([&] { row.read(*m_Dataset, keys[i].name); });
+        if (auto* box = std::get_if<Edit*>(&m_places[i])) {
+            on([&] { (*box)->setText(row.data()); });
+        } else if (auto* check = std::get_if<CheckBox*>(&m_places[i])) {
+            const bool off = on.test([&] { return row.data() == "false"; });
+            on([&] { (*check)->setValue(!off); });
+        } else {
+            FieldGroup& group = *std::get<FieldGroup*>(m_places[i]);
+            const bool right = on.test([&] { return row.data() == "right"; });
+            on([&] { (right ? group.right : group.left).setValue(true); });
+        }
+    }
+}
+
+std::string frmPartNumberFormat::valueAt(const Place& place) const {
+    if (auto* box = std::get_if<Edit*>(&place)) return (*box)->text();
+    if (auto* check = std::get_if<CheckBox*>(&place)) return session::switchText((*check)->value());
+    return std::get<FieldGroup*>(place)->right.value() ? "right" : "left";
+}
+
+void frmPartNumberFormat::fieldSwitched(FieldGroup& group) {
+    const bool on = group.check.value();
+    group.setSettingsEnabled(on);
+    m_CurrentField = on ? group.padField : "Disabled";
+}
+
+void frmPartNumberFormat::btnOK_Click() {
+    if (ApplyChanges() != kApplied) return;
+    m_Result = 0;
+    Unload();
+}
+
+void frmPartNumberFormat::btnCancel_Click() {
+    m_Result = 1;
+    Unload();
+}
+
+}  // namespace wynconfig

@@ -1,0 +1,126 @@
+// The part format editor. Its code is cut by what it does: opening and closing
+// (frmPartNumberFormat.cpp), checking and saving (frmPartNumberFormatSave.cpp), and the list of
+// special symbols (frmPartNumberFormatSymbols.cpp).
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "wynconfig/dataset.h"
+#include "wynconfig/form.h"
+
+namespace wynconfig {
+
+class OnError;
+
+/// The names of one field group's controls, and its fixed captions.
+struct FieldGroupNames {
+    std::string_view frame;
+    std::string_view check;
+    std::string_view lengthLabel;
+    std::string_view length;
+    std::string_view alignmentLabel;
+    std::string_view left;
+    std::string_view right;
+    std::string_view padLabel;
+    std::string_view pad;
+    std::string_view frameCaption;
+    std::string_view checkCaption;
+    std::string_view padField;  ///< what the editor calls the pad box as a target of symbols
+};
+
+/// The settings of one data field: its switch, length, alignment and pad.
+struct FieldGroup {
+    FieldGroup(Form& form, const FieldGroupNames& names);
+
+    Frame frame;
+    CheckBox check;
+    Label lengthLabel;
+    Edit length;
+    Label alignmentLabel;
+    OptionButton left;
+    OptionButton right;
+    Label padLabel;
+    Edit pad;
+    std::string_view padField;
+
+    /// Length, alignment and pad can be used while the switch is on.
+    void setSettingsEnabled(bool enabled);
+    Layout declareLayout();
+};
+
+class frmPartNumberFormat : public Form {
+  public:
+    frmPartNumberFormat();
+
+    /// Readies the dialog for a part format; an empty name asks for a new one.
+    void init(const std::string& sName);
+    /// The upper-cased text of the name box at the moment of unloading.
+    const std::string& FormatName() const { return m_FormatName; }
+    /// 0 saved, or closed by the frame; 1 cancelled.
+    long Result() const { return m_Result; }
+    void SetTextStrings();
+
+    FormCaption UniCaption1{*this, "UniCaption1"};
+    MsgBox UniMsgBox1{*this, "UniMsgBox1"};
+    Label lblFormatName{*this, "lblFormatName", "Part Format Name"};
+    Edit txtFormatName{*this, "txtFormatName"};
+    Frame frmFormat{*this, "frmFormat", "Parts Format"};
+    Label lblHeader{*this, "lblHeader", "Header"};
+    Edit txtHeader{*this, "txtHeader"};
+    Label lblRecord{*this, "lblRecord", "Record"};
+    Edit txtRecord{*this, "txtRecord"};
+    Label lblSeparator{*this, "lblSeparator", "Separator"};
+    Edit txtSeparator{*this, "txtSeparator"};
+    Label lblTrailer{*this, "lblTrailer", "Trailer"};
+    Edit txtTrailer{*this, "txtTrailer"};
+    ListView lstSpecialSymbols2{*this, "lstSpecialSymbols2"};
+    FieldGroup Part;
+    FieldGroup Qty;
+    FieldGroup Desc;
+    FieldGroup VIN;
+    Label lblMaxRecords{*this, "lblMaxRecords", "Maximum Records"};
+    Edit txtMaxRecords{*this, "txtMaxRecords"};
+    Button btnOk{*this, "btnOk", "Ok"};
+    Button btnCancel{*this, "btnCancel", "Cancel"};
+
+  private:
+    /// Where the value of a key stands: a box, a switch, or a pair of alignment options.
+    using Place = std::variant<Edit*, CheckBox*, FieldGroup*>;
+
+    void Form_Load() override;
+    void Form_Unload() override;
+    FormLayout declareLayout() override;
+
+    void showFirstValues(OnError& on);
+    void showRecord(OnError& on);
+    std::string valueAt(const Place& place) const;
+    void fieldSwitched(FieldGroup& group);
+    void btnOK_Click();
+    void btnCancel_Click();
+
+    bool ValidatePartFormat();
+    long ApplyChanges();
+    bool isNameTaken(OnError& on, const std::string& name);
+    void refuseTakenName(OnError& on);
+    void createRecord(OnError& on, const std::string& name);
+    void renameRecord(OnError& on, const std::string& name);
+
+    void prepareSymbols();
+    void fillSymbols(OnError& on);
+    void lstSpecialSymbols2_ItemClick();
+
+    std::array<FieldGroup*, 4> m_groups{&Part, &Qty, &Desc, &VIN};
+    /// The places of the keys of a part format record, in the order of its table.
+    std::array<Place, 21> m_places;
+    long m_Result = 0;
+    std::shared_ptr<Dataset> m_Dataset;
+    std::string_view m_CurrentField;
+    std::string m_FormatName;
+    std::string m_OKCaption;
+};
+
+}  // namespace wynconfig

@@ -1,0 +1,189 @@
+// Reading, checking and storing the window search, the delays and the launch switch of a session.
+#include "dialogs/session/dlgAdvConfig.h"
+
+#include "platform/numbers.h"
+#include "services/on_error.h"
+#include "services/status.h"
+#include "services/texts.h"
+#include "store/config_global_module.h"
+#include "store/session_record.h"
+#include "wynconfig/error.h"
+#include "wynconfig/view.h"
+
+namespace wynconfig {
+
+using namespace ConfigGlobalModule;
+
+dlgAdvConfig::dlgAdvConfig() : Form("dlgAdvConfig") {
+    OKButton.Click = [this] { OKButton_Click(); };
+    CancelButton.Click = [this] { CancelButton_Click(); };
+    chkDisableProgramLaunch.Click = [this] { chkDisableProgramLaunch_Click(); };
+}
+
+FormLayout dlgAdvConfig::declareLayout() {
+    using namespace layout;
+    return {
+        column({group(FrameWindowTitle, {single(txtWindowTitle),
+                                         row({single(btnTitleContains), single(btnTitleStartsWith),
+                                              single(btnTitleMatches), stretch()})}),
+                group(FrameClassTitle, {single(txtWindowClass),
+                                        row({single(btnClassContains), single(btnClassStartsWith),
+                                             single(btnClassMatches), stretch()})}),
+                group(Frame1, {single(chkDisableProgramLaunch),
+                               field(lblProgramLaunchDelay, txtProgramLaunchDelay),
+                               field(lblWindowTitleClassDelay, txtWindowTitleClassDelay)}),
+                stretch(), row({stretch(), single(OKButton), single(CancelButton)})}),
+        &OKButton, &CancelButton};
+}
+
+void dlgAdvConfig::SetTextStrings() {
+    applyTexts({
+        {&UniCaption1, "ADV_CONFIG_TITLE", "Advanced Configuration"},
+        {&chkDisableProgramLaunch, "ADV_CONFIG_CHK_DISABLEPROGRAMLAUNCH", "Disable Program Launch"},
+        {&lblProgramLaunchDelay, "ADV_CONFIG_LBL_PROGRAMLAUNCHDELAY", "Program Launch Delay"},
+        {&lblWindowTitleClassDelay, "ADV_CONFIG_LBL_WINDOWTITLECLASSDELAY",
+         "Window Title/Class Delay"},
+        {&FrameWindowTitle, "ADV_CONFIG_LBL_WINDOWTITLE", "Window Title"},
+        {&btnTitleContains, "MORAM2_SEARCH_TYPE_CONTAINS", "Contains"},
+        {&btnTitleStartsWith, "MORAM2_SEARCH_TYPE_STARTSWITH", "Starts with"},
+        {&btnTitleMatches, "MORAM2_SEARCH_TYPE_MATCHES", "Matches"},
+        {&FrameClassTitle, "ADV_CONFIG_LBL_WINDOWCLASS", "Window Class"},
+        {&btnClassContains, "MORAM2_SEARCH_TYPE_CONTAINS", "Contains"},
+        {&btnClassStartsWith, "MORAM2_SEARCH_TYPE_STARTSWITH", "Starts with"},
+        {&btnClassMatches, "MORAM2_SEARCH_TYPE_MATCHES", "Matches"},
+        {&OKButton, "BUTTON_OK", "OK"},
+        {&CancelButton, "BUTTON_CANCEL", "Cancel"},
+    });
+}
+
+void dlgAdvConfig::Form_Load() {
+    SetFormFont(*this);
+    UniCaption1.bind(*this);
+    SetTextStrings();
+}
+
+void dlgAdvConfig::Form_Unload() {
+    UniCaption1.release();
+}
+
+void dlgAdvConfig::MatchOptions::show(const std::string& stored) {
+    contains.setValue(false);
+    if (stored == "starts with")
+        startsWith.setValue(true);
+    else if (stored == "matches")
+        matches.setValue(true);
+    else
+        contains.setValue(true);
+}
+
+std::string dlgAdvConfig::MatchOptions::stored() const {
+    if (contains.value()) return "contains";
+    return startsWith.value() ? "starts with" : "matches";
+}
+
+void dlgAdvConfig::init(const std::shared_ptr<Dataset>& partlist, const std::string& sSessionName) {
+    if (!partlist) return;
+    m_Dataset = partlist;
+    m_SessionName = sSessionName;
+    OnError on{"dlgAdvConfig:init"};
+    m_OKCaption = fetchString(on, "BUTTON_OK");
+    try {
+        showDefaults();
+        showRecord();
+    } catch (...) {
+        // The first key without a row ends the reading; what lies behind it keeps its default.
+        (void)Error::fromCurrentException();
+    }
+}
+
+void dlgAdvConfig::showDefaults() {
+    chkDisableProgramLaunch.setValue(false);
+    showLaunchDelayEnabled(true);
+    txtProgramLaunchDelay.setText("0");
+    txtWindowTitleClassDelay.setText("0");
+    btnTitleContains.setValue(true);
+    btnClassContains.setValue(true);
+}
+
+void dlgAdvConfig::showRecord() {
+    const auto data = [this](const std::string& key) { return m_Dataset->GetRow(key)[1]; };
+    m_titleMatch.show(data(session::WindowTitleSearchType));
+    m_classMatch.show(data(session::WindowClassSearchType));
+    txtWindowTitle.setText(data(session::WindowTitle));
+    txtWindowClass.setText(data(session::WindowClass));
+    if (data(session::DisableProgramLaunch) == "true") {
+        chkDisableProgramLaunch.setValue(true);
+        showLaunchDelayEnabled(false);
+    }
+    txtWindowTitleClassDelay.setText(data(session::WindowTitleClassDelay));
+    txtProgramLaunchDelay.setText(data(session::ProgramLaunchDelay));
+}
+
+void dlgAdvConfig::showLaunchDelayEnabled(bool enabled) {
+    txtProgramLaunchDelay.setEnabled(enabled);
+    txtProgramLaunchDelay.setBackground(enabled ? Background::Window : Background::InactiveBorder);
+}
+
+void dlgAdvConfig::chkDisableProgramLaunch_Click() {
+    const bool disabled = chkDisableProgramLaunch.value();
+    if (disabled) txtProgramLaunchDelay.setText("0");
+    showLaunchDelayEnabled(!disabled);
+}
+
+void dlgAdvConfig::OKButton_Click() {
+    if (ApplyChanges() != kApplied) return;
+    m_Result = 0;
+    Unload();
+}
+
+void dlgAdvConfig::CancelButton_Click() {
+    m_Result = 1;
+    Unload();
+}
+
+long dlgAdvConfig::ApplyChanges() {
+    OnError on{"dlgAdvConfig:ApplyChanges"};
+    if (on.test([&] { return !IsNumeric(txtWindowTitleClassDelay.text()); }))
+        return refuse(on, "ADV_CONFIG_MSG_ENTER_VALID_TITLE_DELAY", "ADV_CONFIG_MSG_TITLE_DELAY",
+                      txtWindowTitleClassDelay);
+    if (on.test([&] {
+            return !IsNumeric(txtProgramLaunchDelay.text()) && !chkDisableProgramLaunch.value();
+        }))
+        return refuse(on, "ADV_CONFIG_MSG_ENTER_VALID_LAUNCH_DELAY", "ADV_CONFIG_MSG_LAUNCH_DELAY",
+                      txtProgramLaunchDelay);
+    on([&] { SaveAdvancedChanges(); });
+    return kApplied;
+}
+
+long dlgAdvConfig::refuse(OnError& on, const std::string& textKey, const std::string& titleKey,
+                          Edit& box) {
+    const std::string text = fetchString(on, textKey);
+    const std::string title = fetchString(on, titleKey);
+    on([&] { UniMsgBox1.ShowMsg(text, boxstyle::Critical, title, m_OKCaption); });
+    on([&] { box.setFocus(); });
+    return kRefused;
+}
+
+long dlgAdvConfig::SaveAdvancedChanges() {
+    if (!m_Dataset) return 0;
+    OnError on = OnError::ignoring();
+    const auto put = [&](const std::string& key, const auto& value) {
+        on([&] { session::replaceRow(on, *m_Dataset, key, value()); });
+    };
+    put(session::WindowTitleSearchType, [&] { return m_titleMatch.stored(); });
+    put(session::WindowClassSearchType, [&] { return m_classMatch.stored(); });
+    put(session::WindowTitle, [&] { return txtWindowTitle.text(); });
+    put(session::WindowClass, [&] { return txtWindowClass.text(); });
+    put(session::DisableProgramLaunch,
+        [&] { return session::switchText(chkDisableProgramLaunch.value()); });
+    put(session::WindowTitleClassDelay, [&] { return txtWindowTitleClassDelay.text(); });
+    put(session::ProgramLaunchDelay, [&] { return txtProgramLaunchDelay.text(); });
+    // No control stands behind these two; they are there for the host.
+    put(session::WindowTitleCaseSensitive, [] { return session::switchText(true); });
+    put(session::WindowClassCaseSensitive, [] { return session::switchText(false); });
+    if (!g_DatasetMode)
+        on([&] { m_Dataset->Save(ItemPath::item(g_SessionFolder, m_SessionName)); });
+    return 0;
+}
+
+}  // namespace wynconfig

@@ -1,0 +1,273 @@
+// The part format tab: moving formats between the lists, and making, editing, copying, renaming and
+// deleting them.
+#include <algorithm>
+
+#include "dialogs/partformat/dlgSingleEntry.h"
+#include "dialogs/partformat/frmPartNumberFormat.h"
+#include "dialogs/session/frmMORAMConfig.h"
+#include "platform/file_system.h"
+#include "platform/text.h"
+#include "services/list_and_name_helpers.h"
+#include "services/on_error.h"
+#include "services/texts.h"
+#include "store/config_global_module.h"
+#include "wynconfig/view.h"
+
+namespace wynconfig {
+
+using namespace ConfigGlobalModule;
+
+void frmMORAMConfig::btnAdd_Click() {
+    OnError on{"UnifrmMORAMConfig:btnAdd_Click"};
+    if (const ListRow* selected = lstAvailableFormats.selectedItem()) {
+        const std::string name = selected->text;
+        // Texts are compared, not keys: after a rename a row's text and key part ways.
+        const auto& rows = lstSelectedFormats2.rows();
+        if (std::any_of(rows.begin(), rows.end(),
+                        [&](const ListRow& row) { return row.text == name; }))
+            return;
+        on([&] { lstSelectedFormats2.add(name, name, font()); });
+    }
+    on([&] { lstSelectedFormats2.refresh(); });
+}
+
+void frmMORAMConfig::btnRemove_Click() {
+    OnError on{"UnifrmMORAMConfig:btnRemove_Click"};
+    if (const ListRow* selected = lstSelectedFormats2.selectedItem()) {
+        const std::string key = selected->key;
+        on([&] { lstSelectedFormats2.remove(key); });
+    }
+    on([&] { lstSelectedFormats2.refresh(); });
+}
+
+void frmMORAMConfig::UpdateLstSelectedFormats(const std::string& sOld, const std::string& sNew) {
+    OnError on{"UnifrmMORAMConfig:UpdateLstSelectedFormats"};
+    const auto& rows = lstSelectedFormats2.rows();
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [&](const ListRow& each) { return each.text == sOld; });
+    if (row == rows.end()) return;
+    if (sNew.empty()) {
+        const std::string key = row->key;
+        on([&] { lstSelectedFormats2.remove(key); });
+    } else {
+        // The row's key stays the old name.
+        const auto number = static_cast<std::size_t>(row - rows.begin()) + 1;
+        on([&] { lstSelectedFormats2.setRowText(number, sNew); });
+    }
+    on([&] { lstSelectedFormats2.refresh(); });
+}
+
+void frmMORAMConfig::btnNew_Click() {
+    frmPartNumberFormat editor;
+    editor.init("");
+    editor.Show();
+    const std::string name = editor.FormatName();
+    loadAvailableFormats();
+    if (!name.empty() && editor.Result() == 0) {
+        lstAvailableFormats.select(name);
+        lstAvailableFormats.refresh();
+        lstAvailableFormats.setFocus();
+    }
+    editor.Unload();
+}
+
+void frmMORAMConfig::btnEdit_Click() {
+    OnError on{"UnifrmMORAMConfig:btnEdit_Click"};
+    const ListRow* selected = lstAvailableFormats.selectedItem();
+    if (!selected) return;
+    const std::string name = selected->text;
+    if (g_DatasetMode && isFactoryRefused(on, name)) return;
+    frmPartNumberFormat editor;
+    on([&] { editor.init(name); });
+    on([&] { editor.Show(); });
+    if (on.test([&] { return editor.Result() == 0; })) {
+        const std::string& newName = editor.FormatName();
+        on([&] { UpdateLstSelectedFormats(name, newName); });
+        on([&] { UpdatePartNumberFormatsInAllMORAMs(name, newName); });
+        on([&] { loadAvailableFormats(); });
+        selectAvailable(on, newName);
+    }
+    on([&] { editor.Unload(); });
+    on([&] { lstAvailableFormats.refresh(); });
+    on([&] { lstAvailableFormats.setFocus(); });
+}
+
+void frmMORAMConfig::btnCopy_Click() {
+    OnError on{"UnifrmMORAMConfig:btnCopy_Click"};
+    const ListRow* selected = lstAvailableFormats.selectedItem();
+    if (!selected) return;
+    const std::string name = selected->text;
+    if (g_DatasetMode) {
+        copyInMemory(on, name);
+    } else {
+        const std::string copyName = "COPY OF " + UCase(name);
+        Dataset copy;
+        on([&] { copy.Load(ItemPath::item(g_PartFormatFolder, UCase(name)), 0); });
+        on([&] { copy.setName(copyName); });
+        on([&] { copy.Save(ItemPath::item(g_PartFormatFolder, copyName)); });
+    }
+    on([&] { loadAvailableFormats(); });
+    selectAvailable(on, name);
+}
+
+void frmMORAMConfig::copyInMemory(OnError& on, const std::string& name) {
+    const std::string copyName = "COPY OF " + UCase(name);
+    const auto copy = std::make_shared<Dataset>();
+    if (on.test([&] { return IsFactoryPartFormat(name); })) {
+        on([&] { copy->Load(ItemPath::item(g_PartFormatFolder, UCase(name)), 0); });
+        on([&] { copy->setName(copyName); });
+    } else if (on.test([&] { return IsItemInCollection(g_PartFormats, name); })) {
+        Document document;
+        on([&] { g_PartFormats.Item(name)->Save(document); });
+        on([&] { copy->Load(document, 0); });
+        on([&] { copy->setName(copyName); });
+    }
+    if (copy->Name().empty()) return;
+    on.resumeNext();
+    const bool added = on([&] { g_PartFormats.Add(copy, copyName); });
+    on.standard();
+    if (added) return;
+    on([&] { g_PartFormats.Remove(copyName); });
+    on([&] { g_PartFormats.Add(copy, copyName); });
+}
+
+void frmMORAMConfig::btnRename_Click() {
+    OnError on{"UnifrmMORAMConfig:btnRename_Click"};
+    const ListRow* selected = lstAvailableFormats.selectedItem();
+    if (!selected) return;
+    const std::string oldName = selected->text;
+    if (g_DatasetMode && isFactoryRefused(on, oldName)) return;
+    dlgSingleEntry prompt;
+    on([&] { prompt.setCaption(GetString("DIALOG_CAPTION")); });
+    on([&] { prompt.setLabel(GetString("DIALOG_LABEL")); });
+    on([&] { prompt.setTextBox(oldName); });
+    on([&] { prompt.Show(); });
+    if (prompt.Result() == 0) {
+        const std::string& newName = prompt.TextBox();
+        if (newName.empty() || newName == oldName || isNewNameRefused(on, newName)) return;
+        if (g_DatasetMode) {
+            if (!renameInMemory(on, oldName, newName)) return;
+        } else {
+            const ItemPath oldFile = ItemPath::item(g_PartFormatFolder, UCase(oldName));
+            Dataset format;
+            on([&] { format.Load(oldFile, 0); });
+            on([&] { format.setName(UCase(newName)); });
+            on([&] { format.Save(ItemPath::item(g_PartFormatFolder, UCase(newName))); });
+            on([&] { fileSystem().remove(oldFile); });
+        }
+        on([&] { UpdateLstSelectedFormats(oldName, UCase(newName)); });
+        on([&] { UpdatePartNumberFormatsInAllMORAMs(oldName, UCase(newName)); });
+        on([&] { loadAvailableFormats(); });
+        selectAvailable(on, newName);
+    }
+    on([&] { prompt.Unload(); });
+    on([&] { lstAvailableFormats.refresh(); });
+    on([&] { lstAvailableFormats.setFocus(); });
+}
+
+bool frmMORAMConfig::isNewNameRefused(OnError& on, const std::string& name) {
+    if (on.test([&] { return IsInvalidName(name); })) {
+        const std::string text = fetchString(on, "MORAM_CONFIG_MSG_INVALID_CHARS");
+        showMessage(on, text + "\r\n" + kForbiddenInNames, boxstyle::Critical,
+                    "MORAM_CONFIG_MSG_INVALID_CONFIG");
+        return true;
+    }
+    if (on.test([&] { return IsFactoryPartFormat(name); })) {
+        refuseTakenName(on, name);
+        return true;
+    }
+    return false;
+}
+
+/// Here the name leads, with a colon behind it, other than in the session's own message.
+void frmMORAMConfig::refuseTakenName(OnError& on, const std::string& name) {
+    const std::string exists = fetchString(on, "MORAM_CONFIG_MSG_NAME_EXISTS");
+    const std::string reenter = fetchString(on, "MORAM_CONFIG_MSG_REENTER_NAME");
+    showMessage(on, name + ": " + exists + ". " + reenter, boxstyle::Critical,
+                "MORAM_CONFIG_MSG_FORMAT_NAME");
+}
+
+bool frmMORAMConfig::renameInMemory(OnError& on, const std::string& oldName,
+                                    const std::string& newName) {
+    if (on.test([&] { return IsItemInCollection(g_PartFormats, newName); })) {
+        refuseTakenName(on, newName);
+        return false;
+    }
+    if (on.test([&] { return IsItemInCollection(g_PartFormats, oldName); })) {
+        std::shared_ptr<Dataset> format;
+        on([&] { format = g_PartFormats.Item(oldName); });
+        on([&] { g_PartFormats.Remove(oldName); });
+        on([&] { format->setName(newName); });
+        on([&] { g_PartFormats.Add(format, newName); });
+        on([&] { RenamePartNumberFormatsInCurrentMORAM(oldName, newName); });
+    }
+    return true;
+}
+
+void frmMORAMConfig::btnDelete_Click() {
+    OnError on{"UnifrmMORAMConfig:btnDelete_Click"};
+    const ListRow* selected = lstAvailableFormats.selectedItem();
+    if (!selected) return;
+    const std::string name = selected->text;
+    const std::string question = fetchString(on, "MORAM_CONFIG_MSG_DELETE_CONFIG");
+    const std::string title = fetchString(on, "MORAM_CONFIG_MSG_ARE_YOU_SURE");
+    int pressed = 0;
+    on([&] { pressed = UniMsgBox1.ShowMsg(question, boxstyle::YesNo, title, ""); });
+    if (pressed != answer::Yes) return;
+    if (!g_DatasetMode) return deleteInFiles(on, name);
+    if (isFactoryRefused(on, name)) return;
+    on([&] { DeleteUserPartFormat(name); });
+    on([&] { RenamePartNumberFormatsInCurrentMORAM(name, ""); });
+}
+
+void frmMORAMConfig::deleteInFiles(OnError& on, const std::string& name) {
+    std::string session;
+    if (on.test([&] { return CheckForLastPartNumberFormatInAllMORAMs(name, session); })) {
+        const std::string text = fetchString(on, "MORAM_CONFIG_MSG_LAST_PART_FORMAT");
+        showMessage(on, text + " " + session, boxstyle::OkOnly, "MORAM_CONFIG_TAB_PART_FORMAT");
+        return;
+    }
+    if (!name.empty()) {
+        const ItemPath file = ItemPath::item(g_PartFormatFolder, name);
+        on.resumeNext();
+        on([&] { fileSystem().makeFolder(g_PartFormatFolder + "deleted"); });
+        on.standard();
+        Dataset format;
+        on([&] { format.Load(file, 0); });
+        on([&] { format.Save(ItemPath::item(g_PartFormatFolder + "deleted\\", name)); });
+        on([&] { fileSystem().remove(file); });
+    }
+    on([&] { UpdateLstSelectedFormats(name, ""); });
+    on([&] { UpdatePartNumberFormatsInAllMORAMs(name, ""); });
+    on([&] { loadAvailableFormats(); });
+}
+
+void frmMORAMConfig::DeleteUserPartFormat(const std::string& sName) {
+    OnError on{"UnifrmMORAMConfig:DeleteUserPartFormat"};
+    on([&] { g_PartFormats.Remove(sName); });
+    on([&] { loadAvailableFormats(); });
+    on([&] { UpdateLstSelectedFormats(sName, ""); });
+    on([&] { lstAvailableFormats.refresh(); });
+    on([&] { lstAvailableFormats.setFocus(); });
+}
+
+bool frmMORAMConfig::isFactoryRefused(OnError& on, const std::string& name) {
+    if (!on.test([&] { return IsFactoryPartFormat(name); })) return false;
+    showMessage(on, fetchString(on, "MORAM_CONFIG_MSG_CANNOT_MODIFY_FACTORY_DEFAULTS"),
+                boxstyle::Critical, "MORAM_CONFIG_MSG_ERROR");
+    return true;
+}
+
+void frmMORAMConfig::showMessage(OnError& on, const std::string& text, int style,
+                                 const std::string& titleKey) {
+    const std::string title = fetchString(on, titleKey);
+    on([&] { UniMsgBox1.ShowMsg(text, style, title, m_OKCaption); });
+}
+
+void frmMORAMConfig::selectAvailable(OnError& on, const std::string& name) {
+    on([&] { lstAvailableFormats.select(name); });
+    on([&] { lstAvailableFormats.refresh(); });
+    on([&] { lstAvailableFormats.setFocus(); });
+}
+
+}  // namespace wynconfig

@@ -1,0 +1,45 @@
+// Lists all sessions of the session folder. One hidden instance hosts the failure box.
+#pragma once
+
+#include <string>
+
+#include "wynconfig/form.h"
+
+namespace wynconfig {
+
+class frmMORAMMaintenance : public Form {
+  public:
+    frmMORAMMaintenance();
+
+    /// Keeps the name of the session to select at load. Touches no control.
+    void init(const std::string& sSessionName) { m_SessionName = sSessionName; }
+    /// 0 a session was chosen, 1 otherwise.
+    long Result() const { return m_Result; }
+    /// The name that `init` gave; on leaving, the name chosen.
+    const std::string& SessionName() const { return m_SessionName; }
+    void SetTextStrings();
+
+    FormCaption UniCaption1{*this, "UniCaption1"};
+    MsgBox UniMsgBox1{*this, "UniMsgBox1"};
+    Label lblSelectSession{*this, "lblSelectSession", "Select a session"};
+    ListView lstAvailableMORAMs2{*this, "lstAvailableMORAMs2"};
+    Button btnNew{*this, "btnNew", "New"};
+    Button btnDelete{*this, "btnDelete", "Delete"};
+    Button btnEdit{*this, "btnEdit", "Edit"};
+    Button btnOK{*this, "btnOK", "OK"};
+    Button btnCancel{*this, "btnCancel", "Cancel"};
+
+  private:
+    void Form_Load() override;
+    void Form_Unload() override;
+    FormLayout declareLayout() override;
+
+    void loadLstAvailableMORAMs();
+    void btnOK_Click();
+    void btnCancel_Click();
+
+    long m_Result = 0;
+    std::string m_SessionName;
+};
+
+}  // namespace wynconfig

@@ -1,0 +1,174 @@
+// Reading, checking and storing the file that a session writes.
+#include "dialogs/session/frmTallyvaneConfig.h"
+
+#include <vector>
+
+#include "platform/text.h"
+#include "services/item_lists.h"
+#include "services/list_and_name_helpers.h"
+#include "services/on_error.h"
+#include "services/status.h"
+#include "services/texts.h"
+#include "store/config_global_module.h"
+#include "store/session_record.h"
+#include "wynconfig/view.h"
+
+namespace wynconfig {
+
+using namespace ConfigGlobalModule;
+
+frmTallyvaneConfig::frmTallyvaneConfig() : Form("frmTallyvaneConfig") {
+    btnBrowseFolder.Click = [this] { btnBrowseFolder_Click(); };
+    btnOk.Click = [this] { btnOk_Click(); };
+    btnCancel.Click = [this] { btnCancel_Click(); };
+}
+
+FormLayout frmTallyvaneConfig::declareLayout() {
+    using namespace layout;
+    return {
+        column({field(lblPartFormat, cboPartFormat), field(lblFileName, txtFileName),
+                field(lblFileFolder, txtFileFolder, {single(btnBrowseFolder)}),
+                row({single(rdoAppend), single(rdoOverWrite), stretch()}), single(chkWriteFileOnly),
+                stretch(), row({stretch(), single(btnOk), single(btnCancel)})}),
+        &btnOk, &btnCancel};
+}
+
+void frmTallyvaneConfig::SetTextStrings() {
+    applyTexts({
+        {&UniCaption1, "TVW_CONFIG_TITLE", "Configure Tallyvane Session"},
+        {&lblPartFormat, "MORAM_CONFIG_MSG_PART_FORMAT", "Part Format"},
+        {&lblFileName, "TVW_CONFIG_LBL_FILE_NAME", "File Name"},
+        {&lblFileFolder, "TVW_CONFIG_LBL_FILE_FOLDER", "File Folder"},
+        {&btnBrowseFolder, "BUTTON_BROWSE", "Browse"},
+        {&rdoAppend, "TVW_CONFIG_RDO_APPEND", "Append"},
+        {&rdoOverWrite, "TVW_CONFIG_RDO_OVER_WRITE", "Over Write"},
+        {&chkWriteFileOnly, "TVW_CONFIG_CHK_WRITE_FILE_ONLY", "Write File Only"},
+        {&btnOk, "BUTTON_OK", "OK"},
+        {&btnCancel, "BUTTON_CANCEL", "Cancel"},
+    });
+}
+
+void frmTallyvaneConfig::Form_Load() {
+    SetFormFont(*this);
+    UniCaption1.bind(*this);
+    SetTextStrings();
+    loadCboPartFormat();
+    cboPartFormat.setTabStop(false);
+    txtFileName.setTabStop(true);
+    txtFileFolder.setTabStop(true);
+}
+
+void frmTallyvaneConfig::Form_Unload() {
+    UniCaption1.release();
+}
+
+void frmTallyvaneConfig::loadCboPartFormat() {
+    OnError on{"frmTallyvaneConfig:loadCboPartFormat"};
+    std::vector<std::string> names;
+    on([&] { names = listItemNames(g_PartFormatFolder); });
+    if (!names.empty()) {
+        on([&] { cboPartFormat.clear(); });
+        on([&] { cboPartFormat.addItem("<" + GetString("ADD_MORAM_CONFIG_NONE") + ">"); });
+    }
+    for (const std::string& name : names) on([&] { cboPartFormat.addItem(name); });
+    if (g_DatasetMode) {
+        for (const auto& [key, format] : g_PartFormats) {
+            const std::string& name = format->Name();
+            if (!name.empty()) on([&] { cboPartFormat.addItem(name); });
+        }
+    }
+    if (!cboPartFormat.items().empty()) on([&] { cboPartFormat.setSelectedIndex(0); });
+}
+
+void frmTallyvaneConfig::init(const std::shared_ptr<Dataset>& partlist,
+                              const std::string& sSessionName) {
+    if (!partlist) return;
+    m_Dataset = partlist;
+    m_SessionName = sSessionName;
+    m_OKCaption = GetString("BUTTON_OK");
+    OnError on = OnError::ignoring();
+    const auto data = [&](const std::string& key) {
+        std::string value;
+        on([&] { value = m_Dataset->GetRow(key)[1]; });
+        return value;
+    };
+    on([&] { chkWriteFileOnly.setValue(false); });
+    for (Edit* box : {&txtFileName, &txtFileFolder}) {
+        on([&] { box->setEnabled(true); });
+        on([&] { box->setBackground(Background::Window); });
+        on([&] { box->setText(""); });
+    }
+    on([&] { rdoOverWrite.setValue(true); });
+    on([&] { rdoAppend.setValue(false); });
+    const int row = cboPartFormat.find(data(session::PartFormat));
+    on([&] { cboPartFormat.setSelectedIndex(row < 0 ? 0 : row); });
+    on([&] { txtFileName.setText(data(session::FileName)); });
+    on([&] { txtFileFolder.setText(data(session::FileFolder)); });
+    const bool append = data(session::FileAction) == "Append";
+    on([&] { (append ? rdoAppend : rdoOverWrite).setValue(true); });
+    on([&] { chkWriteFileOnly.setValue(data(session::WriteFileOnly) == "true"); });
+}
+
+long frmTallyvaneConfig::ApplyChanges() {
+    OnError on{"frmTallyvaneConfig.ApplyChanges"};
+    const auto refuse = [&](const std::string& text, const std::string& titleKey) {
+        const std::string title = fetchString(on, titleKey);
+        on([&] { UniMsgBox1.ShowMsg(text, boxstyle::Critical, title, m_OKCaption); });
+        return kRefused;
+    };
+    on([&] { txtFileName.setText(Trim(txtFileName.text())); });
+    const bool bNoFormat = cboPartFormat.text().find('<') != std::string::npos;
+    if (on.test([&] { return !bNoFormat && txtFileName.text().empty(); }))
+        return refuse(fetchString(on, "TVW_ERR_FILE_NAME_INVALID") + "\r\n", "TVW_ERR_TITLE");
+    on([&] { txtFileFolder.setText(Trim(txtFileFolder.text())); });
+    if (on.test([&] { return !bNoFormat && txtFileFolder.text().empty(); }))
+        return refuse(fetchString(on, "TVW_ERR_FOLDER_INVALID") + "\r\n", "TVW_ERR_TITLE");
+    if (on.test([&] { return IsInvalidFileName(txtFileName.text()); }))
+        return refuse(
+            fetchString(on, "MORAM_CONFIG_MSG_INVALID_CHARS") + "\r\n" + kForbiddenInFileNames,
+            "MORAM_CONFIG_MSG_INVALID_CONFIG");
+    if (on.test([&] { return bNoFormat && chkWriteFileOnly.value(); }))
+        return refuse(fetchString(on, "TVW_CONFIG_INVAILD_PART_FORMAT_WITH_WFO"), "TVW_ERR_TITLE");
+    on([&] { g_TallyvanePartFormat = cboPartFormat.text(); });
+    on([&] { SaveAdvancedChanges(); });
+    return kApplied;
+}
+
+long frmTallyvaneConfig::SaveAdvancedChanges() {
+    if (!m_Dataset) return 0;
+    OnError on = OnError::ignoring();
+    const auto put = [&](const std::string& key, const auto& value) {
+        on([&] { session::replaceRow(on, *m_Dataset, key, value()); });
+    };
+    put(session::PartFormat, [&] { return Trim(cboPartFormat.text()); });
+    put(session::FileName, [&] { return Trim(txtFileName.text()); });
+    put(session::FileFolder, [&] { return Trim(txtFileFolder.text()); });
+    put(session::FileAction,
+        [&] { return std::string(rdoAppend.value() ? "Append" : "OverWrite"); });
+    put(session::WriteFileOnly, [&] { return session::switchText(chkWriteFileOnly.value()); });
+    if (!g_DatasetMode)
+        on([&] { m_Dataset->Save(ItemPath::item(g_SessionFolder, m_SessionName)); });
+    return 0;
+}
+
+void frmTallyvaneConfig::btnBrowseFolder_Click() {
+    OnError on{"frmTallyvaneConfig:btnBrowseFolder_Click"};
+    const std::shared_ptr<const Font> formFont = font();
+    const BrowseTexts texts = fetchBrowseTexts("GLOBAL_BROWSE_FOLDER", "Browse for folder");
+    std::string path;
+    on([&] { path = UniBrowse.browse(false, texts.title, texts.ok, texts.cancel, formFont); });
+    if (!path.empty()) on([&] { txtFileFolder.setText(path); });
+}
+
+void frmTallyvaneConfig::btnOk_Click() {
+    if (ApplyChanges() != kApplied) return;
+    m_Result = 0;
+    Unload();
+}
+
+void frmTallyvaneConfig::btnCancel_Click() {
+    m_Result = 1;
+    Unload();
+}
+
+}  // namespace wynconfig

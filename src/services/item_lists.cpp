@@ -1,0 +1,21 @@
+// Listing a store folder, and readying a list for what it holds.
+#include "services/item_lists.h"
+
+#include "platform/file_system.h"
+
+namespace wynconfig {
+
+std::vector<std::string> listItemNames(const std::string& folder) {
+    constexpr std::size_t extension = 4;
+    std::vector<std::string> names = fileSystem().listItems(folder);
+    for (std::string& name : names) name.resize(name.size() - extension);
+    return names;
+}
+
+void prepareItemList(ListView& list, const Label& label, int width) {
+    list.setVisible(false);
+    list.addColumn({"NAME", label.caption(), width, "Stores the name of the item"});
+    list.setBackground(Background::Window);
+}
+
+}  // namespace wynconfig

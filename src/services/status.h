@@ -1,0 +1,11 @@
+// What the checks of a dialog report.
+#pragma once
+
+namespace wynconfig {
+
+/// The dialog's content may be stored, and was.
+inline constexpr long kApplied = 0;
+/// A check refused it; the dialog stays open.
+inline constexpr long kRefused = 0x80004005L;
+
+}  // namespace wynconfig

@@ -1,0 +1,70 @@
+// The client side of the resource manager.
+#include "services/texts.h"
+
+#include <memory>
+
+#include "store/config_global_module.h"
+#include "wynconfig/error.h"
+
+namespace wynconfig {
+
+namespace {
+
+ResourceManager& resourceManager() {
+    if (!ConfigGlobalModule::g_ResMgr)
+        throw Error(errc::ObjectNotSet, "There is no resource manager.");
+    return *ConfigGlobalModule::g_ResMgr;
+}
+
+struct WriteText {
+    std::string text;
+
+    void operator()(CaptionedControl* control) { control->setCaption(std::move(text)); }
+    void operator()(const TabCaption& tab) { tab.tabs->setCaption(tab.index, std::move(text)); }
+    void operator()(Form* form) { form->setCaption(std::move(text)); }
+    void operator()(std::string* field) { *field = std::move(text); }
+};
+
+}  // namespace
+
+std::string GetString(const std::string& key) {
+    return resourceManager().GetString(key);
+}
+
+std::string fetchString(OnError& on, const std::string& key) {
+    std::string text;
+    on([&] { text = GetString(key); });
+    return text;
+}
+
+void applyTexts(std::initializer_list<CaptionText> table) {
+    try {
+        for (const CaptionText& row : table) {
+            if (!row.key.empty()) std::visit(WriteText{GetString(std::string(row.key))}, row.place);
+        }
+    } catch (...) {
+        for (const CaptionText& row : table)
+            std::visit(WriteText{std::string(row.byDefault)}, row.place);
+    }
+}
+
+BrowseTexts fetchBrowseTexts(const std::string& titleKey, const std::string& titleByDefault) {
+    OnError on = OnError::ignoring();
+    const auto fetch = [&](const std::string& key, const std::string& byDefault) {
+        const std::string text = fetchString(on, key);
+        return text.empty() ? byDefault : text;
+    };
+    return {fetch(titleKey, titleByDefault), fetch("BUTTON_OK", "OK"),
+            fetch("BUTTON_CANCEL", "Cancel")};
+}
+
+void SetFormFont(Form& form) {
+    OnError on = OnError::ignoring();
+    on([&] {
+        const long handle = form.hDC();
+        form.setFont(std::make_shared<const Font>(resourceManager().GetFont(handle)));
+    });
+    for (Control* control : form.controls()) on([&] { control->setFont(form.font()); });
+}
+
+}  // namespace wynconfig

@@ -1,0 +1,382 @@
+// The lists of part formats: what they show, and how a format moves between them.
+#include "dialogs/session/frmMORAMConfig.h"
+#include "support/desk.h"
+
+namespace wynconfig {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class FormatLists : public Desk {
+  protected:
+    void SetUp() override {
+        Desk::SetUp();
+        putProgram("/programs/parts.exe");
+    }
+
+    /// Opens a session on the part format tab; the script need not close the dialog.
+    void open(const std::string& name, const User::Script& script) {
+        frmMORAMConfig dialog;
+        m_dialog = &dialog;
+        announce(script);
+        dialog.init(name);
+        dialog.Show();
+        m_dialog = nullptr;
+    }
+    /// The same on `g_Session` in the in-memory mode.
+    void openInMemory(const Texts& formats, const User::Script& script) {
+        ConfigGlobalModule::g_DatasetMode = true;
+        auto session = std::make_shared<Dataset>();
+        session->AddRow({"FormatCount", std::to_string(formats.size())});
+        for (std::size_t i = 0; i < formats.size(); ++i)
+            session->AddRow({"FORMAT" + std::to_string(i + 1), formats[i]});
+        ConfigGlobalModule::g_Session = session;
+        frmMORAMConfig dialog;
+        m_dialog = &dialog;
+        announce(script);
+        dialog.initEX("MINE");
+        dialog.Show();
+        m_dialog = nullptr;
+    }
+    void addHostFormat(const std::string& name, const std::string& key = {}) {
+        auto format = std::make_shared<Dataset>();
+        format->setName(name);
+        ConfigGlobalModule::g_PartFormats.Add(format, key.empty() ? name : key);
+    }
+    frmMORAMConfig& dialog() { return *m_dialog; }
+
+    static Texts available(User& u) { return u.see("lstAvailableFormats").rowTexts(); }
+    static Texts selected(User& u) { return u.see("lstSelectedFormats2").rowTexts(); }
+    static void add(User& u, const std::string& format) {
+        u.pick("lstAvailableFormats", format);
+        u.click("btnAdd");
+    }
+    static void remove(User& u, const std::string& format) {
+        u.pick("lstSelectedFormats2", format);
+        u.click("btnRemove");
+    }
+
+  private:
+    void announce(const User::Script& script) {
+        user().onForm("frmMORAMConfig", [this, script](User& u) {
+            u.changeTab("SSTab2", 1);
+            script(u);
+            if (dialog().loaded()) u.click("btnCancel");
+        });
+    }
+
+    frmMORAMConfig* m_dialog = nullptr;
+};
+ON_EVERY_VIEW(FormatLists);
+
+TEST_P(FormatLists, AvailableAreTheItemFilesByUpperCasedNames) {
+    putFormat("b");
+    putFormat("C");
+    putFormat("A");
+    memory->save(ItemPath{formatFolder, "D.VLA"}, "");
+    memory->save(ItemPath{formatFolder, "notes.txt"}, "");
+    memory->makeFolder("/store/PARTFORMAT/deleted");
+    memory->makeFolder("/store/PARTFORMAT/Q.vla");
+    memory->save(ItemPath{"/store/PARTFORMAT/deleted/", "GONE.vla"}, "");
+    open("", [](User& u) { EXPECT_EQ(available(u), (Texts{"A", "b", "C", "D"})); });
+}
+
+TEST_P(FormatLists, AFileOfTheExtensionAloneIsAFormatWithoutAName) {
+    putFormat("CSV");
+    putFormat("");
+    open("", [](User& u) {
+        EXPECT_EQ(available(u), (Texts{"", "CSV"}));
+        add(u, "");
+        EXPECT_EQ(selected(u), (Texts{""}));
+    });
+}
+
+TEST_P(FormatLists, ARowHasItsNameAsKeyAndText) {
+    putFormat("CSV");
+    putFullSession("DESK", {"CSV"});
+    open("DESK", [](User& u) {
+        EXPECT_EQ(u.see("lstAvailableFormats").rows, (std::vector<SeenRow>{{"CSV", "CSV"}}));
+        EXPECT_EQ(u.see("lstSelectedFormats2").rows, (std::vector<SeenRow>{{"CSV", "CSV"}}));
+    });
+}
+
+TEST_P(FormatLists, RowsTakeTheFormsFont) {
+    texts->font = {"Serif", 14.0, true, false};
+    putFormat("CSV");
+    putFormat("PLAIN");
+    putFullSession("DESK", {"CSV"});
+    open("DESK", [this](User& u) {
+        add(u, "PLAIN");
+        ASSERT_NE(dialog().font(), nullptr);
+        EXPECT_EQ(*dialog().font(), texts->font);
+        for (const ListView* list :
+             {&dialog().lstAvailableFormats, &dialog().lstSelectedFormats2}) {
+            ASSERT_EQ(list->count(), 2U);
+            for (const ListRow& row : list->rows()) EXPECT_EQ(row.font, dialog().font());
+        }
+    });
+}
+
+TEST_P(FormatLists, ARowAddedByTheFileWriterDialogTakesNoFont) {
+    putFormat("CSV");
+    putFormat("PLAIN");
+    putFullSession("DESK", {"CSV"});
+    open("DESK", [this](User& u) {
+        user().onForm("frmTallyvaneConfig", [](User& inner) {
+            inner.choose("cboPartFormat", "PLAIN");
+            inner.click("btnOk");
+        });
+        u.changeTab("SSTab2", 0);
+        u.click("btnTallyvane");
+        EXPECT_EQ(selected(u), (Texts{"CSV", "PLAIN"}));
+        EXPECT_EQ(dialog().lstSelectedFormats2.row(2).font, nullptr);
+    });
+}
+
+TEST_P(FormatLists, AnEmptyFormatFolderLeavesTheAvailableListHidden) {
+    putFullSession("DESK", {"CSV"});
+    open("DESK", [](User& u) {
+        EXPECT_FALSE(u.see("lstAvailableFormats").visible);
+        EXPECT_EQ(available(u), Texts{});
+        EXPECT_TRUE(u.see("lstSelectedFormats2").visible);
+        EXPECT_EQ(selected(u), (Texts{"CSV"}));
+    });
+}
+
+TEST_P(FormatLists, AnEmptyFormatFolderShowsNoFormatsOfTheHostEither) {
+    addHostFormat("HOSTED");
+    openInMemory({"HOSTED"}, [](User& u) {
+        EXPECT_FALSE(u.see("lstAvailableFormats").visible);
+        EXPECT_EQ(available(u), Texts{});
+        EXPECT_EQ(selected(u), (Texts{"HOSTED"}));
+    });
+}
+
+TEST_P(FormatLists, AFolderOfOnlyFoldersCountsAsEmpty) {
+    memory->makeFolder("/store/PARTFORMAT/Q.vla");
+    open("", [](User& u) { EXPECT_FALSE(u.see("lstAvailableFormats").visible); });
+}
+
+TEST_P(FormatLists, FilledListsAreSeenAndNothingIsSelected) {
+    putFormat("CSV");
+    putFullSession("DESK", {"CSV"});
+    open("DESK", [](User& u) {
+        EXPECT_TRUE(u.see("lstAvailableFormats").visible);
+        EXPECT_TRUE(u.see("lstSelectedFormats2").visible);
+        EXPECT_EQ(u.see("lstAvailableFormats").selected, 0U);
+        EXPECT_EQ(u.see("lstSelectedFormats2").selected, 0U);
+    });
+}
+
+TEST_P(FormatLists, OpenedWithoutANameTheSelectedListStaysHidden) {
+    putFormat("CSV");
+    open("", [](User& u) {
+        EXPECT_TRUE(u.see("lstAvailableFormats").visible);
+        EXPECT_FALSE(u.see("lstSelectedFormats2").visible);
+    });
+}
+
+TEST_P(FormatLists, HostFormatsFollowTheFactoryOnesInTheirOrder) {
+    putFormat("M");
+    putFormat("B");
+    addHostFormat("Z");
+    addHostFormat("A");
+    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Texts{"B", "M", "Z", "A"})); });
+}
+
+TEST_P(FormatLists, AHostFormatOfAFactoryNameCountsOnce) {
+    putFormat("B");
+    addHostFormat("B");
+    addHostFormat("C");
+    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Texts{"B", "C"})); });
+}
+
+TEST_P(FormatLists, NamesThatDifferInCaseCountTwice) {
+    putFormat("B");
+    addHostFormat("b");
+    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Texts{"B", "b"})); });
+}
+
+TEST_P(FormatLists, AHostFormatGoesByItsNameNotByItsKey) {
+    putFormat("B");
+    addHostFormat("NAME", "KEY");
+    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Texts{"B", "NAME"})); });
+}
+
+TEST_P(FormatLists, InFileModeTheHostFormatsAreNotLookedAt) {
+    putFormat("B");
+    addHostFormat("HOSTED");
+    open("", [](User& u) { EXPECT_EQ(available(u), (Texts{"B"})); });
+}
+
+// Moving formats.
+
+TEST_P(FormatLists, AddPutsTheFormatAtTheEndAndKeepsItAvailable) {
+    for (const char* name : {"A", "B", "C"}) putFormat(name);
+    putFullSession("DESK", {"C"});
+    open("DESK", [](User& u) {
+        add(u, "B");
+        add(u, "A");
+        EXPECT_EQ(selected(u), (Texts{"C", "B", "A"}));
+        EXPECT_EQ(available(u), (Texts{"A", "B", "C"}));
+        EXPECT_EQ(u.see("lstAvailableFormats").selected, 1U);
+    });
+}
+
+TEST_P(FormatLists, AddOfAFormatAlreadySelectedChangesNothing) {
+    putFormat("A");
+    putFullSession("DESK", {"A"});
+    open("DESK", [](User& u) {
+        add(u, "A");
+        add(u, "A");
+        EXPECT_EQ(selected(u), (Texts{"A"}));
+    });
+}
+
+TEST_P(FormatLists, AddWithoutASelectionChangesNothing) {
+    putFormat("A");
+    putFullSession("DESK", {});
+    open("DESK", [](User& u) {
+        u.click("btnAdd");
+        EXPECT_EQ(selected(u), Texts{});
+    });
+}
+
+TEST_P(FormatLists, RemoveTakesTheSelectedRowAlone) {
+    putFormat("A");
+    putFullSession("DESK", {"A", "B", "C"});
+    open("DESK", [](User& u) {
+        remove(u, "B");
+        EXPECT_EQ(selected(u), (Texts{"A", "C"}));
+        EXPECT_EQ(available(u), (Texts{"A"}));
+    });
+}
+
+TEST_P(FormatLists, RemoveWithoutASelectionChangesNothing) {
+    putFullSession("DESK", {"A", "B"});
+    open("DESK", [](User& u) {
+        u.click("btnRemove");
+        EXPECT_EQ(selected(u), (Texts{"A", "B"}));
+    });
+}
+
+TEST_P(FormatLists, TheLastFormatMayBeRemoved) {
+    putFullSession("DESK", {"A"});
+    open("DESK", [](User& u) {
+        remove(u, "A");
+        EXPECT_EQ(selected(u), Texts{});
+    });
+}
+
+TEST_P(FormatLists, ARemovedFormatMayBeAddedAgainAtTheEnd) {
+    for (const char* name : {"A", "B"}) putFormat(name);
+    putFullSession("DESK", {"A", "B"});
+    open("DESK", [](User& u) {
+        remove(u, "A");
+        add(u, "A");
+        EXPECT_EQ(selected(u), (Texts{"B", "A"}));
+    });
+}
+
+TEST_P(FormatLists, ARowWhoseTextWasChangedIsKnownByItsTextToAddAndByItsKeyToRemove) {
+    for (const char* name : {"NEW", "OLD"}) putFormat(name);
+    putFullSession("DESK", {"OLD"});
+    open("DESK", [this](User& u) {
+        dialog().lstSelectedFormats2.setRowText(1, "NEW");
+        add(u, "NEW");
+        EXPECT_EQ(u.see("lstSelectedFormats2").rows, (std::vector<SeenRow>{{"OLD", "NEW"}}));
+        remove(u, "NEW");
+        EXPECT_EQ(selected(u), Texts{});
+    });
+}
+
+TEST_P(FormatLists, AddingTheOldNameOfARowWhoseTextWasChangedIsToldAsAFailure) {
+    for (const char* name : {"NEW", "OLD"}) putFormat(name);
+    putFullSession("DESK", {"OLD"});
+    user().onBox([](const SeenBox& box) {
+        EXPECT_TRUE(isFailureOf(box.text, "UnifrmMORAMConfig:btnAdd_Click")) << box.text;
+        EXPECT_EQ(box.title, "{GLOBAL_MOD_UNEXPECTED}");
+        EXPECT_EQ(box.style, 4112);
+        return answer::Ok;
+    });
+    open("DESK", [this](User& u) {
+        dialog().lstSelectedFormats2.setRowText(1, "NEW");
+        add(u, "OLD");
+        EXPECT_EQ(u.see("lstSelectedFormats2").rows, (std::vector<SeenRow>{{"OLD", "NEW"}}));
+    });
+    EXPECT_EQ(user().boxes().size(), 1U);
+}
+
+TEST_P(FormatLists, NothingIsWrittenBeforeAnApply) {
+    putFormat("A");
+    putFullSession("DESK", {"B"});
+    const std::string before = sessionText("DESK");
+    open("DESK", [](User& u) {
+        add(u, "A");
+        remove(u, "B");
+    });
+    EXPECT_EQ(sessionText("DESK"), before);
+}
+
+TEST_P(FormatLists, AnApplyAfterARemovalMovesTheLaterRowsUp) {
+    putFullSession("DESK", {"A", "B", "C"});
+    open("DESK", [](User& u) {
+        remove(u, "A");
+        u.click("btnOK");
+    });
+    Rows rows = sessionRows("DESK");
+    EXPECT_EQ(rows["FormatCount"], "2");
+    EXPECT_EQ(rows["FORMAT1"], "B");
+    EXPECT_EQ(rows["FORMAT2"], "C");
+    EXPECT_FALSE(rows.contains("FORMAT3"));
+}
+
+TEST_P(FormatLists, TwoRowsOfOneNameAreWrittenBackAsOne) {
+    putFullSession("DESK", {"A", "A"});
+    open("DESK", [](User& u) {
+        EXPECT_EQ(selected(u), (Texts{"A"}));
+        u.click("btnOK");
+    });
+    Rows rows = sessionRows("DESK");
+    EXPECT_EQ(rows["FormatCount"], "1");
+    EXPECT_EQ(rows["FORMAT1"], "A");
+    EXPECT_FALSE(rows.contains("FORMAT2"));
+}
+
+TEST_P(FormatLists, AnApplyWritesTheTextsOfTheRows) {
+    putFullSession("DESK", {"OLD"});
+    open("DESK", [this](User& u) {
+        dialog().lstSelectedFormats2.setRowText(1, "NEW");
+        u.click("btnOK");
+    });
+    EXPECT_EQ(sessionRows("DESK")["FORMAT1"], "NEW");
+}
+
+TEST_P(FormatLists, InMemoryAddAndRemoveTouchTheSessionOnlyAtApply) {
+    putFormat("A");
+    openInMemory({"B"}, [](User& u) {
+        add(u, "A");
+        remove(u, "B");
+        const Dataset& session = *ConfigGlobalModule::g_Session;
+        EXPECT_EQ(session.GetRow("FORMAT1")[1], "B");
+        u.changeTab("SSTab2", 0);
+        u.type("txtProgramPath", "/programs/parts.exe");
+        u.click("btnApply");
+        EXPECT_EQ(session.GetRow("FormatCount")[1], "1");
+        EXPECT_EQ(session.GetRow("FORMAT1")[1], "A");
+    });
+}
+
+TEST_P(FormatLists, TheFormatTabCanBeWorkedByTheKeyboard) {
+    putFormat("A");
+    putFullSession("DESK", {"B"});
+    open("DESK", [](User& u) {
+        u.pick("lstAvailableFormats", "A");
+        u.focus("btnAdd");
+        u.pressEnter();
+        EXPECT_EQ(selected(u), (Texts{"B", "A"}));
+    });
+}
+
+}  // namespace
+}  // namespace wynconfig

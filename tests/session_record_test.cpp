@@ -1,0 +1,319 @@
+// What a session's record holds after it was applied, and what a reader makes of absent keys.
+#include "store/session_record.h"
+
+#include "support/desk.h"
+
+namespace wynconfig {
+namespace {
+
+const Rows kDefaultsOfANewSession{
+    {"ProgramPath", "/programs/parts.exe"},
+    {"CommandLineArgs", ""},
+    {"ReverseList", "true"},
+    {"AutoResize", "true"},
+    {"Orientation", "top"},
+    {"FormatCount", "1"},
+    {"FORMAT1", "CSV"},
+    {"WindowTitleSearchType", "contains"},
+    {"WindowClassSearchType", "contains"},
+    {"WindowTitle", ""},
+    {"WindowClass", ""},
+    {"DisableProgramLaunch", "false"},
+    {"WindowTitleClassDelay", "0"},
+    {"ProgramLaunchDelay", "0"},
+    {"WindowTitleCaseSensitive", "true"},
+    {"WindowClassCaseSensitive", "false"},
+    {"PartFormat", "<{ADD_MORAM_CONFIG_NONE}>"},
+    {"FileName", ""},
+    {"FileFolder", ""},
+    {"FileAction", "OverWrite"},
+    {"WriteFileOnly", "false"},
+};
+
+/// The keys of a session with one part format, as a first save writes them.
+const std::vector<std::string> kKeysInOrder{"ProgramPath",
+                                            "CommandLineArgs",
+                                            "ReverseList",
+                                            "AutoResize",
+                                            "Orientation",
+                                            "FormatCount",
+                                            "FORMAT1",
+                                            "WindowTitleSearchType",
+                                            "WindowClassSearchType",
+                                            "WindowTitle",
+                                            "WindowClass",
+                                            "DisableProgramLaunch",
+                                            "WindowTitleClassDelay",
+                                            "ProgramLaunchDelay",
+                                            "WindowTitleCaseSensitive",
+                                            "WindowClassCaseSensitive",
+                                            "PartFormat",
+                                            "FileName",
+                                            "FileFolder",
+                                            "FileAction",
+                                            "WriteFileOnly"};
+
+class SessionRecord : public Desk {
+  protected:
+    void SetUp() override {
+        Desk::SetUp();
+        putProgram("/programs/parts.exe");
+        putFormat("CSV");
+        putFormat("PLAIN");
+    }
+
+    std::vector<std::string> storedKeys(const std::string& name) {
+        Dataset record;
+        record.Load(ItemPath::item(sessionFolder, name));
+        std::vector<std::string> keys;
+        for (const DataRow& row : record.Rows()) keys.push_back(row[0]);
+        return keys;
+    }
+
+    /// Makes a session from nothing and confirms it with one format and a program.
+    void addSession(const std::string& typedName) {
+        user().onForm("frmAddMORAMConfig", [typedName](User& u) {
+            u.type("txtName", typedName);
+            u.click("btnOK");
+        });
+        user().onForm("frmMORAMConfig", [](User& u) {
+            u.type("txtProgramPath", "/programs/parts.exe");
+            u.changeTab("SSTab2", 1);
+            u.pick("lstAvailableFormats", "CSV");
+            u.click("btnAdd");
+            u.click("btnOK");
+        });
+        std::string name;
+        EXPECT_EQ(component.showAddMORAMConfigDlg(name), 0);
+    }
+
+    /// Opens a session and confirms it after `change`.
+    void applyOnce(const std::string& name, const User::Script& change = nullptr) {
+        user().onForm("frmMORAMConfig", [change](User& u) {
+            if (change) change(u);
+            u.click("btnOK");
+        });
+        std::string opened = name;
+        EXPECT_EQ(component.showMORAMConfigDlg(opened), 0);
+    }
+
+    /// All rows of a session with every key at a value of its own, but for some.
+    std::vector<std::pair<std::string, std::string>> fullRowsWithout(
+        const std::set<std::string>& absent) {
+        putFullSession("PATTERN", {"CSV"});
+        Dataset pattern;
+        pattern.Load(ItemPath::item(sessionFolder, "PATTERN"));
+        memory->remove(ItemPath::item(sessionFolder, "PATTERN"));
+        std::vector<std::pair<std::string, std::string>> rows;
+        for (const DataRow& row : pattern.Rows()) {
+            if (!absent.contains(row[0])) rows.emplace_back(row[0], row[1]);
+        }
+        return rows;
+    }
+};
+ON_EVERY_VIEW(SessionRecord);
+
+TEST_P(SessionRecord, AFirstSaveHoldsExactlyTheseKeysInThisOrder) {
+    addSession("NEW");
+    EXPECT_EQ(storedKeys("NEW"), kKeysInOrder);
+}
+
+TEST_P(SessionRecord, TheTableOfKeysIsThatOfAFirstSave) {
+    std::vector<std::string> names;
+    for (const session::Key& key : session::keys()) names.push_back(key.name);
+    EXPECT_EQ(names, kKeysInOrder);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const session::Writer writer = i < 7    ? session::Writer::Session
+                                       : i < 16 ? session::Writer::Advanced
+                                                : session::Writer::FileWriter;
+        EXPECT_EQ(session::keys()[i].writer, writer) << names[i];
+    }
+}
+
+TEST_P(SessionRecord, ANewSessionWithOneFormatHoldsTheDefaults) {
+    addSession("NEW");
+    EXPECT_EQ(sessionRows("NEW"), kDefaultsOfANewSession);
+}
+
+TEST_P(SessionRecord, IsOfTheSessionTypeUnderItsUpperCasedName) {
+    addSession("new one");
+    EXPECT_EQ(sessionFiles(), (std::vector<std::string>{"NEW ONE.vla"}));
+    Dataset record;
+    record.Load(ItemPath::item(sessionFolder, "NEW ONE"));
+    EXPECT_EQ(record.Type(), "MORAM");
+    EXPECT_EQ(record.Name(), "NEW ONE");
+}
+
+TEST_P(SessionRecord, AnApplyWithoutAnyChangeKeepsEveryValue) {
+    putFullSession("FULL", {"CSV", "PLAIN"});
+    const Rows before = sessionRows("FULL");
+    applyOnce("FULL");
+    EXPECT_EQ(sessionRows("FULL"), before);
+}
+
+TEST_P(SessionRecord, AnApplyGivesAnOlderSessionTheKeysItLacks) {
+    putSession("OLD", {{"ProgramPath", "/programs/parts.exe"},
+                       {"CommandLineArgs", ""},
+                       {"ReverseList", "true"},
+                       {"AutoResize", "true"},
+                       {"Orientation", "top"},
+                       {"FormatCount", "1"},
+                       {"FORMAT1", "CSV"}});
+    applyOnce("OLD");
+    EXPECT_EQ(storedKeys("OLD"), kKeysInOrder);
+    EXPECT_EQ(sessionRows("OLD"), kDefaultsOfANewSession);
+}
+
+TEST_P(SessionRecord, RowsOfOtherKeysStay) {
+    auto rows = fullRowsWithout({});
+    rows.emplace_back("Remark", "by hand");
+    putSession("FULL", rows);
+    applyOnce("FULL");
+    EXPECT_EQ(sessionRows("FULL")["Remark"], "by hand");
+}
+
+TEST_P(SessionRecord, TheCaseKeysAreConstantsOfEverySave) {
+    auto rows = fullRowsWithout({"WindowTitleCaseSensitive", "WindowClassCaseSensitive"});
+    rows.emplace_back("WindowTitleCaseSensitive", "false");
+    rows.emplace_back("WindowClassCaseSensitive", "true");
+    putSession("FULL", rows);
+    applyOnce("FULL");
+    EXPECT_EQ(sessionRows("FULL")["WindowTitleCaseSensitive"], "true");
+    EXPECT_EQ(sessionRows("FULL")["WindowClassCaseSensitive"], "false");
+}
+
+TEST_P(SessionRecord, EachOrientationIsStoredByItsOwnWord) {
+    for (const auto& [option, word] : std::map<std::string, std::string>{{"rdoTop", "top"},
+                                                                         {"rdoBottom", "bottom"},
+                                                                         {"rdoLeft", "left"},
+                                                                         {"rdoRight", "right"}}) {
+        putFullSession("FULL", {"CSV"});
+        applyOnce("FULL", [&option = option](User& u) { u.click(option); });
+        EXPECT_EQ(sessionRows("FULL")["Orientation"], word);
+    }
+}
+
+TEST_P(SessionRecord, SwitchesAreStoredAsTrueOrFalse) {
+    putFullSession("FULL", {"CSV"});
+    applyOnce("FULL", [](User& u) {
+        u.tick("chkReverseList");
+        u.tick("chkAutoResize", false);
+    });
+    EXPECT_EQ(sessionRows("FULL")["ReverseList"], "true");
+    EXPECT_EQ(sessionRows("FULL")["AutoResize"], "false");
+    applyOnce("FULL", [](User& u) {
+        u.tick("chkReverseList", false);
+        u.tick("chkAutoResize");
+    });
+    EXPECT_EQ(sessionRows("FULL")["ReverseList"], "false");
+    EXPECT_EQ(sessionRows("FULL")["AutoResize"], "true");
+}
+
+TEST_P(SessionRecord, PathAndCommandLineAreStoredAsTyped) {
+    putProgram("/programs/my parts.exe");
+    putFullSession("FULL", {"CSV"});
+    applyOnce("FULL", [](User& u) {
+        u.type("txtProgramPath", "\"/programs/my parts.exe\"");
+        u.type("txtCommandLineArgs", "  /List <x> &\"é\"  ");
+    });
+    EXPECT_EQ(sessionRows("FULL")["ProgramPath"], "\"/programs/my parts.exe\"");
+    EXPECT_EQ(sessionRows("FULL")["CommandLineArgs"], "  /List <x> &\"é\"  ");
+}
+
+TEST_P(SessionRecord, FormatsAreNumberedFromOneInTheOrderOfTheList) {
+    putFullSession("FULL", {"PLAIN", "CSV"});
+    applyOnce("FULL", [](User& u) {
+        u.changeTab("SSTab2", 1);
+        u.pick("lstSelectedFormats2", "PLAIN");
+        u.click("btnRemove");
+        u.pick("lstAvailableFormats", "PLAIN");
+        u.click("btnAdd");
+    });
+    Rows rows = sessionRows("FULL");
+    EXPECT_EQ(rows["FormatCount"], "2");
+    EXPECT_EQ(rows["FORMAT1"], "CSV");
+    EXPECT_EQ(rows["FORMAT2"], "PLAIN");
+}
+
+TEST_P(SessionRecord, TheAdvancedKeysBehindAnAbsentOneAreReplacedByTheirDefaults) {
+    const std::vector<std::pair<std::string, std::string>> defaults{
+        {"WindowTitleSearchType", "contains"},
+        {"WindowClassSearchType", "contains"},
+        {"WindowTitle", ""},
+        {"WindowClass", ""},
+        {"DisableProgramLaunch", "false"},
+        {"WindowTitleClassDelay", "0"},
+        {"ProgramLaunchDelay", "0"}};
+    const std::vector<std::pair<std::string, std::string>> set{
+        {"WindowTitleSearchType", "matches"}, {"WindowClassSearchType", "starts with"},
+        {"WindowTitle", "Parts Desk"},        {"WindowClass", "PartsMain"},
+        {"DisableProgramLaunch", "true"},     {"WindowTitleClassDelay", "3"},
+        {"ProgramLaunchDelay", "7"}};
+    for (std::size_t absent = 0; absent < set.size(); ++absent) {
+        auto rows = fullRowsWithout({"WindowTitleSearchType", "WindowClassSearchType",
+                                     "WindowTitle", "WindowClass", "DisableProgramLaunch",
+                                     "WindowTitleClassDelay", "ProgramLaunchDelay"});
+        for (std::size_t i = 0; i < set.size(); ++i) {
+            if (i != absent) rows.push_back(set[i]);
+        }
+        putSession("FULL", rows);
+        applyOnce("FULL");
+        const Rows now = sessionRows("FULL");
+        for (std::size_t i = 0; i < set.size(); ++i) {
+            EXPECT_EQ(now.at(set[i].first), i < absent ? set[i].second : defaults[i].second)
+                << set[i].first << " without " << set[absent].first;
+        }
+    }
+}
+
+TEST_P(SessionRecord, AnAbsentFileWriterKeyAloneIsReplacedByItsDefault) {
+    for (const auto& [absent, byDefault] :
+         std::map<std::string, std::string>{{"PartFormat", "<{ADD_MORAM_CONFIG_NONE}>"},
+                                            {"FileName", ""},
+                                            {"FileFolder", ""},
+                                            {"FileAction", "OverWrite"},
+                                            {"WriteFileOnly", "false"}}) {
+        putFullSession("FULL", {"CSV"});
+        Rows expected = sessionRows("FULL");
+        expected[absent] = byDefault;
+        putSession("FULL", fullRowsWithout({absent}));
+        applyOnce("FULL");
+        EXPECT_EQ(sessionRows("FULL"), expected) << absent;
+    }
+}
+
+TEST_P(SessionRecord, AFileNamedInLowerCaseIsFoundAndKeepsItsSpellingAndItsName) {
+    putFullSession("desk", {"CSV"});
+    applyOnce("DESK", [](User& u) {
+        EXPECT_EQ(u.see("txtDisplayName").text, "DESK");
+        EXPECT_EQ(u.see("txtCommandLineArgs").text, "/list /quiet");
+        u.type("txtCommandLineArgs", "/changed");
+    });
+    EXPECT_EQ(sessionFiles(), (std::vector<std::string>{"desk.vla"}));
+    Dataset record;
+    record.Load(ItemPath::item(sessionFolder, "DESK"));
+    EXPECT_EQ(record.Name(), "desk");
+    EXPECT_EQ(sessionRows("DESK")["CommandLineArgs"], "/changed");
+}
+
+TEST_P(SessionRecord, InFileModeNoSessionIsProtectedFromANewName) {
+    putFullSession("FULL", {"CSV"});
+    applyOnce("FULL", [](User& u) { u.type("txtDisplayName", "other"); });
+    EXPECT_EQ(sessionFiles(), (std::vector<std::string>{"OTHER.vla"}));
+}
+
+TEST_P(SessionRecord, TheNamesOfListingsAreThoseOfTheFilesWithoutTheCatalogue) {
+    putSession("B", {});
+    putSession("a", {});
+    user().onForm("frmAddMORAMConfig", [](User& u) {
+        EXPECT_EQ(u.see("cboConfigs").rowTexts(),
+                  (std::vector<std::string>{"{ADD_MORAM_CONFIG_NONE}", "a", "B"}));
+        u.click("btnCancel");
+    });
+    std::string name;
+    component.showAddMORAMConfigDlg(name);
+    EXPECT_FALSE(memory->find(ItemPath{sessionFolder, "MORAM.vls"}).empty());
+}
+
+}  // namespace
+}  // namespace wynconfig

@@ -1,0 +1,170 @@
+// A desk for tests of the part format tab: opens the session dialog there, in either mode, and has
+// short ways to part formats and to the formats of a session.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "dialogs/session/frmMORAMConfig.h"
+#include "store/part_format_record.h"
+#include "store/session_record.h"
+#include "support/desk.h"
+#include "support/dialog_checks.h"
+
+namespace wynconfig {
+
+using Names = std::vector<std::string>;
+
+class FormatDesk : public Desk {
+  protected:
+    /// Opens a session on the part format tab. The script may leave the dialog open: Cancel ends
+    /// it.
+    void open(const std::string& session, const User::Script& script) {
+        ConfigGlobalModule::g_DatasetMode = false;
+        frmMORAMConfig dialog;
+        m_dialog = &dialog;
+        announce(script);
+        dialog.init(session);
+        dialog.Show();
+        m_dialog = nullptr;
+    }
+    /// The same on a session of these formats in memory.
+    void openInMemory(const Names& formats, const User::Script& script) {
+        ConfigGlobalModule::g_DatasetMode = true;
+        ConfigGlobalModule::g_Session = std::make_shared<Dataset>();
+        ConfigGlobalModule::g_Session->setName("MINE");
+        fill(*ConfigGlobalModule::g_Session, std::to_string(formats.size()), formats);
+        frmMORAMConfig dialog;
+        m_dialog = &dialog;
+        announce(script);
+        dialog.initEX("MINE");
+        dialog.Show();
+        m_dialog = nullptr;
+    }
+    frmMORAMConfig& dialog() { return *m_dialog; }
+
+    static Names available(User& u) { return u.see("lstAvailableFormats").rowTexts(); }
+    static std::vector<SeenRow> selected(User& u) { return u.see("lstSelectedFormats2").rows; }
+    static Names selectedNames(User& u) { return u.see("lstSelectedFormats2").rowTexts(); }
+    /// The text of the marked row of the available list; empty when there is none.
+    static std::string marked(User& u) {
+        const Sight list = u.see("lstAvailableFormats");
+        return list.selected == 0 ? std::string() : list.rows[list.selected - 1].text;
+    }
+    static bool listHasFocus(User& u) { return u.see("lstAvailableFormats").focus; }
+    /// Marks a format in the available list and presses a button.
+    static void act(User& u, const std::string& format, const std::string& button) {
+        u.pick("lstAvailableFormats", format);
+        u.click(button);
+    }
+
+    /// A session file whose count says this, with these format rows from number 1 on.
+    void putSessionOf(const std::string& name, const std::string& count, const Names& formats) {
+        Dataset record;
+        record.Create("MORAM", name, sessionFolder, session::kColumns);
+        fill(record, count, formats);
+        record.Save(ItemPath::item(sessionFolder, name));
+    }
+    void putSessionOf(const std::string& name, const Names& formats) {
+        putSessionOf(name, std::to_string(formats.size()), formats);
+    }
+    void putMalformedSession(const std::string& name) {
+        memory->save(ItemPath::item(sessionFolder, name), "<no record");
+    }
+    /// The format rows of a session that are there, in the order of their numbers.
+    static Names formatsOf(const Dataset& record) {
+        Names names;
+        for (int number = 1; number <= 9; ++number) {
+            for (const DataRow& row : record.Rows())
+                if (row[0] == session::FORMAT(number)) names.push_back(row[1]);
+        }
+        return names;
+    }
+    Names formatsOf(const std::string& sessionName) {
+        return formatsOf(*recordOf(sessionFolder, sessionName));
+    }
+    std::string countOf(const std::string& sessionName) {
+        return recordOf(sessionFolder, sessionName)->GetRow(session::FormatCount)[1];
+    }
+    static Names formatsInMemory() { return formatsOf(*ConfigGlobalModule::g_Session); }
+    static std::string countInMemory() {
+        return ConfigGlobalModule::g_Session->GetRow(session::FormatCount)[1];
+    }
+
+    /// A part format that the editor accepts as it is, told from others by its header.
+    void putFullFormat(const std::string& name) {
+        writeFullFormat(name)->Save(ItemPath::item(formatFolder, name));
+    }
+    /// The same held by the host.
+    void addHostFormat(const std::string& name, const std::string& key) {
+        ConfigGlobalModule::g_PartFormats.Add(writeFullFormat(name), key);
+    }
+    void addHostFormat(const std::string& name) { addHostFormat(name, name); }
+    std::shared_ptr<Dataset> formatRecord(const std::string& name) {
+        return recordOf(formatFolder, name);
+    }
+    std::string formatText(const std::string& name) {
+        return memory->read(ItemPath::item(formatFolder, name));
+    }
+    std::shared_ptr<Dataset> deletedFormat(const std::string& name) {
+        return recordOf(formatFolder + "deleted\\", name);
+    }
+    static std::string headerOf(const Dataset& format) { return format.GetRow("Header")[1]; }
+    /// The keys of the host's formats, in their order.
+    static Names hostKeys() {
+        Names keys;
+        for (const auto& [key, format] : ConfigGlobalModule::g_PartFormats) keys.push_back(key);
+        return keys;
+    }
+
+    /// How often the disk was written to since the last `disk.resetCounts`.
+    std::size_t saves() const { return disk.count(FaultyFileSystem::Operation::Save); }
+    std::size_t reads() const { return disk.count(FaultyFileSystem::Operation::Read); }
+
+    /// Checks that the box of a number from 0 tells a failure of this procedure.
+    void expectFailureBox(std::size_t number, const std::string& tag) {
+        ASSERT_LT(number, user().boxes().size()) << tag;
+        const SeenBox& box = user().boxes()[number];
+        EXPECT_TRUE(isFailureOf(box.text, tag)) << box.text;
+        EXPECT_EQ(box.title, "{GLOBAL_MOD_UNEXPECTED}");
+        EXPECT_EQ(box.style, 4112);
+        EXPECT_EQ(box.okCaption, "{BUTTON_OK}");
+    }
+
+  private:
+    void announce(const User::Script& script) {
+        user().onForm("frmMORAMConfig", [this, script](User& u) {
+            u.changeTab("SSTab2", 1);
+            script(u);
+            if (dialog().loaded()) u.click("btnCancel");
+        });
+    }
+    static void fill(Dataset& record, const std::string& count, const Names& formats) {
+        record.AddRow({session::FormatCount, count});
+        int number = 0;
+        for (const std::string& format : formats)
+            record.AddRow({session::FORMAT(++number), format});
+    }
+    std::shared_ptr<Dataset> writeFullFormat(const std::string& name) const {
+        auto format = std::make_shared<Dataset>();
+        format->Create(partformat::kType, name, formatFolder, session::kColumns);
+        for (const partformat::Key& key : partformat::keys()) {
+            format->AddRow({key.name, key.kind == partformat::Kind::Limit ? "100"
+                                      : key.name == "Header"              ? "head of " + name
+                                                                          : key.firstValue});
+        }
+        return format;
+    }
+    static std::shared_ptr<Dataset> recordOf(const std::string& folder, const std::string& name) {
+        auto record = std::make_shared<Dataset>();
+        record->Load(ItemPath::item(folder, name));
+        return record;
+    }
+
+    frmMORAMConfig* m_dialog = nullptr;
+};
+
+}  // namespace wynconfig
