@@ -1,0 +1,76 @@
+// The parts catalogue: what a user of the host looks through, and the parts list picked from it.
+#pragma once
+
+#include <QSortFilterProxyModel>
+#include <QSqlTableModel>
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+
+namespace host {
+
+/// The parts as a table in a database in memory. A tick in front of a part number puts one piece
+/// into the parts list; the quantity can be edited.
+class CatalogueModel : public QSqlTableModel {
+    Q_OBJECT
+
+  public:
+    enum Column { PartNumber, Description, Price, Stock, Quantity, ColumnCount };
+
+    /// Opens the database and fills it. Raises `std::runtime_error` when that fails.
+    explicit CatalogueModel(QObject* parent = nullptr);
+
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    int quantity(int row) const;
+    void clearQuantities();
+
+  signals:
+    void quantitiesChanged();
+};
+
+/// The rows of the catalogue that were picked.
+class PickedParts : public QSortFilterProxyModel {
+    Q_OBJECT
+
+  public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+  protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+};
+
+/// Search box and catalogue above, the parts list below.
+class CatalogueWidget : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit CatalogueWidget(QWidget* parent = nullptr);
+
+    void goToSearch();
+    /// Puts a part into the parts list, or takes it out with 0 pieces.
+    /// @return whether there is such a part
+    bool pick(const QString& partNumber, int pieces);
+    void clearPartsList();
+
+  private:
+    QWidget* makeCatalogue();
+    QWidget* makePartsList();
+    void tell();
+
+    CatalogueModel* m_parts;
+    QSortFilterProxyModel* m_found;
+    PickedParts* m_picked;
+    QLineEdit* m_search = nullptr;
+    QTableView* m_catalogueView = nullptr;
+    QLabel* m_count = nullptr;
+    QLabel* m_total = nullptr;
+    QPushButton* m_clear = nullptr;
+};
+
+}  // namespace host

@@ -1,0 +1,43 @@
+// A store as a parts department would have it, made through the component itself.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <utility>
+
+#include "wynconfig/wynconfig.h"
+
+namespace host {
+
+/// Where the parts of a store lie below its folder.
+struct StoreFolders {
+    explicit StoreFolders(std::filesystem::path folder) : root(std::move(folder)) {}
+
+    std::filesystem::path root;
+    std::filesystem::path sessions() const { return root / "MORAM"; }
+    std::filesystem::path formats() const { return root / "PARTFORMAT"; }
+    /// Stand-ins for the programs that the sessions launch.
+    std::filesystem::path programs() const { return root / "programs"; }
+    /// Where the sessions write their files.
+    std::filesystem::path lists() const { return root / "lists"; }
+    /// Stands here from the first to the last moment of making the sample store. (Its sessions name
+    /// programs below the root, so it can't be made elsewhere and moved here.)
+    std::filesystem::path unfinishedMark() const { return root / "unfinished-sample"; }
+    bool unfinished() const { return std::filesystem::exists(unfinishedMark()); }
+    /// Whether there is a store already, and a whole one.
+    bool exist() const {
+        return std::filesystem::exists(sessions() / "MORAM.vls") && !unfinished();
+    }
+    /// The root as the component takes it, with its trailing separator.
+    std::string rootText() const { return root.string() + "/"; }
+};
+
+/// Makes the sample store: a played user walks through the dialogs and enters part formats and
+/// sessions. A store whose making was interrupted is made anew. The component must have its
+/// resource manager. It is left set to this store, and without a view.
+/// @param store  absolute; made when it is not there
+/// Raises what goes wrong: `wynconfig::UserError` when a dialog behaved in an unexpected way,
+/// `std::runtime_error` when the folder holds anything else.
+void makeSampleStore(wynconfig::WYNConfig& component, const StoreFolders& store);
+
+}  // namespace host
