@@ -27,7 +27,7 @@ class FailureBox : public Desk {
         user().onBox(answer::Ok);
         failing();
         EXPECT_EQ(user().boxes().size(), 1U);
-        const SeenBox box = user().boxes().empty() ? SeenBox{} : user().boxes().back();
+        SeenBox box = user().boxes().empty() ? SeenBox{} : user().boxes().back();
         EXPECT_NO_THROW(user().finish());
         return box;
     }

@@ -43,7 +43,7 @@ const std::vector<Fault> kFaults{
 class PartFormatChecks : public PartFormatDesk {
   protected:
     /// Opens a new part format in which every check passes, with all flags on.
-    long editValid(User::Script script) {
+    long editValid(const User::Script& script) {
         return edit("", [script](User& u) {
             for (const FieldControls& field : kFields) {
                 u.click(field.check);

@@ -43,6 +43,8 @@ inline int syncCounted(const char* kind, long call, int file) {
 
 }  // namespace wynconfig
 
+// NOLINTBEGIN(misc-definitions-in-headers): one source file includes this, as told above.
+
 extern "C" int fsync(int file) {
     struct stat info {};
     fstat(file, &info);
@@ -80,3 +82,5 @@ extern "C" int flock(int file, int operation) noexcept {
     wynconfig::saveCalls.beforeLock();
     return static_cast<int>(syscall(SYS_flock, file, operation));
 }
+
+// NOLINTEND(misc-definitions-in-headers)
