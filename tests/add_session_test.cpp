@@ -8,6 +8,7 @@
 #include "dialogs/session/frmAddMORAMConfig.h"
 #include "platform/numbers.h"
 #include "store/session_record.h"
+#include "support/caption_tables.h"
 #include "support/desk.h"
 #include "support/dialog_checks.h"
 
@@ -405,14 +406,7 @@ TEST_P(AddSession, ANameTooLongToCheckIsToldAndRefused) {
 }
 
 TEST_P(AddSession, CaptionsComeByKeyOrAllByDefault) {
-    expectTexts<frmAddMORAMConfig>(
-        *texts,
-        {{"UniCaption1", "ADD_MORAM_CONFIG_TITLE", "Add a session"},
-         {"lblName", "ADD_MORAM_CONFIG_LBL_NAME", "Add a new session named"},
-         {"lblConfigs", "ADD_MORAM_CONFIG_LBL_CONFIGS", "based on the session"},
-         {"btnOK", "BUTTON_OK", "OK"},
-         {"btnCancel", "BUTTON_CANCEL", "Cancel"}},
-        {{"frmSession", ""}});
+    expectTexts<frmAddMORAMConfig>(*texts, kAddTexts, {{"frmSession", ""}});
 }
 
 TEST_P(AddSession, SharesTheFontAndDoesWithoutIt) {

@@ -10,6 +10,7 @@
 #include "dialogs/session/frmMORAMConfig.h"
 #include "platform/numbers.h"
 #include "store/session_record.h"
+#include "support/caption_tables.h"
 #include "support/desk.h"
 #include "support/dialog_checks.h"
 
@@ -35,23 +36,6 @@ const Stored kOwn{{"WindowTitleSearchType", "matches"}, {"WindowClassSearchType"
                   {"DisableProgramLaunch", "true"},     {"WindowTitleClassDelay", "3"},
                   {"ProgramLaunchDelay", "7"},          {"WindowTitleCaseSensitive", "false"},
                   {"WindowClassCaseSensitive", "true"}};
-
-const std::vector<KeyedText> kTexts{
-    {"UniCaption1", "ADV_CONFIG_TITLE", "Advanced Configuration"},
-    {"chkDisableProgramLaunch", "ADV_CONFIG_CHK_DISABLEPROGRAMLAUNCH", "Disable Program Launch"},
-    {"lblProgramLaunchDelay", "ADV_CONFIG_LBL_PROGRAMLAUNCHDELAY", "Program Launch Delay"},
-    {"lblWindowTitleClassDelay", "ADV_CONFIG_LBL_WINDOWTITLECLASSDELAY",
-     "Window Title/Class Delay"},
-    {"FrameWindowTitle", "ADV_CONFIG_LBL_WINDOWTITLE", "Window Title"},
-    {"btnTitleContains", "MORAM2_SEARCH_TYPE_CONTAINS", "Contains"},
-    {"btnTitleStartsWith", "MORAM2_SEARCH_TYPE_STARTSWITH", "Starts with"},
-    {"btnTitleMatches", "MORAM2_SEARCH_TYPE_MATCHES", "Matches"},
-    {"FrameClassTitle", "ADV_CONFIG_LBL_WINDOWCLASS", "Window Class"},
-    {"btnClassContains", "MORAM2_SEARCH_TYPE_CONTAINS", "Contains"},
-    {"btnClassStartsWith", "MORAM2_SEARCH_TYPE_STARTSWITH", "Starts with"},
-    {"btnClassMatches", "MORAM2_SEARCH_TYPE_MATCHES", "Matches"},
-    {"OKButton", "BUTTON_OK", "OK"},
-    {"CancelButton", "BUTTON_CANCEL", "Cancel"}};
 
 Stored rowsOf(const Dataset& record) {
     return {record.Rows().begin(), record.Rows().end()};
@@ -526,7 +510,7 @@ TEST_P(AdvancedDialog, LoadsOnceAtTheFirstTouch) {
 }
 
 TEST_P(AdvancedDialog, CaptionsComeByKeyOrAllByDefault) {
-    expectTexts<dlgAdvConfig>(*texts, kTexts, {{"Frame1", ""}});
+    expectTexts<dlgAdvConfig>(*texts, kAdvancedTexts, {{"Frame1", ""}});
 }
 
 TEST_P(AdvancedDialog, SharesTheFontAndDoesWithoutIt) {

@@ -1,7 +1,6 @@
 // What applying a session refuses, in which order and with which box, and what becomes of steps
 // that fail.
-#include "dialogs/session/frmMORAMConfig.h"
-#include "support/desk.h"
+#include "support/session_dialog_desk.h"
 
 namespace wynconfig {
 namespace {
@@ -13,36 +12,8 @@ const std::string kForbidden = "{MORAM_CONFIG_MSG_INVALID_CHARS}\r\n         \\ 
 const std::string kFileTag = "UnifrmMORAMConfig:ApplyChanges";
 const std::string kMemoryTag = "UnifrmMORAMConfig:ApplyChangesEX";
 
-class ApplyFailures : public Desk {
+class ApplyFailures : public SessionDialogDesk {
   protected:
-    void SetUp() override {
-        Desk::SetUp();
-        putProgram("/programs/parts.exe");
-        putFormat("CSV");
-        putFullSession("DESK", {"CSV"});
-    }
-
-    void open(const std::string& name, const User::Script& script) {
-        frmMORAMConfig dialog;
-        announce(dialog, script);
-        dialog.init(name);
-        dialog.Show();
-        m_result = dialog.Result();
-        m_name = dialog.SessionName();
-    }
-    /// Opens `g_Session`, filled with the rows of the session "DESK", under a name of its own.
-    void openInMemory(const std::string& name, const User::Script& script) {
-        ConfigGlobalModule::g_DatasetMode = true;
-        ConfigGlobalModule::g_Session = std::make_shared<Dataset>();
-        ConfigGlobalModule::g_Session->Load(ItemPath::item(sessionFolder, "DESK"));
-        ConfigGlobalModule::g_Session->setName(name);
-        frmMORAMConfig dialog;
-        announce(dialog, script);
-        dialog.initEX(name);
-        dialog.Show();
-        m_result = dialog.Result();
-        m_name = dialog.SessionName();
-    }
     /// Opens the session "DESK" in file mode, then in the in-memory mode.
     void openInBothModes(const std::function<void(User&)>& script) {
         for (const bool inMemory : {false, true}) {
@@ -51,9 +22,6 @@ class ApplyFailures : public Desk {
             inMemory ? openInMemory("MINE", script) : open("DESK", script);
         }
     }
-    /// Of the dialog that was closed last.
-    long result() const { return m_result; }
-    const std::string& sessionName() const { return m_name; }
 
     /// Announces a refusal by exactly this box.
     void expectRefusal(const std::string& text, const std::string& titleKey) {
@@ -92,17 +60,6 @@ class ApplyFailures : public Desk {
         u.pick("lstSelectedFormats2", "CSV");
         u.click("btnRemove");
     }
-
-  private:
-    void announce(frmMORAMConfig& dialog, const User::Script& script) {
-        user().onForm("frmMORAMConfig", [&dialog, script](User& u) {
-            script(u);
-            if (dialog.loaded()) u.click("btnCancel");
-        });
-    }
-
-    long m_result = -1;
-    std::string m_name;
 };
 ON_EVERY_VIEW(ApplyFailures);
 

@@ -1,7 +1,7 @@
 // Applying a session: the buttons, the writing, and renaming, in file mode and in the in-memory
 // mode.
-#include "dialogs/session/frmMORAMConfig.h"
-#include "support/desk.h"
+#include "support/session_dialog_desk.h"
+#include "support/session_keys.h"
 
 namespace wynconfig {
 namespace {
@@ -13,40 +13,12 @@ const std::string kJapanese = "部品リスト";
 const std::string kCombining = "CAFE\xCC\x81 \xC3\x85";
 const std::string kEmoji = "TOOLS \xF0\x9F\x94\xA7";
 
-class ApplySession : public Desk {
+class ApplySession : public SessionDialogDesk {
   protected:
     void SetUp() override {
-        Desk::SetUp();
-        putProgram("/programs/parts.exe");
-        putFormat("CSV");
+        SessionDialogDesk::SetUp();
         putFormat("PLAIN");
-        putFullSession("DESK", {"CSV"});
     }
-
-    void open(const std::string& name, const User::Script& script) {
-        frmMORAMConfig dialog;
-        announce(dialog, script);
-        dialog.init(name);
-        dialog.Show();
-        m_result = dialog.Result();
-        m_name = dialog.SessionName();
-    }
-    /// Opens `g_Session`, filled with the rows of the session "DESK", under a name of its own.
-    void openInMemory(const std::string& name, const User::Script& script) {
-        ConfigGlobalModule::g_DatasetMode = true;
-        ConfigGlobalModule::g_Session = std::make_shared<Dataset>();
-        ConfigGlobalModule::g_Session->Load(ItemPath::item(sessionFolder, "DESK"));
-        ConfigGlobalModule::g_Session->setName(name);
-        frmMORAMConfig dialog;
-        announce(dialog, script);
-        dialog.initEX(name);
-        dialog.Show();
-        m_result = dialog.Result();
-        m_name = dialog.SessionName();
-    }
-    /// Of the dialog that was closed last.
-    long result() const { return m_result; }
-    const std::string& sessionName() const { return m_name; }
 
     std::string storedName(const std::string& file) {
         Dataset record;
@@ -57,17 +29,6 @@ class ApplySession : public Desk {
         return ConfigGlobalModule::g_Session->GetRow(key)[1];
     }
     void announceRefusal() { user().onBox(); }
-
-  private:
-    void announce(frmMORAMConfig& dialog, const User::Script& script) {
-        user().onForm("frmMORAMConfig", [&dialog, script](User& u) {
-            script(u);
-            if (dialog.loaded()) u.click("btnCancel");
-        });
-    }
-
-    long m_result = -1;
-    std::string m_name;
 };
 ON_EVERY_VIEW(ApplySession);
 
@@ -191,28 +152,9 @@ TEST_P(ApplySession, RowsAreWrittenAnewBehindThoseThatNobodyWrites) {
     record.Load(ItemPath::item(sessionFolder, "DESK"));
     Texts keys;
     for (const DataRow& each : record.Rows()) keys.push_back(each[0]);
-    EXPECT_EQ(keys, (Texts{"Remark",
-                           "ProgramPath",
-                           "CommandLineArgs",
-                           "ReverseList",
-                           "AutoResize",
-                           "Orientation",
-                           "FormatCount",
-                           "FORMAT1",
-                           "WindowTitleSearchType",
-                           "WindowClassSearchType",
-                           "WindowTitle",
-                           "WindowClass",
-                           "DisableProgramLaunch",
-                           "WindowTitleClassDelay",
-                           "ProgramLaunchDelay",
-                           "WindowTitleCaseSensitive",
-                           "WindowClassCaseSensitive",
-                           "PartFormat",
-                           "FileName",
-                           "FileFolder",
-                           "FileAction",
-                           "WriteFileOnly"}));
+    Texts expected{"Remark"};
+    expected.insert(expected.end(), kSessionKeys.begin(), kSessionKeys.end());
+    EXPECT_EQ(keys, expected);
 }
 
 TEST_P(ApplySession, TheHiddenPassesAreNeverShown) {

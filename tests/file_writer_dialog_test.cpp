@@ -11,6 +11,7 @@
 #include "dialogs/session/frmTallyvaneConfig.h"
 #include "platform/numbers.h"
 #include "store/session_record.h"
+#include "support/caption_tables.h"
 #include "support/desk.h"
 #include "support/dialog_checks.h"
 #include "wynconfig/error.h"
@@ -34,18 +35,6 @@ const Stored kOwn{{"PartFormat", "CSV"},
                   {"FileFolder", "C:\\out"},
                   {"FileAction", "Append"},
                   {"WriteFileOnly", "true"}};
-
-const std::vector<KeyedText> kTexts{
-    {"UniCaption1", "TVW_CONFIG_TITLE", "Configure Tallyvane Session"},
-    {"lblPartFormat", "MORAM_CONFIG_MSG_PART_FORMAT", "Part Format"},
-    {"lblFileName", "TVW_CONFIG_LBL_FILE_NAME", "File Name"},
-    {"lblFileFolder", "TVW_CONFIG_LBL_FILE_FOLDER", "File Folder"},
-    {"btnBrowseFolder", "BUTTON_BROWSE", "Browse"},
-    {"rdoAppend", "TVW_CONFIG_RDO_APPEND", "Append"},
-    {"rdoOverWrite", "TVW_CONFIG_RDO_OVER_WRITE", "Over Write"},
-    {"chkWriteFileOnly", "TVW_CONFIG_CHK_WRITE_FILE_ONLY", "Write File Only"},
-    {"btnOk", "BUTTON_OK", "OK"},
-    {"btnCancel", "BUTTON_CANCEL", "Cancel"}};
 
 Stored rowsOf(const Dataset& record) {
     return {record.Rows().begin(), record.Rows().end()};
@@ -613,7 +602,7 @@ TEST_P(FileWriterDialog, TheTabKeyPassesTheFormatListBy) {
 }
 
 TEST_P(FileWriterDialog, CaptionsComeByKeyOrAllByDefault) {
-    expectTexts<frmTallyvaneConfig>(*texts, kTexts);
+    expectTexts<frmTallyvaneConfig>(*texts, kFileWriterTexts);
 }
 
 TEST_P(FileWriterDialog, SharesTheFontAndDoesWithoutIt) {

@@ -1,52 +1,18 @@
 // The lists of part formats: what they show, and how a format moves between them.
-#include "dialogs/session/frmMORAMConfig.h"
-#include "support/desk.h"
+#include "support/format_desk.h"
 
 namespace wynconfig {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-class FormatLists : public Desk {
+class FormatLists : public FormatDesk {
   protected:
     void SetUp() override {
         Desk::SetUp();
         putProgram("/programs/parts.exe");
     }
 
-    /// Opens a session on the part format tab; the script need not close the dialog.
-    void open(const std::string& name, const User::Script& script) {
-        frmMORAMConfig dialog;
-        m_dialog = &dialog;
-        announce(script);
-        dialog.init(name);
-        dialog.Show();
-        m_dialog = nullptr;
-    }
-    /// The same on `g_Session` in the in-memory mode.
-    void openInMemory(const Texts& formats, const User::Script& script) {
-        ConfigGlobalModule::g_DatasetMode = true;
-        auto session = std::make_shared<Dataset>();
-        session->AddRow({"FormatCount", std::to_string(formats.size())});
-        for (std::size_t i = 0; i < formats.size(); ++i)
-            session->AddRow({"FORMAT" + std::to_string(i + 1), formats[i]});
-        ConfigGlobalModule::g_Session = session;
-        frmMORAMConfig dialog;
-        m_dialog = &dialog;
-        announce(script);
-        dialog.initEX("MINE");
-        dialog.Show();
-        m_dialog = nullptr;
-    }
-    void addHostFormat(const std::string& name, const std::string& key = {}) {
-        auto format = std::make_shared<Dataset>();
-        format->setName(name);
-        ConfigGlobalModule::g_PartFormats.Add(format, key.empty() ? name : key);
-    }
-    frmMORAMConfig& dialog() { return *m_dialog; }
-
-    static Texts available(User& u) { return u.see("lstAvailableFormats").rowTexts(); }
-    static Texts selected(User& u) { return u.see("lstSelectedFormats2").rowTexts(); }
     static void add(User& u, const std::string& format) {
         u.pick("lstAvailableFormats", format);
         u.click("btnAdd");
@@ -55,17 +21,6 @@ class FormatLists : public Desk {
         u.pick("lstSelectedFormats2", format);
         u.click("btnRemove");
     }
-
-  private:
-    void announce(const User::Script& script) {
-        user().onForm("frmMORAMConfig", [this, script](User& u) {
-            u.changeTab("SSTab2", 1);
-            script(u);
-            if (dialog().loaded()) u.click("btnCancel");
-        });
-    }
-
-    frmMORAMConfig* m_dialog = nullptr;
 };
 ON_EVERY_VIEW(FormatLists);
 
@@ -87,7 +42,7 @@ TEST_P(FormatLists, AFileOfTheExtensionAloneIsAFormatWithoutAName) {
     open("", [](User& u) {
         EXPECT_EQ(available(u), (Texts{"", "CSV"}));
         add(u, "");
-        EXPECT_EQ(selected(u), (Texts{""}));
+        EXPECT_EQ(selectedNames(u), (Texts{""}));
     });
 }
 
@@ -128,7 +83,7 @@ TEST_P(FormatLists, ARowAddedByTheFileWriterDialogTakesNoFont) {
         });
         u.changeTab("SSTab2", 0);
         u.click("btnTallyvane");
-        EXPECT_EQ(selected(u), (Texts{"CSV", "PLAIN"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"CSV", "PLAIN"}));
         EXPECT_EQ(dialog().lstSelectedFormats2.row(2).font, nullptr);
     });
 }
@@ -139,7 +94,7 @@ TEST_P(FormatLists, AnEmptyFormatFolderLeavesTheAvailableListHidden) {
         EXPECT_FALSE(u.see("lstAvailableFormats").visible);
         EXPECT_EQ(available(u), Texts{});
         EXPECT_TRUE(u.see("lstSelectedFormats2").visible);
-        EXPECT_EQ(selected(u), (Texts{"CSV"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"CSV"}));
     });
 }
 
@@ -148,7 +103,7 @@ TEST_P(FormatLists, AnEmptyFormatFolderShowsNoFormatsOfTheHostEither) {
     openInMemory({"HOSTED"}, [](User& u) {
         EXPECT_FALSE(u.see("lstAvailableFormats").visible);
         EXPECT_EQ(available(u), Texts{});
-        EXPECT_EQ(selected(u), (Texts{"HOSTED"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"HOSTED"}));
     });
 }
 
@@ -217,7 +172,7 @@ TEST_P(FormatLists, AddPutsTheFormatAtTheEndAndKeepsItAvailable) {
     open("DESK", [](User& u) {
         add(u, "B");
         add(u, "A");
-        EXPECT_EQ(selected(u), (Texts{"C", "B", "A"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"C", "B", "A"}));
         EXPECT_EQ(available(u), (Texts{"A", "B", "C"}));
         EXPECT_EQ(u.see("lstAvailableFormats").selected, 1U);
     });
@@ -229,7 +184,7 @@ TEST_P(FormatLists, AddOfAFormatAlreadySelectedChangesNothing) {
     open("DESK", [](User& u) {
         add(u, "A");
         add(u, "A");
-        EXPECT_EQ(selected(u), (Texts{"A"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"A"}));
     });
 }
 
@@ -238,7 +193,7 @@ TEST_P(FormatLists, AddWithoutASelectionChangesNothing) {
     putFullSession("DESK", {});
     open("DESK", [](User& u) {
         u.click("btnAdd");
-        EXPECT_EQ(selected(u), Texts{});
+        EXPECT_EQ(selectedNames(u), Texts{});
     });
 }
 
@@ -247,7 +202,7 @@ TEST_P(FormatLists, RemoveTakesTheSelectedRowAlone) {
     putFullSession("DESK", {"A", "B", "C"});
     open("DESK", [](User& u) {
         remove(u, "B");
-        EXPECT_EQ(selected(u), (Texts{"A", "C"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"A", "C"}));
         EXPECT_EQ(available(u), (Texts{"A"}));
     });
 }
@@ -256,7 +211,7 @@ TEST_P(FormatLists, RemoveWithoutASelectionChangesNothing) {
     putFullSession("DESK", {"A", "B"});
     open("DESK", [](User& u) {
         u.click("btnRemove");
-        EXPECT_EQ(selected(u), (Texts{"A", "B"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"A", "B"}));
     });
 }
 
@@ -264,7 +219,7 @@ TEST_P(FormatLists, TheLastFormatMayBeRemoved) {
     putFullSession("DESK", {"A"});
     open("DESK", [](User& u) {
         remove(u, "A");
-        EXPECT_EQ(selected(u), Texts{});
+        EXPECT_EQ(selectedNames(u), Texts{});
     });
 }
 
@@ -274,7 +229,7 @@ TEST_P(FormatLists, ARemovedFormatMayBeAddedAgainAtTheEnd) {
     open("DESK", [](User& u) {
         remove(u, "A");
         add(u, "A");
-        EXPECT_EQ(selected(u), (Texts{"B", "A"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"B", "A"}));
     });
 }
 
@@ -286,7 +241,7 @@ TEST_P(FormatLists, ARowWhoseTextWasChangedIsKnownByItsTextToAddAndByItsKeyToRem
         add(u, "NEW");
         EXPECT_EQ(u.see("lstSelectedFormats2").rows, (std::vector<SeenRow>{{"OLD", "NEW"}}));
         remove(u, "NEW");
-        EXPECT_EQ(selected(u), Texts{});
+        EXPECT_EQ(selectedNames(u), Texts{});
     });
 }
 
@@ -334,7 +289,7 @@ TEST_P(FormatLists, AnApplyAfterARemovalMovesTheLaterRowsUp) {
 TEST_P(FormatLists, TwoRowsOfOneNameAreWrittenBackAsOne) {
     putFullSession("DESK", {"A", "A"});
     open("DESK", [](User& u) {
-        EXPECT_EQ(selected(u), (Texts{"A"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"A"}));
         u.click("btnOK");
     });
     Rows rows = sessionRows("DESK");
@@ -374,7 +329,7 @@ TEST_P(FormatLists, TheFormatTabCanBeWorkedByTheKeyboard) {
         u.pick("lstAvailableFormats", "A");
         u.focus("btnAdd");
         u.pressEnter();
-        EXPECT_EQ(selected(u), (Texts{"B", "A"}));
+        EXPECT_EQ(selectedNames(u), (Texts{"B", "A"}));
     });
 }
 

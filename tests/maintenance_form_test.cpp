@@ -9,6 +9,7 @@
 
 #include "dialogs/session/frmMORAMMaintenance.h"
 #include "services/global_error.h"
+#include "support/caption_tables.h"
 #include "support/desk.h"
 #include "support/dialog_checks.h"
 
@@ -16,15 +17,6 @@ namespace wynconfig {
 namespace {
 
 using namespace ConfigGlobalModule;
-
-const std::vector<KeyedText> kTexts{
-    {"UniCaption1", "MORAM_MAINT_TITLE", "Session Maintenance"},
-    {"lblSelectSession", "MORAM_MAINT_LBL_SELECTSESSION", "Select a session"},
-    {"btnNew", "BUTTON_NEW", "New"},
-    {"btnDelete", "BUTTON_DELETE", "Delete"},
-    {"btnEdit", "BUTTON_EDIT", "Edit"},
-    {"btnOK", "BUTTON_OK", "OK"},
-    {"btnCancel", "BUTTON_CANCEL", "Cancel"}};
 
 const std::string kList = "lstAvailableMORAMs2";
 
@@ -160,7 +152,7 @@ TEST_P(MaintenanceForm, LoadsWhenItIsShownAndNotBefore) {
 }
 
 TEST_P(MaintenanceForm, CaptionsComeByKeyOrAllByDefault) {
-    expectTexts<frmMORAMMaintenance>(*texts, kTexts);
+    expectTexts<frmMORAMMaintenance>(*texts, kMaintenanceTexts);
 }
 
 TEST_P(MaintenanceForm, TheFormsOwnCaptionFollowsTheCaptionBar) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "support/caption_tables.h"
 #include "support/dialog_checks.h"
 #include "support/part_format_desk.h"
 
@@ -10,48 +11,6 @@ namespace wynconfig {
 namespace {
 
 using namespace ConfigGlobalModule;
-
-const std::vector<KeyedText> kTexts{
-    {"UniCaption1", "PART_FORMAT_TITLE", "Part Number Format"},
-    {"lblFormatName", "PART_FORMAT_LBL_FORMATNAME", "Part Format Name"},
-    {"frmFormat", "PART_FORMAT_FRA_FORMAT", "Parts Format"},
-    {"lblHeader", "PART_FORMAT_LBL_HEADER", "Header"},
-    {"lblRecord", "PART_FORMAT_LBL_RECORD", "Record"},
-    {"lblSeparator", "PART_FORMAT_LBL_SEPARATOR", "Separator"},
-    {"lblTrailer", "PART_FORMAT_LBL_TRAILER", "Trailer"},
-    {"frmPart", "PART_FORMAT_FRA_PART", "<Part#>"},
-    {"frmQty", "PART_FORMAT_FRA_QTY", "<Quantity>"},
-    {"frmDesc", "PART_FORMAT_FRA_DESC", "<Description>"},
-    {"chkFormatPartNumber", "PART_FORMAT_CHK_FORMATPART", "Format <Part#>"},
-    {"chkFormatQty", "PART_FORMAT_CHK_FORMATQTY", "Format <Quantity>"},
-    {"chkFormatDesc", "PART_FORMAT_CHK_FORMATDESC", "Format <Description>"},
-    {"lblPartFieldLength", "PART_FORMAT_LBL_FIELDLENGTH", "Field Length"},
-    {"lblQtyFieldLength", "PART_FORMAT_LBL_FIELDLENGTH", "Field Length"},
-    {"lblDescFieldLength", "PART_FORMAT_LBL_FIELDLENGTH", "Field Length"},
-    {"lblPartAlignment", "PART_FORMAT_LBL_ALIGNMENT", "Alignment"},
-    {"lblQtyAlignment", "PART_FORMAT_LBL_ALIGNMENT", "Alignment"},
-    {"lblDescAlignment", "PART_FORMAT_LBL_ALIGNMENT", "Alignment"},
-    {"rdoPartLeft", "PART_FORMAT_OPT_LEFT", "Left"},
-    {"rdoQtyLeft", "PART_FORMAT_OPT_LEFT", "Left"},
-    {"rdoDescLeft", "PART_FORMAT_OPT_LEFT", "Left"},
-    {"rdoPartRight", "PART_FORMAT_OPT_RIGHT", "Right"},
-    {"rdoQtyRight", "PART_FORMAT_OPT_RIGHT", "Right"},
-    {"rdoDescRight", "PART_FORMAT_OPT_RIGHT", "Right"},
-    {"lblPartPad", "PART_FORMAT_LBL_PADCHAR", "Pad character"},
-    {"lblQtyPad", "PART_FORMAT_LBL_PADCHAR", "Pad character"},
-    {"lblDescPad", "PART_FORMAT_LBL_PADCHAR", "Pad character"},
-    {"lblMaxRecords", "PART_FORMAT_LBL_MAXRECORDS", "Maximum Records"},
-    {"btnOk", "BUTTON_OK", "Ok"},
-    {"btnCancel", "BUTTON_CANCEL", "Cancel"}};
-
-/// The VIN group has no keys: its captions are the same in every language.
-const Captions kFixed{{"frmVin", "<VIN>"},
-                      {"chkFormatVIN", "Format <VIN>"},
-                      {"lblVINFieldLength", "Field Length"},
-                      {"lblVINAlignment", "Alignment"},
-                      {"rdoVINLeft", "Left"},
-                      {"rdoVINRight", "Right"},
-                      {"lblVINPad", "Pad character"}};
 
 const std::string kTag = "frmPartNumberFormat:init";
 
@@ -67,19 +26,16 @@ Stored nothingRead() {
 class PartFormatEditor : public PartFormatDesk {
   protected:
     static Captions captionsByKey() {
-        Captions captions = kFixed;
-        for (const KeyedText& row : kTexts) captions[row.control] = "{" + row.key + "}";
+        Captions captions = kVinTexts;
+        for (const KeyedText& row : kPartFormatTexts) captions[row.place] = "{" + row.key + "}";
         return captions;
     }
     static void expectCaptionsSeen(User& u, bool byDefault) {
-        for (const KeyedText& row : kTexts) {
+        for (const KeyedText& row : kPartFormatTexts) {
             const std::string caption = byDefault ? row.byDefault : "{" + row.key + "}";
-            if (row.control == "UniCaption1")
-                EXPECT_EQ(u.formTitle(), caption);
-            else
-                EXPECT_EQ(u.see(row.control).caption, caption) << row.control;
+            EXPECT_EQ(captionSeenAt(u, row.place), caption) << row.place;
         }
-        for (const auto& [control, caption] : kFixed)
+        for (const auto& [control, caption] : kVinTexts)
             EXPECT_EQ(u.see(control).caption, caption) << control;
     }
     static void expectEnabled(User& u, const FieldControls& field, bool enabled) {
@@ -97,8 +53,8 @@ TEST_P(PartFormatEditor, HasItsControlsAndNoOthers) {
     std::set<std::string> expected{"UniMsgBox1",    "txtFormatName",     "txtHeader",
                                    "txtRecord",     "txtSeparator",      "txtTrailer",
                                    "txtMaxRecords", "lstSpecialSymbols2"};
-    for (const KeyedText& row : kTexts) expected.insert(row.control);
-    for (const auto& each : kFixed) expected.insert(each.first);
+    for (const KeyedText& row : kPartFormatTexts) expected.insert(row.place);
+    for (const auto& each : kVinTexts) expected.insert(each.first);
     for (const FieldControls& field : kFields) {
         expected.insert(field.length);
         expected.insert(field.pad);
@@ -112,7 +68,7 @@ TEST_P(PartFormatEditor, HasItsControlsAndNoOthers) {
 
 TEST_P(PartFormatEditor, TakesEachTextByItsKeyInTheOrderOfTheTable) {
     std::vector<std::string> keys;
-    for (const KeyedText& row : kTexts) keys.push_back(row.key);
+    for (const KeyedText& row : kPartFormatTexts) keys.push_back(row.key);
     frmPartNumberFormat form;
     form.Hide();
     EXPECT_EQ(captionsOf(form), captionsByKey());
@@ -122,10 +78,10 @@ TEST_P(PartFormatEditor, TakesEachTextByItsKeyInTheOrderOfTheTable) {
 }
 
 TEST_P(PartFormatEditor, AnyKeyThatFailsCostsAllTexts) {
-    Captions byDefault = kFixed;
-    for (const KeyedText& row : kTexts) byDefault[row.control] = row.byDefault;
+    Captions byDefault = kVinTexts;
+    for (const KeyedText& row : kPartFormatTexts) byDefault[row.place] = row.byDefault;
     frmPartNumberFormat form;
-    for (const KeyedText& row : kTexts) {
+    for (const KeyedText& row : kPartFormatTexts) {
         texts->missing = {row.key};
         form.SetTextStrings();
         EXPECT_EQ(captionsOf(form), byDefault) << "without " << row.key;
@@ -136,9 +92,9 @@ TEST_P(PartFormatEditor, AnyKeyThatFailsCostsAllTexts) {
 }
 
 TEST_P(PartFormatEditor, TextsThatAreEmptyStayEmpty) {
-    Captions empty = kFixed;
-    for (const KeyedText& row : kTexts) {
-        empty[row.control] = "";
+    Captions empty = kVinTexts;
+    for (const KeyedText& row : kPartFormatTexts) {
+        empty[row.place] = "";
         texts->texts[row.key] = "";
     }
     frmPartNumberFormat form;
@@ -243,12 +199,12 @@ TEST_P(PartFormatEditor, AllButTheSettingsOfFieldsCanBeUsed) {
                                  "txtTrailer", "txtMaxRecords", "lstSpecialSymbols2", "btnOk",
                                  "btnCancel", "chkFormatPartNumber", "chkFormatVIN"})
             EXPECT_TRUE(u.canUse(each)) << each;
-        for (const KeyedText& row : kTexts) {
-            if (row.control != "UniCaption1") {
-                EXPECT_TRUE(u.see(row.control).visible) << row.control;
+        for (const KeyedText& row : kPartFormatTexts) {
+            if (row.place != "UniCaption1") {
+                EXPECT_TRUE(u.see(row.place).visible) << row.place;
             }
         }
-        for (const auto& each : kFixed) EXPECT_TRUE(u.see(each.first).visible) << each.first;
+        for (const auto& each : kVinTexts) EXPECT_TRUE(u.see(each.first).visible) << each.first;
         u.click("btnCancel");
     });
 }

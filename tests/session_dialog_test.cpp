@@ -1,9 +1,9 @@
 // The session dialog itself: opening, captions, tabs, its fixed size, and browsing for a program.
 #include <fstream>
 
-#include "dialogs/session/frmMORAMConfig.h"
 #include "file_system_kit.h"
-#include "support/desk.h"
+#include "support/caption_tables.h"
+#include "support/session_dialog_desk.h"
 #include "wynconfig/error.h"
 #include "wynconfig/view.h"
 
@@ -12,57 +12,12 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// A captioned control (a tab: "SSTab2/index", the title bar: "title"), its key and its default.
-struct CaptionRow {
-    const char* place;
-    const char* key;
-    const char* byDefault;
-};
-
-const std::vector<CaptionRow> kCaptions{
-    {"title", "MORAM_CONFIG_TITLE", "WYN 3rd Party Application Configuration"},
-    {"SSTab2/0", "MORAM_CONFIG_TAB_APP_LAUNCH", "3rd Party Application Launch"},
-    {"SSTab2/1", "MORAM_CONFIG_TAB_PART_FORMAT", "Part Number Format"},
-    {"btnOK", "BUTTON_OK", "OK"},
-    {"btnCancel", "BUTTON_CANCEL", "Cancel"},
-    {"btnApply", "BUTTON_APPLY", "Apply"},
-    {"lblDisplayName", "MORAM_CONFIG_LBL_DISPLAYNAME", "Display Name"},
-    {"frmLaunch", "MORAM_CONFIG_FRA_LAUNCH", "Program Launch"},
-    {"lblPath", "MORAM_CONFIG_LBL_PATH", "Program Path"},
-    {"btnBrowseFile", "BUTTON_BROWSE", "Browse"},
-    {"lblCmdLine", "MORAM_CONFIG_LBL_CMDLINE", "Command Line Options"},
-    {"chkReverseList", "MORAM_CONFIG_OPT_REVERSE", "Reverse List Order"},
-    {"btnAdvanced", "BUTTON_ADVANCED", "Advanced"},
-    {"btnTallyvane", "BUTTON_TALLYVANE", "Tallyvane"},
-    {"frmOrientation", "MORAM_CONFIG_FRA_ORIENTATION", "Orientation"},
-    {"rdoTop", "MORAM_CONFIG_OPT_TOP", "Top"},
-    {"rdoBottom", "MORAM_CONFIG_OPT_BOTTOM", "Bottom"},
-    {"rdoLeft", "MORAM_CONFIG_OPT_LEFT", "Left"},
-    {"rdoRight", "MORAM_CONFIG_OPT_RIGHT", "Right"},
-    {"chkAutoResize", "MORAM_CONFIG_CHK_AUTORESIZE", "Automatic Resize"},
-    {"lblDisplayName3", "MORAM_CONFIG_LBL_DISPLAYNAME", "Display Name"},
-    {"lblAvailableFormats", "MORAM_CONFIG_LBL_AVAILABLEFORMATS", "Available Part Formats"},
-    {"lblSelectedFormats", "MORAM_CONFIG_LBL_SELECTEDFORMATS", "Selected Part Formats"},
-    {"btnNew", "BUTTON_NEW", "New"},
-    {"btnCopy", "BUTTON_COPY", "Copy"},
-    {"btnRename", "BUTTON_RENAME", "Rename"},
-    {"btnEdit", "BUTTON_EDIT", "Edit"},
-    {"btnDelete", "BUTTON_DELETE", "Delete"},
-};
-
 const Texts kLaunchStops{
     "txtCommandLineArgs", "txtDisplayName", "txtProgramPath", "rdoBottom",      "rdoLeft",
     "rdoRight",           "rdoTop",         "chkAutoResize",  "chkReverseList", "btnBrowseFile",
     "btnAdvanced",        "btnTallyvane"};
 const Texts kFormatStops{"btnAdd", "btnCopy",   "btnDelete", "btnEdit",
                          "btnNew", "btnRemove", "btnRename"};
-
-std::string captionOf(User& u, const std::string& place) {
-    if (place == "title") return u.formTitle();
-    if (place.starts_with("SSTab2/"))
-        return u.see("SSTab2").rows.at(static_cast<std::size_t>(place.back() - '0')).text;
-    return u.see(place).caption;
-}
 
 /// A program on the real disk, where a browse dialog looks for it.
 class RealProgram {
@@ -108,63 +63,16 @@ class RaisingView : public View {
     long deviceContext(Form&) override { return 0; }
 };
 
-class SessionDialog : public Desk {
+class SessionDialog : public SessionDialogDesk {
   protected:
-    void SetUp() override {
-        Desk::SetUp();
-        putProgram("/programs/parts.exe");
-        putFormat("CSV");
-        putFullSession("DESK", {"CSV"});
-    }
-
-    /// Opens a session in file mode for a script, which need not close the dialog.
-    void open(const std::string& name, const User::Script& script) {
-        frmMORAMConfig dialog;
-        m_dialog = &dialog;
-        announce(script);
-        dialog.init(name);
-        dialog.Show();
-        m_result = dialog.Result();
-        m_name = dialog.SessionName();
-        m_dialog = nullptr;
-    }
-    /// The same with `g_Session` in the in-memory mode.
-    void openInMemory(const std::string& name, const User::Script& script) {
-        ConfigGlobalModule::g_DatasetMode = true;
-        frmMORAMConfig dialog;
-        m_dialog = &dialog;
-        announce(script);
-        dialog.initEX(name);
-        dialog.Show();
-        m_result = dialog.Result();
-        m_name = dialog.SessionName();
-        m_dialog = nullptr;
-    }
-    frmMORAMConfig& dialog() { return *m_dialog; }
-    /// Of the dialog that was closed last.
-    long result() const { return m_result; }
-    const std::string& sessionName() const { return m_name; }
-
     void expectStops(User& u, const Texts& controls, bool stops) {
         for (const std::string& each : controls) EXPECT_EQ(u.see(each).tabStop, stops) << each;
     }
     void expectDefaults(User& u) {
-        for (const CaptionRow& row : kCaptions)
-            EXPECT_EQ(captionOf(u, row.place), row.byDefault) << row.place;
+        for (const KeyedText& row : kSessionTexts)
+            EXPECT_EQ(captionSeenAt(u, row.place), row.byDefault) << row.place;
         EXPECT_EQ(dialog().CommonDialog.caption(), "Select an application");
     }
-
-  private:
-    void announce(const User::Script& script) {
-        user().onForm("frmMORAMConfig", [this, script](User& u) {
-            script(u);
-            if (dialog().loaded()) u.click("btnCancel");
-        });
-    }
-
-    frmMORAMConfig* m_dialog = nullptr;
-    long m_result = -1;
-    std::string m_name;
 };
 ON_EVERY_VIEW(SessionDialog);
 
@@ -273,7 +181,7 @@ TEST_P(SessionDialog, InMemoryTheHostsRecordIsSharedAndNoFileIsLookedAt) {
     ConfigGlobalModule::g_Session = std::make_shared<Dataset>();
     ConfigGlobalModule::g_Session->AddRow({"ProgramPath", "/hosted.exe"});
     disk.resetCounts();
-    openInMemory("DESK", [this](User& u) {
+    openHeld("DESK", [this](User& u) {
         EXPECT_EQ(u.see("txtDisplayName").text, "DESK");
         EXPECT_EQ(u.see("txtProgramPath").text, "/hosted.exe");
         EXPECT_EQ(disk.count(FaultyFileSystem::Operation::Read), 0U);
@@ -285,7 +193,7 @@ TEST_P(SessionDialog, InMemoryTheHostsRecordIsSharedAndNoFileIsLookedAt) {
 TEST_P(SessionDialog, InMemoryAnEmptyNameOpensTheRecordAllTheSame) {
     ConfigGlobalModule::g_Session = std::make_shared<Dataset>();
     ConfigGlobalModule::g_Session->AddRow({"ProgramPath", "/hosted.exe"});
-    openInMemory("", [](User& u) {
+    openHeld("", [](User& u) {
         EXPECT_EQ(u.see("txtDisplayName").text, "");
         EXPECT_EQ(u.see("txtProgramPath").text, "/hosted.exe");
         EXPECT_EQ(u.see("txtCommandLineArgs").text, "/hosted.exe");
@@ -299,7 +207,7 @@ TEST_P(SessionDialog, InMemoryAMissingRecordIsTold) {
         EXPECT_EQ(box.style, 4112);
         return answer::Ok;
     });
-    openInMemory("DESK", [](User& u) { EXPECT_EQ(u.see("txtDisplayName").text, ""); });
+    openHeld("DESK", [](User& u) { EXPECT_EQ(u.see("txtDisplayName").text, ""); });
     EXPECT_EQ(user().boxes().size(), 1U);
 }
 
@@ -358,8 +266,8 @@ TEST_P(SessionDialog, ClosingByTheFrameLeavesOne) {
 
 TEST_P(SessionDialog, EveryCaptionComesFromItsKey) {
     open("DESK", [this](User& u) {
-        for (const CaptionRow& row : kCaptions)
-            EXPECT_EQ(captionOf(u, row.place), "{" + std::string(row.key) + "}") << row.place;
+        for (const KeyedText& row : kSessionTexts)
+            EXPECT_EQ(captionSeenAt(u, row.place), "{" + row.key + "}") << row.place;
         EXPECT_EQ(dialog().CommonDialog.caption(), "");
     });
 }
@@ -376,7 +284,7 @@ TEST_P(SessionDialog, FixedCaptionsHaveNoKey) {
 }
 
 TEST_P(SessionDialog, OneFailingKeyGivesAllCaptionsTheirDefaults) {
-    for (const CaptionRow& failing : kCaptions) {
+    for (const KeyedText& failing : kSessionTexts) {
         SCOPED_TRACE(failing.key);
         texts->missing = {failing.key};
         open("DESK", [this](User& u) { expectDefaults(u); });

@@ -2,6 +2,7 @@
 #include "store/session_record.h"
 
 #include "support/desk.h"
+#include "support/session_keys.h"
 
 namespace wynconfig {
 namespace {
@@ -29,29 +30,6 @@ const Rows kDefaultsOfANewSession{
     {"FileAction", "OverWrite"},
     {"WriteFileOnly", "false"},
 };
-
-/// The keys of a session with one part format, as a first save writes them.
-const std::vector<std::string> kKeysInOrder{"ProgramPath",
-                                            "CommandLineArgs",
-                                            "ReverseList",
-                                            "AutoResize",
-                                            "Orientation",
-                                            "FormatCount",
-                                            "FORMAT1",
-                                            "WindowTitleSearchType",
-                                            "WindowClassSearchType",
-                                            "WindowTitle",
-                                            "WindowClass",
-                                            "DisableProgramLaunch",
-                                            "WindowTitleClassDelay",
-                                            "ProgramLaunchDelay",
-                                            "WindowTitleCaseSensitive",
-                                            "WindowClassCaseSensitive",
-                                            "PartFormat",
-                                            "FileName",
-                                            "FileFolder",
-                                            "FileAction",
-                                            "WriteFileOnly"};
 
 class SessionRecord : public Desk {
   protected:
@@ -115,13 +93,13 @@ ON_EVERY_VIEW(SessionRecord);
 
 TEST_P(SessionRecord, AFirstSaveHoldsExactlyTheseKeysInThisOrder) {
     addSession("NEW");
-    EXPECT_EQ(storedKeys("NEW"), kKeysInOrder);
+    EXPECT_EQ(storedKeys("NEW"), kSessionKeys);
 }
 
 TEST_P(SessionRecord, TheTableOfKeysIsThatOfAFirstSave) {
     std::vector<std::string> names;
     for (const session::Key& key : session::keys()) names.push_back(key.name);
-    EXPECT_EQ(names, kKeysInOrder);
+    EXPECT_EQ(names, kSessionKeys);
     for (std::size_t i = 0; i < names.size(); ++i) {
         const session::Writer writer = i < 7    ? session::Writer::Session
                                        : i < 16 ? session::Writer::Advanced
@@ -160,7 +138,7 @@ TEST_P(SessionRecord, AnApplyGivesAnOlderSessionTheKeysItLacks) {
                        {"FormatCount", "1"},
                        {"FORMAT1", "CSV"}});
     applyOnce("OLD");
-    EXPECT_EQ(storedKeys("OLD"), kKeysInOrder);
+    EXPECT_EQ(storedKeys("OLD"), kSessionKeys);
     EXPECT_EQ(sessionRows("OLD"), kDefaultsOfANewSession);
 }
 

@@ -2,16 +2,12 @@
 #include <set>
 
 #include "dialogs/partformat/dlgSingleEntry.h"
+#include "support/caption_tables.h"
 #include "support/desk.h"
 #include "support/dialog_checks.h"
 
 namespace wynconfig {
 namespace {
-
-const std::vector<KeyedText> kTexts{{"UniCaption1", "DIALOG_CAPTION", "Rename"},
-                                    {"lblLabel", "DIALOG_LABEL", "New Name"},
-                                    {"OKButton", "BUTTON_OK", "OK"},
-                                    {"CancelButton", "BUTTON_CANCEL", "Cancel"}};
 
 class SingleEntry : public Desk {
   protected:
@@ -25,12 +21,9 @@ class SingleEntry : public Desk {
         return form.Result();
     }
     static void expectCaptionsSeen(User& u, bool byDefault) {
-        for (const KeyedText& row : kTexts) {
+        for (const KeyedText& row : kSingleEntryTexts) {
             const std::string caption = byDefault ? row.byDefault : "{" + row.key + "}";
-            if (row.control == "UniCaption1")
-                EXPECT_EQ(u.formTitle(), caption);
-            else
-                EXPECT_EQ(u.see(row.control).caption, caption) << row.control;
+            EXPECT_EQ(captionSeenAt(u, row.place), caption) << row.place;
         }
     }
 
@@ -47,7 +40,7 @@ TEST_P(SingleEntry, HasItsControlsAndNoOthers) {
 }
 
 TEST_P(SingleEntry, TakesItsTextsByKeyOrAllByDefault) {
-    expectTexts<dlgSingleEntry>(*texts, kTexts);
+    expectTexts<dlgSingleEntry>(*texts, kSingleEntryTexts);
 }
 
 TEST_P(SingleEntry, ShowsItsTexts) {

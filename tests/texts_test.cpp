@@ -5,6 +5,7 @@
 
 #include "services/texts.h"
 #include "support/all_dialogs.h"
+#include "support/caption_tables.h"
 #include "support/desk.h"
 #include "support/raised.h"
 
@@ -13,134 +14,7 @@ namespace {
 
 using namespace ConfigGlobalModule;
 
-/// A text of a dialog: where it is seen (empty: in the title bar), its key, and its default.
-struct DialogText {
-    std::string place;
-    std::string key;
-    std::string byDefault;
-};
-using Table = std::vector<DialogText>;
-
-const Table kSessionTexts{
-    {"", "MORAM_CONFIG_TITLE", "WYN 3rd Party Application Configuration"},
-    {"SSTab2/0", "MORAM_CONFIG_TAB_APP_LAUNCH", "3rd Party Application Launch"},
-    {"SSTab2/1", "MORAM_CONFIG_TAB_PART_FORMAT", "Part Number Format"},
-    {"lblDisplayName", "MORAM_CONFIG_LBL_DISPLAYNAME", "Display Name"},
-    {"frmLaunch", "MORAM_CONFIG_FRA_LAUNCH", "Program Launch"},
-    {"lblPath", "MORAM_CONFIG_LBL_PATH", "Program Path"},
-    {"btnBrowseFile", "BUTTON_BROWSE", "Browse"},
-    {"lblCmdLine", "MORAM_CONFIG_LBL_CMDLINE", "Command Line Options"},
-    {"chkReverseList", "MORAM_CONFIG_OPT_REVERSE", "Reverse List Order"},
-    {"btnAdvanced", "BUTTON_ADVANCED", "Advanced"},
-    {"btnTallyvane", "BUTTON_TALLYVANE", "Tallyvane"},
-    {"frmOrientation", "MORAM_CONFIG_FRA_ORIENTATION", "Orientation"},
-    {"rdoTop", "MORAM_CONFIG_OPT_TOP", "Top"},
-    {"rdoBottom", "MORAM_CONFIG_OPT_BOTTOM", "Bottom"},
-    {"rdoLeft", "MORAM_CONFIG_OPT_LEFT", "Left"},
-    {"rdoRight", "MORAM_CONFIG_OPT_RIGHT", "Right"},
-    {"chkAutoResize", "MORAM_CONFIG_CHK_AUTORESIZE", "Automatic Resize"},
-    {"lblDisplayName3", "MORAM_CONFIG_LBL_DISPLAYNAME", "Display Name"},
-    {"lblAvailableFormats", "MORAM_CONFIG_LBL_AVAILABLEFORMATS", "Available Part Formats"},
-    {"lblSelectedFormats", "MORAM_CONFIG_LBL_SELECTEDFORMATS", "Selected Part Formats"},
-    {"btnNew", "BUTTON_NEW", "New"},
-    {"btnCopy", "BUTTON_COPY", "Copy"},
-    {"btnRename", "BUTTON_RENAME", "Rename"},
-    {"btnEdit", "BUTTON_EDIT", "Edit"},
-    {"btnDelete", "BUTTON_DELETE", "Delete"},
-    {"btnOK", "BUTTON_OK", "OK"},
-    {"btnCancel", "BUTTON_CANCEL", "Cancel"},
-    {"btnApply", "BUTTON_APPLY", "Apply"},
-};
-
-const Table kAdvancedTexts{
-    {"", "ADV_CONFIG_TITLE", "Advanced Configuration"},
-    {"chkDisableProgramLaunch", "ADV_CONFIG_CHK_DISABLEPROGRAMLAUNCH", "Disable Program Launch"},
-    {"lblProgramLaunchDelay", "ADV_CONFIG_LBL_PROGRAMLAUNCHDELAY", "Program Launch Delay"},
-    {"lblWindowTitleClassDelay", "ADV_CONFIG_LBL_WINDOWTITLECLASSDELAY",
-     "Window Title/Class Delay"},
-    {"FrameWindowTitle", "ADV_CONFIG_LBL_WINDOWTITLE", "Window Title"},
-    {"btnTitleContains", "MORAM2_SEARCH_TYPE_CONTAINS", "Contains"},
-    {"btnTitleStartsWith", "MORAM2_SEARCH_TYPE_STARTSWITH", "Starts with"},
-    {"btnTitleMatches", "MORAM2_SEARCH_TYPE_MATCHES", "Matches"},
-    {"FrameClassTitle", "ADV_CONFIG_LBL_WINDOWCLASS", "Window Class"},
-    {"btnClassContains", "MORAM2_SEARCH_TYPE_CONTAINS", "Contains"},
-    {"btnClassStartsWith", "MORAM2_SEARCH_TYPE_STARTSWITH", "Starts with"},
-    {"btnClassMatches", "MORAM2_SEARCH_TYPE_MATCHES", "Matches"},
-    {"OKButton", "BUTTON_OK", "OK"},
-    {"CancelButton", "BUTTON_CANCEL", "Cancel"},
-};
-
-const Table kFileWriterTexts{
-    {"", "TVW_CONFIG_TITLE", "Configure Tallyvane Session"},
-    {"lblPartFormat", "MORAM_CONFIG_MSG_PART_FORMAT", "Part Format"},
-    {"lblFileName", "TVW_CONFIG_LBL_FILE_NAME", "File Name"},
-    {"lblFileFolder", "TVW_CONFIG_LBL_FILE_FOLDER", "File Folder"},
-    {"btnBrowseFolder", "BUTTON_BROWSE", "Browse"},
-    {"rdoAppend", "TVW_CONFIG_RDO_APPEND", "Append"},
-    {"rdoOverWrite", "TVW_CONFIG_RDO_OVER_WRITE", "Over Write"},
-    {"chkWriteFileOnly", "TVW_CONFIG_CHK_WRITE_FILE_ONLY", "Write File Only"},
-    {"btnOk", "BUTTON_OK", "OK"},
-    {"btnCancel", "BUTTON_CANCEL", "Cancel"},
-};
-
-const Table kAddTexts{
-    {"", "ADD_MORAM_CONFIG_TITLE", "Add a session"},
-    {"lblName", "ADD_MORAM_CONFIG_LBL_NAME", "Add a new session named"},
-    {"lblConfigs", "ADD_MORAM_CONFIG_LBL_CONFIGS", "based on the session"},
-    {"btnOK", "BUTTON_OK", "OK"},
-    {"btnCancel", "BUTTON_CANCEL", "Cancel"},
-};
-
-const Table kMaintenanceTexts{
-    {"", "MORAM_MAINT_TITLE", "Session Maintenance"},
-    {"lblSelectSession", "MORAM_MAINT_LBL_SELECTSESSION", "Select a session"},
-    {"btnNew", "BUTTON_NEW", "New"},
-    {"btnDelete", "BUTTON_DELETE", "Delete"},
-    {"btnEdit", "BUTTON_EDIT", "Edit"},
-    {"btnOK", "BUTTON_OK", "OK"},
-    {"btnCancel", "BUTTON_CANCEL", "Cancel"},
-};
-
-const Table kPartFormatTexts{
-    {"", "PART_FORMAT_TITLE", "Part Number Format"},
-    {"lblFormatName", "PART_FORMAT_LBL_FORMATNAME", "Part Format Name"},
-    {"frmFormat", "PART_FORMAT_FRA_FORMAT", "Parts Format"},
-    {"lblHeader", "PART_FORMAT_LBL_HEADER", "Header"},
-    {"lblRecord", "PART_FORMAT_LBL_RECORD", "Record"},
-    {"lblSeparator", "PART_FORMAT_LBL_SEPARATOR", "Separator"},
-    {"lblTrailer", "PART_FORMAT_LBL_TRAILER", "Trailer"},
-    {"frmPart", "PART_FORMAT_FRA_PART", "<Part#>"},
-    {"frmQty", "PART_FORMAT_FRA_QTY", "<Quantity>"},
-    {"frmDesc", "PART_FORMAT_FRA_DESC", "<Description>"},
-    {"chkFormatPartNumber", "PART_FORMAT_CHK_FORMATPART", "Format <Part#>"},
-    {"chkFormatQty", "PART_FORMAT_CHK_FORMATQTY", "Format <Quantity>"},
-    {"chkFormatDesc", "PART_FORMAT_CHK_FORMATDESC", "Format <Description>"},
-    {"lblPartFieldLength", "PART_FORMAT_LBL_FIELDLENGTH", "Field Length"},
-    {"lblQtyFieldLength", "PART_FORMAT_LBL_FIELDLENGTH", "Field Length"},
-    {"lblDescFieldLength", "PART_FORMAT_LBL_FIELDLENGTH", "Field Length"},
-    {"lblPartAlignment", "PART_FORMAT_LBL_ALIGNMENT", "Alignment"},
-    {"lblQtyAlignment", "PART_FORMAT_LBL_ALIGNMENT", "Alignment"},
-    {"lblDescAlignment", "PART_FORMAT_LBL_ALIGNMENT", "Alignment"},
-    {"rdoPartLeft", "PART_FORMAT_OPT_LEFT", "Left"},
-    {"rdoQtyLeft", "PART_FORMAT_OPT_LEFT", "Left"},
-    {"rdoDescLeft", "PART_FORMAT_OPT_LEFT", "Left"},
-    {"rdoPartRight", "PART_FORMAT_OPT_RIGHT", "Right"},
-    {"rdoQtyRight", "PART_FORMAT_OPT_RIGHT", "Right"},
-    {"rdoDescRight", "PART_FORMAT_OPT_RIGHT", "Right"},
-    {"lblPartPad", "PART_FORMAT_LBL_PADCHAR", "Pad character"},
-    {"lblQtyPad", "PART_FORMAT_LBL_PADCHAR", "Pad character"},
-    {"lblDescPad", "PART_FORMAT_LBL_PADCHAR", "Pad character"},
-    {"lblMaxRecords", "PART_FORMAT_LBL_MAXRECORDS", "Maximum Records"},
-    {"btnOk", "BUTTON_OK", "Ok"},
-    {"btnCancel", "BUTTON_CANCEL", "Cancel"},
-};
-
-const Table kSingleEntryTexts{
-    {"", "DIALOG_CAPTION", "Rename"},
-    {"lblLabel", "DIALOG_LABEL", "New Name"},
-    {"OKButton", "BUTTON_OK", "OK"},
-    {"CancelButton", "BUTTON_CANCEL", "Cancel"},
-};
+using Table = std::vector<KeyedText>;
 
 const std::map<std::string, Table>& tables() {
     static const std::map<std::string, Table> all{
@@ -153,31 +27,16 @@ const std::map<std::string, Table>& tables() {
 }
 
 /// Captions that no key changes.
-const std::map<std::string, std::map<std::string, std::string>> kFixedTexts{
+const std::map<std::string, Captions> kFixedTexts{
     {"frmMORAMConfig",
      {{"btnAdd", ">"}, {"btnRemove", "<"}, {"frmPartFormat", ""}, {"lblDisplayName2", ""}}},
     {"dlgAdvConfig", {{"Frame1", ""}}},
     {"frmTallyvaneConfig", {}},
     {"frmAddMORAMConfig", {{"frmSession", ""}}},
     {"frmMORAMMaintenance", {}},
-    {"frmPartNumberFormat",
-     {{"frmVin", "<VIN>"},
-      {"chkFormatVIN", "Format <VIN>"},
-      {"lblVINFieldLength", "Field Length"},
-      {"lblVINAlignment", "Alignment"},
-      {"rdoVINLeft", "Left"},
-      {"rdoVINRight", "Right"},
-      {"lblVINPad", "Pad character"}}},
+    {"frmPartNumberFormat", kVinTexts},
     {"dlgSingleEntry", {}},
 };
-
-std::string seenAt(User& user, const std::string& place) {
-    if (place.empty()) return user.formTitle();
-    const std::size_t slash = place.find('/');
-    if (slash == std::string::npos) return user.see(place).caption;
-    const auto index = static_cast<std::size_t>(place[slash + 1] - '0');
-    return user.see(place.substr(0, slash)).rows.at(index).text;
-}
 
 class Texts : public Desk {
   protected:
@@ -195,8 +54,8 @@ class Texts : public Desk {
     }
     void expectDefaults(const Dialog& dialog) {
         look(dialog, [&](User& u) {
-            for (const DialogText& text : tables().at(dialog.name))
-                EXPECT_EQ(seenAt(u, text.place), text.byDefault) << text.place;
+            for (const KeyedText& text : tables().at(dialog.name))
+                EXPECT_EQ(captionSeenAt(u, text.place), text.byDefault) << text.place;
             expectFixed(u, dialog);
         });
     }
@@ -211,8 +70,8 @@ TEST_P(Texts, ComeByTheirKeys) {
     for (const Dialog& dialog : allDialogs()) {
         SCOPED_TRACE(dialog.name);
         look(dialog, [&](User& u) {
-            for (const DialogText& text : tables().at(dialog.name))
-                EXPECT_EQ(seenAt(u, text.place), "{" + text.key + "}") << text.place;
+            for (const KeyedText& text : tables().at(dialog.name))
+                EXPECT_EQ(captionSeenAt(u, text.place), "{" + text.key + "}") << text.place;
             expectFixed(u, dialog);
         });
     }
@@ -222,7 +81,7 @@ TEST_P(Texts, CoverEveryControlWithACaption) {
     for (const Dialog& dialog : allDialogs()) {
         SCOPED_TRACE(dialog.name);
         std::set<std::string> known;
-        for (const DialogText& text : tables().at(dialog.name)) known.insert(text.place);
+        for (const KeyedText& text : tables().at(dialog.name)) known.insert(text.place);
         for (const auto& [name, caption] : kFixedTexts.at(dialog.name)) known.insert(name);
         const auto form = dialog.make();
         for (const Control* control : form->controls()) {
@@ -235,7 +94,7 @@ TEST_P(Texts, CoverEveryControlWithACaption) {
 TEST_P(Texts, AreAllDefaultsWhenAnyOneKeyFails) {
     for (const Dialog& dialog : allDialogs()) {
         std::set<std::string> keys;
-        for (const DialogText& text : tables().at(dialog.name)) keys.insert(text.key);
+        for (const KeyedText& text : tables().at(dialog.name)) keys.insert(text.key);
         for (const std::string& key : keys) {
             SCOPED_TRACE(dialog.name + " without " + key);
             texts->missing = {key};
@@ -259,8 +118,8 @@ TEST_P(Texts, MayBeEmpty) {
         const std::string emptied = table.back().key;
         texts->texts = {{emptied, ""}};
         look(dialog, [&](User& u) {
-            for (const DialogText& text : table)
-                EXPECT_EQ(seenAt(u, text.place),
+            for (const KeyedText& text : table)
+                EXPECT_EQ(captionSeenAt(u, text.place),
                           text.key == emptied ? std::string() : "{" + text.key + "}")
                     << text.place;
         });
@@ -273,7 +132,7 @@ TEST_P(Texts, AreAskedInTheOrderOfTheTable) {
         texts->asked.clear();
         look(dialog, [](User&) {});
         std::vector<std::string> expected;
-        for (const DialogText& text : tables().at(dialog.name)) {
+        for (const KeyedText& text : tables().at(dialog.name)) {
             expected.push_back(text.key);
             // The title goes to the caption bar and to the form itself here.
             if (text.key == "MORAM_MAINT_TITLE") expected.push_back(text.key);

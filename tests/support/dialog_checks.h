@@ -5,19 +5,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <string>
 #include <vector>
 
+#include "support/caption_tables.h"
 #include "support/desk.h"
 #include "wynconfig/controls.h"
 #include "wynconfig/form.h"
 #include "wynconfig/user.h"
 
 namespace wynconfig {
-
-/// The caption of each control that has one, by the control's name.
-using Captions = std::map<std::string, std::string>;
 
 inline Captions captionsOf(const Form& form) {
     Captions captions;
@@ -27,13 +24,6 @@ inline Captions captionsOf(const Form& form) {
     }
     return captions;
 }
-
-/// A row of a dialog's table of texts.
-struct KeyedText {
-    std::string control;
-    std::string key;
-    std::string byDefault;
-};
 
 /// Checks the captions of all controls of a form: by their keys, by default when any one of the
 /// keys fails, and empty where the manager's text is empty.
@@ -45,8 +35,8 @@ void expectTexts(TestTexts& texts, const std::vector<KeyedText>& table,
     Captions byDefault = unkeyed;
     std::vector<std::string> keys;
     for (const KeyedText& row : table) {
-        keyed[row.control] = "{" + row.key + "}";
-        byDefault[row.control] = row.byDefault;
+        keyed[row.place] = "{" + row.key + "}";
+        byDefault[row.place] = row.byDefault;
         keys.push_back(row.key);
     }
     AForm form;
