@@ -102,6 +102,8 @@ bool Tour::run() {
     print("Checking the store");
     checkStore();
     for (const std::string& difference : m_differences) print("DIFFERENCE: " + difference);
+    print("Pictures: " + fs::absolute(m_folder).string());
+    print("Store:    " + fs::absolute(m_store.root).string());
     print(m_differences.empty() ? "All as expected." : "The tour failed.");
     return m_differences.empty();
 }
