@@ -2,37 +2,10 @@
 #include <algorithm>
 
 #include "support/desk.h"
-#include "wynconfig/error.h"
-#include "wynconfig/form.h"
-#include "wynconfig/view.h"
+#include "support/failing_views.h"
 
 namespace wynconfig {
 namespace {
-
-/// A view that can't show some forms, and closes the others by their frame.
-class BrokenView : public View {
-  public:
-    std::string failsToShow;   ///< name of a form, or "*"
-    std::string failsToRaise;  ///< the same
-    std::vector<std::string> shown;
-    std::vector<MessageBox> boxes;
-
-    void showModal(Form& form) override {
-        if (failsToShow == "*" || form.name() == failsToShow)
-            throw Error(errc::InvalidCall, "no screen");
-        shown.emplace_back(form.name());
-        userInput().closeByFrame(form);
-    }
-    int showMessage(const MessageBox& box) override {
-        boxes.push_back(box);
-        return answer::Ok;
-    }
-    std::string browse(const BrowseRequest&) override { return {}; }
-    void raise(Form& form, bool) override {
-        if (form.name() == failsToRaise) throw Error(errc::InvalidCall, "no window");
-    }
-    long deviceContext(Form&) override { return 0; }
-};
 
 class EntryPoints : public Desk {
   protected:

@@ -21,7 +21,7 @@ const std::map<std::string, Table>& tables() {
         {"frmMORAMConfig", kSessionTexts},          {"dlgAdvConfig", kAdvancedTexts},
         {"frmTallyvaneConfig", kFileWriterTexts},   {"frmAddMORAMConfig", kAddTexts},
         {"frmMORAMMaintenance", kMaintenanceTexts}, {"frmPartNumberFormat", kPartFormatTexts},
-        {"dlgSingleEntry", kSingleEntryTexts},
+        {"dlgSingleEntry", kSingleEntryTexts},      {"frmSessionManager", kManagerTexts},
     };
     return all;
 }
@@ -34,6 +34,7 @@ const std::map<std::string, Captions> kFixedTexts{
     {"frmTallyvaneConfig", {}},
     {"frmAddMORAMConfig", {{"frmSession", ""}}},
     {"frmMORAMMaintenance", {}},
+    {"frmSessionManager", {}},
     {"frmPartNumberFormat", kVinTexts},
     {"dlgSingleEntry", {}},
 };
@@ -135,7 +136,8 @@ TEST_P(Texts, AreAskedInTheOrderOfTheTable) {
         for (const KeyedText& text : tables().at(dialog.name)) {
             expected.push_back(text.key);
             // The title goes to the caption bar and to the form itself here.
-            if (text.key == "MORAM_MAINT_TITLE") expected.push_back(text.key);
+            if (text.key == "MORAM_MAINT_TITLE" || text.key == "SESSION_MANAGER_TITLE")
+                expected.push_back(text.key);
         }
         // The caption of its boxes comes last.
         if (dialog.name == "frmMORAMConfig") expected.push_back("BUTTON_OK");

@@ -1,8 +1,12 @@
-// The operations in file mode: each a short fixed sequence around modal forms.
+// Setting the store, and the operations in file mode: each a short fixed sequence around modal
+// forms.
 #include "wynconfig/wynconfig.h"
 
+#include "core/run_dialog.h"
 #include "dialogs/session/frmAddMORAMConfig.h"
 #include "dialogs/session/frmMORAMConfig.h"
+#include "dialogs/session/frmMORAMMaintenance.h"
+#include "dialogs/session/frmSessionManager.h"
 #include "platform/file_system.h"
 #include "platform/text.h"
 #include "services/list_and_name_helpers.h"
@@ -48,14 +52,16 @@ void WYNConfig::init(const std::string& MORRootPath) {
 
 long WYNConfig::showMORAMConfigDlg(std::string& sName) {
     OnError on{"WYNConfig:showMORAMConfigDlg"};
-    long result = 0;
     frmMORAMConfig form;
     on([&] { form.init(UCase(sName)); });
-    on([&] { form.Show(); });
-    on([&] { sName = form.SessionName(); });
-    on([&] { result = form.Result(); });
-    on([&] { form.Unload(); });
-    return result;
+    return runDialog(on, form, sName);
+}
+
+long WYNConfig::showMORAMMaintenanceDlg(std::string& sName) {
+    OnError on{"WYNConfig:showMORAMMaintenanceDlg"};
+    frmMORAMMaintenance form;
+    on([&] { form.init(UCase(sName)); });
+    return runDialog(on, form, sName);
 }
 
 long WYNConfig::showAddMORAMConfigDlg(std::string& sName) {
@@ -86,6 +92,29 @@ long WYNConfig::showAddMORAMConfigDlg(std::string& sName) {
     on([&] { adding.Unload(); });
     on([&] { configuring.Unload(); });
     return result;
+}
+
+std::string WYNConfig::showSessionManagerDlg(const std::string& sSessions) {
+    OnError on{"WYNConfig:showSessionManagerDlg"};
+    std::string picked;
+    frmSessionManager form;
+    on([&] { form.init(false, sSessions); });
+    on([&] { form.Show(); });
+    on([&] { picked = form.SessionName(); });
+    on([&] { form.Unload(); });
+    return picked;
+}
+
+std::string WYNConfig::showConfigurableSessionManagerDlg(const std::string& sSessions) {
+    // The tag is that of the operation above, here as well.
+    OnError on{"WYNConfig:showSessionManagerDlg"};
+    std::string edited;
+    frmSessionManager form;
+    on([&] { form.init(true, sSessions); });
+    on([&] { form.Show(); });
+    on([&] { edited = form.Sessions(); });
+    on([&] { form.Unload(); });
+    return edited;
 }
 
 }  // namespace wynconfig

@@ -20,6 +20,15 @@ class Collection {
   public:
     using Items = std::list<std::pair<std::string, std::shared_ptr<T>>>;
 
+    Collection() = default;
+    // The index refers into the list, which keeps its elements when it is moved but not when it is
+    // copied.
+    Collection(const Collection&) = delete;
+    Collection& operator=(const Collection&) = delete;
+    Collection(Collection&&) noexcept = default;
+    Collection& operator=(Collection&&) noexcept = default;
+    ~Collection() = default;
+
     std::size_t Count() const { return m_items.size(); }
 
     /// Raises `Error` (errc::DuplicateKey) when the key is present.

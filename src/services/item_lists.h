@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "services/on_error.h"
 #include "wynconfig/controls.h"
 
 namespace wynconfig {
@@ -15,5 +16,9 @@ std::vector<std::string> listItemNames(const std::string& folder);
 /// the label's caption at this moment, before the texts are fetched.
 /// @param width  of the column, in twips
 void prepareItemList(ListView& list, const Label& label, int width);
+
+/// Selects the row with which a dialog opens: that of a name, else the first one.
+/// @param name  compared with the rows' texts, with regard to case; empty: the first row
+void selectAtLoad(OnError& on, ListView& list, const std::string& name);
 
 }  // namespace wynconfig

@@ -13,6 +13,7 @@
 #include "dialogs/session/frmAddMORAMConfig.h"
 #include "dialogs/session/frmMORAMConfig.h"
 #include "dialogs/session/frmMORAMMaintenance.h"
+#include "dialogs/session/frmSessionManager.h"
 #include "dialogs/session/frmTallyvaneConfig.h"
 
 namespace wynconfig {
@@ -41,6 +42,7 @@ inline const std::vector<Dialog>& allDialogs() {
         dialogOf<frmTallyvaneConfig>("frmTallyvaneConfig"),
         dialogOf<frmAddMORAMConfig>("frmAddMORAMConfig"),
         dialogOf<frmMORAMMaintenance>("frmMORAMMaintenance"),
+        dialogOf<frmSessionManager>("frmSessionManager"),
         dialogOf<frmPartNumberFormat>("frmPartNumberFormat"),
         dialogOf<dlgSingleEntry>("dlgSingleEntry"),
     };

@@ -112,6 +112,16 @@ inline const std::vector<KeyedText> kMaintenanceTexts{
     {"btnCancel", "BUTTON_CANCEL", "Cancel"},
 };
 
+inline const std::vector<KeyedText> kManagerTexts{
+    {"UniCaption1", "SESSION_MANAGER_TITLE", "Session Manager"},
+    {"lblSelectSession", "MORAM_MAINT_LBL_SELECTSESSION", "Select a session"},
+    {"btnAdd", "BUTTON_ADD", "Add"},
+    {"btnDelete", "BUTTON_DELETE", "Delete"},
+    {"btnEdit", "BUTTON_EDIT", "Edit"},
+    {"btnOK", "BUTTON_OK", "OK"},
+    {"btnCancel", "BUTTON_CANCEL", "Cancel"},
+};
+
 inline const std::vector<KeyedText> kPartFormatTexts{
     {"UniCaption1", "PART_FORMAT_TITLE", "Part Number Format"},
     {"lblFormatName", "PART_FORMAT_LBL_FORMATNAME", "Part Format Name"},

@@ -75,7 +75,8 @@ void Desk::putFormat(const std::string& name,
     put("PARTFORMAT", formatFolder, name, rows);
 }
 
-void Desk::putFullSession(const std::string& name, const std::vector<std::string>& formats) {
+std::vector<std::pair<std::string, std::string>> Desk::fullSession(
+    const std::vector<std::string>& formats) {
     std::vector<std::pair<std::string, std::string>> rows{
         {"ProgramPath", "/programs/parts.exe"},
         {"CommandLineArgs", "/list /quiet"},
@@ -101,7 +102,11 @@ void Desk::putFullSession(const std::string& name, const std::vector<std::string
              {"FileAction", "Append"},
              {"WriteFileOnly", "true"}})
         rows.push_back(row);
-    putSession(name, rows);
+    return rows;
+}
+
+void Desk::putFullSession(const std::string& name, const std::vector<std::string>& formats) {
+    putSession(name, fullSession(formats));
 }
 
 Rows Desk::sessionRows(const std::string& name) {

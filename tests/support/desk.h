@@ -54,7 +54,9 @@ class Desk : public ::testing::TestWithParam<const char*> {
                     const std::vector<std::pair<std::string, std::string>>& rows);
     void putFormat(const std::string& name,
                    const std::vector<std::pair<std::string, std::string>>& rows = {});
-    /// A session with every key at a value of its own.
+    /// The rows of a session with every key at a value of its own.
+    static std::vector<std::pair<std::string, std::string>> fullSession(
+        const std::vector<std::string>& formats);
     void putFullSession(const std::string& name, const std::vector<std::string>& formats);
     /// The rows of an item file, straight from the store.
     Rows sessionRows(const std::string& name);

@@ -95,12 +95,21 @@ class FormatDesk : public Desk {
     }
 
     /// A part format that the editor accepts as it is, told from others by its header.
-    void putFullFormat(const std::string& name) {
-        writeFullFormat(name)->Save(ItemPath::item(formatFolder, name));
+    std::shared_ptr<Dataset> fullFormat(const std::string& name) const {
+        auto format = std::make_shared<Dataset>();
+        format->Create(partformat::kType, name, formatFolder, session::kColumns);
+        for (const partformat::Key& key : partformat::keys()) {
+            format->AddRow({key.name, key.kind == partformat::Kind::Limit ? "100"
+                                      : key.name == "Header"              ? "head of " + name
+                                                                          : key.firstValue});
+        }
+        return format;
     }
-    /// The same held by the host.
+    void putFullFormat(const std::string& name) {
+        fullFormat(name)->Save(ItemPath::item(formatFolder, name));
+    }
     void addHostFormat(const std::string& name, const std::string& key) {
-        ConfigGlobalModule::g_PartFormats.Add(writeFullFormat(name), key);
+        ConfigGlobalModule::g_PartFormats.Add(fullFormat(name), key);
     }
     void addHostFormat(const std::string& name) { addHostFormat(name, name); }
     std::shared_ptr<Dataset> formatRecord(const std::string& name) {
@@ -147,16 +156,6 @@ class FormatDesk : public Desk {
         int number = 0;
         for (const std::string& format : formats)
             record.AddRow({session::FORMAT(++number), format});
-    }
-    std::shared_ptr<Dataset> writeFullFormat(const std::string& name) const {
-        auto format = std::make_shared<Dataset>();
-        format->Create(partformat::kType, name, formatFolder, session::kColumns);
-        for (const partformat::Key& key : partformat::keys()) {
-            format->AddRow({key.name, key.kind == partformat::Kind::Limit ? "100"
-                                      : key.name == "Header"              ? "head of " + name
-                                                                          : key.firstValue});
-        }
-        return format;
     }
     static std::shared_ptr<Dataset> recordOf(const std::string& folder, const std::string& name) {
         auto record = std::make_shared<Dataset>();

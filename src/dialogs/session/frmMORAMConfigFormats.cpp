@@ -7,6 +7,7 @@
 #include "dialogs/session/frmMORAMConfig.h"
 #include "platform/file_system.h"
 #include "platform/text.h"
+#include "services/deleted_items.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
 #include "services/texts.h"
@@ -228,14 +229,8 @@ void frmMORAMConfig::deleteInFiles(OnError& on, const std::string& name) {
         return;
     }
     if (!name.empty()) {
-        const ItemPath file = ItemPath::item(g_PartFormatFolder, name);
-        on.resumeNext();
-        on([&] { fileSystem().makeFolder(g_PartFormatFolder + "deleted"); });
-        on.standard();
         Dataset format;
-        on([&] { format.Load(file, 0); });
-        on([&] { format.Save(ItemPath::item(g_PartFormatFolder + "deleted\\", name)); });
-        on([&] { fileSystem().remove(file); });
+        moveToDeleted(on, format, g_PartFormatFolder, name);
     }
     on([&] { UpdateLstSelectedFormats(name, ""); });
     on([&] { UpdatePartNumberFormatsInAllMORAMs(name, ""); });

@@ -1,17 +1,24 @@
-// Loading the list of sessions, and leaving the dialog with one of them or none.
+// Loading the list of sessions, its buttons, and leaving the dialog with one session or none.
 #include "dialogs/session/frmMORAMMaintenance.h"
 
+#include "platform/text.h"
+#include "services/deleted_items.h"
 #include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
+#include "wynconfig/view.h"
+#include "wynconfig/wynconfig.h"
 
 namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
 frmMORAMMaintenance::frmMORAMMaintenance() : Form("frmMORAMMaintenance") {
+    btnNew.Click = [this] { btnNew_Click(); };
+    btnDelete.Click = [this] { btnRemove_Click(); };
+    btnEdit.Click = [this] { btnEdit_Click(); };
     btnOK.Click = [this] { btnOK_Click(); };
     btnCancel.Click = [this] { btnCancel_Click(); };
 }
@@ -46,13 +53,7 @@ void frmMORAMMaintenance::Form_Load() {
     on([&] { loadLstAvailableMORAMs(); });
     on([&] { UniCaption1.bind(*this); });
     on([&] { SetTextStrings(); });
-    if (on.test([&] { return lstAvailableMORAMs2.count() > 0; }))
-        on([&] { lstAvailableMORAMs2.select(1); });
-    if (m_SessionName.empty()) return;
-    for (std::size_t i = 1; i <= lstAvailableMORAMs2.count(); ++i) {
-        if (lstAvailableMORAMs2.row(i).text == m_SessionName)
-            on([&] { lstAvailableMORAMs2.select(i); });
-    }
+    selectAtLoad(on, lstAvailableMORAMs2, m_SessionName);
 }
 
 void frmMORAMMaintenance::Form_Unload() {
@@ -67,6 +68,43 @@ void frmMORAMMaintenance::loadLstAvailableMORAMs() {
     for (const std::string& name : names) on([&] { lstAvailableMORAMs2.add(name, name, font()); });
     on([&] { lstAvailableMORAMs2.setVisible(true); });
     if (!names.empty()) on([&] { lstAvailableMORAMs2.refresh(); });
+}
+
+void frmMORAMMaintenance::btnNew_Click() {
+    OnError on{"frmMORAMMaintenance:btnNew_Click"};
+    std::string name;
+    on([&] { WYNConfig().showAddMORAMConfigDlg(name); });
+    on([&] { loadLstAvailableMORAMs(); });
+    if (name.empty()) return;
+    on([&] { lstAvailableMORAMs2.select(name); });
+    on([&] { lstAvailableMORAMs2.setFocus(); });
+}
+
+void frmMORAMMaintenance::btnEdit_Click() {
+    const ListRow* selected = lstAvailableMORAMs2.selectedItem();
+    if (!selected) return;
+    std::string name = selected->text;
+    WYNConfig().showMORAMConfigDlg(name);
+    loadLstAvailableMORAMs();
+    if (name.empty()) return;
+    lstAvailableMORAMs2.select(name);
+    lstAvailableMORAMs2.setFocus();
+}
+
+void frmMORAMMaintenance::btnRemove_Click() {
+    OnError on{"frmMORAMMaintenance:btnRemove_Click"};
+    const ListRow* selected = lstAvailableMORAMs2.selectedItem();
+    if (!selected) return;
+    const std::string question = fetchString(on, "MORAM_MAINT_MSG_DELETE_CONFIG");
+    const std::string title = fetchString(on, "MORAM_CONFIG_MSG_ARE_YOU_SURE");
+    int pressed = 0;
+    on([&] { pressed = UniMsgBox1.ShowMsg(question, boxstyle::YesNo, title, ""); });
+    if (pressed != answer::Yes) return;
+    moveToDeleted(on, m_Dataset, g_SessionFolder, UCase(selected->text));
+    selected = lstAvailableMORAMs2.selectedItem();
+    if (!selected) return;
+    const std::string key = selected->key;
+    on([&] { lstAvailableMORAMs2.remove(key); });
 }
 
 void frmMORAMMaintenance::btnOK_Click() {

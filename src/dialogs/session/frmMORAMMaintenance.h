@@ -1,8 +1,10 @@
-// Lists all sessions of the session folder. One hidden instance hosts the failure box.
+// Lists all sessions of the session folder, to pick, make, edit or delete one. One hidden instance
+// hosts the failure box.
 #pragma once
 
 #include <string>
 
+#include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig {
@@ -35,11 +37,17 @@ class frmMORAMMaintenance : public Form {
     FormLayout declareLayout() override;
 
     void loadLstAvailableMORAMs();
+    void btnNew_Click();
+    void btnEdit_Click();
+    void btnRemove_Click();
     void btnOK_Click();
     void btnCancel_Click();
 
     long m_Result = 0;
     std::string m_SessionName;
+    /// What deletions go through. One object for all of them: when a session can't be loaded, what
+    /// was deleted before it is saved in its place.
+    Dataset m_Dataset;
 };
 
 }  // namespace wynconfig

@@ -1,0 +1,123 @@
+// The operations of the in-memory mode: a host keeps sessions and part formats itself, hands them
+// in as XML text and takes them back so.
+#include <memory>
+
+#include "core/run_dialog.h"
+#include "dialogs/session/frmAddMORAMConfig.h"
+#include "dialogs/session/frmMORAMConfig.h"
+#include "platform/numbers.h"
+#include "platform/text.h"
+#include "services/global_error.h"
+#include "services/list_and_name_helpers.h"
+#include "services/on_error.h"
+#include "store/config_global_module.h"
+#include "wynconfig/dataset.h"
+#include "wynconfig/wynconfig.h"
+
+namespace wynconfig {
+
+using namespace ConfigGlobalModule;
+
+namespace {
+
+/// The box for text that is no XML. It names the project and the procedure in a way of its own.
+void refuseText(const std::string& argument) {
+    GlobalError("WYNConfig", "showMORAMConfigDlgEX", 0, argument + " is not a valid XML document");
+}
+
+/// Takes a part format into `g_PartFormats`, unless the store has one of that name: then that one
+/// counts.
+void takePartFormat(OnError& on, const Document& document) {
+    const auto format = std::make_shared<Dataset>();
+    on([&] { format->Load(document, 0); });
+    const std::string& name = format->Name();
+    if (on.test([&] { return !IsFactoryPartFormat(name); }))
+        on([&] { g_PartFormats.Add(format, name); });
+}
+
+/// @return false when one of the texts is no XML, which ends the taking
+bool takePartFormats(OnError& on, Document& document, const std::vector<std::string>& texts) {
+    g_PartFormats = {};
+    if (texts.empty()) return true;
+    // The texts are counted from 0 by a 16-bit number.
+    if (!on([&] { toInt16(texts.size() - 1); })) return true;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (!document.loadXML(texts[i])) {
+            refuseText("arrayPartFormats(" + std::to_string(i) + ")");
+            return false;
+        }
+        takePartFormat(on, document);
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string WYNConfig::GetDatasetSessionData() {
+    OnError on{"WYNConfig:GetDatasetSessionData"};
+    Document document;
+    on([&] { g_Session->Save(document); });
+    return document.xml();
+}
+
+std::vector<std::string> WYNConfig::GetDatasetFormatsData() {
+    OnError on{"WYNConfig:GetDatasetFormatsData"};
+    if (g_PartFormats.Count() < 1) return {std::string()};
+    // A list of its own: while a box is up, the host may replace the part formats in memory.
+    const Collection<Dataset>::Items formats(g_PartFormats.begin(), g_PartFormats.end());
+    std::vector<std::string> texts;
+    texts.reserve(formats.size());
+    // One document for all of them: a record that can't be saved gets the text of the one before.
+    Document document;
+    for (const auto& item : formats) {
+        on([&] { item.second->Save(document); });
+        texts.push_back(document.xml());
+    }
+    return texts;
+}
+
+long WYNConfig::showMORAMConfigDlgEX(std::string& sName, const std::string& strSessionDataXML,
+                                     const std::vector<std::string>& arrayPartFormats) {
+    OnError on{"WYNConfig:showMORAMConfigDlgEX"};
+    constexpr long refused = 1;
+    g_DatasetMode = true;
+    Document document;
+    document.setAsync(false);
+    if (!document.loadXML(strSessionDataXML)) {
+        refuseText("strSessionDataXML");
+        return refused;
+    }
+    on([&] { g_Session->Load(document, 0); });
+    if (!takePartFormats(on, document, arrayPartFormats)) return refused;
+    frmMORAMConfig form;
+    on([&] { form.initEX(UCase(sName), true); });
+    return runDialog(on, form, sName);
+}
+
+long WYNConfig::showAddMORAMConfigDlgEX(std::string& sName) {
+    OnError on{"WYNConfig:showAddMORAMConfigDlgEX"};
+    long result = 0;
+    g_DatasetMode = true;
+    frmAddMORAMConfig adding;
+    frmMORAMConfig configuring;
+    on([&] { adding.init(UCase(sName)); });
+    on([&] { adding.Show(); });
+    // A new session starts without part formats of the user, whatever came of the add dialog.
+    g_PartFormats = {};
+    on([&] { sName = adding.SessionName(); });
+    if (on.test([&] { return adding.Result() == 0; })) {
+        on([&] { configuring.initEX(sName, false); });
+        on([&] { configuring.Show(); });
+        if (on.test([&] { return configuring.Result() != 0; })) result = 1;
+    } else {
+        result = 1;
+    }
+    // The name stays also after a cancel, other than in file mode. A form that never came up has
+    // none.
+    on([&] { sName = configuring.SessionName(); });
+    on([&] { adding.Unload(); });
+    on([&] { configuring.Unload(); });
+    return result;
+}
+
+}  // namespace wynconfig

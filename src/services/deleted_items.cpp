@@ -1,0 +1,19 @@
+// Moving an item by way of its record.
+#include "services/deleted_items.h"
+
+#include "platform/file_system.h"
+
+namespace wynconfig {
+
+void moveToDeleted(OnError& on, Dataset& record, const std::string& folder,
+                   const std::string& name) {
+    const ItemPath file = ItemPath::item(folder, name);
+    on.resumeNext();
+    on([&] { fileSystem().makeFolder(folder + "deleted"); });
+    on.standard();
+    on([&] { record.Load(file, 0); });
+    on([&] { record.Save(ItemPath::item(folder + "deleted\\", name)); });
+    on([&] { fileSystem().remove(file); });
+}
+
+}  // namespace wynconfig
