@@ -63,6 +63,15 @@ void fillSession(Dataset& record, const std::string& name, const std::string& fo
     for (const auto& [key, value] : rows) record.AddRow({key, value ? value : format});
 }
 
+std::string sessionName(int number) {
+    return numbered("SESSION", number);
+}
+
+void fillFormat(Dataset& record, int number) {
+    record.Create(partformat::kType, numbered("FORMAT", number), "", session::kColumns);
+    for (const auto& key : partformat::keys()) record.AddRow({key.name, key.firstValue});
+}
+
 BenchStore::BenchStore(int sessions, int formats) {
     static int stores = 0;
     m_root = std::filesystem::temp_directory_path() /
@@ -72,15 +81,13 @@ BenchStore::BenchStore(int sessions, int formats) {
     SaveBatch batch(fileSystem());
     Dataset record;
     for (int i = 0; i < sessions; ++i) {
-        const std::string name = numbered("SESSION", i);
+        const std::string name = sessionName(i);
         fillSession(record, name, "OLD NAME");
         record.Save(ItemPath::item(ConfigGlobalModule::g_SessionFolder, name));
     }
     for (int i = 0; i < formats; ++i) {
-        const std::string name = numbered("FORMAT", i);
-        record.Create(partformat::kType, name, "", session::kColumns);
-        for (const auto& key : partformat::keys()) record.AddRow({key.name, key.firstValue});
-        record.Save(ItemPath::item(ConfigGlobalModule::g_PartFormatFolder, name));
+        fillFormat(record, i);
+        record.Save(ItemPath::item(ConfigGlobalModule::g_PartFormatFolder, record.Name()));
     }
     batch.commit();
 }

@@ -12,6 +12,12 @@ namespace wynconfig::bench {
 /// A session of 26 rows, which has six part formats; the second is called `format`.
 void fillSession(Dataset& record, const std::string& name, const std::string& format);
 
+/// The name of the session with this number, from 0, in a store.
+std::string sessionName(int number);
+
+/// The part format that a store has under this number, from 0.
+void fillFormat(Dataset& record, int number);
+
 /// A store on disk.
 class BenchStore {
   public:

@@ -114,6 +114,7 @@ void countedFigure(const std::string& name, const std::string& unit,
 
 void registerRecordFigures();
 void registerDialogFigures();
+void registerListFigures();
 void registerWalkFigures();
 
 }  // namespace wynconfig::bench
@@ -129,6 +130,7 @@ int main(int argc, char** argv) {
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
     registerRecordFigures();
     registerDialogFigures();
+    registerListFigures();
     registerWalkFigures();
     LinePerFigure reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
