@@ -77,7 +77,7 @@ class EachDialog : public Desk {
   protected:
     void SetUp() override {
         Desk::SetUp();
-        component.InitResourceManager(makeBundleResourceManager(WYNCONFIG_RESOURCES));
+        component.InitResourceManager(makeBundleResourceManager(WYNCONFIG_RESOURCES, "en"));
     }
     void showEach(const std::function<void(User&, Form&)>& script) {
         std::size_t shown = 0;

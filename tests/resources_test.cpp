@@ -1,22 +1,20 @@
-// The texts of the component and the resource manager that reads them: no key is missing or left
-// over, languages fall back to English, and texts read well where several make up a message.
+// The resource manager that reads the texts: which bundles serve a locale, how they lie over each
+// other, and what languages there are to choose from.
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <regex>
-#include <set>
 #include <string>
 #include <system_error>
 #include <utility>
 #include <vector>
 
+#include "support/text_keys.h"
 #include "wynconfig/error.h"
 #include "wynconfig/resource_manager.h"
 
@@ -28,127 +26,6 @@ namespace wynconfig {
 namespace {
 
 namespace fs = std::filesystem;
-
-const std::vector<std::string>& allKeys() {
-    static const std::vector<std::string> keys = {
-        "ADD_MORAM_CONFIG_LBL_CONFIGS",
-        "ADD_MORAM_CONFIG_LBL_NAME",
-        "ADD_MORAM_CONFIG_NONE",
-        "ADD_MORAM_CONFIG_TITLE",
-        "ADV_CONFIG_CHK_DISABLEPROGRAMLAUNCH",
-        "ADV_CONFIG_LBL_PROGRAMLAUNCHDELAY",
-        "ADV_CONFIG_LBL_WINDOWCLASS",
-        "ADV_CONFIG_LBL_WINDOWTITLE",
-        "ADV_CONFIG_LBL_WINDOWTITLECLASSDELAY",
-        "ADV_CONFIG_MSG_ENTER_VALID_LAUNCH_DELAY",
-        "ADV_CONFIG_MSG_ENTER_VALID_TITLE_DELAY",
-        "ADV_CONFIG_MSG_LAUNCH_DELAY",
-        "ADV_CONFIG_MSG_TITLE_DELAY",
-        "ADV_CONFIG_TITLE",
-        "BUTTON_ADD",
-        "BUTTON_ADVANCED",
-        "BUTTON_APPLY",
-        "BUTTON_BROWSE",
-        "BUTTON_CANCEL",
-        "BUTTON_COPY",
-        "BUTTON_DELETE",
-        "BUTTON_EDIT",
-        "BUTTON_NEW",
-        "BUTTON_OK",
-        "BUTTON_RENAME",
-        "BUTTON_TALLYVANE",
-        "DIALOG_CAPTION",
-        "DIALOG_LABEL",
-        "GLOBAL_BROWSE_FOLDER",
-        "GLOBAL_MOD_ERROR",
-        "GLOBAL_MOD_MSG",
-        "GLOBAL_MOD_PROCEDURE",
-        "GLOBAL_MOD_TEXT",
-        "GLOBAL_MOD_UNEXPECTED",
-        "GLOBAL_SELECT_APP",
-        "MORAM2_MSG_APP_PATH_EMPTY",
-        "MORAM2_MSG_APP_PATH_INVALID",
-        "MORAM2_MSG_CHECK_SESSION_CONFIG",
-        "MORAM2_SEARCH_TYPE_CONTAINS",
-        "MORAM2_SEARCH_TYPE_MATCHES",
-        "MORAM2_SEARCH_TYPE_STARTSWITH",
-        "MORAM_CONFIG_CHK_AUTORESIZE",
-        "MORAM_CONFIG_FRA_LAUNCH",
-        "MORAM_CONFIG_FRA_ORIENTATION",
-        "MORAM_CONFIG_LBL_AVAILABLEFORMATS",
-        "MORAM_CONFIG_LBL_CMDLINE",
-        "MORAM_CONFIG_LBL_DISPLAYNAME",
-        "MORAM_CONFIG_LBL_PATH",
-        "MORAM_CONFIG_LBL_SELECTEDFORMATS",
-        "MORAM_CONFIG_MSG_ARE_YOU_SURE",
-        "MORAM_CONFIG_MSG_CANNOT_MODIFY_FACTORY_DEFAULTS",
-        "MORAM_CONFIG_MSG_DELETE_CONFIG",
-        "MORAM_CONFIG_MSG_DISPLAY_NAME",
-        "MORAM_CONFIG_MSG_ENTER_DISPLAY_NAME",
-        "MORAM_CONFIG_MSG_ENTER_NEW_NAME",
-        "MORAM_CONFIG_MSG_ERROR",
-        "MORAM_CONFIG_MSG_FORMAT_NAME",
-        "MORAM_CONFIG_MSG_INVALID_CHARS",
-        "MORAM_CONFIG_MSG_INVALID_CONFIG",
-        "MORAM_CONFIG_MSG_LAST_PART_FORMAT",
-        "MORAM_CONFIG_MSG_NAME_EXISTS",
-        "MORAM_CONFIG_MSG_PART_FORMAT",
-        "MORAM_CONFIG_MSG_REENTER_NAME",
-        "MORAM_CONFIG_MSG_SELECT_FORMAT",
-        "MORAM_CONFIG_OPT_BOTTOM",
-        "MORAM_CONFIG_OPT_LEFT",
-        "MORAM_CONFIG_OPT_REVERSE",
-        "MORAM_CONFIG_OPT_RIGHT",
-        "MORAM_CONFIG_OPT_TOP",
-        "MORAM_CONFIG_TAB_APP_LAUNCH",
-        "MORAM_CONFIG_TAB_PART_FORMAT",
-        "MORAM_CONFIG_TITLE",
-        "MORAM_MAINT_LBL_SELECTSESSION",
-        "MORAM_MAINT_MSG_DELETE_CONFIG",
-        "MORAM_MAINT_TITLE",
-        "PART_FORMAT_CHK_FORMATDESC",
-        "PART_FORMAT_CHK_FORMATPART",
-        "PART_FORMAT_CHK_FORMATQTY",
-        "PART_FORMAT_FRA_DESC",
-        "PART_FORMAT_FRA_FORMAT",
-        "PART_FORMAT_FRA_PART",
-        "PART_FORMAT_FRA_QTY",
-        "PART_FORMAT_LBL_ALIGNMENT",
-        "PART_FORMAT_LBL_FIELDLENGTH",
-        "PART_FORMAT_LBL_FORMATNAME",
-        "PART_FORMAT_LBL_HEADER",
-        "PART_FORMAT_LBL_MAXRECORDS",
-        "PART_FORMAT_LBL_PADCHAR",
-        "PART_FORMAT_LBL_RECORD",
-        "PART_FORMAT_LBL_SEPARATOR",
-        "PART_FORMAT_LBL_TRAILER",
-        "PART_FORMAT_MSG_CONFIG_NAME",
-        "PART_FORMAT_MSG_DESC_FIELD_LEN",
-        "PART_FORMAT_MSG_DESC_PAD_CHAR",
-        "PART_FORMAT_MSG_NUM_MAX_RECORDS",
-        "PART_FORMAT_MSG_PART_FIELD_LEN",
-        "PART_FORMAT_MSG_PART_PAD_CHAR",
-        "PART_FORMAT_MSG_QTY_FIELD_LEN",
-        "PART_FORMAT_MSG_QTY_PAD_CHAR",
-        "PART_FORMAT_MSG_VIN_FIELD_LEN",
-        "PART_FORMAT_MSG_VIN_PAD_CHAR",
-        "PART_FORMAT_OPT_LEFT",
-        "PART_FORMAT_OPT_RIGHT",
-        "PART_FORMAT_TITLE",
-        "SESSION_MANAGER_TITLE",
-        "TVW_CONFIG_CHK_WRITE_FILE_ONLY",
-        "TVW_CONFIG_INVAILD_PART_FORMAT_WITH_WFO",
-        "TVW_CONFIG_LBL_FILE_FOLDER",
-        "TVW_CONFIG_LBL_FILE_NAME",
-        "TVW_CONFIG_RDO_APPEND",
-        "TVW_CONFIG_RDO_OVER_WRITE",
-        "TVW_CONFIG_TITLE",
-        "TVW_ERR_FILE_NAME_INVALID",
-        "TVW_ERR_FOLDER_INVALID",
-        "TVW_ERR_TITLE",
-    };
-    return keys;
-}
 
 /// A folder that goes when the test ends.
 class TemporaryFolder {
@@ -215,31 +92,6 @@ class ResourcesTest : public testing::Test {
 TEST_F(ResourcesTest, everyKeyHasAText) {
     for (const std::string& key : allKeys()) {
         EXPECT_NO_THROW(EXPECT_FALSE(text(key).empty()) << key) << key;
-    }
-}
-
-TEST_F(ResourcesTest, theSourceHoldsTheseKeysAlone) {
-    std::ifstream source(WYNCONFIG_RESOURCE_SOURCE);
-    ASSERT_TRUE(source) << WYNCONFIG_RESOURCE_SOURCE;
-    const std::regex entry(R"(^\s+([A-Za-z0-9_]+)\s*\{.*)");
-    std::multiset<std::string> inSource;
-    for (std::string line; std::getline(source, line);) {
-        std::smatch match;
-        if (std::regex_match(line, match, entry)) {
-            inSource.insert(match[1]);
-        }
-    }
-    EXPECT_EQ(inSource, std::multiset<std::string>(allKeys().begin(), allKeys().end()));
-}
-
-TEST_F(ResourcesTest, textsHaveNoBlanksAroundThemAndNoAcceleratorMarks) {
-    for (const std::string& key : allKeys()) {
-        const std::string value = text(key);
-        EXPECT_EQ(value.find_first_not_of(" \t\r\n"), 0U) << key;
-        EXPECT_EQ(value.find_last_not_of(" \t\r\n"), value.size() - 1) << key;
-        EXPECT_EQ(value.find('&'), std::string::npos) << key;
-        EXPECT_EQ(value.find("  "), std::string::npos) << key;
-        EXPECT_EQ(value.find_first_of("\r\n"), std::string::npos) << key;
     }
 }
 
@@ -336,7 +188,7 @@ TEST_F(ResourcesTest, aLanguageLiesOverEnglishKeyByKey) {
     EXPECT_EQ(austrian->GetString("BUTTON_COPY"), "Kopie 🧾");
     EXPECT_EQ(austrian->GetString("BUTTON_APPLY"), "Übernehmen");
     const auto english = makeBundleResourceManager(folder.path().string(), "en-GB");
-    EXPECT_EQ(english->GetString("BUTTON_APPLY"), "Apply");
+    EXPECT_EQ(english->GetString("BUTTON_APPLY"), text("BUTTON_APPLY"));
 }
 
 TEST_F(ResourcesTest, aLanguageServesWithoutEnglish) {
@@ -348,58 +200,71 @@ TEST_F(ResourcesTest, aLanguageServesWithoutEnglish) {
     EXPECT_THROW(makeBundleResourceManager(folder.path().string(), "fr"), Error);
 }
 
-TEST_F(ResourcesTest, aMessageOfSeveralTextsIsMadeOfWholeSentences) {
-    const std::string exists = text("MORAM_CONFIG_MSG_NAME_EXISTS");
-    const std::string reenter = text("MORAM_CONFIG_MSG_REENTER_NAME");
-    const std::string check = text("MORAM2_MSG_CHECK_SESSION_CONFIG") + ".";
-    // Each with the number of sentences that it has.
-    const std::vector<std::pair<std::string, int>> messages = {
-        {exists + " SHOP. " + reenter, 2},
-        {exists + ": SHOP. " + reenter, 2},
-        {"SHOP: " + exists + ". " + reenter, 2},
-        {check, 1},
-    };
-    for (const auto& [message, sentences] : messages) {
-        EXPECT_EQ(std::count(message.begin(), message.end(), '.'), sentences) << message;
-        EXPECT_EQ(message.back(), '.') << message;
-        EXPECT_FALSE(std::regex_search(message, std::regex("[.:!?] ?[.:!?]"))) << message;
-        EXPECT_FALSE(std::regex_search(message, std::regex("\\.[^ ]"))) << message;
+TEST_F(ResourcesTest, aLocaleTakesTheNearestLanguageOfItsScript) {
+    const std::vector<std::pair<std::string, std::string>> taken = {
+        {"en", "en"},          {"en-GB", "en"},
+        {"en_US_POSIX", "en"}, {"de", "de"},
+        {"de-AT", "de"},       {"de_CH.UTF-8", "de"},
+        {"fr-CA", "fr"},       {"es-MX", "es"},
+        {"es-419", "es"},      {"it-CH", "it"},
+        {"pt-BR", "pt"},       {"pt-PT", "pt"},
+        {"ja-JP", "ja"},       {"ar-EG", "ar"},
+        {"zh", "zh-Hans"},     {"zh-CN", "zh-Hans"},
+        {"zh_SG", "zh-Hans"},  {"zh-Hans-HK", "zh-Hans"},
+        {"zh-TW", "en"},       {"zh-HK", "en"},
+        {"zh-Hant", "en"},     {"zh-Hant-CN", "en"},
+        {"zh_TW.UTF-8", "en"}, {"az-Arab", "en"},
+        {"nl", "en"},          {"de-Latn-AT", "de"},
+        {"deu", "de"},         {"zh_CN@x=y", "zh-Hans"}};
+    for (const auto& [locale, tag] : taken) {
+        EXPECT_EQ(bundleLanguage(WYNCONFIG_RESOURCES, locale).tag, tag) << locale;
+        const auto texts = makeBundleResourceManager(WYNCONFIG_RESOURCES, locale);
+        const auto expected = makeBundleResourceManager(WYNCONFIG_RESOURCES, tag);
+        for (const std::string& key : allKeys())
+            EXPECT_EQ(texts->GetString(key), expected->GetString(key)) << locale << " " << key;
     }
 }
 
-TEST_F(ResourcesTest, aTextBeforeANameOrAListEndsSoThatItCanFollow) {
-    for (const char* key : {"MORAM_CONFIG_MSG_NAME_EXISTS", "MORAM_CONFIG_MSG_LAST_PART_FORMAT",
-                            "MORAM2_MSG_CHECK_SESSION_CONFIG", "GLOBAL_MOD_ERROR"}) {
-        EXPECT_EQ(std::string(".:!?,;").find(text(key).back()), std::string::npos) << key;
-    }
-    for (const char* key :
-         {"MORAM_CONFIG_MSG_INVALID_CHARS", "GLOBAL_MOD_TEXT", "GLOBAL_MOD_PROCEDURE"}) {
-        const std::string value = text(key);
-        EXPECT_EQ(value.find(':'), value.size() - 1) << key;
-    }
+TEST_F(ResourcesTest, theLanguagesToChooseFromGoByTheirOwnNames) {
+    const std::vector<Language> shipped = {
+        {"ar", "العربية", true},  {"de", "Deutsch", false},   {"en", "English", false},
+        {"es", "Español", false}, {"fr", "Français", false},  {"it", "Italiano", false},
+        {"ja", "日本語", false},  {"pt", "Português", false}, {"zh-Hans", "简体中文", false}};
+    EXPECT_EQ(bundleLanguages(WYNCONFIG_RESOURCES), shipped);
+    for (const Language& each : shipped)
+        EXPECT_EQ(bundleLanguage(WYNCONFIG_RESOURCES, each.tag), each) << each.tag;
 }
 
-TEST_F(ResourcesTest, aMessageThatStandsAloneEndsLikeASentence) {
-    const std::set<std::string> continued = {
-        "MORAM_CONFIG_MSG_NAME_EXISTS", "MORAM_CONFIG_MSG_LAST_PART_FORMAT",
-        "MORAM_CONFIG_MSG_INVALID_CHARS", "MORAM2_MSG_CHECK_SESSION_CONFIG"};
-    const std::set<std::string> titles = {
-        "MORAM_CONFIG_MSG_DISPLAY_NAME", "MORAM_CONFIG_MSG_PART_FORMAT",
-        "MORAM_CONFIG_MSG_FORMAT_NAME",  "MORAM_CONFIG_MSG_INVALID_CONFIG",
-        "MORAM_CONFIG_MSG_ERROR",        "MORAM_CONFIG_MSG_ARE_YOU_SURE",
-        "MORAM2_MSG_APP_PATH_EMPTY",     "MORAM2_MSG_APP_PATH_INVALID",
-        "ADV_CONFIG_MSG_TITLE_DELAY",    "ADV_CONFIG_MSG_LAUNCH_DELAY"};
-    const std::regex message("GLOBAL_MOD_MSG|.*_MSG_.*|TVW_ERR_.*_INVALID|.*_WITH_WFO");
-    for (const std::string& key : allKeys()) {
-        const char last = text(key).back();
-        if (std::regex_match(key, message) && !titles.contains(key)) {
-            if (!continued.contains(key)) {
-                EXPECT_TRUE(last == '.' || last == '?') << key;
-            }
-        } else {
-            EXPECT_NE(last, '.') << key;
-        }
-    }
+TEST_F(ResourcesTest, onlyBundlesThatALocaleCanNameAreLanguages) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(bundleLanguages(folder.path().string()), std::vector<Language>{});
+    EXPECT_EQ(bundleLanguages((folder.path() / "none").string()), std::vector<Language>{});
+    EXPECT_EQ(bundleLanguages(""), std::vector<Language>{});
+    EXPECT_THROW(bundleLanguage(folder.path().string(), "de"), Error);
+    compileBundle(folder.path(), "he", "BUTTON_OK { \"אישור\" }");
+    compileBundle(folder.path(), "de_AT", "BUTTON_OK { \"Passt\" }");
+    for (const char* other : {"notes.txt", "DE.res", "de-AT.res", "no language.res", ".res", "en"})
+        writeFile(folder.path() / other, "");
+    fs::create_directory(folder.path() / "fr.res");
+    const std::vector<Language> languages = {{"de-AT", "Österreichisches Deutsch", false},
+                                             {"he", "עברית", true}};
+    EXPECT_EQ(bundleLanguages(folder.path().string()), languages);
+    EXPECT_EQ(bundleLanguage(folder.path().string(), "de-AT"), languages[0]);
+    EXPECT_THROW(bundleLanguage(folder.path().string(), "de"), Error);
+}
+
+TEST_F(ResourcesTest, theLanguageGivenIsTheOneWhoseTextsAreThere) {
+    const TemporaryFolder folder;
+    copyEnglish(folder.path());
+    EXPECT_EQ(bundleLanguage(folder.path().string(), "ar-EG").tag, "en");
+    EXPECT_FALSE(bundleLanguage(folder.path().string(), "ar-EG").rightToLeft);
+    compileBundle(folder.path(), "zh_TW", "BUTTON_OK { \"確定\" }");
+    EXPECT_EQ(bundleLanguage(folder.path().string(), "zh-TW").tag, "zh-TW");
+    EXPECT_EQ(bundleLanguage(folder.path().string(), "zh-Hant-TW").tag, "zh-TW");
+    EXPECT_EQ(bundleLanguage(folder.path().string(), "zh-Hans-TW").tag, "en");
+    EXPECT_EQ(
+        makeBundleResourceManager(folder.path().string(), "zh-Hant-TW")->GetString("BUTTON_OK"),
+        "確定");
 }
 
 }  // namespace

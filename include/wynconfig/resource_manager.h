@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace wynconfig {
 
@@ -33,12 +34,31 @@ class ResourceManager {
 /// The resource manager that comes with the component: texts from compiled ICU resource bundles,
 /// one bundle a language. All texts are read once, here.
 /// @param folder  folder of the compiled bundles (`*.res`), as the build makes it
-/// @param locale  language to take, such as "en" or "de-DE"; empty: the user's. A language without
-///                a bundle falls back to English, and so does a key that its bundle lacks.
+/// @param locale  language to take, such as "en" or "de-DE"; empty: the user's. A text comes from
+///                the locale's own bundle, or else from that of its language in the same script,
+///                or else from English: "de-AT" takes "de", and "zh-CN" takes "zh-Hans", while
+///                "zh-TW", which is written in the other script, takes English.
 /// @param font    what `GetFont` gives
-/// Raises `Error` when the folder has no bundle. `GetString` of an unknown key raises `Error`.
+/// Raises `Error` when the folder has no bundle that serves. `GetString` of an unknown key raises
+/// `Error`.
 std::shared_ptr<ResourceManager> makeBundleResourceManager(const std::string& folder,
                                                            const std::string& locale = {},
                                                            const Font& font = {});
+
+/// A language that there are texts in.
+struct Language {
+    std::string tag;           ///< such as "de" or "zh-Hans"; names it as a locale
+    std::string name;          ///< its own name, as for a list to choose from, such as "Deutsch"
+    bool rightToLeft = false;  ///< the host lays its windows out from right to left for it
+
+    bool operator==(const Language&) const = default;
+};
+
+/// The languages of the bundles in a folder, in the order of their tags; none when there is none.
+std::vector<Language> bundleLanguages(const std::string& folder);
+
+/// The language that `makeBundleResourceManager` gives for the same folder and locale.
+/// Raises `Error` when the folder has no bundle that serves.
+Language bundleLanguage(const std::string& folder, const std::string& locale = {});
 
 }  // namespace wynconfig

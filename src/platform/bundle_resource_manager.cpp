@@ -1,6 +1,8 @@
-// Texts from compiled ICU resource bundles. The texts of a language lie over the English ones, and
-// all of them are read once, so that a look-up needs neither the disk nor ICU.
+// Texts from compiled ICU resource bundles, and the languages that there are bundles of. The texts
+// of a language lie over the English ones, and all of them are read once, so that a look-up needs
+// neither the disk nor ICU.
 
+#include <unicode/uldnames.h>
 #include <unicode/uloc.h>
 #include <unicode/unistr.h>
 #include <unicode/ures.h>
@@ -47,36 +49,46 @@ class BundleResourceManager : public ResourceManager {
     Font m_font;
 };
 
+/// What a function of ICU tells about a locale, or an empty text when it can't.
+template <class Function>
+std::string askIcu(Function function, const std::string& locale) {
+    char answer[ULOC_FULLNAME_CAPACITY] = {};
+    UErrorCode status = U_ZERO_ERROR;
+    function(locale.c_str(), answer, ULOC_FULLNAME_CAPACITY, &status);
+    return U_FAILURE(status) || status == U_STRING_NOT_TERMINATED_WARNING ? std::string{} : answer;
+}
+
 /// The locale's plain name in ICU's form, "de_DE" for "de-DE" or "de_DE.UTF-8"; empty for text that
 /// names no locale. The name serves as a file name, so it holds letters, digits and "_" alone.
 std::string localeName(const std::string& locale) {
-    const char* given = locale.empty() ? uloc_getDefault() : locale.c_str();
-    char canonical[ULOC_FULLNAME_CAPACITY] = {};
-    char name[ULOC_FULLNAME_CAPACITY] = {};
-    UErrorCode status = U_ZERO_ERROR;
-    uloc_canonicalize(given, canonical, ULOC_FULLNAME_CAPACITY, &status);
-    uloc_getBaseName(canonical, name, ULOC_FULLNAME_CAPACITY, &status);
-    if (U_FAILURE(status) || status == U_STRING_NOT_TERMINATED_WARNING) {
-        return {};
-    }
-    const std::string result = name;
-    const bool plain = std::all_of(result.begin(), result.end(), [](char c) {
+    const std::string given = locale.empty() ? uloc_getDefault() : locale;
+    const std::string name = askIcu(uloc_getBaseName, askIcu(uloc_canonicalize, given));
+    const bool plain = std::all_of(name.begin(), name.end(), [](char c) {
         return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
                c == '_';
     });
-    return plain ? result : std::string{};
+    return plain ? name : std::string{};
 }
 
-/// The bundles that can serve a locale, the most general first: "en", "de", "de_DE".
+/// The script that a locale is written in, "Hans" for "zh_CN".
+std::string scriptOf(const std::string& name) {
+    return askIcu(uloc_getScript, askIcu(uloc_addLikelySubtags, name));
+}
+
+/// The bundles that can serve a locale, the most general first: "en", "de", "de_Latn", "de_DE",
+/// "de_Latn_DE". Those of the language in another script don't.
 std::vector<std::string> bundleNames(const std::string& locale) {
-    std::vector<std::string> names;
-    for (std::string name = localeName(locale); !name.empty();) {
-        names.insert(names.begin(), name);
-        const auto end = name.rfind('_');
-        name.resize(end == std::string::npos ? 0 : end);
-    }
-    if (names.empty() || names.front() != fallbackLanguage) {
-        names.emplace(names.begin(), fallbackLanguage);
+    std::vector<std::string> names{std::string(fallbackLanguage)};
+    const std::string name = localeName(locale);
+    if (name.empty()) return names;
+    const std::string language = askIcu(uloc_getLanguage, name);
+    const std::string region = askIcu(uloc_getCountry, name);
+    const std::string script = scriptOf(name);
+    const std::string written = language + "_" + script;
+    for (const std::string& each :
+         {language, written, language + "_" + region, written + "_" + region, name}) {
+        const bool known = std::find(names.begin(), names.end(), each) != names.end();
+        if (!known && localeName(each) == each && scriptOf(each) == script) names.push_back(each);
     }
     return names;
 }
@@ -120,26 +132,75 @@ fs::path bundleFolder(const std::string& folder) {
     return path.has_filename() ? path : path.parent_path();
 }
 
+/// The bundles of a folder that serve a locale, the most general first. Raises when there is none.
+std::vector<std::string> bundlesFor(const std::string& folder, const std::string& locale) {
+    const fs::path path = bundleFolder(folder);
+    std::vector<std::string> names = bundleNames(locale);
+    // ICU remembers a bundle that it did not find, so it is asked only for those on disk.
+    std::erase_if(names, [&](const std::string& name) {
+        std::error_code failed;
+        return path.empty() || !fs::is_regular_file(path / (name + ".res"), failed);
+    });
+    if (names.empty()) {
+        throw Error(errc::FileNotFound, "There are no texts in the folder \"" + folder + "\".");
+    }
+    return names;
+}
+
+/// A language's name in the language itself, written as at the start of a line.
+std::string ownName(const std::string& name) {
+    UDisplayContext contexts[] = {UDISPCTX_DIALECT_NAMES,
+                                  UDISPCTX_CAPITALIZATION_FOR_UI_LIST_OR_MENU};
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::LocalULocaleDisplayNamesPointer names(
+        uldn_openForContext(name.c_str(), contexts, std::size(contexts), &status));
+    constexpr std::int32_t capacity = 200;
+    UChar text[capacity] = {};
+    const std::int32_t length =
+        uldn_localeDisplayName(names.getAlias(), name.c_str(), text, capacity, &status);
+    if (U_FAILURE(status) || length > capacity) return name;
+    std::string utf8;
+    icu::UnicodeString(false, text, length).toUTF8String(utf8);
+    return utf8;
+}
+
+Language languageOf(const std::string& name) {
+    const auto toTag = [](const char* locale, char* tag, std::int32_t size, UErrorCode* status) {
+        uloc_toLanguageTag(locale, tag, size, false, status);
+    };
+    return {askIcu(toTag, name), ownName(name), uloc_isRightToLeft(name.c_str()) != 0};
+}
+
 }  // namespace
 
 std::shared_ptr<ResourceManager> makeBundleResourceManager(const std::string& folder,
                                                            const std::string& locale,
                                                            const Font& font) {
-    const fs::path path = bundleFolder(folder);
     Texts texts;
-    bool found = false;
-    for (const std::string& name : bundleNames(locale)) {
-        // ICU remembers a bundle that it did not find, so it is asked only for those on disk.
-        std::error_code failed;
-        if (!path.empty() && fs::is_regular_file(path / (name + ".res"), failed)) {
-            readBundle(path, name, texts);
-            found = true;
-        }
-    }
-    if (!found) {
-        throw Error(errc::FileNotFound, "There are no texts in the folder \"" + folder + "\".");
-    }
+    for (const std::string& name : bundlesFor(folder, locale))
+        readBundle(bundleFolder(folder), name, texts);
     return std::make_shared<BundleResourceManager>(std::move(texts), font);
+}
+
+std::vector<Language> bundleLanguages(const std::string& folder) {
+    std::vector<Language> languages;
+    std::error_code failed;
+    for (fs::directory_iterator each(bundleFolder(folder), failed), end; !failed && each != end;
+         each.increment(failed)) {
+        const fs::path& file = each->path();
+        const std::string name = file.stem().string();
+        std::error_code unknown;
+        if (file.extension() != ".res" || !each->is_regular_file(unknown)) continue;
+        // Only a bundle that is named like a locale is ever asked for.
+        if (!name.empty() && localeName(name) == name) languages.push_back(languageOf(name));
+    }
+    std::sort(languages.begin(), languages.end(),
+              [](const Language& one, const Language& other) { return one.tag < other.tag; });
+    return languages;
+}
+
+Language bundleLanguage(const std::string& folder, const std::string& locale) {
+    return languageOf(bundlesFor(folder, locale).back());
 }
 
 }  // namespace wynconfig
