@@ -419,7 +419,7 @@ TEST_F(QtViewTest, ChangesByCodeShowAndRaiseNothing) {
         form.cboBase.setSelectedIndex(2);
         form.lstItems.add("kDELTA", "DELTA");
         form.lstItems.select("kDELTA");
-        form.lblName.setCaption("Name & <b>more</b>");
+        form.lblName.setCaption("Name && <b>more</b>");
         form.frmSide.setCaption("Side");
         form.btnApply.setEnabled(false);
         form.btnBrowse.setVisible(false);

@@ -82,4 +82,19 @@ std::vector<Control*> controlsOf(const Layout& node);
 /// pane around it lies on the tab that is on top.
 bool isSeen(const Layout& node, const Control& control);
 
+/// Whether a control is of a kind that can have the focus.
+bool takesFocus(const Control& control);
+
+/// Whether the caption of a control is read for a key (see mnemonic.h). That of a label is where it
+/// stands at a box or an option to lead to; a label that stands in the place of a box shows a value
+/// as it is.
+bool marksKey(const Layout& body, const Control& control);
+
+/// Whether a control is a label whose words are a value, which is never read for marks.
+bool isValue(const Layout& body, const Control& control);
+
+/// Where the key of a label or a frame leads: to the label's box, or to the first control in the
+/// frame; among options to the one that is chosen. Null when nothing there can be used now.
+Control* keyTarget(const Layout& body, const Control& labelOrFrame);
+
 }  // namespace wynconfig

@@ -22,17 +22,19 @@ class UserError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// A row as it is seen in a list; an item of a combo box or the caption of a tab has no key.
+/// A row as it is seen in a list, an item of a combo box, which has no key, or a tab, whose key is
+/// the one that its caption marks.
 struct SeenRow {
     std::string key;
     std::string text;
     bool operator==(const SeenRow&) const = default;
 };
 
-/// A control as a person sees it.
+/// A control as a person sees it. Captions are the words, without the mark of a key.
 struct Sight {
     std::string text;           ///< of an edit or a combo box
     std::string caption;        ///< of a label, button, frame, option, check box or caption bar
+    std::string key;            ///< marked by the caption (see mnemonic.h); empty: none
     bool value = false;         ///< of an option or a check box
     std::vector<SeenRow> rows;  ///< of a list, a combo box, or tabs
     std::size_t selected = 0;   ///< number of the selected row from 1, 0 for none
@@ -47,7 +49,7 @@ struct Sight {
     std::vector<std::string> rowTexts() const;
 };
 
-/// A message box as it was seen.
+/// A message box as it was seen. Title and caption are the words, without the mark of a key.
 struct SeenBox {
     std::string text;
     std::string title;
@@ -81,7 +83,8 @@ class User {
     void finish();
     /// All boxes that came up since the last `finish`, in their order.
     const std::vector<SeenBox>& boxes() const { return m_boxes; }
-    /// All browse dialogs that came up since the last `finish`.
+    /// All browse dialogs that came up since the last `finish`; title and captions are the words,
+    /// without the mark of a key.
     const std::vector<BrowseRequest>& browses() const { return m_browses; }
     /// Names of all forms that came up since the last `finish`.
     const std::vector<std::string>& forms() const { return m_forms; }
@@ -100,6 +103,12 @@ class User {
     virtual void pressEscape() = 0;
     /// Moves the focus on by the Tab key.
     virtual void pressTab() = 0;
+    /// Presses the Alt key and this key, an upper-cased character, which acts on what marks it in
+    /// its caption: a label leads to its box and a frame to its first control, a button is pressed,
+    /// a check box turned, an option chosen, a tab turned to. All but a tab take the focus first,
+    /// as at a click. Raises `UserError` when nothing that can be used now marks the key, or more
+    /// than one thing does.
+    virtual void pressMnemonic(std::string_view key) = 0;
     /// Puts the focus on a control by the mouse, without pressing it.
     virtual void focus(std::string_view control) = 0;
     /// Goes to a box and types this in place of its text.
@@ -128,7 +137,7 @@ class User {
     /// unannounced form is remembered, and nothing is done.
     void formCameUp(const std::string& name);
     /// The button to press.
-    int boxCameUp(const SeenBox& box);
+    int boxCameUp(const MessageBox& box);
     /// The path to pick.
     std::string browseCameUp(const BrowseRequest& request);
     /// A form was left open by its script, or something else went wrong.

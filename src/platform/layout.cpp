@@ -31,6 +31,29 @@ bool hidesChild(const Layout& node, std::size_t child) {
     }
 }
 
+/// The node that names a control, as its control or as its label; null when there is none.
+const Layout* nodeOf(const Layout& node, const Control& control) {
+    if (node.control == &control || node.label == &control) return &node;
+    for (const Layout& child : node.children) {
+        if (const Layout* found = nodeOf(child, control)) return found;
+    }
+    return nullptr;
+}
+
+bool isOption(const Control& control) {
+    return control.kind() == ControlKind::OptionButton;
+}
+
+/// The controls among which the key of a label or a frame chooses.
+std::vector<Control*> candidatesOf(const Layout& node, const Control& labelOrFrame) {
+    std::vector<Control*> candidates;
+    for (const Layout& child : node.children) collect(child, candidates);
+    if (node.label != &labelOrFrame) return candidates;
+    if (!isOption(*node.control)) return {node.control};
+    candidates.insert(candidates.begin(), node.control);
+    return candidates;
+}
+
 }  // namespace
 
 std::vector<Control*> controlsOf(const Layout& node) {
@@ -46,6 +69,46 @@ bool isSeen(const Layout& node, const Control& control) {
             return !hidesChild(node, i) && isSeen(node.children[i], control);
     }
     return false;
+}
+
+bool takesFocus(const Control& control) {
+    switch (control.kind()) {
+        case ControlKind::Edit:
+        case ControlKind::ListView:
+        case ControlKind::ComboBox:
+        case ControlKind::OptionButton:
+        case ControlKind::CheckBox:
+        case ControlKind::Button:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool isValue(const Layout& body, const Control& control) {
+    if (control.kind() != ControlKind::Label) return false;
+    const Layout* node = nodeOf(body, control);
+    return node && node->control == &control;
+}
+
+bool marksKey(const Layout& body, const Control& control) {
+    const Layout* node = nodeOf(body, control);
+    if (!node) return false;
+    return control.kind() != ControlKind::Label ||
+           (node->label == &control && takesFocus(*node->control));
+}
+
+Control* keyTarget(const Layout& body, const Control& labelOrFrame) {
+    const Layout* node = nodeOf(body, labelOrFrame);
+    if (!node) return nullptr;
+    Control* first = nullptr;
+    for (Control* each : candidatesOf(*node, labelOrFrame)) {
+        if (!takesFocus(*each) || !each->enabled() || !isSeen(body, *each)) continue;
+        if (!first) first = each;
+        if (!isOption(*first)) return first;
+        if (isOption(*each) && static_cast<OptionButton*>(each)->value()) return each;
+    }
+    return first;
 }
 
 }  // namespace wynconfig

@@ -17,6 +17,7 @@
 #include "views/qt/convert.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/error.h"
+#include "wynconfig/layout.h"
 
 namespace wynconfig::desktop {
 
@@ -214,6 +215,12 @@ class ComboBinding : public Binding {
     std::size_t m_shownRevision = static_cast<std::size_t>(-1);
 };
 
+/// Screen readers get the words, since they would read the marks in other ways.
+void showCaption(QAbstractButton& button, const CaptionedControl& control) {
+    button.setText(toQtCaption(control.caption()));
+    button.setAccessibleName(toQtPlain(control.caption()));
+}
+
 class OptionBinding : public Binding {
   public:
     OptionBinding(OptionButton& option, QWidget* parent, Door& door)
@@ -227,7 +234,7 @@ class OptionBinding : public Binding {
     OptionBox& box() const { return static_cast<OptionBox&>(*widget()); }
     void showContent() override {
         const QSignalBlocker quiet(&box());
-        box().setText(toQt(m_option.caption()));
+        showCaption(box(), m_option);
         box().setChecked(m_option.value());
     }
     OptionButton& m_option;
@@ -246,7 +253,7 @@ class CheckBinding : public Binding {
     QCheckBox& box() const { return static_cast<QCheckBox&>(*widget()); }
     void showContent() override {
         const QSignalBlocker quiet(&box());
-        box().setText(toQt(m_check.caption()));
+        showCaption(box(), m_check);
         box().setChecked(m_check.value());
     }
     CheckBox& m_check;
@@ -263,22 +270,33 @@ class ButtonBinding : public Binding {
 
   private:
     QPushButton& box() const { return static_cast<QPushButton&>(*widget()); }
-    void showContent() override { box().setText(toQt(m_button.caption())); }
+    void showContent() override { showCaption(box(), m_button); }
     Button& m_button;
 };
 
-/// A caption is text and no markup: "<Part#>" stands there as it is.
+/// A caption is text and no markup: "<Part#>" stands there as it is, and so does a value.
 class LabelBinding : public Binding {
   public:
-    LabelBinding(Label& label, QLabel* widget) : Binding(label, widget), m_label(label) {
-        widget->setTextFormat(Qt::PlainText);
+    LabelBinding(Label& label, QWidget* parent, const Standing& standing)
+        : Binding(label, standing.labelledBy ? new ValueLabel(parent) : new QLabel(parent)),
+          m_label(label),
+          m_labels(standing.labels) {
+        static_cast<QLabel*>(widget())->setTextFormat(Qt::PlainText);
     }
 
   private:
+    QString text() const {
+        if (!m_labels) return toQt(m_label.caption());
+        return takesFocus(*m_labels) ? toQtCaption(m_label.caption())
+                                     : toQtUnmarked(m_label.caption());
+    }
     void showContent() override {
-        static_cast<QLabel*>(widget())->setText(toQt(m_label.caption()));
+        static_cast<QLabel*>(widget())->setText(text());
+        widget()->setAccessibleName(m_labels ? toQtPlain(m_label.caption())
+                                             : toQt(m_label.caption()));
     }
     Label& m_label;
+    const Control* m_labels;
 };
 
 class FrameBinding : public Binding {
@@ -288,7 +306,8 @@ class FrameBinding : public Binding {
 
   private:
     void showContent() override {
-        static_cast<QGroupBox*>(widget())->setTitle(toQt(m_frame.caption()));
+        static_cast<QGroupBox*>(widget())->setTitle(toQtCaption(m_frame.caption()));
+        widget()->setAccessibleName(toQtPlain(m_frame.caption()));
     }
     Frame& m_frame;
 };
@@ -313,8 +332,10 @@ class TabsBinding : public Binding {
     QTabWidget& box() const { return static_cast<QTabWidget&>(*widget()); }
     void showContent() override {
         const QSignalBlocker quiet(box().tabBar());
-        for (int i = 0; i < std::min(box().count(), m_tabs.count()); ++i)
-            box().setTabText(i, toQt(m_tabs.caption(i)));
+        for (int i = 0; i < std::min(box().count(), m_tabs.count()); ++i) {
+            box().setTabText(i, toQtCaption(m_tabs.caption(i)));
+            box().tabBar()->setAccessibleTabName(i, toQtPlain(m_tabs.caption(i)));
+        }
         box().tabBar()->setCurrentIndex(m_tabs.tab());
         m_pages->setCurrentIndex(m_tabs.tab());
     }
@@ -334,13 +355,13 @@ class PaneBinding : public Binding {
 }  // namespace
 
 std::unique_ptr<Binding> bind(Control& control, QWidget* parent, Door& door,
-                              const Control* labelledBy) {
+                              const Standing& standing) {
     switch (control.kind()) {
         case ControlKind::Edit:
             return std::make_unique<EditBinding>(static_cast<Edit&>(control), parent, door);
         case ControlKind::ListView:
             return std::make_unique<ListBinding>(static_cast<ListView&>(control), parent, door,
-                                                 labelledBy != nullptr);
+                                                 standing.labelledBy != nullptr);
         case ControlKind::ComboBox:
             return std::make_unique<ComboBinding>(static_cast<ComboBox&>(control), parent, door);
         case ControlKind::Tabs:
@@ -353,9 +374,7 @@ std::unique_ptr<Binding> bind(Control& control, QWidget* parent, Door& door,
         case ControlKind::Button:
             return std::make_unique<ButtonBinding>(static_cast<Button&>(control), parent, door);
         case ControlKind::Label:
-            return std::make_unique<LabelBinding>(
-                static_cast<Label&>(control),
-                labelledBy ? new ValueLabel(parent) : new QLabel(parent));
+            return std::make_unique<LabelBinding>(static_cast<Label&>(control), parent, standing);
         case ControlKind::Frame:
             return std::make_unique<FrameBinding>(static_cast<Frame&>(control), parent);
         case ControlKind::Container:

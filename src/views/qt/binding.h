@@ -76,10 +76,15 @@ class Binding {
     bool m_takesFocus;
 };
 
+/// What a control is to the one beside it in the layout.
+struct Standing {
+    const CaptionedControl* labelledBy = nullptr;  ///< the label in front of or above it
+    const Control* labels = nullptr;               ///< of a label: what it stands at
+};
+
 /// Makes the widget for a control, as a child of `parent`, and ties the two together.
-/// @param labelledBy  the label in front of or above the control, or null
 std::unique_ptr<Binding> bind(Control& control, QWidget* parent, Door& door,
-                              const Control* labelledBy);
+                              const Standing& standing);
 
 /// The colour of a box that is switched off.
 QColor inactiveColour();

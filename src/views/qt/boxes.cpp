@@ -95,7 +95,7 @@ void layColumns(QFileDialog& dialog) {
 
 void setUp(QMessageBox& box, const MessageBox& wanted) {
     box.setObjectName(QStringLiteral("box"));
-    box.setWindowTitle(toQt(wanted.title));
+    box.setWindowTitle(toQtPlain(wanted.title));
     // Names of sessions and formats stand in the text as they are, angle brackets and all.
     box.setTextFormat(Qt::PlainText);
     showText(box, wanted);
@@ -108,7 +108,8 @@ void setUp(QMessageBox& box, const MessageBox& wanted) {
     } else {
         box.setStandardButtons(QMessageBox::Ok);
         box.setEscapeButton(QMessageBox::Ok);
-        if (!wanted.okCaption.empty()) box.button(QMessageBox::Ok)->setText(toQt(wanted.okCaption));
+        if (!wanted.okCaption.empty())
+            box.button(QMessageBox::Ok)->setText(toQtCaption(wanted.okCaption));
     }
     // The buttons of the forms have no icons either.
     for (QAbstractButton* each : box.buttons()) each->setIcon({});
@@ -141,11 +142,12 @@ void setUp(QFileDialog& dialog, const BrowseRequest& wanted) {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setFileMode(wanted.files ? QFileDialog::ExistingFile : QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly, !wanted.files);
-    dialog.setWindowTitle(toQt(wanted.title));
+    dialog.setWindowTitle(toQtPlain(wanted.title));
     dialog.setAttribute(Qt::WA_QuitOnClose, false);
-    if (!wanted.okCaption.empty()) dialog.setLabelText(QFileDialog::Accept, toQt(wanted.okCaption));
+    if (!wanted.okCaption.empty())
+        dialog.setLabelText(QFileDialog::Accept, toQtCaption(wanted.okCaption));
     if (!wanted.cancelCaption.empty())
-        dialog.setLabelText(QFileDialog::Reject, toQt(wanted.cancelCaption));
+        dialog.setLabelText(QFileDialog::Reject, toQtCaption(wanted.cancelCaption));
     if (wanted.font) dialog.setFont(toQt(*wanted.font));
     layColumns(dialog);
     for (QPushButton* each : dialog.findChildren<QPushButton*>()) each->setIcon({});

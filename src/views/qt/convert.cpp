@@ -6,6 +6,9 @@
 #include <QScreen>
 #include <algorithm>
 #include <cmath>
+#include <utility>
+
+#include "wynconfig/mnemonic.h"
 
 namespace wynconfig::desktop {
 
@@ -30,6 +33,30 @@ QString toQt(std::string_view text) {
 
 std::string fromQt(const QString& text) {
     return text.toStdString();
+}
+
+QString toQtCaption(std::string_view caption) {
+    const QString text = toQt(caption);
+    QString marked;
+    bool hasKey = false;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (text[at] != u'&') {
+            marked += text[at];
+            continue;
+        }
+        if (++at == text.size()) break;
+        if (text[at] == u'&' || !std::exchange(hasKey, true)) marked += u'&';
+        marked += text[at];
+    }
+    return marked;
+}
+
+QString toQtUnmarked(std::string_view caption) {
+    return toQtPlain(caption).replace(u'&', QStringLiteral("&&"));
+}
+
+QString toQtPlain(std::string_view caption) {
+    return toQt(plainCaption(caption));
 }
 
 std::size_t charsBefore(const QString& text, qsizetype offset) {

@@ -14,6 +14,13 @@ namespace wynconfig::desktop {
 QString toQt(std::string_view text);
 std::string fromQt(const QString& text);
 
+/// A caption with its first mark alone, which Qt reads as the component does.
+QString toQtCaption(std::string_view caption);
+/// The words of a caption, for Qt's widgets that read marks but are to show none.
+QString toQtUnmarked(std::string_view caption);
+/// The words of a caption.
+QString toQtPlain(std::string_view caption);
+
 /// How many characters (code points) stand in front of an offset in UTF-16 units.
 std::size_t charsBefore(const QString& text, qsizetype offset);
 /// The offset in UTF-16 units of character number `chars` (from 0); the end beyond it.

@@ -2,7 +2,6 @@
 #include "views/qt/form_builder.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QTabBar>
@@ -83,8 +82,8 @@ BuiltForm FormBuilder::build(const Layout& body) {
     return std::move(m_built);
 }
 
-QWidget* FormBuilder::make(Control& control, const Place& place, const Control* labelledBy) {
-    m_built.bindings.push_back(bind(control, place.parent, m_door, labelledBy));
+QWidget* FormBuilder::make(Control& control, const Place& place, const Standing& standing) {
+    m_built.bindings.push_back(bind(control, place.parent, m_door, standing));
     QWidget* widget = m_built.bindings.back()->widget();
     if (control.kind() != ControlKind::Button) {
         // What is hidden for a while leaves its room, so that nothing around it jumps.
@@ -92,8 +91,16 @@ QWidget* FormBuilder::make(Control& control, const Place& place, const Control* 
         policy.setRetainSizeWhenHidden(true);
         widget->setSizePolicy(policy);
     }
-    nameBox(widget, control, labelledBy ? captioned(labelledBy) : place.frame);
+    nameBox(widget, control, standing.labelledBy ? standing.labelledBy : place.frame);
     return widget;
+}
+
+std::pair<QLabel*, QWidget*> FormBuilder::makeLabelled(const Layout& node, const Place& place) {
+    auto* label = static_cast<QLabel*>(make(*node.label, place, {nullptr, node.control}));
+    QWidget* widget = make(*node.control, place, {captioned(node.label), nullptr});
+    // Also of an option or a value, so that a screen reader knows what it is of.
+    label->setBuddy(widget);
+    return {label, widget};
 }
 
 void FormBuilder::nameBox(QWidget* box, const Control& control, const CaptionedControl* label) {
@@ -188,9 +195,7 @@ void FormBuilder::addTitled(QBoxLayout* box, const Layout& node, const Place& pl
     // A label belongs to its box more than the box to its neighbours.
     stack->setSpacing(m_window->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing) / 2);
     box->addLayout(stack, node.grows ? 1 : 0);
-    auto* label = static_cast<QLabel*>(make(*node.label, place));
-    QWidget* widget = make(*node.control, place, node.label);
-    if (isBox(*node.control)) label->setBuddy(widget);
+    const auto [label, widget] = makeLabelled(node, place);
     stack->addWidget(label);
     stack->addWidget(widget, 1);
     if (!growsDown(node)) stack->setAlignment(Qt::AlignTop);
@@ -212,9 +217,7 @@ void FormBuilder::addField(QGridLayout* grid, int row, const Layout& node, const
     constexpr int labels = 0;
     constexpr int boxes = 1;
     constexpr int behind = 2;
-    auto* label = static_cast<QLabel*>(make(*node.label, place));
-    QWidget* widget = make(*node.control, place, node.label);
-    if (isBox(*node.control)) label->setBuddy(widget);
+    const auto [label, widget] = makeLabelled(node, place);
     const bool tall = growsDown(node);
     if (tall || node.grows) grid->setRowStretch(row, 1);
     grid->addWidget(label, row, labels, tall ? Qt::AlignTop : Qt::AlignVCenter);

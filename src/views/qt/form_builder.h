@@ -3,8 +3,10 @@
 
 #include <QBoxLayout>
 #include <QGridLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "views/qt/binding.h"
@@ -41,7 +43,9 @@ class FormBuilder {
         const CaptionedControl* frame;
     };
 
-    QWidget* make(Control& control, const Place& place, const Control* labelledBy = nullptr);
+    QWidget* make(Control& control, const Place& place, const Standing& standing = {});
+    /// The label and the box of a Field or a Titled.
+    std::pair<QLabel*, QWidget*> makeLabelled(const Layout& node, const Place& place);
     void nameBox(QWidget* box, const Control& control, const CaptionedControl* label);
     void fill(QBoxLayout* box, const std::vector<Layout>& nodes, const Place& place);
     void add(QBoxLayout* box, const Layout& node, const Place& place);

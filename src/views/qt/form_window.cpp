@@ -5,7 +5,9 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QPushButton>
 #include <QScopedValueRollback>
+#include <QShortcutEvent>
 #include <QTabBar>
 #include <algorithm>
 
@@ -115,7 +117,7 @@ void FormWindow::sync() {
 }
 
 void FormWindow::showForm() {
-    setWindowTitle(toQt(m_form->title()));
+    setWindowTitle(toQtPlain(m_form->title()));
     if (std::shared_ptr<const Font> font = m_form->font(); font != m_font) {
         m_font = std::move(font);
         setFont(m_font ? toQt(*m_font) : QFont());
@@ -141,7 +143,7 @@ void FormWindow::measureAnew() {
 
 void FormWindow::showSpokenNames() {
     for (const SpokenName& each : m_built.spokenNames) {
-        const QString name = toQt(each.caption->caption());
+        const QString name = toQtPlain(each.caption->caption());
         if (each.widget->accessibleName() != name) each.widget->setAccessibleName(name);
     }
 }
@@ -277,6 +279,23 @@ bool FormWindow::turnTab(int step) {
     return true;
 }
 
+/// A key that is marked twice only moves the focus around, which Qt does by itself, and so does a
+/// bar turn its tabs.
+bool FormWindow::followKey(const QObject* marked, const QShortcutEvent& key) {
+    const auto found = m_byWidget.find(marked);
+    if (!m_form || key.isAmbiguous() || found == m_byWidget.end()) return false;
+    Control* control = found->second;
+    if (control->kind() == ControlKind::Tabs) return false;
+    if (takesFocus(*control)) {
+        pressByKey(*control);
+        return true;
+    }
+    const Control* target = keyTarget(m_form->layout().body, *control);
+    if (const Binding* there = target ? binding(*target) : nullptr)
+        there->focusWidget()->setFocus(Qt::ShortcutFocusReason);
+    return true;
+}
+
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         // Here and not by the tab widget, so that it works from the buttons below the tabs and from
@@ -284,6 +303,9 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
         const int steps = tabSteps(static_cast<QKeyEvent&>(*event));
         if (steps != 0 && turnTab(steps)) return true;
     }
+    if (event->type() == QEvent::Shortcut &&
+        followKey(watched, static_cast<const QShortcutEvent&>(*event)))
+        return true;
     // Focus that goes away is never told, so that boxes, other windows and closing raise nothing.
     if (event->type() == QEvent::FocusIn && !m_syncing) {
         const auto found = m_byWidget.find(watched);
@@ -314,7 +336,14 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
 void FormWindow::press(const Button* button) {
     const Binding* there = button ? binding(*button) : nullptr;
     if (there && there->widget()->isVisibleTo(this))
-        static_cast<QPushButton*>(there->widget())->click();
+        static_cast<QAbstractButton*>(there->widget())->click();
+}
+
+void FormWindow::pressByKey(const Control& control) {
+    auto* button = static_cast<QAbstractButton*>(binding(control)->widget());
+    button->setFocus(Qt::ShortcutFocusReason);
+    // Leaving the box before may have changed what can be pressed.
+    if (m_form && canFocus(*button)) button->click();
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -14,6 +14,8 @@
 #include "views/qt/form_builder.h"
 #include "wynconfig/form.h"
 
+class QShortcutEvent;
+
 namespace wynconfig::desktop {
 
 class FormWindow : public QDialog, private FormObserver {
@@ -75,6 +77,10 @@ class FormWindow : public QDialog, private FormObserver {
     void settleFocus();
     void focusFirst();
     void press(const Button* button);
+    /// The key that a control marks in its caption was pressed. False: Qt shall deal with it.
+    bool followKey(const QObject* marked, const QShortcutEvent& key);
+    /// Presses a button, check box or option that its key was pressed for.
+    void pressByKey(const Control& control);
 
     Form* m_form;
     std::string m_name;

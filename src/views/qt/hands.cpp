@@ -10,6 +10,15 @@
 #include <QWindow>
 #include <algorithm>
 
+// Qt's own way from the keyboard to its shortcuts, which events that are sent straight to a widget
+// don't take; its test library declares it like this.
+QT_BEGIN_NAMESPACE
+Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject* o, ulong timestamp, int k,
+                                               Qt::KeyboardModifiers mods,
+                                               const QString& text = QString(),
+                                               bool autorep = false, ushort count = 1);
+QT_END_NAMESPACE
+
 namespace wynconfig::desktop {
 
 namespace {
@@ -70,6 +79,13 @@ void keyClick(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers, con
     if (!target || !target->isVisible()) return;
     QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
     QApplication::sendEvent(target, &release);
+}
+
+bool shortcut(QWidget& window, const QString& character) {
+    if (character.isEmpty()) return false;
+    QWidget* focused = window.focusWidget();
+    return qt_sendShortcutOverrideEvent(focused ? focused : &window, 0, character.front().unicode(),
+                                        Qt::AltModifier, character);
 }
 
 void typeText(QWidget& window, const QString& text) {

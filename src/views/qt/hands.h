@@ -17,6 +17,9 @@ void mouseFocus(QWidget& widget);
 /// Presses and lets go a key in the widget that has the window's focus.
 void keyClick(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
               const QString& text = {});
+/// Presses Alt and the key of a character, as a mark in a caption asks for. False when nothing in
+/// the window waits for it.
+bool shortcut(QWidget& window, const QString& character);
 /// Types into the widget that has the window's focus: by the keyboard, or, where a keyboard has no
 /// keys for it or it is long, as an input method hands text over.
 void typeText(QWidget& window, const QString& text);

@@ -13,6 +13,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "views/key_holder.h"
 #include "views/qt/boxes.h"
 #include "views/qt/convert.h"
 #include "views/qt/hands.h"
@@ -57,14 +58,14 @@ void Person::meet(FormWindow& window) {
     window.giveUp();
 }
 
-void Person::answer(QMessageBox& box, const SeenBox& seen) {
-    const int number = boxCameUp(seen);
+void Person::answer(QMessageBox& box, const MessageBox& shown) {
+    const int number = boxCameUp(shown);
     bringUp(box);
     if (QAbstractButton* button = buttonOf(box, number)) {
         mouseClick(*button, spotOf(*button));
         return;
     }
-    blame("the box \"" + seen.text + "\" has no button " + std::to_string(number));
+    blame("the box \"" + shown.text + "\" has no button " + std::to_string(number));
     keyClick(box, Qt::Key_Escape);
 }
 
@@ -150,6 +151,14 @@ void Person::pressEscape() {
 
 void Person::pressTab() {
     keyClick(inHand(), Qt::Key_Tab, Qt::NoModifier, "\t");
+}
+
+void Person::pressMnemonic(std::string_view key) {
+    FormWindow& window = inHand();
+    const auto look = [&](const Control& control) { return desktop::look(window, control); };
+    holderOf(window.form()->layout().body, key, look);
+    if (!shortcut(window, toQt(key)))
+        throw UserError("the window does not take Alt+" + std::string(key));
 }
 
 void Person::focus(std::string_view name) {

@@ -29,7 +29,7 @@ class Person : public User {
 
     // What came up; called from the event loop of the window.
     void meet(FormWindow& window);
-    void answer(QMessageBox& box, const SeenBox& seen);
+    void answer(QMessageBox& box, const MessageBox& shown);
     void pickPath(QFileDialog& dialog, const BrowseRequest& request);
 
     std::string formName() const override;
@@ -39,6 +39,7 @@ class Person : public User {
     void pressEnter() override;
     void pressEscape() override;
     void pressTab() override;
+    void pressMnemonic(std::string_view key) override;
     void focus(std::string_view name) override;
     void type(std::string_view name, const std::string& text) override;
     void setCaret(std::string_view name, std::size_t caret) override;

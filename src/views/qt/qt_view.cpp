@@ -139,9 +139,7 @@ void Desktop::runDialog(Dialog& dialog, const std::string& name, const Act& act)
 int Desktop::showMessage(const MessageBox& wanted) {
     QMessageBox box(parentFor(wanted.owner));
     desktop::setUp(box, wanted);
-    runDialog(box, "box", [&] {
-        m_person.answer(box, {wanted.text, wanted.title, wanted.style, wanted.okCaption});
-    });
+    runDialog(box, "box", [&] { m_person.answer(box, wanted); });
     return desktop::answerOf(box);
 }
 

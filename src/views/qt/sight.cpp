@@ -10,6 +10,7 @@
 
 #include "views/qt/convert.h"
 #include "views/qt/widgets.h"
+#include "wynconfig/mnemonic.h"
 
 namespace wynconfig::desktop {
 
@@ -37,8 +38,24 @@ void lookAt(const QComboBox& box, Sight& sight) {
 }
 
 void lookAt(const QTabBar& bar, Sight& sight) {
-    for (int i = 0; i < bar.count(); ++i) sight.rows.push_back({{}, fromQt(bar.tabText(i))});
+    for (int i = 0; i < bar.count(); ++i) {
+        const std::string caption = fromQt(bar.tabText(i));
+        sight.rows.push_back({mnemonicOf(caption), plainCaption(caption)});
+    }
     sight.selected = static_cast<std::size_t>(bar.currentIndex() + 1);
+}
+
+void lookAtCaption(const QString& caption, Sight& sight) {
+    sight.caption = plainCaption(fromQt(caption));
+    sight.key = mnemonicOf(fromQt(caption));
+}
+
+/// A label without a buddy reads no marks.
+void lookAtCaption(const QLabel& label, Sight& sight) {
+    if (label.buddy())
+        lookAtCaption(label.text(), sight);
+    else
+        sight.caption = fromQt(label.text());
 }
 
 void lookAtContent(const QWidget& widget, Sight& sight) {
@@ -51,11 +68,11 @@ void lookAtContent(const QWidget& widget, Sight& sight) {
     } else if (const auto* tabs = qobject_cast<const QTabWidget*>(&widget)) {
         lookAt(*tabs->tabBar(), sight);
     } else if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
-        sight.caption = fromQt(label->text());
+        lookAtCaption(*label, sight);
     } else if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) {
-        sight.caption = fromQt(group->title());
+        lookAtCaption(group->title(), sight);
     } else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
-        sight.caption = fromQt(button->text());
+        lookAtCaption(button->text(), sight);
         sight.value = button->isChecked();
     }
 }

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "platform/text.h"
+#include "views/key_holder.h"
 #include "wynconfig/form.h"
+#include "wynconfig/mnemonic.h"
 
 namespace wynconfig {
 
@@ -21,13 +23,13 @@ class ScriptedView::Person : public User {
         if (form.loaded()) leaveOpen(form);
         m_forms.pop_back();
     }
-    int answerBox(const SeenBox& box) { return boxCameUp(box); }
+    int answerBox(const MessageBox& box) { return boxCameUp(box); }
     std::string answerBrowse(const BrowseRequest& request) { return browseCameUp(request); }
 
     std::string formName() const override {
         return m_forms.empty() ? std::string() : std::string(m_forms.back()->name());
     }
-    std::string formTitle() const override { return top().title(); }
+    std::string formTitle() const override { return plainCaption(top().title()); }
 
     void click(std::string_view name) override {
         Control& control = usable(name);
@@ -50,6 +52,21 @@ class ScriptedView::Person : public User {
     void pressEscape() override { pressKeyOf(top().layout().cancelButton); }
     void pressTab() override { focusNext(top().focused()); }
 
+    void pressMnemonic(std::string_view key) override {
+        const KeyHolder holder = holderOf(top().layout().body, key,
+                                          [this](const Control& control) { return look(control); });
+        switch (holder.control->kind()) {
+            case ControlKind::Tabs:
+                m_input.changeTab(static_cast<Tabs&>(*holder.control), holder.tab);
+                break;
+            case ControlKind::Label:
+            case ControlKind::Frame:
+                m_input.focus(*keyTarget(top().layout().body, *holder.control));
+                break;
+            default:
+                click(holder.control->name());
+        }
+    }
     void focus(std::string_view name) override {
         Control& control = usable(name);
         if (!takesFocus(control)) throw UserError(std::string(name) + " takes no focus");
@@ -90,9 +107,12 @@ class ScriptedView::Person : public User {
     }
     void resize(int width, int height) override { m_input.resize(top(), width, height); }
     void closeByFrame() override { m_input.closeByFrame(top()); }
-    Sight see(std::string_view name) override;
+    Sight see(std::string_view name) override { return look(there(name)); }
 
   private:
+    Sight look(const Control& control) const;
+    void lookAtContent(const Control& control, Sight& sight) const;
+    void lookAtCaption(const CaptionedControl& control, Sight& sight) const;
     Form& top() const {
         if (m_forms.empty() || !m_forms.back()->loaded())
             throw UserError("there is no form on the screen");
@@ -120,19 +140,6 @@ class ScriptedView::Person : public User {
         Control& control = usable(name);
         if (control.kind() != kind) throw UserError("this can't be done with " + std::string(name));
         return static_cast<T&>(control);
-    }
-    static bool takesFocus(const Control& control) {
-        switch (control.kind()) {
-            case ControlKind::Edit:
-            case ControlKind::ListView:
-            case ControlKind::ComboBox:
-            case ControlKind::OptionButton:
-            case ControlKind::CheckBox:
-            case ControlKind::Button:
-                return true;
-            default:
-                return false;
-        }
     }
     static void requirePressable(const Control& control) {
         switch (control.kind()) {
@@ -178,14 +185,18 @@ class ScriptedView::Person : public User {
     std::vector<Form*> m_forms;
 };
 
-Sight ScriptedView::Person::see(std::string_view name) {
-    const Control& control = there(name);
+Sight ScriptedView::Person::look(const Control& control) const {
     Sight sight;
     sight.focus = control.hasFocus();
     sight.enabled = control.enabled();
     sight.visible = seen(control);
     sight.tabStop = control.tabStop();
     sight.background = control.background();
+    lookAtContent(control, sight);
+    return sight;
+}
+
+void ScriptedView::Person::lookAtContent(const Control& control, Sight& sight) const {
     if (const auto* edit = dynamic_cast<const Edit*>(&control)) {
         sight.text = edit->text();
         sight.caret = edit->caret();
@@ -197,15 +208,22 @@ Sight ScriptedView::Person::see(std::string_view name) {
         sight.selected = static_cast<std::size_t>(combo->selectedIndex() + 1);
         sight.text = combo->text();
     } else if (const auto* tabs = dynamic_cast<const Tabs*>(&control)) {
-        for (int i = 0; i < tabs->count(); ++i) sight.rows.push_back({{}, tabs->caption(i)});
+        for (int i = 0; i < tabs->count(); ++i)
+            sight.rows.push_back({mnemonicOf(tabs->caption(i)), plainCaption(tabs->caption(i))});
         sight.selected = static_cast<std::size_t>(tabs->tab() + 1);
     } else if (const auto* captioned = dynamic_cast<const CaptionedControl*>(&control)) {
-        sight.caption = captioned->caption();
-        if (const auto* box = dynamic_cast<const CheckBox*>(captioned)) sight.value = box->value();
-        if (const auto* option = dynamic_cast<const OptionButton*>(captioned))
-            sight.value = option->value();
+        lookAtCaption(*captioned, sight);
     }
-    return sight;
+}
+
+void ScriptedView::Person::lookAtCaption(const CaptionedControl& control, Sight& sight) const {
+    const Layout& body = top().layout().body;
+    const std::string& caption = control.caption();
+    sight.caption = isValue(body, control) ? caption : plainCaption(caption);
+    if (marksKey(body, control)) sight.key = mnemonicOf(caption);
+    if (const auto* box = dynamic_cast<const CheckBox*>(&control)) sight.value = box->value();
+    if (const auto* option = dynamic_cast<const OptionButton*>(&control))
+        sight.value = option->value();
 }
 
 ScriptedView::ScriptedView() : m_person(std::make_unique<Person>(userInput())) {}
@@ -221,7 +239,7 @@ void ScriptedView::showModal(Form& form) {
 }
 
 int ScriptedView::showMessage(const MessageBox& box) {
-    return m_person->answerBox({box.text, box.title, box.style, box.okCaption});
+    return m_person->answerBox(box);
 }
 
 std::string ScriptedView::browse(const BrowseRequest& request) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "wynconfig/error.h"
+#include "wynconfig/mnemonic.h"
 
 namespace wynconfig {
 
@@ -75,7 +76,9 @@ void User::formCameUp(const std::string& name) {
     }
 }
 
-int User::boxCameUp(const SeenBox& box) {
+int User::boxCameUp(const MessageBox& shown) {
+    const SeenBox box{shown.text, plainCaption(shown.title), shown.style,
+                      plainCaption(shown.okCaption)};
     m_boxes.push_back(box);
     if (m_boxScripts.empty()) {
         blame("a box came up unannounced: \"" + box.text + "\"");
@@ -92,9 +95,11 @@ int User::boxCameUp(const SeenBox& box) {
 }
 
 std::string User::browseCameUp(const BrowseRequest& request) {
-    m_browses.push_back(request);
+    BrowseRequest& seen = m_browses.emplace_back(request);
+    for (std::string* caption : {&seen.title, &seen.okCaption, &seen.cancelCaption})
+        *caption = plainCaption(*caption);
     if (m_browsePaths.empty()) {
-        blame("a browse dialog came up unannounced: \"" + request.title + "\"");
+        blame("a browse dialog came up unannounced: \"" + seen.title + "\"");
         return {};
     }
     std::string path = std::move(m_browsePaths.front());

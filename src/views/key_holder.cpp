@@ -1,0 +1,40 @@
+// Finds what a key of the keyboard belongs to, for the played person of any view.
+#include "views/key_holder.h"
+
+#include <string>
+#include <vector>
+
+namespace wynconfig {
+
+namespace {
+
+bool leadsNowhere(const Layout& body, const Control& control) {
+    const bool leads = control.kind() == ControlKind::Label || control.kind() == ControlKind::Frame;
+    return leads && !keyTarget(body, control);
+}
+
+}  // namespace
+
+KeyHolder holderOf(const Layout& body, std::string_view key,
+                   const std::function<Sight(const Control&)>& look) {
+    std::vector<KeyHolder> holders;
+    std::string names;
+    for (Control* each : controlsOf(body)) {
+        const bool tabs = each->kind() == ControlKind::Tabs;
+        if (!tabs && !dynamic_cast<const CaptionedControl*>(each)) continue;
+        const Sight sight = look(*each);
+        if (!sight.visible || !sight.enabled || leadsNowhere(body, *each)) continue;
+        for (std::size_t i = 0; i < sight.rows.size(); ++i) {
+            if (sight.rows[i].key == key) holders.push_back({each, static_cast<int>(i)});
+        }
+        if (sight.key == key) holders.push_back({each});
+        if (!holders.empty() && holders.back().control == each)
+            names += " " + std::string(each->name());
+    }
+    if (holders.size() == 1) return holders.front();
+    throw UserError("Alt+" + std::string(key) +
+                    (holders.empty() ? " belongs to nothing that can be used"
+                                     : " belongs to more than one:" + names));
+}
+
+}  // namespace wynconfig
