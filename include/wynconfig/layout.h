@@ -9,17 +9,31 @@
 
 namespace wynconfig {
 
+/// What the keyboard and the mouse do in a list beside picking. A button is pressed only while it
+/// is seen and enabled, and only for a row that is selected.
+struct ListActs {
+    Button* del = nullptr;       ///< pressed by the Delete key
+    Button* rename = nullptr;    ///< pressed by F2
+    Button* activate = nullptr;  ///< pressed by Enter and by a double click
+    /// A pick does something at once: letters pick nothing, and neither do arrow keys; they only
+    /// move to a row, which the space bar or Enter then picks.
+    bool deliberate = false;
+};
+
 /// One node of a layout.
 struct Layout {
     enum class Kind {
-        Column,  ///< children from top to bottom; neighbouring `Field`s share their label column
-        Row,     ///< children from left to right
-        Group,   ///< `control` is a Frame around the children, stacked as in a column
-        Tabs,    ///< `control` is a Tabs; the children are its `Pane`s in order
-        Pane,    ///< `control` is a Container; the children stand in it, stacked as in a column
-        Field,   ///< `label` in front of `control`; children stand behind it in the same row
-        Titled,  ///< `label` above `control`
-        Single,  ///< `control` alone
+        Column,   ///< children from top to bottom; neighbouring `Field`s share their label column
+        Row,      ///< children from left to right
+        Group,    ///< `control` is a Frame around the children, stacked as in a column
+        Tabs,     ///< `control` is a Tabs; the children are its `Pane`s in order
+        Pane,     ///< `control` is a Container; the children stand in it, stacked as in a column
+        Field,    ///< `label` in front of `control`; children stand behind it in the same row.
+                  ///< Without a label it begins where the boxes of its neighbours do.
+        Titled,   ///< `label` above `control`; children stand in front of it, from its top
+        Single,   ///< `control` alone
+        Buttons,  ///< the buttons that end the dialog: to accept, to reject, and to apply. Each
+                  ///< view has them in the order of its platform.
         Stretch  ///< empty space that takes what is left
     };
 
@@ -27,7 +41,11 @@ struct Layout {
     Control* control = nullptr;
     Control* label = nullptr;
     std::vector<Layout> children;
-    bool grows = false;  ///< takes a share of the space that is left
+    bool grows = false;      ///< takes a share of the space that is left
+    ListActs acts = {};      ///< of a list
+    Label* from = nullptr;   ///< of a button that moves rows: the label of the list they leave
+    Label* into = nullptr;   ///< and that of the list they go to
+    bool behindBox = false;  ///< of a Titled: its children stand behind the box
 };
 
 /// A dialog's layout and the buttons behind its Enter and Escape keys.
@@ -40,37 +58,81 @@ struct FormLayout {
 /// The words in which dialogs declare their layout.
 namespace layout {
 
+inline Layout node(Layout::Kind kind, Control* control, Control* label,
+                   std::vector<Layout> children) {
+    Layout made;
+    made.kind = kind;
+    made.control = control;
+    made.label = label;
+    made.children = std::move(children);
+    return made;
+}
 inline Layout column(std::vector<Layout> children) {
-    return {Layout::Kind::Column, nullptr, nullptr, std::move(children), false};
+    return node(Layout::Kind::Column, nullptr, nullptr, std::move(children));
 }
 inline Layout row(std::vector<Layout> children) {
-    return {Layout::Kind::Row, nullptr, nullptr, std::move(children), false};
+    return node(Layout::Kind::Row, nullptr, nullptr, std::move(children));
 }
 inline Layout group(Frame& frame, std::vector<Layout> children) {
-    return {Layout::Kind::Group, &frame, nullptr, std::move(children), false};
+    return node(Layout::Kind::Group, &frame, nullptr, std::move(children));
 }
 inline Layout pane(Container& container, std::vector<Layout> children) {
-    return {Layout::Kind::Pane, &container, nullptr, std::move(children), false};
+    return node(Layout::Kind::Pane, &container, nullptr, std::move(children));
 }
 inline Layout tabs(Tabs& control, std::vector<Layout> panes) {
-    return {Layout::Kind::Tabs, &control, nullptr, std::move(panes), false};
+    return node(Layout::Kind::Tabs, &control, nullptr, std::move(panes));
 }
 inline Layout field(Label& label, Control& box, std::vector<Layout> behind = {}) {
-    return {Layout::Kind::Field, &box, &label, std::move(behind), false};
+    return node(Layout::Kind::Field, &box, &label, std::move(behind));
+}
+/// A control that needs no label, below the boxes of the fields around it.
+inline Layout below(Control& control, std::vector<Layout> behind = {}) {
+    return node(Layout::Kind::Field, &control, nullptr, std::move(behind));
 }
 inline Layout titled(Label& label, Control& box) {
-    return {Layout::Kind::Titled, &box, &label, {}, false};
+    return node(Layout::Kind::Titled, &box, &label, {});
+}
+/// A titled box with others in front of it, from its top on.
+inline Layout titled(Label& label, std::vector<Layout> before, Control& box) {
+    return node(Layout::Kind::Titled, &box, &label, std::move(before));
+}
+/// A titled box with others behind it, from its top on.
+inline Layout titled(Label& label, Control& box, std::vector<Layout> behind) {
+    Layout made = node(Layout::Kind::Titled, &box, &label, std::move(behind));
+    made.behindBox = true;
+    return made;
 }
 inline Layout single(Control& control) {
-    return {Layout::Kind::Single, &control, nullptr, {}, false};
+    return node(Layout::Kind::Single, &control, nullptr, {});
+}
+/// A button that moves the selected row of one list into another.
+inline Layout moving(Button& button, Label& from, Label& into) {
+    Layout made = single(button);
+    made.from = &from;
+    made.into = &into;
+    return made;
+}
+/// The buttons that end the dialog: to accept, to reject, to apply.
+inline Layout buttons(const std::vector<Button*>& inOrder) {
+    std::vector<Layout> children;
+    for (Button* each : inOrder) children.push_back(single(*each));
+    return node(Layout::Kind::Buttons, nullptr, nullptr, std::move(children));
 }
 inline Layout stretch() {
-    return {Layout::Kind::Stretch, nullptr, nullptr, {}, true};
+    Layout made = node(Layout::Kind::Stretch, nullptr, nullptr, {});
+    made.grows = true;
+    return made;
 }
 /// The same node, taking a share of the space that is left.
 inline Layout growing(Layout node) {
     node.grows = true;
     return node;
+}
+
+/// The same list, with more that the keyboard and the mouse do in it.
+inline Layout acting(Layout list, const ListActs& acts) {
+    list.acts = acts;
+    return list;
 }
 
 }  // namespace layout
@@ -81,6 +143,16 @@ std::vector<Control*> controlsOf(const Layout& node);
 /// Whether a person can see a control now: it is visible, and so is each frame around it, and each
 /// pane around it lies on the tab that is on top.
 bool isSeen(const Layout& node, const Control& control);
+
+/// Whether a person can use a control now: it is seen and enabled.
+bool isUsable(const Layout& body, const Control& control);
+
+/// What the keyboard and the mouse do in a list.
+ListActs actsOf(const Layout& body, const ListView& list);
+
+/// The button that an act in a list presses now; null when there is none.
+/// @param act  one of the buttons of `ListActs`
+Button* buttonFor(const Layout& body, const ListView& list, Button* ListActs::*act);
 
 /// Whether a control is of a kind that can have the focus.
 bool takesFocus(const Control& control);

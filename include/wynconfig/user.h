@@ -103,6 +103,11 @@ class User {
     virtual void pressEscape() = 0;
     /// Moves the focus on by the Tab key.
     virtual void pressTab() = 0;
+    /// Presses the Delete key where the focus is: in a list the button behind it, in an edit it
+    /// takes away the character behind the caret.
+    virtual void pressDelete() = 0;
+    /// Presses F2 where the focus is: in a list the button behind it.
+    virtual void pressF2() = 0;
     /// Presses the Alt key and this key, an upper-cased character, which acts on what marks it in
     /// its caption: a label leads to its box and a frame to its first control, a button is pressed,
     /// a check box turned, an option chosen, a tab turned to. All but a tab take the focus first,
@@ -118,6 +123,12 @@ class User {
     void tick(std::string_view box, bool value = true);
     /// Clicks the first row with this text, also when it is selected already.
     virtual void pick(std::string_view list, const std::string& text) = 0;
+    /// Clicks the first row with this text twice: that picks it and does the usual act of the list,
+    /// or, where it has none, picks it again.
+    virtual void doubleClick(std::string_view list, const std::string& text) = 0;
+    /// Goes to a list or a combo box and types these letters quickly: that picks the first row that
+    /// begins so. Each letter may pick a row on the way.
+    virtual void typeAhead(std::string_view listOrCombo, const std::string& letters) = 0;
     /// Chooses the first item with this text.
     virtual void choose(std::string_view combo, const std::string& text) = 0;
     /// Clicks a tab, by its index from 0.

@@ -9,8 +9,10 @@ namespace {
 
 void collect(const Layout& node, std::vector<Control*>& into) {
     if (node.label) into.push_back(node.label);
-    if (node.control) into.push_back(node.control);
+    const bool childrenFirst = node.kind == Layout::Kind::Titled && !node.behindBox;
+    if (node.control && !childrenFirst) into.push_back(node.control);
     for (const Layout& child : node.children) collect(child, into);
+    if (node.control && childrenFirst) into.push_back(node.control);
 }
 
 bool holds(const Layout& node, const Control& control) {
@@ -71,6 +73,20 @@ bool isSeen(const Layout& node, const Control& control) {
     return false;
 }
 
+bool isUsable(const Layout& body, const Control& control) {
+    return control.enabled() && isSeen(body, control);
+}
+
+ListActs actsOf(const Layout& body, const ListView& list) {
+    const Layout* node = nodeOf(body, list);
+    return node ? node->acts : ListActs{};
+}
+
+Button* buttonFor(const Layout& body, const ListView& list, Button* ListActs::*act) {
+    Button* button = actsOf(body, list).*act;
+    return button && list.selectedNumber() > 0 && isUsable(body, *button) ? button : nullptr;
+}
+
 bool takesFocus(const Control& control) {
     switch (control.kind()) {
         case ControlKind::Edit:
@@ -103,7 +119,7 @@ Control* keyTarget(const Layout& body, const Control& labelOrFrame) {
     if (!node) return nullptr;
     Control* first = nullptr;
     for (Control* each : candidatesOf(*node, labelOrFrame)) {
-        if (!takesFocus(*each) || !each->enabled() || !isSeen(body, *each)) continue;
+        if (!takesFocus(*each) || !isUsable(body, *each)) continue;
         if (!first) first = each;
         if (!isOption(*first)) return first;
         if (isOption(*each) && static_cast<OptionButton*>(each)->value()) return each;

@@ -17,8 +17,7 @@ dlgSingleEntry::dlgSingleEntry() : Form("dlgSingleEntry") {
 
 FormLayout dlgSingleEntry::declareLayout() {
     using namespace layout;
-    return {column({titled(lblLabel, txtTextBox), stretch(),
-                    row({stretch(), single(OKButton), single(CancelButton)})}),
+    return {column({titled(lblLabel, txtTextBox), stretch(), buttons({&OKButton, &CancelButton})}),
             &OKButton, &CancelButton};
 }
 

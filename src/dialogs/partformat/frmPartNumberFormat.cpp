@@ -105,11 +105,10 @@ FormLayout frmPartNumberFormat::declareLayout() {
                    {row({growing(column({field(lblHeader, txtHeader), field(lblRecord, txtRecord),
                                          field(lblSeparator, txtSeparator),
                                          field(lblTrailer, txtTrailer), stretch()})),
-                         single(lstSpecialSymbols2)})}),
+                         acting(single(lstSpecialSymbols2), {.deliberate = true})})}),
              row({growing(Part.declareLayout()), growing(Qty.declareLayout())}),
              row({growing(Desc.declareLayout()), growing(VIN.declareLayout())}),
-             row({field(lblMaxRecords, txtMaxRecords), stretch(), single(btnOk),
-                  single(btnCancel)})}),
+             field(lblMaxRecords, txtMaxRecords, {stretch()}), buttons({&btnOk, &btnCancel})}),
         &btnOk, &btnCancel};
 }
 

@@ -32,7 +32,7 @@ FormLayout dlgAdvConfig::declareLayout() {
                 group(Frame1, {single(chkDisableProgramLaunch),
                                field(lblProgramLaunchDelay, txtProgramLaunchDelay),
                                field(lblWindowTitleClassDelay, txtWindowTitleClassDelay)}),
-                stretch(), row({stretch(), single(OKButton), single(CancelButton)})}),
+                stretch(), buttons({&OKButton, &CancelButton})}),
         &OKButton, &CancelButton};
 }
 

@@ -27,7 +27,7 @@ frmAddMORAMConfig::frmAddMORAMConfig() : Form("frmAddMORAMConfig") {
 FormLayout frmAddMORAMConfig::declareLayout() {
     using namespace layout;
     return {column({group(frmSession, {field(lblName, txtName), field(lblConfigs, cboConfigs)}),
-                    stretch(), row({stretch(), single(btnOK), single(btnCancel)})}),
+                    stretch(), buttons({&btnOK, &btnCancel})}),
             &btnOK, &btnCancel};
 }
 

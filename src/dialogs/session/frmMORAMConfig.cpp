@@ -44,26 +44,34 @@ FormLayout frmMORAMConfig::declareLayout() {
     using namespace layout;
     Layout launch =
         pane(UniContainer1[0],
-             {field(lblDisplayName, txtDisplayName),
+             {field(lblDisplayName, txtDisplayName), stretch(),
               group(frmLaunch, {field(lblPath, txtProgramPath, {single(btnBrowseFile)}),
                                 field(lblCmdLine, txtCommandLineArgs),
-                                row({single(chkReverseList), stretch(), single(btnAdvanced),
-                                     single(btnTallyvane)})}),
-              group(frmOrientation, {row({single(rdoTop), single(rdoBottom), single(rdoLeft),
-                                          single(rdoRight), stretch(), single(chkAutoResize)})}),
+                                row({stretch(), single(btnAdvanced), single(btnTallyvane)})}),
+              stretch(),
+              group(frmOrientation,
+                    {row({growing(column({single(rdoTop), single(rdoBottom), single(rdoLeft),
+                                          single(rdoRight)})),
+                          growing(column({single(chkReverseList), single(chkAutoResize)}))})}),
               stretch()});
-    Layout formats =
-        pane(UniContainer1[1],
-             {field(lblDisplayName3, lblDisplayName2),
-              growing(group(
-                  frmPartFormat,
-                  {growing(row({growing(titled(lblAvailableFormats, lstAvailableFormats)),
-                                column({stretch(), single(btnAdd), single(btnRemove), stretch()}),
-                                growing(titled(lblSelectedFormats, lstSelectedFormats2))})),
-                   row({single(btnNew), single(btnCopy), single(btnRename), single(btnEdit),
-                        single(btnDelete), stretch()})}))});
+    Layout available = titled(
+        lblAvailableFormats,
+        {single(btnNew), single(btnCopy), single(btnRename), single(btnEdit), single(btnDelete)},
+        lstAvailableFormats);
+    Layout formats = pane(
+        UniContainer1[1],
+        {field(lblDisplayName3, lblDisplayName2),
+         growing(group(
+             frmPartFormat,
+             {growing(row(
+                 {growing(acting(std::move(available),
+                                 {.del = &btnDelete, .rename = &btnRename, .activate = &btnAdd})),
+                  column({stretch(), moving(btnAdd, lblAvailableFormats, lblSelectedFormats),
+                          moving(btnRemove, lblSelectedFormats, lblAvailableFormats), stretch()}),
+                  growing(acting(titled(lblSelectedFormats, lstSelectedFormats2),
+                                 {.del = &btnRemove, .activate = &btnRemove}))}))}))});
     return {column({growing(tabs(SSTab2, {std::move(launch), std::move(formats)})),
-                    row({stretch(), single(btnOK), single(btnCancel), single(btnApply)})}),
+                    buttons({&btnOK, &btnCancel, &btnApply})}),
             &btnOK, &btnCancel};
 }
 

@@ -25,10 +25,10 @@ frmMORAMMaintenance::frmMORAMMaintenance() : Form("frmMORAMMaintenance") {
 
 FormLayout frmMORAMMaintenance::declareLayout() {
     using namespace layout;
-    return {column({growing(row(
-                        {growing(titled(lblSelectSession, lstAvailableMORAMs2)),
-                         column({single(btnNew), single(btnEdit), single(btnDelete), stretch()})})),
-                    row({stretch(), single(btnOK), single(btnCancel)})}),
+    return {column({growing(acting(titled(lblSelectSession, lstAvailableMORAMs2,
+                                          {single(btnNew), single(btnEdit), single(btnDelete)}),
+                                   {.del = &btnDelete, .activate = &btnOK})),
+                    buttons({&btnOK, &btnCancel})}),
             &btnOK, &btnCancel};
 }
 

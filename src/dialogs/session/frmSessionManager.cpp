@@ -23,10 +23,10 @@ frmSessionManager::frmSessionManager() : Form("frmSessionManager") {
 
 FormLayout frmSessionManager::declareLayout() {
     using namespace layout;
-    return {column({growing(row(
-                        {growing(titled(lblSelectSession, lstAvailableTESessions)),
-                         column({single(btnAdd), single(btnEdit), single(btnDelete), stretch()})})),
-                    row({stretch(), single(btnOK), single(btnCancel)})}),
+    return {column({growing(acting(titled(lblSelectSession, lstAvailableTESessions,
+                                          {single(btnAdd), single(btnEdit), single(btnDelete)}),
+                                   {.del = &btnDelete, .activate = &btnOK})),
+                    buttons({&btnOK, &btnCancel})}),
             &btnOK, &btnCancel};
 }
 

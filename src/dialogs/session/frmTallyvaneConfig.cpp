@@ -25,12 +25,11 @@ frmTallyvaneConfig::frmTallyvaneConfig() : Form("frmTallyvaneConfig") {
 
 FormLayout frmTallyvaneConfig::declareLayout() {
     using namespace layout;
-    return {
-        column({field(lblPartFormat, cboPartFormat), field(lblFileName, txtFileName),
-                field(lblFileFolder, txtFileFolder, {single(btnBrowseFolder)}),
-                row({single(rdoAppend), single(rdoOverWrite), stretch()}), single(chkWriteFileOnly),
-                stretch(), row({stretch(), single(btnOk), single(btnCancel)})}),
-        &btnOk, &btnCancel};
+    return {column({field(lblPartFormat, cboPartFormat), field(lblFileName, txtFileName),
+                    field(lblFileFolder, txtFileFolder, {single(btnBrowseFolder)}),
+                    below(rdoAppend, {single(rdoOverWrite)}), below(chkWriteFileOnly), stretch(),
+                    buttons({&btnOk, &btnCancel})}),
+            &btnOk, &btnCancel};
 }
 
 void frmTallyvaneConfig::SetTextStrings() {

@@ -3,7 +3,6 @@
 
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -11,13 +10,12 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
+#include "views/qt/colours.h"
 #include "views/qt/convert.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/error.h"
-#include "wynconfig/layout.h"
 
 namespace wynconfig::desktop {
 
@@ -48,10 +46,7 @@ void Binding::showBackground() {
     const Background background = m_control.background();
     if (background == m_background) return;
     m_background = background;
-    QPalette palette;
-    if (background == Background::InactiveBorder)
-        palette.setColor(QPalette::Base, inactiveColour());
-    m_widget->setPalette(palette);
+    m_widget->setPalette(background == Background::InactiveBorder ? inactivePalette() : QPalette());
 }
 
 void Binding::showTabStop() {
@@ -61,56 +56,6 @@ void Binding::showTabStop() {
     const Qt::FocusPolicy reachable = tabs ? Qt::TabFocus : Qt::StrongFocus;
     const Qt::FocusPolicy passedOver = tabs ? Qt::NoFocus : Qt::ClickFocus;
     focusWidget()->setFocusPolicy(m_control.tabStop() ? reachable : passedOver);
-}
-
-namespace {
-
-/// A colour between two, which has `share` of the first.
-QColor mix(const QColor& one, const QColor& other, double share) {
-    const auto between = [share](int a, int b) {
-        return static_cast<int>(std::lround(share * a + (1.0 - share) * b));
-    };
-    return {between(one.red(), other.red()), between(one.green(), other.green()),
-            between(one.blue(), other.blue())};
-}
-
-/// The luminance of a colour as the contrast of texts is reckoned with.
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
-}
-
-}  // namespace
-
-QColor inactiveColour() {
-    const QPalette palette = QGuiApplication::palette();
-    const QColor grey = palette.color(QPalette::Active, QPalette::Window);
-    const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    return grey == base ? mix(palette.color(QPalette::Active, QPalette::Text), base, 0.15) : grey;
-}
-
-QPalette readable(QPalette palette) {
-    constexpr double enough = 4.5;
-    const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {
-        {QPalette::Text, QPalette::Base},
-        {QPalette::WindowText, QPalette::Window},
-        {QPalette::ButtonText, QPalette::Button}};
-    for (const auto& [text, ground] : pairs) {
-        const QColor shown = palette.color(QPalette::Disabled, text);
-        const QColor behind = palette.color(QPalette::Disabled, ground);
-        if (contrast(shown, behind) >= enough) continue;
-        palette.setColor(QPalette::Disabled, text,
-                         mix(palette.color(QPalette::Active, text), behind, 0.6));
-    }
-    return palette;
 }
 
 namespace {
@@ -154,18 +99,36 @@ class EditBinding : public Binding {
 
 class ListBinding : public Binding {
   public:
-    ListBinding(ListView& list, QWidget* parent, Door& door, bool headed)
-        : Binding(list, new RowList(parent)), m_list(list), m_headed(headed) {
+    ListBinding(ListView& list, QWidget* parent, Door& door, const Standing& standing)
+        : Binding(list, new RowList(parent)),
+          m_list(list),
+          m_headed(standing.labelledBy != nullptr) {
         rowList().picked = [this, &door](std::size_t number) {
             door([&](const UserInput& input) { input.pick(m_list, number); });
             // The widget may have let the row go (a click with Ctrl) that the model keeps.
             if (door.isOpen() && m_list.revision() == m_shownRevision)
                 rowList().showSelected(m_list.selectedNumber());
         };
+        if (standing.acts.deliberate)
+            rowList().setDeliberate();
+        else
+            rowList().typing.typed = [this, &door](TypeAhead& ahead, const std::string& letter) {
+                door([&](const UserInput&) { goByLetter(ahead, letter); });
+            };
     }
 
   private:
     RowList& rowList() const { return static_cast<RowList&>(*widget()); }
+    void goByLetter(TypeAhead& ahead, const std::string& letter) {
+        // Rows that are not on the screen yet can't be gone to.
+        if (m_list.revision() != m_shownRevision) return;
+        const auto& rows = m_list.rows();
+        const std::size_t number = ahead.next(
+            letter, rows.size(),
+            [&](std::size_t row) { return std::string_view(rows[row - 1].text); },
+            m_list.selectedNumber());
+        if (number > 0) rowList().goTo(number);
+    }
     void showContent() override {
         if (m_list.revision() != m_shownRevision) {
             m_shownRevision = m_list.revision();
@@ -195,10 +158,21 @@ class ComboBinding : public Binding {
         QObject::connect(&box(), &QComboBox::activated, &box(), [this, &door](int index) {
             door([&](const UserInput& input) { input.choose(m_combo, index); });
         });
+        box().typing.typed = [this, &door](TypeAhead& ahead, const std::string& letter) {
+            door([&](const UserInput& input) { goByLetter(input, ahead, letter); });
+        };
     }
 
   private:
-    QComboBox& box() const { return static_cast<QComboBox&>(*widget()); }
+    ChoiceBox& box() const { return static_cast<ChoiceBox&>(*widget()); }
+    void goByLetter(const UserInput& input, TypeAhead& ahead, const std::string& letter) {
+        const auto& items = m_combo.items();
+        const auto current = static_cast<std::size_t>(m_combo.selectedIndex() + 1);
+        const std::size_t number = ahead.next(
+            letter, items.size(),
+            [&](std::size_t item) { return std::string_view(items[item - 1]); }, current);
+        if (number > 0 && number != current) input.choose(m_combo, static_cast<int>(number) - 1);
+    }
     void showContent() override {
         const QSignalBlocker quiet(&box());
         if (m_combo.revision() != m_shownRevision) {
@@ -278,13 +252,15 @@ class ButtonBinding : public Binding {
 class LabelBinding : public Binding {
   public:
     LabelBinding(Label& label, QWidget* parent, const Standing& standing)
-        : Binding(label, standing.labelledBy ? new ValueLabel(parent) : new QLabel(parent)),
-          m_label(label),
-          m_labels(standing.labels) {
+        : Binding(label, makeLabel(parent, standing)), m_label(label), m_labels(standing.labels) {
         static_cast<QLabel*>(widget())->setTextFormat(Qt::PlainText);
     }
 
   private:
+    static QLabel* makeLabel(QWidget* parent, const Standing& standing) {
+        if (standing.labelledBy) return new ValueLabel(parent);
+        return new MarkedLabel(parent);
+    }
     QString text() const {
         if (!m_labels) return toQt(m_label.caption());
         return takesFocus(*m_labels) ? toQtCaption(m_label.caption())
@@ -361,7 +337,7 @@ std::unique_ptr<Binding> bind(Control& control, QWidget* parent, Door& door,
             return std::make_unique<EditBinding>(static_cast<Edit&>(control), parent, door);
         case ControlKind::ListView:
             return std::make_unique<ListBinding>(static_cast<ListView&>(control), parent, door,
-                                                 standing.labelledBy != nullptr);
+                                                 standing);
         case ControlKind::ComboBox:
             return std::make_unique<ComboBinding>(static_cast<ComboBox&>(control), parent, door);
         case ControlKind::Tabs:

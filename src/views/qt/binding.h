@@ -2,14 +2,13 @@
 // person does to the widget.
 #pragma once
 
-#include <QColor>
-#include <QPalette>
 #include <QWidget>
 #include <exception>
 #include <functional>
 #include <memory>
 
 #include "wynconfig/controls.h"
+#include "wynconfig/layout.h"
 #include "wynconfig/view.h"
 
 namespace wynconfig::desktop {
@@ -80,16 +79,11 @@ class Binding {
 struct Standing {
     const CaptionedControl* labelledBy = nullptr;  ///< the label in front of or above it
     const Control* labels = nullptr;               ///< of a label: what it stands at
+    ListActs acts = {};                            ///< of a list
 };
 
 /// Makes the widget for a control, as a child of `parent`, and ties the two together.
 std::unique_ptr<Binding> bind(Control& control, QWidget* parent, Door& door,
                               const Standing& standing);
-
-/// The colour of a box that is switched off.
-QColor inactiveColour();
-
-/// The same colours, but that the text of what is disabled can be read.
-QPalette readable(QPalette palette);
 
 }  // namespace wynconfig::desktop

@@ -18,10 +18,10 @@ namespace wynconfig::desktop {
 namespace {
 
 constexpr int buttonsOfStyle = 0xF;
-/// The widest column of text in a box, in pixels.
-constexpr int widestText = 490;
+/// The widest column of text in a box, in characters.
+constexpr int widestText = 64;
 /// No text is wrapped to less than this for the sake of even lines.
-constexpr int leastWrapped = 380;
+constexpr int leastWrapped = 50;
 
 bool asksYesNo(int style) {
     return (style & buttonsOfStyle) == boxstyle::YesNo;
@@ -48,10 +48,10 @@ QStringList wrap(const QString& line, const QFont& font, int width) {
 
 /// Breaks a line into as few as there have to be, about equally long, so that no word is left over.
 QStringList wrapEvenly(const QString& line, const QFont& font) {
-    QStringList lines = wrap(line, font, widestText);
-    constexpr int step = 10;
-    for (int width = widestText - step; lines.size() > 1 && width >= leastWrapped; width -= step) {
-        QStringList narrower = wrap(line, font, width);
+    const QFontMetrics metrics(font);
+    QStringList lines = wrap(line, font, charsWide(metrics, widestText));
+    for (int chars = widestText - 1; lines.size() > 1 && chars >= leastWrapped; --chars) {
+        QStringList narrower = wrap(line, font, charsWide(metrics, chars));
         if (narrower.size() > lines.size()) break;
         lines = std::move(narrower);
     }
@@ -76,7 +76,7 @@ void showText(QMessageBox& box, const MessageBox& wanted) {
         width = std::max(width, metrics.horizontalAdvance(line) + 2);
     box.setText(lines.join(u'\n'));
     if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
-        label->setMinimumWidth(std::min(width, widestText));
+        label->setMinimumWidth(std::min(width, charsWide(metrics, widestText)));
 }
 
 /// Gives the columns behind the names the width of what stands there, and the names the rest.
@@ -151,7 +151,10 @@ void setUp(QFileDialog& dialog, const BrowseRequest& wanted) {
     if (wanted.font) dialog.setFont(toQt(*wanted.font));
     layColumns(dialog);
     for (QPushButton* each : dialog.findChildren<QPushButton*>()) each->setIcon({});
-    dialog.resize(720, 460);
+    constexpr int width = 96;
+    constexpr int lines = 34;
+    dialog.ensurePolished();
+    dialog.resize(charsWide(dialog.fontMetrics(), width), lines * dialog.fontMetrics().height());
     dialog.layout()->activate();
 }
 

@@ -2,7 +2,6 @@
 #include "views/qt/convert.h"
 
 #include <QApplication>
-#include <QFontMetrics>
 #include <QScreen>
 #include <algorithm>
 #include <cmath>
@@ -35,6 +34,27 @@ std::string fromQt(const QString& text) {
     return text.toStdString();
 }
 
+namespace {
+
+// Unicode's marks for a part of a text whose first letter decides its direction.
+constexpr QChar isolate(0x2068);
+constexpr QChar isolateEnd(0x2069);
+
+}  // namespace
+
+QString isolated(const QString& text) {
+    const bool hasDirection = std::any_of(
+        text.begin(), text.end(), [](QChar each) { return each.direction() == QChar::DirL; });
+    // What has no letters, like an arrow, is to turn around with the window.
+    if (!hasDirection || !QGuiApplication::isRightToLeft() || text.isRightToLeft()) return text;
+    return isolate + text + isolateEnd;
+}
+
+QString unisolated(QString text) {
+    if (text.startsWith(isolate) && text.endsWith(isolateEnd)) text = text.mid(1, text.size() - 2);
+    return text;
+}
+
 QString toQtCaption(std::string_view caption) {
     const QString text = toQt(caption);
     QString marked;
@@ -48,15 +68,21 @@ QString toQtCaption(std::string_view caption) {
         if (text[at] == u'&' || !std::exchange(hasKey, true)) marked += u'&';
         marked += text[at];
     }
-    return marked;
+    return isolated(marked);
 }
 
 QString toQtUnmarked(std::string_view caption) {
-    return toQtPlain(caption).replace(u'&', QStringLiteral("&&"));
+    return isolated(toQtPlain(caption).replace(u'&', QStringLiteral("&&")));
 }
 
 QString toQtPlain(std::string_view caption) {
     return toQt(plainCaption(caption));
+}
+
+QString toToolTip(const QString& text) {
+    // Marked up in any case: whether a text would be taken for markup is hard to tell.
+    return QStringLiteral("<p style='white-space:pre-wrap'>") + text.toHtmlEscaped() +
+           QStringLiteral("</p>");
 }
 
 std::size_t charsBefore(const QString& text, qsizetype offset) {
@@ -81,12 +107,19 @@ QFont toQt(const Font& font) {
     return made;
 }
 
+int charsWide(const QFontMetrics& metrics, int chars) {
+    // Averages are rounded; a run of digits, which are as wide as usual letters, is exact.
+    return metrics.horizontalAdvance(QString(chars, u'0'));
+}
+
 int titleWidth(const QString& title) {
-    constexpr int frameButtons = 130;
-    constexpr int widest = 600;
+    constexpr int frameButtons = 16;
+    constexpr int widest = 74;
     QFont font = QApplication::font("QMdiSubWindowTitleBar");
     font.setBold(true);
-    return std::min(QFontMetrics(font).horizontalAdvance(title) + frameButtons, widest);
+    const QFontMetrics metrics(font);
+    return std::min(metrics.horizontalAdvance(title) + charsWide(metrics, frameButtons),
+                    charsWide(metrics, widest));
 }
 
 int toPixels(int twips) {

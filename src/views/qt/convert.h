@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetrics>
 #include <QString>
 #include <cstddef>
 #include <string>
@@ -14,12 +15,21 @@ namespace wynconfig::desktop {
 QString toQt(std::string_view text);
 std::string fromQt(const QString& text);
 
+/// A text that keeps its own direction in a window that runs the other way: "<Part #>" stands so
+/// among Arabic captions, and a name keeps its full stop at its end.
+QString isolated(const QString& text);
+/// The text that was isolated.
+QString unisolated(QString text);
+
 /// A caption with its first mark alone, which Qt reads as the component does.
 QString toQtCaption(std::string_view caption);
 /// The words of a caption, for Qt's widgets that read marks but are to show none.
 QString toQtUnmarked(std::string_view caption);
 /// The words of a caption.
 QString toQtPlain(std::string_view caption);
+
+/// A text for a tool tip, which would take one with angle brackets for markup.
+QString toToolTip(const QString& text);
 
 /// How many characters (code points) stand in front of an offset in UTF-16 units.
 std::size_t charsBefore(const QString& text, qsizetype offset);
@@ -28,6 +38,10 @@ qsizetype offsetOf(const QString& text, std::size_t chars);
 
 /// A font in which only what the properties state is set; the rest comes from the surroundings.
 QFont toQt(const Font& font);
+
+/// The width of so many characters of usual width. All sizes that no text decides are given like
+/// this, so that they follow the font and with it the screen.
+int charsWide(const QFontMetrics& metrics, int chars);
 
 /// The width of a title in its bar, with room for the frame's buttons, in pixels; a very long title
 /// is cut off.

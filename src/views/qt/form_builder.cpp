@@ -1,12 +1,14 @@
 // Builds the widgets of a form from its layout, with no word about any one dialog.
 #include "views/qt/form_builder.h"
 
+#include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
+#include <iterator>
 
 namespace wynconfig::desktop {
 
@@ -33,6 +35,8 @@ bool growsDown(const Layout& node) {
         case Layout::Kind::Pane:
         case Layout::Kind::Tabs:
             return anyGrowsDown(node.children);
+        case Layout::Kind::Buttons:
+            return false;
         default:
             return node.control->kind() == ControlKind::ListView;
     }
@@ -54,6 +58,12 @@ bool isBox(const Control& control) {
     }
 }
 
+bool holds(const Layout& node, const Control& control) {
+    return node.control == &control ||
+           std::any_of(node.children.begin(), node.children.end(),
+                       [&](const Layout& each) { return holds(each, control); });
+}
+
 const CaptionedControl* captioned(const Control* control) {
     return dynamic_cast<const CaptionedControl*>(control);
 }
@@ -72,14 +82,27 @@ BuiltForm FormBuilder::build(const Layout& body) {
     } else {
         fill(outer, {body}, place);
     }
-    QWidget* previous = nullptr;
-    for (const auto& binding : m_built.bindings) {
-        QWidget* next = binding->focusWidget();
-        if (next->focusPolicy() == Qt::NoFocus) continue;
-        if (previous) QWidget::setTabOrder(previous, next);
-        previous = next;
-    }
+    chainTabStops();
     return std::move(m_built);
+}
+
+/// The Tab key follows the layout, but for the buttons that end the dialog: it follows the order in
+/// which the platform has them.
+void FormBuilder::chainTabStops() {
+    std::vector<QWidget*> chain;
+    for (const auto& binding : m_built.bindings) {
+        QWidget* stop = binding->focusWidget();
+        const auto* buttons = qobject_cast<QDialogButtonBox*>(stop->parentWidget());
+        if (stop->focusPolicy() == Qt::NoFocus) continue;
+        if (!buttons) {
+            chain.push_back(stop);
+        } else if (std::find(chain.begin(), chain.end(), stop) == chain.end()) {
+            for (int i = 0; i < buttons->layout()->count(); ++i) {
+                if (QWidget* each = buttons->layout()->itemAt(i)->widget()) chain.push_back(each);
+            }
+        }
+    }
+    for (std::size_t i = 1; i < chain.size(); ++i) QWidget::setTabOrder(chain[i - 1], chain[i]);
 }
 
 QWidget* FormBuilder::make(Control& control, const Place& place, const Standing& standing) {
@@ -95,12 +118,18 @@ QWidget* FormBuilder::make(Control& control, const Place& place, const Standing&
     return widget;
 }
 
-std::pair<QLabel*, QWidget*> FormBuilder::makeLabelled(const Layout& node, const Place& place) {
-    auto* label = static_cast<QLabel*>(make(*node.label, place, {nullptr, node.control}));
-    QWidget* widget = make(*node.control, place, {captioned(node.label), nullptr});
+QLabel* FormBuilder::makeLabel(const Layout& node, const Place& place) {
+    auto* label = static_cast<QLabel*>(make(*node.label, place, {.labels = node.control}));
+    m_buddies[node.control] = label;
+    return label;
+}
+
+QWidget* FormBuilder::makeLabelled(const Layout& node, const Place& place) {
+    QWidget* widget =
+        make(*node.control, place, {.labelledBy = captioned(node.label), .acts = node.acts});
     // Also of an option or a value, so that a screen reader knows what it is of.
-    label->setBuddy(widget);
-    return {label, widget};
+    if (node.label) m_buddies.at(node.control)->setBuddy(widget);
+    return widget;
 }
 
 void FormBuilder::nameBox(QWidget* box, const Control& control, const CaptionedControl* label) {
@@ -147,7 +176,10 @@ void FormBuilder::add(QBoxLayout* box, const Layout& node, const Place& place) {
             addFields(box, {node}, place);
             break;
         case Layout::Kind::Single:
-            box->addWidget(make(*node.control, place), node.grows ? 1 : 0);
+            addSingle(box, node, place);
+            break;
+        case Layout::Kind::Buttons:
+            addButtons(box, node, place);
             break;
         case Layout::Kind::Stretch:
             box->addStretch(1);
@@ -161,6 +193,11 @@ void FormBuilder::addStack(QBoxLayout* box, const Layout& node, const Place& pla
     box->addLayout(stack, node.grows ? 1 : 0);
     fill(stack, node.children, place);
     if (node.kind != Layout::Kind::Row) keepUp(stack, node.children);
+    const bool lists =
+        std::any_of(node.children.begin(), node.children.end(), [](const Layout& each) {
+            return each.kind == Layout::Kind::Titled && !each.children.empty();
+        });
+    if (lists && node.kind == Layout::Kind::Row) m_built.listRows.push_back(stack);
 }
 
 void FormBuilder::addGroup(QBoxLayout* box, const Layout& node, const Place& place) {
@@ -190,15 +227,49 @@ void FormBuilder::addTabs(QBoxLayout* box, const Layout& node, const Place& plac
     }
 }
 
+void FormBuilder::addSingle(QBoxLayout* box, const Layout& node, const Place& place) {
+    QWidget* widget = make(*node.control, place, {.acts = node.acts});
+    box->addWidget(widget, node.grows ? 1 : 0);
+    if (node.into)
+        m_built.movers.push_back({static_cast<QPushButton*>(widget), node.from, node.into});
+}
+
+void FormBuilder::addButtons(QBoxLayout* box, const Layout& node, const Place& place) {
+    constexpr QDialogButtonBox::ButtonRole roles[] = {
+        QDialogButtonBox::AcceptRole, QDialogButtonBox::RejectRole, QDialogButtonBox::ApplyRole};
+    auto* buttons = new QDialogButtonBox(place.parent);
+    for (std::size_t i = 0; i < node.children.size() && i < std::size(roles); ++i) {
+        QWidget* button = make(*node.children[i].control, {buttons, nullptr});
+        buttons->addButton(static_cast<QPushButton*>(button), roles[i]);
+    }
+    box->addWidget(buttons);
+    rememberButtons(node.children);
+}
+
 void FormBuilder::addTitled(QBoxLayout* box, const Layout& node, const Place& place) {
     auto* stack = new QVBoxLayout;
     // A label belongs to its box more than the box to its neighbours.
-    stack->setSpacing(m_window->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing) / 2);
+    const int usual = m_window->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing);
+    stack->setSpacing(usual / 2);
     box->addLayout(stack, node.grows ? 1 : 0);
-    const auto [label, widget] = makeLabelled(node, place);
-    stack->addWidget(label);
-    stack->addWidget(widget, 1);
+    // At the leading side also where its text runs the other way.
+    stack->addWidget(makeLabel(node, place), 0, Qt::AlignLeft);
+    auto* line = new QHBoxLayout;
+    line->setSpacing(usual);
+    stack->addLayout(line, 1);
+    if (!node.behindBox) addBeside(line, node, place);
+    line->addWidget(makeLabelled(node, place), 1);
+    if (node.behindBox) addBeside(line, node, place);
     if (!growsDown(node)) stack->setAlignment(Qt::AlignTop);
+}
+
+void FormBuilder::addBeside(QBoxLayout* line, const Layout& node, const Place& place) {
+    if (node.children.empty()) return;
+    auto* beside = new QVBoxLayout;
+    beside->setSpacing(line->spacing());
+    line->addLayout(beside);
+    fill(beside, node.children, place);
+    keepUp(beside, node.children);
 }
 
 QGridLayout* FormBuilder::addFields(QBoxLayout* box, const std::vector<Layout>& run,
@@ -213,20 +284,32 @@ QGridLayout* FormBuilder::addFields(QBoxLayout* box, const std::vector<Layout>& 
     return grid;
 }
 
+void FormBuilder::rememberOptions(const Layout& field) {
+    if (!field.label) return;
+    for (const auto& binding : m_built.bindings) {
+        const Control& control = binding->control();
+        const bool inField = control.kind() == ControlKind::OptionButton && holds(field, control);
+        if (inField) m_built.labelledOptions.push_back({binding->widget(), captioned(field.label)});
+    }
+}
+
 void FormBuilder::addField(QGridLayout* grid, int row, const Layout& node, const Place& place) {
     constexpr int labels = 0;
     constexpr int boxes = 1;
     constexpr int behind = 2;
-    const auto [label, widget] = makeLabelled(node, place);
     const bool tall = growsDown(node);
     if (tall || node.grows) grid->setRowStretch(row, 1);
-    grid->addWidget(label, row, labels, tall ? Qt::AlignTop : Qt::AlignVCenter);
+    if (node.label)
+        grid->addWidget(makeLabel(node, place), row, labels,
+                        tall ? Qt::AlignTop : Qt::AlignVCenter);
+    QWidget* widget = makeLabelled(node, place);
     if (node.children.empty()) {
         grid->addWidget(widget, row, boxes, 1, 2);
         return;
     }
     auto* line = new QHBoxLayout;
-    if (isBox(*node.control)) {
+    const bool ownWidth = node.children.back().kind == Layout::Kind::Stretch;
+    if (isBox(*node.control) && !ownWidth) {
         grid->addWidget(widget, row, boxes);
         grid->addLayout(line, row, behind);
         fill(line, node.children, place);
@@ -235,15 +318,17 @@ void FormBuilder::addField(QGridLayout* grid, int row, const Layout& node, const
         grid->addLayout(line, row, boxes, 1, 2);
         line->addWidget(widget);
         fill(line, node.children, place);
-        line->addStretch(1);
+        if (!ownWidth) line->addStretch(1);
     }
+    rememberOptions(node);
 }
 
 void FormBuilder::rememberButtons(const std::vector<Layout>& nodes) {
     std::vector<QPushButton*> buttons;
     for (const auto& binding : m_built.bindings) {
         const bool among = std::any_of(nodes.begin(), nodes.end(), [&](const Layout& node) {
-            return node.kind == Layout::Kind::Single && node.control == &binding->control();
+            return node.kind == Layout::Kind::Single && !node.into &&
+                   node.control == &binding->control();
         });
         if (auto* button = qobject_cast<QPushButton*>(binding->widget()); among && button)
             buttons.push_back(button);

@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <memory>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 #include "views/qt/binding.h"
@@ -20,11 +20,28 @@ struct SpokenName {
     const CaptionedControl* caption;
 };
 
+/// Options behind a label, which a screen reader hears of with each of them.
+struct LabelledOption {
+    QWidget* option;
+    const CaptionedControl* label;
+};
+
+/// A button that moves rows between two lists, which go by their labels.
+struct Mover {
+    QPushButton* button;
+    const CaptionedControl* from;
+    const CaptionedControl* into;
+};
+
 /// What came of a layout.
 struct BuiltForm {
     std::vector<std::unique_ptr<Binding>> bindings;  ///< in the order of the layout
     std::vector<SpokenName> spokenNames;
+    std::vector<LabelledOption> labelledOptions;
+    std::vector<Mover> movers;
     std::vector<std::vector<QPushButton*>> buttonRows;  ///< buttons that are to be equally wide
+    /// Rows of lists of which some have buttons beside them; the lists are to be equally wide.
+    std::vector<QBoxLayout*> listRows;
     /// Fields of one column that something stands between; their boxes are to start alike.
     std::vector<std::vector<QGridLayout*>> fieldColumns;
 };
@@ -44,22 +61,29 @@ class FormBuilder {
     };
 
     QWidget* make(Control& control, const Place& place, const Standing& standing = {});
-    /// The label and the box of a Field or a Titled.
-    std::pair<QLabel*, QWidget*> makeLabelled(const Layout& node, const Place& place);
+    /// The label of a Field or a Titled, and then its box.
+    QLabel* makeLabel(const Layout& node, const Place& place);
+    QWidget* makeLabelled(const Layout& node, const Place& place);
     void nameBox(QWidget* box, const Control& control, const CaptionedControl* label);
     void fill(QBoxLayout* box, const std::vector<Layout>& nodes, const Place& place);
     void add(QBoxLayout* box, const Layout& node, const Place& place);
     void addStack(QBoxLayout* box, const Layout& node, const Place& place);
     void addGroup(QBoxLayout* box, const Layout& node, const Place& place);
     void addTabs(QBoxLayout* box, const Layout& node, const Place& place);
+    void addSingle(QBoxLayout* box, const Layout& node, const Place& place);
+    void addButtons(QBoxLayout* box, const Layout& node, const Place& place);
     void addTitled(QBoxLayout* box, const Layout& node, const Place& place);
+    void addBeside(QBoxLayout* line, const Layout& node, const Place& place);
     QGridLayout* addFields(QBoxLayout* box, const std::vector<Layout>& run, const Place& place);
+    void rememberOptions(const Layout& field);
     void addField(QGridLayout* grid, int row, const Layout& node, const Place& place);
     void rememberButtons(const std::vector<Layout>& nodes);
+    void chainTabStops();
 
     QWidget* m_window;
     Door& m_door;
     BuiltForm m_built;
+    std::unordered_map<const Control*, QLabel*> m_buddies;  ///< by what they stand at
 };
 
 }  // namespace wynconfig::desktop

@@ -11,7 +11,9 @@
 #include <QTabBar>
 #include <algorithm>
 
+#include "views/qt/colours.h"
 #include "views/qt/convert.h"
+#include "views/qt/widgets.h"
 
 namespace wynconfig::desktop {
 
@@ -26,6 +28,11 @@ FormWindow::FormWindow(Form& form, UserInput input, QWidget* parent)
     // A dialog of the component must not end a host that has no other window.
     setAttribute(Qt::WA_QuitOnClose, false);
     setPalette(readable(palette()));
+    if (m_fixed) {
+        setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                       Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
+                       Qt::MSWindowsFixedSizeDialogHint);
+    }
     m_built = FormBuilder(this, m_door).build(form.layout().body);
     m_leastWidth = new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
     layout()->addItem(m_leastWidth);
@@ -45,6 +52,8 @@ void FormWindow::watch() {
         m_byControl[&binding->control()] = binding.get();
         m_byWidget[binding->focusWidget()] = &binding->control();
         binding->focusWidget()->installEventFilter(this);
+        if (auto* list = dynamic_cast<RowList*>(binding->widget()))
+            list->doubleClicked = [this, list] { return actInList(list, &ListActs::activate); };
     }
 }
 
@@ -106,6 +115,7 @@ void FormWindow::sync() {
             }
             if (!any) return;
             showSpokenNames();
+            showMovers();
             const bool formChanged = std::exchange(m_formChanged, false);
             if (formChanged) showForm();
             evenOut();
@@ -126,8 +136,8 @@ void FormWindow::showForm() {
 }
 
 void FormWindow::applyLeastWidth() {
-    constexpr int comfortable = 340;
-    const int least = std::max(titleWidth(windowTitle()), comfortable);
+    constexpr int comfortable = 45;
+    const int least = std::max(titleWidth(windowTitle()), charsWide(fontMetrics(), comfortable));
     if (m_leastWidth->sizeHint().width() == least) return;
     m_leastWidth->changeSize(least, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
     layout()->invalidate();
@@ -146,9 +156,30 @@ void FormWindow::showSpokenNames() {
         const QString name = toQtPlain(each.caption->caption());
         if (each.widget->accessibleName() != name) each.widget->setAccessibleName(name);
     }
+    for (const LabelledOption& each : m_built.labelledOptions) {
+        const QString label = toQtPlain(each.label->caption());
+        if (each.option->accessibleDescription() != label)
+            each.option->setAccessibleDescription(label);
+    }
+}
+
+void FormWindow::showMovers() {
+    for (const Mover& each : m_built.movers) {
+        // Its caption is but an arrow, so that it goes by the lists between which it moves rows.
+        const QString arrow = isRightToLeft() ? QStringLiteral(" ← ") : QStringLiteral(" → ");
+        const QString name =
+            toQtPlain(each.from->caption()) + arrow + toQtPlain(each.into->caption());
+        if (each.button->accessibleName() == name) continue;
+        each.button->setAccessibleName(name);
+        each.button->setToolTip(toToolTip(name));
+    }
 }
 
 void FormWindow::evenOut() {
+    for (const Mover& each : m_built.movers) {
+        const int side = each.button->sizeHint().height() * 5 / 4;
+        each.button->setFixedSize(side, side);
+    }
     for (const std::vector<QPushButton*>& row : m_built.buttonRows) {
         int width = 0;
         for (const QPushButton* button : row) width = std::max(width, button->sizeHint().width());
@@ -163,6 +194,12 @@ void FormWindow::evenOut() {
             }
         }
         for (QGridLayout* grid : column) grid->setColumnMinimumWidth(0, width);
+    }
+    // What grows does so in proportion to what it asks for, buttons and all.
+    for (QBoxLayout* row : m_built.listRows) {
+        for (int i = 0; i < row->count(); ++i) {
+            if (row->stretch(i) > 0) row->setStretch(i, row->itemAt(i)->sizeHint().width());
+        }
     }
 }
 
@@ -322,8 +359,14 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Return:
             if (auto* focused = qobject_cast<QPushButton*>(focusWidget()))
                 focused->click();
-            else
+            else if (!actInList(focusWidget(), &ListActs::activate))
                 press(m_form->layout().defaultButton);
+            break;
+        case Qt::Key_Delete:
+            if (!actInList(focusWidget(), &ListActs::del)) event->ignore();
+            break;
+        case Qt::Key_F2:
+            if (!actInList(focusWidget(), &ListActs::rename)) event->ignore();
             break;
         case Qt::Key_Escape:
             press(m_form->layout().cancelButton);
@@ -331,6 +374,16 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
         default:
             event->ignore();
     }
+}
+
+bool FormWindow::actInList(const QWidget* widget, Button* ListActs::*act) {
+    const auto found = m_byWidget.find(widget);
+    if (!m_form || found == m_byWidget.end() || found->second->kind() != ControlKind::ListView)
+        return false;
+    const auto& list = static_cast<const ListView&>(*found->second);
+    const Button* button = buttonFor(m_form->layout().body, list, act);
+    press(button);
+    return button != nullptr;
 }
 
 void FormWindow::press(const Button* button) {

@@ -62,6 +62,7 @@ class FormWindow : public QDialog, private FormObserver {
     void syncLater();
     void showForm();
     void showSpokenNames();
+    void showMovers();
     /// Makes equal what a reader expects to be: widths of buttons, and where boxes start.
     void evenOut();
     /// Makes the window wide enough for its title and for a comfortable dialog.
@@ -77,6 +78,8 @@ class FormWindow : public QDialog, private FormObserver {
     void settleFocus();
     void focusFirst();
     void press(const Button* button);
+    /// Presses the button that an act in a list is for; false when there is none to press.
+    bool actInList(const QWidget* widget, Button* ListActs::*act);
     /// The key that a control marks in its caption was pressed. False: Qt shall deal with it.
     bool followKey(const QObject* marked, const QShortcutEvent& key);
     /// Presses a button, check box or option that its key was pressed for.

@@ -27,7 +27,7 @@ constexpr qint64 patienceMs = 200;
 constexpr qsizetype longText = 200;
 
 void sendMouse(QWidget& widget, QEvent::Type type, const QPoint& at) {
-    const bool press = type == QEvent::MouseButtonPress;
+    const bool press = type != QEvent::MouseButtonRelease;
     QMouseEvent event(type, at, widget.mapTo(widget.window(), at), widget.mapToGlobal(at),
                       Qt::LeftButton, press ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
@@ -68,6 +68,12 @@ void mouseClick(QWidget& widget, const QPoint& at) {
     mouseFocus(widget);
     if (target && target->isEnabled() && target->isVisible())
         sendMouse(widget, QEvent::MouseButtonPress, at);
+    if (target && target->isVisible()) sendMouse(widget, QEvent::MouseButtonRelease, at);
+}
+
+void mouseDoubleClick(QWidget& widget, const QPoint& at) {
+    const QPointer<QWidget> target(&widget);
+    sendMouse(widget, QEvent::MouseButtonDblClick, at);
     if (target && target->isVisible()) sendMouse(widget, QEvent::MouseButtonRelease, at);
 }
 

@@ -11,6 +11,8 @@ namespace wynconfig::desktop {
 void bringUp(QWidget& window);
 /// Presses and lets go the left mouse button. Gives the focus first, if a click does so there.
 void mouseClick(QWidget& widget, const QPoint& at);
+/// Presses and lets go the button once more, quickly after a click at the same spot.
+void mouseDoubleClick(QWidget& widget, const QPoint& at);
 /// Gives the focus as a click would, to the widget or the one around it that takes it, without
 /// pressing anything.
 void mouseFocus(QWidget& widget);

@@ -149,6 +149,14 @@ void Person::pressEscape() {
     keyClick(inHand(), Qt::Key_Escape);
 }
 
+void Person::pressDelete() {
+    keyClick(inHand(), Qt::Key_Delete, Qt::NoModifier, QStringLiteral("\x7f"));
+}
+
+void Person::pressF2() {
+    keyClick(inHand(), Qt::Key_F2);
+}
+
 void Person::pressTab() {
     keyClick(inHand(), Qt::Key_Tab, Qt::NoModifier, "\t");
 }
@@ -186,18 +194,44 @@ void Person::setCaret(std::string_view name, std::size_t caret) {
     box.setCursorPosition(static_cast<int>(offsetOf(box.text(), caret)));
 }
 
-void Person::pick(std::string_view name, const std::string& text) {
-    auto& list = usable<RowList>(name);
-    const QAbstractItemModel& rows = *list.model();
-    const QModelIndexList found = rows.match(rows.index(0, 0), Qt::DisplayRole, toQt(text), 1,
-                                             Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (found.isEmpty()) throw UserError(std::string(name) + " has no row \"" + text + "\"");
-    const QPersistentModelIndex row = found.front();
+QPersistentModelIndex Person::reach(RowList& list, const std::string& text) const {
+    const auto find = [&]() -> QPersistentModelIndex {
+        const QAbstractItemModel& rows = *list.model();
+        const QModelIndexList found = rows.match(rows.index(0, 0), Qt::DisplayRole, toQt(text), 1,
+                                                 Qt::MatchExactly | Qt::MatchCaseSensitive);
+        if (!found.isEmpty()) return found.front();
+        throw UserError(fromQt(list.objectName()) + " has no row \"" + text + "\"");
+    };
+    find();
     mouseFocus(list);
     settle(static_cast<FormWindow&>(*list.window()));
-    if (!row.isValid()) return pick(name, text);
+    const QPersistentModelIndex row = find();
     list.scrollTo(row);
+    return row;
+}
+
+void Person::pick(std::string_view name, const std::string& text) {
+    auto& list = usable<RowList>(name);
+    const QPersistentModelIndex row = reach(list, text);
     mouseClick(*list.viewport(), list.visualRect(row).center());
+}
+
+void Person::doubleClick(std::string_view name, const std::string& text) {
+    pick(name, text);
+    auto& list = usable<RowList>(name);
+    const QPersistentModelIndex row = reach(list, text);
+    mouseDoubleClick(*list.viewport(), list.visualRect(row).center());
+}
+
+void Person::typeAhead(std::string_view name, const std::string& letters) {
+    auto& widget = usable<QWidget>(name);
+    auto* list = dynamic_cast<RowList*>(&widget);
+    auto* combo = dynamic_cast<ChoiceBox*>(&widget);
+    if (!list && !combo) throw UserError("nothing is found by letters in " + std::string(name));
+    mouseFocus(widget);
+    (list ? list->typing : combo->typing).stop();
+    typeText(*widget.window(), toQt(letters));
+    settle(static_cast<FormWindow&>(*widget.window()));
 }
 
 void Person::choose(std::string_view name, const std::string& text) {

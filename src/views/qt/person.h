@@ -1,6 +1,7 @@
 // The person who drives the real widgets.
 #pragma once
 
+#include <QPersistentModelIndex>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -14,6 +15,8 @@ class QFileDialog;
 class QMessageBox;
 
 namespace wynconfig::desktop {
+
+class RowList;
 
 /// What the view has on the screen, the topmost last.
 struct Screen {
@@ -38,12 +41,16 @@ class Person : public User {
     void bareClick(std::string_view name) override;
     void pressEnter() override;
     void pressEscape() override;
+    void pressDelete() override;
+    void pressF2() override;
     void pressTab() override;
     void pressMnemonic(std::string_view key) override;
     void focus(std::string_view name) override;
     void type(std::string_view name, const std::string& text) override;
     void setCaret(std::string_view name, std::size_t caret) override;
     void pick(std::string_view name, const std::string& text) override;
+    void doubleClick(std::string_view name, const std::string& text) override;
+    void typeAhead(std::string_view name, const std::string& letters) override;
     void choose(std::string_view name, const std::string& text) override;
     void changeTab(std::string_view name, int index) override;
     void resize(int width, int height) override;
@@ -59,6 +66,9 @@ class Person : public User {
     /// The widget of a control, of the type that the act needs, visible and enabled.
     template <class W>
     W& usable(std::string_view name) const;
+
+    /// Gives a list the focus and scrolls to the first row with this text.
+    QPersistentModelIndex reach(RowList& list, const std::string& text) const;
 
     const Screen& m_screen;
 };

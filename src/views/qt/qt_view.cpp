@@ -12,6 +12,7 @@
 #include <memory>
 #include <utility>
 
+#include "views/qt/access.h"
 #include "views/qt/boxes.h"
 #include "views/qt/convert.h"
 #include "views/qt/form_window.h"
@@ -43,7 +44,10 @@ void provideApplication() {
 
 class Desktop : public QtView {
   public:
-    Desktop() : m_person(m_screen) { provideApplication(); }
+    Desktop() : m_person(m_screen) {
+        provideApplication();
+        desktop::speakOfOptions();
+    }
 
     void showModal(Form& form) override;
     int showMessage(const MessageBox& box) override;

@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "views/qt/colours.h"
 #include "views/qt/convert.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/mnemonic.h"
@@ -39,15 +40,16 @@ void lookAt(const QComboBox& box, Sight& sight) {
 
 void lookAt(const QTabBar& bar, Sight& sight) {
     for (int i = 0; i < bar.count(); ++i) {
-        const std::string caption = fromQt(bar.tabText(i));
+        const std::string caption = fromQt(unisolated(bar.tabText(i)));
         sight.rows.push_back({mnemonicOf(caption), plainCaption(caption)});
     }
     sight.selected = static_cast<std::size_t>(bar.currentIndex() + 1);
 }
 
 void lookAtCaption(const QString& caption, Sight& sight) {
-    sight.caption = plainCaption(fromQt(caption));
-    sight.key = mnemonicOf(fromQt(caption));
+    const std::string words = fromQt(unisolated(caption));
+    sight.caption = plainCaption(words);
+    sight.key = mnemonicOf(words);
 }
 
 /// A label without a buddy reads no marks.

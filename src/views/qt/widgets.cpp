@@ -12,9 +12,11 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QStylePainter>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
 #include <climits>
+#include <utility>
 
 #include "views/qt/convert.h"
 
@@ -23,7 +25,12 @@ namespace wynconfig::desktop {
 namespace {
 
 /// How many characters a box or value makes room for, in their average width.
-constexpr int usualChars = 28;
+constexpr int usualChars = 25;
+/// How many characters of a value are seen at the least.
+constexpr int leastChars = 11;
+/// The same of a row in a list.
+constexpr int usualRow = 22;
+constexpr int leastRow = 18;
 
 }  // namespace
 
@@ -38,7 +45,7 @@ int TextBox::caret() const {
 QSize TextBox::sizeHint() const {
     // Paths and templates are longer than what Qt makes room for.
     const QSize usual = QLineEdit::sizeHint();
-    return {std::max(usual.width(), fontMetrics().averageCharWidth() * usualChars), usual.height()};
+    return {std::max(usual.width(), charsWide(fontMetrics(), usualChars)), usual.height()};
 }
 
 void TextBox::restore(int start, int length) {
@@ -107,13 +114,17 @@ ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
     if (auto* popup = qobject_cast<QListView*>(view())) popup->setUniformItemSizes(true);
 }
 
+void ChoiceBox::keyPressEvent(QKeyEvent* event) {
+    if (!typing.take(*event)) QComboBox::keyPressEvent(event);
+}
+
 QString ChoiceBox::shortened() const {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     const QRect room =
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
     // The style keeps a pixel or two on each side for itself.
-    return fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width() - 4);
+    return fontMetrics().elidedText(isolated(currentText()), Qt::ElideRight, room.width() - 4);
 }
 
 void ChoiceBox::paintEvent(QPaintEvent*) {
@@ -131,10 +142,23 @@ bool ChoiceBox::event(QEvent* event) {
         const QString text = currentText();
         const auto* help = static_cast<QHelpEvent*>(event);
         QToolTip::showText(help->globalPos(),
-                           shortened() == text ? QString() : text.toHtmlEscaped(), this);
+                           shortened() == isolated(text) ? QString() : toToolTip(text), this);
         return true;
     }
     return QComboBox::event(event);
+}
+
+QSize MarkedLabel::withRoom(const QSize& size) const {
+    constexpr int lostKerning = 2;
+    return {size.width() + (text().contains(u'&') ? lostKerning : 0), size.height()};
+}
+
+QSize MarkedLabel::sizeHint() const {
+    return withRoom(QLabel::sizeHint());
+}
+
+QSize MarkedLabel::minimumSizeHint() const {
+    return withRoom(QLabel::minimumSizeHint());
 }
 
 ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
@@ -143,11 +167,11 @@ ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
 
 QSize ValueLabel::sizeHint() const {
     const QSize whole = QLabel::sizeHint();
-    return {std::min(whole.width(), fontMetrics().averageCharWidth() * usualChars), whole.height()};
+    return {std::min(whole.width(), charsWide(fontMetrics(), usualChars)), whole.height()};
 }
 
 QSize ValueLabel::minimumSizeHint() const {
-    return {fontMetrics().averageCharWidth() * 12, QLabel::minimumSizeHint().height()};
+    return {charsWide(fontMetrics(), leastChars), QLabel::minimumSizeHint().height()};
 }
 
 void ValueLabel::paintEvent(QPaintEvent*) {
@@ -155,15 +179,14 @@ void ValueLabel::paintEvent(QPaintEvent*) {
     const QRect room = contentsRect();
     style()->drawItemText(
         &painter, room, static_cast<int>(alignment()) | Qt::TextSingleLine, palette(), isEnabled(),
-        fontMetrics().elidedText(text(), Qt::ElideRight, room.width()), foregroundRole());
+        fontMetrics().elidedText(isolated(text()), Qt::ElideRight, room.width()), foregroundRole());
 }
 
 bool ValueLabel::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const bool whole = fontMetrics().horizontalAdvance(text()) <= contentsRect().width();
         const auto* help = static_cast<QHelpEvent*>(event);
-        // Escaped, since a tool tip would take text with angle brackets for markup.
-        QToolTip::showText(help->globalPos(), whole ? QString() : text().toHtmlEscaped(), this);
+        QToolTip::showText(help->globalPos(), whole ? QString() : toToolTip(text()), this);
         return true;
     }
     return QLabel::event(event);
@@ -200,8 +223,25 @@ QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role
     return {};
 }
 
+namespace {
+
+/// Rows are names and tokens, whose direction is their own.
+class RowPainter : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->text = isolated(option->text);
+    }
+};
+
+}  // namespace
+
 RowList::RowList(QWidget* parent) : QTreeView(parent) {
     setModel(&m_rows);
+    setItemDelegate(new RowPainter(this));
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
@@ -223,14 +263,19 @@ void RowList::showSelected(std::size_t number) {
         clearSelection();
         return;
     }
-    const QModelIndex index = m_rows.index(static_cast<int>(number) - 1);
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    scrollTo(index);
+    goTo(number);
 }
 
 std::size_t RowList::selected() const {
     const QModelIndexList rows = selectionModel()->selectedRows();
     return rows.isEmpty() ? 0 : static_cast<std::size_t>(rows.front().row()) + 1;
+}
+
+void RowList::focusInEvent(QFocusEvent* event) {
+    QTreeView::focusInEvent(event);
+    // However the focus came, there is a row for the space bar and Enter to pick.
+    if (!currentIndex().isValid())
+        selectionModel()->setCurrentIndex(m_rows.index(0), QItemSelectionModel::NoUpdate);
 }
 
 void RowList::mousePressEvent(QMouseEvent* event) {
@@ -240,37 +285,63 @@ void RowList::mousePressEvent(QMouseEvent* event) {
 }
 
 void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
-    m_pressing =
-        event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid();
-    QTreeView::mouseDoubleClickEvent(event);
+    mousePressEvent(event);
+    m_doubled = m_pressing;
 }
 
 void RowList::mouseReleaseEvent(QMouseEvent* event) {
     QTreeView::mouseReleaseEvent(event);
     if (!m_pressing || event->button() != Qt::LeftButton) return;
     m_pressing = false;
+    if (std::exchange(m_doubled, false) && doubleClicked && doubleClicked()) return;
     // The current row and not the one under the mouse: the button may be let go elsewhere.
+    pickCurrent();
+}
+
+void RowList::pickCurrent() {
     if (currentIndex().isValid() && picked)
         picked(static_cast<std::size_t>(currentIndex().row()) + 1);
 }
 
-void RowList::keyPressEvent(QKeyEvent* event) {
-    // As a click does, the space bar also picks the row that is selected already. While none is,
-    // the first step down picks the row with the focus mark instead of passing it.
-    const bool firstStep =
-        event->key() == Qt::Key_Down && selected() == 0 && event->modifiers() == Qt::NoModifier;
-    if (!currentIndex().isValid() || (event->key() != Qt::Key_Space && !firstStep)) {
-        QTreeView::keyPressEvent(event);
-        return;
+bool RowList::picksCurrent(const QKeyEvent& event) const {
+    switch (event.key()) {
+        case Qt::Key_Space:
+            // As a click does, the space bar also picks the row that is selected already.
+            return true;
+        case Qt::Key_Enter:
+        case Qt::Key_Return:
+            return m_deliberate;
+        case Qt::Key_Down:
+            // While none is selected, the first step down picks the row with the focus mark instead
+            // of passing it.
+            return !m_deliberate && selected() == 0 && event.modifiers() == Qt::NoModifier;
+        default:
+            return false;
     }
-    const std::size_t number = static_cast<std::size_t>(currentIndex().row()) + 1;
-    if (picked) picked(number);
+}
+
+void RowList::keyPressEvent(QKeyEvent* event) {
+    if (typing.take(*event)) return;
+    // These are keys of the form, though they come with a character of their own.
+    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_F2)
+        event->ignore();
+    else if (currentIndex().isValid() && picksCurrent(*event))
+        pickCurrent();
+    else
+        QTreeView::keyPressEvent(event);
+}
+
+void RowList::goTo(std::size_t number) {
+    const QModelIndex index = m_rows.index(static_cast<int>(number) - 1);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    scrollTo(index);
 }
 
 QItemSelectionModel::SelectionFlags RowList::selectionCommand(const QModelIndex& index,
                                                               const QEvent* event) const {
     const bool key = event && event->type() == QEvent::KeyPress;
-    if (key && (static_cast<const QKeyEvent*>(event)->modifiers() & Qt::ControlModifier))
+    if (key &&
+        (m_deliberate || (static_cast<const QKeyEvent*>(event)->modifiers() & Qt::ControlModifier)))
         return QItemSelectionModel::NoUpdate;
     return QTreeView::selectionCommand(index, event);
 }
@@ -287,7 +358,7 @@ bool RowList::viewportEvent(QEvent* event) {
         const QModelIndex index = indexAt(help->pos());
         const QString text = index.data().toString();
         const bool whole = sizeHintForIndex(index).width() <= visualRect(index).width();
-        QToolTip::showText(help->globalPos(), whole ? QString() : text.toHtmlEscaped(), this);
+        QToolTip::showText(help->globalPos(), whole ? QString() : toToolTip(text), this);
         return true;
     }
     return QTreeView::viewportEvent(event);
@@ -300,13 +371,13 @@ int RowList::heightFor(int rows) const {
 }
 
 QSize RowList::sizeHint() const {
-    const int width = std::max(m_widthHint, fontMetrics().averageCharWidth() * 24);
+    const int width = std::max(m_widthHint, charsWide(fontMetrics(), usualRow));
     const int bar = verticalScrollBar()->sizeHint().width();
     return {width + bar + 2 * frameWidth(), heightFor(10)};
 }
 
 QSize RowList::minimumSizeHint() const {
-    return {fontMetrics().averageCharWidth() * 20, heightFor(8)};
+    return {charsWide(fontMetrics(), leastRow), heightFor(8)};
 }
 
 }  // namespace wynconfig::desktop

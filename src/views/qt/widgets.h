@@ -8,8 +8,10 @@
 #include <QRadioButton>
 #include <QTreeView>
 #include <functional>
+#include <string>
 #include <vector>
 
+#include "views/qt/typing.h"
 #include "wynconfig/controls.h"
 
 namespace wynconfig::desktop {
@@ -48,12 +50,28 @@ class ChoiceBox : public QComboBox {
   public:
     explicit ChoiceBox(QWidget* parent);
 
+    /// Letters that are typed while it is closed.
+    Typing typing;
+
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
 
   private:
     QString shortened() const;
+};
+
+/// A label whose text may mark a key. The marked letter is drawn by itself, which ends the kerning
+/// around it, so that the text is a little wider than its font says.
+class MarkedLabel : public QLabel {
+  public:
+    using QLabel::QLabel;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  private:
+    QSize withRoom(const QSize& size) const;
 };
 
 /// A label for a value of any length: what does not fit ends in an ellipsis, and the tool tip shows
@@ -93,7 +111,8 @@ class RowModel : public QAbstractListModel {
 
 /// A list of one column. Tells of each row that the person picks, also of the selected one when it
 /// is clicked again, once for each act; what code selects it doesn't tell. By the keyboard the
-/// arrow keys pick, and with Ctrl they only move to a row, which the space bar then picks.
+/// arrow keys and letters pick; with Ctrl, or where picks are to be deliberate, the arrow keys only
+/// move to a row, which the space bar then picks.
 class RowList : public QTreeView {
   public:
     explicit RowList(QWidget* parent);
@@ -104,14 +123,23 @@ class RowList : public QTreeView {
     /// Number of the selected row, or 0.
     std::size_t selected() const;
     void setWidthHint(int pixels) { m_widthHint = pixels; }
+    /// From here on nothing but a click, the space bar and Enter picks.
+    void setDeliberate() { m_deliberate = true; }
+    /// Goes to a row as an arrow key does.
+    void goTo(std::size_t number);
+    void keyboardSearch(const QString&) override {}
 
     /// Gets the number of the row, from 1.
     std::function<void(std::size_t)> picked;
+    /// A row was clicked twice. False: nothing came of it, and the second click is one more pick.
+    std::function<bool()> doubleClicked;
+    Typing typing;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   protected:
+    void focusInEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -124,11 +152,15 @@ class RowList : public QTreeView {
 
   private:
     int heightFor(int rows) const;
+    bool picksCurrent(const QKeyEvent& event) const;
+    void pickCurrent();
 
     RowModel m_rows;
     int m_widthHint = 0;
     bool m_showing = false;
     bool m_pressing = false;
+    bool m_doubled = false;
+    bool m_deliberate = false;
 };
 
 }  // namespace wynconfig::desktop

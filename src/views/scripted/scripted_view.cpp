@@ -6,6 +6,7 @@
 
 #include "platform/text.h"
 #include "views/key_holder.h"
+#include "views/type_ahead.h"
 #include "wynconfig/form.h"
 #include "wynconfig/mnemonic.h"
 
@@ -46,10 +47,12 @@ class ScriptedView::Person : public User {
         Control* focused = top().focused();
         if (focused && focused->kind() == ControlKind::Button)
             pressKeyOf(static_cast<Button*>(focused));
-        else
+        else if (!enterInList())
             pressKeyOf(top().layout().defaultButton);
     }
     void pressEscape() override { pressKeyOf(top().layout().cancelButton); }
+    void pressDelete() override;
+    void pressF2() override { pressKeyInList(&ListActs::rename); }
     void pressTab() override { focusNext(top().focused()); }
 
     void pressMnemonic(std::string_view key) override {
@@ -84,14 +87,12 @@ class ScriptedView::Person : public User {
     }
     void pick(std::string_view name, const std::string& text) override {
         ListView& list = usableAs<ListView>(name, ControlKind::ListView);
-        const auto& rows = list.rows();
-        const auto row = std::find_if(rows.begin(), rows.end(),
-                                      [&](const ListRow& each) { return each.text == text; });
-        if (row == rows.end()) throw UserError(std::string(name) + " has no row \"" + text + "\"");
-        const auto number = static_cast<std::size_t>(row - rows.begin()) + 1;
+        const std::size_t number = rowOf(list, text);
         m_input.focus(list);
         m_input.pick(list, number);
     }
+    void doubleClick(std::string_view name, const std::string& text) override;
+    void typeAhead(std::string_view name, const std::string& letters) override;
     void choose(std::string_view name, const std::string& text) override {
         ComboBox& combo = usableAs<ComboBox>(name, ControlKind::ComboBox);
         const int index = combo.find(text);
@@ -162,6 +163,21 @@ class ScriptedView::Person : public User {
     void pressKeyOf(Button* button) {
         if (button && seen(*button) && button->enabled()) m_input.click(*button);
     }
+    /// The list that has the focus, or null.
+    ListView* focusedList() const {
+        Control* focused = top().focused();
+        return focused && focused->kind() == ControlKind::ListView ? static_cast<ListView*>(focused)
+                                                                   : nullptr;
+    }
+    /// Presses the button behind a key of the list that has the focus; false when there is none.
+    bool pressKeyInList(Button* ListActs::*act) {
+        const ListView* list = focusedList();
+        Button* button = list ? buttonFor(top().layout().body, *list, act) : nullptr;
+        if (button) m_input.click(*button);
+        return button != nullptr;
+    }
+    bool enterInList();
+    static std::size_t rowOf(const ListView& list, const std::string& text);
     void focusNext(const Control* from) {
         const std::vector<Control*> order = controlsOf(top().layout().body);
         const auto at = std::find(order.begin(), order.end(), from);
@@ -184,6 +200,72 @@ class ScriptedView::Person : public User {
     UserInput m_input;
     std::vector<Form*> m_forms;
 };
+
+std::size_t ScriptedView::Person::rowOf(const ListView& list, const std::string& text) {
+    const auto& rows = list.rows();
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [&](const ListRow& each) { return each.text == text; });
+    if (row == rows.end())
+        throw UserError(std::string(list.name()) + " has no row \"" + text + "\"");
+    return static_cast<std::size_t>(row - rows.begin()) + 1;
+}
+
+/// Enter in a list does its usual act; where picking acts it picks the row that the focus is on.
+bool ScriptedView::Person::enterInList() {
+    ListView* list = focusedList();
+    if (list && actsOf(top().layout().body, *list).deliberate && list->count() > 0) {
+        m_input.pick(*list, std::max<std::size_t>(list->selectedNumber(), 1));
+        return true;
+    }
+    return pressKeyInList(&ListActs::activate);
+}
+
+void ScriptedView::Person::pressDelete() {
+    if (pressKeyInList(&ListActs::del)) return;
+    Control* focused = top().focused();
+    if (!focused || focused->kind() != ControlKind::Edit) return;
+    Edit& edit = static_cast<Edit&>(*focused);
+    const std::size_t begin = byteOffset(edit.text(), edit.caret());
+    const std::size_t end = byteOffset(edit.text(), edit.caret() + 1);
+    if (begin == end) return;
+    std::string text = edit.text();
+    text.erase(begin, end - begin);
+    m_input.type(edit, std::move(text), edit.caret());
+}
+
+void ScriptedView::Person::doubleClick(std::string_view name, const std::string& text) {
+    pick(name, text);
+    ListView& list = usableAs<ListView>(name, ControlKind::ListView);
+    if (Button* button = buttonFor(top().layout().body, list, &ListActs::activate))
+        m_input.click(*button);
+    else
+        pick(name, text);
+}
+
+void ScriptedView::Person::typeAhead(std::string_view name, const std::string& letters) {
+    Control& control = usable(name);
+    auto* list = dynamic_cast<ListView*>(&control);
+    auto* combo = dynamic_cast<ComboBox*>(&control);
+    if (!list && !combo) throw UserError("nothing is found by letters in " + std::string(name));
+    m_input.focus(control);
+    if (list && actsOf(top().layout().body, *list).deliberate) return;
+    TypeAhead ahead;
+    for (std::size_t at = 0; at < letters.size(); at += characterAt(letters, at).length) {
+        const std::string letter = letters.substr(at, characterAt(letters, at).length);
+        const std::size_t current =
+            list ? list->selectedNumber() : static_cast<std::size_t>(combo->selectedIndex() + 1);
+        const auto textOf = [&](std::size_t row) -> std::string_view {
+            return list ? list->rows()[row - 1].text : combo->items()[row - 1];
+        };
+        const std::size_t count = list ? list->count() : combo->items().size();
+        const std::size_t row = ahead.next(letter, count, textOf, current);
+        if (row == 0 || row == current) continue;
+        if (list)
+            m_input.pick(*list, row);
+        else
+            m_input.choose(*combo, static_cast<int>(row) - 1);
+    }
+}
 
 Sight ScriptedView::Person::look(const Control& control) const {
     Sight sight;

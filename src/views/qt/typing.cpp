@@ -1,0 +1,33 @@
+// Letters that a person types into a list or a combo box.
+#include "views/qt/typing.h"
+
+#include <QApplication>
+
+#include "views/qt/convert.h"
+
+namespace wynconfig::desktop {
+
+bool Typing::goesOn() const {
+    return m_last.isValid() && m_last.elapsed() <= QApplication::keyboardInputInterval();
+}
+
+void Typing::stop() {
+    m_ahead.forget();
+    m_last.invalidate();
+}
+
+bool Typing::take(const QKeyEvent& key) {
+    constexpr Qt::KeyboardModifiers others =
+        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const QString text = key.text();
+    if (!typed || text.isEmpty() || (key.modifiers() & others)) return false;
+    if (!text.front().isPrint() && !text.front().isSurrogate()) return false;
+    if (!goesOn()) stop();
+    // A blank is a letter only within a name; before that it is the space bar.
+    if (text == u" " && !m_last.isValid()) return false;
+    m_last.start();
+    typed(m_ahead, fromQt(text));
+    return true;
+}
+
+}  // namespace wynconfig::desktop

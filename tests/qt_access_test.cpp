@@ -1,0 +1,394 @@
+// What people find who see little, who hear the dialogs, or whose language runs the other way:
+// names and roles, contrasts, and arrows that point where they lead.
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QImage>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "support/all_dialogs.h"
+#include "support/desk.h"
+#include "wynconfig/form.h"
+#include "wynconfig/mnemonic.h"
+#include "wynconfig/qt_view.h"
+
+namespace wynconfig {
+namespace {
+
+QWidget* window() {
+    return QApplication::activeModalWidget();
+}
+
+QWidget* widgetOf(const Control& control) {
+    return window()->findChild<QWidget*>(QString::fromStdString(std::string(control.name())));
+}
+
+QString nameOf(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
+
+QPalette darkPalette() {
+    QPalette dark(QColor(53, 53, 53), QColor(53, 53, 53));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(role, Qt::white);
+    dark.setColor(QPalette::Base, QColor(35, 35, 35));
+    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(110, 110, 110));
+    return dark;
+}
+
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const double a = luminance(one) + 0.05;
+    const double b = luminance(other) + 0.05;
+    return std::max(a, b) / std::min(a, b);
+}
+
+/// The colour that most of a widget's place on the screen has.
+QColor groundOf(const QWidget& widget) {
+    const QImage picture = window()->grab().toImage().copy(
+        QRect(widget.mapTo(window(), QPoint(4, 4)), widget.size() - QSize(8, 8)));
+    std::map<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) ++counts[picture.pixel(x, y)];
+    }
+    const auto most = std::max_element(
+        counts.begin(), counts.end(),
+        [](const auto& one, const auto& other) { return one.second < other.second; });
+    return most == counts.end() ? QColor() : QColor::fromRgb(most->first);
+}
+
+QPalette::ColorRole textRole(const Control& control) {
+    switch (control.kind()) {
+        case ControlKind::Edit:
+        case ControlKind::ListView:
+        case ControlKind::ComboBox:
+            return QPalette::Text;
+        case ControlKind::Button:
+            return QPalette::ButtonText;
+        default:
+            return QPalette::WindowText;
+    }
+}
+
+QAccessible::Role roleOf(const Control& control) {
+    switch (control.kind()) {
+        case ControlKind::Edit:
+            return QAccessible::EditableText;
+        case ControlKind::ListView:
+            return QAccessible::Tree;
+        case ControlKind::ComboBox:
+            return QAccessible::ComboBox;
+        case ControlKind::OptionButton:
+            return QAccessible::RadioButton;
+        case ControlKind::CheckBox:
+            return QAccessible::CheckBox;
+        case ControlKind::Button:
+            return QAccessible::Button;
+        case ControlKind::Frame:
+            return QAccessible::Grouping;
+        case ControlKind::Label:
+            return QAccessible::StaticText;
+        case ControlKind::Tabs:
+            return QAccessible::PageTabList;
+        default:
+            return QAccessible::NoRole;
+    }
+}
+
+/// Every dialog with English texts of which each marks a key, and with values in its boxes.
+class Access : public Desk {
+  protected:
+    /// The English texts, each with a mark in front of its first letter.
+    struct MarkedTexts : ResourceManager {
+        std::shared_ptr<ResourceManager> english = makeBundleResourceManager(WYNCONFIG_RESOURCES);
+        std::string GetString(const std::string& key) override {
+            return "&" + plainCaption(english->GetString(key));
+        }
+        Font GetFont(long handle) override { return english->GetFont(handle); }
+    };
+
+    void SetUp() override {
+        Desk::SetUp();
+        component.InitResourceManager(std::make_shared<MarkedTexts>());
+        putFormat("CSV");
+        putFullSession("DESK", {"CSV"});
+    }
+    void showEach(const std::function<void(User&, Form&)>& look) {
+        for (const Dialog& dialog : allDialogs()) {
+            SCOPED_TRACE(dialog.name);
+            const auto form = dialog.make();
+            if (auto* session = dynamic_cast<frmMORAMConfig*>(form.get())) session->init("DESK");
+            if (auto* editor = dynamic_cast<frmPartNumberFormat*>(form.get())) editor->init("");
+            bool looked = false;
+            user().onForm(dialog.name, [&](User& u) {
+                look(u, *form);
+                looked = true;
+                u.closeByFrame();
+            });
+            form->Show();
+            EXPECT_TRUE(looked);
+        }
+    }
+    /// Looks at each control that is on the screen, on all tabs.
+    void lookAtEachControl(const std::function<void(User&, Form&, Control&)>& look) {
+        showEach([&](User& u, Form& form) {
+            const auto all = [&] {
+                for (Control* each : controlsOf(form.layout().body)) {
+                    if (u.see(each->name()).visible) look(u, form, *each);
+                }
+            };
+            all();
+            if (!form.control("SSTab2")) return;
+            u.changeTab("SSTab2", 1);
+            all();
+        });
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Views, Access, ::testing::Values("Qt"),
+                         [](const auto& each) { return std::string(each.param); });
+
+TEST_P(Access, EverythingThatTakesTheFocusHasAPlainName) {
+    int looked = 0;
+    lookAtEachControl([&](User&, Form&, Control& control) {
+        if (!takesFocus(control)) return;
+        // What Qt tells of a combo box besides is its text.
+        const bool combo = control.kind() == ControlKind::ComboBox;
+        QWidget* widget = widgetOf(control);
+        const QString name = combo ? widget->accessibleName() : nameOf(widget);
+        EXPECT_FALSE(name.isEmpty()) << control.name();
+        EXPECT_FALSE(name.contains('&')) << control.name() << ": " << name.toStdString();
+        EXPECT_TRUE(
+            std::any_of(name.begin(), name.end(), [](QChar each) { return each.isLetter(); }))
+            << control.name() << ": " << name.toStdString();
+        ++looked;
+    });
+    EXPECT_GT(looked, 80);
+}
+
+TEST_P(Access, EverythingHasItsRole) {
+    lookAtEachControl([](User&, Form&, Control& control) {
+        if (control.kind() == ControlKind::Container) return;
+        QWidget* widget = widgetOf(control);
+        if (auto* tabs = qobject_cast<QTabWidget*>(widget)) widget = tabs->tabBar();
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(widget)->role(), roleOf(control))
+            << control.name();
+    });
+}
+
+TEST_P(Access, LabelsAreTiedToWhatTheyStandAt) {
+    int ties = 0;
+    const std::function<void(const Layout&)> check = [&](const Layout& node) {
+        for (const Layout& child : node.children) check(child);
+        if (!node.label) return;
+        const auto found = QAccessible::queryAccessibleInterface(widgetOf(*node.control))
+                               ->relations(QAccessible::Label);
+        const bool tied = std::any_of(found.begin(), found.end(), [&](const auto& each) {
+            return each.first->object() == widgetOf(*node.label);
+        });
+        // Of lists Qt tells no ties, but their names.
+        if (node.control->kind() == ControlKind::ListView)
+            EXPECT_EQ(nameOf(widgetOf(*node.control)), nameOf(widgetOf(*node.label)));
+        else
+            EXPECT_TRUE(tied) << node.control->name();
+        ++ties;
+    };
+    showEach([&](User&, Form& form) { check(form.layout().body); });
+    EXPECT_GT(ties, 25);
+}
+
+TEST_P(Access, OptionsAreSpokenOfByTheirFrameOrTheirLabel) {
+    showEach([](User&, Form& form) {
+        for (Control* each : controlsOf(form.layout().body)) {
+            if (each->kind() != ControlKind::OptionButton) continue;
+            const Frame* frame = static_cast<OptionButton*>(each)->frame();
+            if (!frame) continue;
+            bool named = false;
+            for (QWidget* around = widgetOf(*each); around; around = around->parentWidget()) {
+                if (around == widgetOf(*frame)) named = !nameOf(around).isEmpty();
+            }
+            EXPECT_TRUE(named) << each->name();
+        }
+        if (form.name() != "frmPartNumberFormat") return;
+        for (const char* name : {"rdoPartLeft", "rdoPartRight", "rdoVINRight"}) {
+            EXPECT_EQ(window()->findChild<QWidget*>(name)->accessibleDescription(), "Alignment")
+                << name;
+        }
+    });
+}
+
+TEST_P(Access, AButtonBetweenListsSaysWhichWayItMoves) {
+    frmMORAMConfig form;
+    form.init("DESK");
+    user().onForm("frmMORAMConfig", [&](User& u) {
+        EXPECT_EQ(nameOf(widgetOf(form.btnAdd)), "Available Part Formats → Selected Part Formats");
+        EXPECT_EQ(nameOf(widgetOf(form.btnRemove)),
+                  "Selected Part Formats → Available Part Formats");
+        EXPECT_EQ(u.see("btnAdd").caption, ">");
+        form.lblSelectedFormats.setCaption("&Chosen");
+        u.see("btnAdd");
+        EXPECT_EQ(nameOf(widgetOf(form.btnAdd)), "Available Part Formats → Chosen");
+        EXPECT_TRUE(widgetOf(form.btnAdd)->toolTip().contains("Chosen"));
+        u.closeByFrame();
+    });
+    form.Show();
+}
+
+TEST_P(Access, TabsAndValuesAreNamedByTheirWords) {
+    frmMORAMConfig form;
+    form.init("DESK");
+    user().onForm("frmMORAMConfig", [&](User& u) {
+        const auto* tabs = static_cast<QTabWidget*>(widgetOf(form.SSTab2));
+        EXPECT_EQ(tabs->tabBar()->accessibleTabName(1), "Part Number Format");
+        u.type("txtDisplayName", "R&D");
+        u.changeTab("SSTab2", 1);
+        EXPECT_EQ(u.see("lblDisplayName2").caption, "R&D");
+        EXPECT_EQ(nameOf(widgetOf(form.lblDisplayName2)), "R&D");
+        u.closeByFrame();
+    });
+    form.Show();
+}
+
+/// Checks every text on the screen against the ground that it really stands on.
+void expectContrasts(const Control& control, QWidget& widget) {
+    QWidget* shown = &widget;
+    if (control.kind() == ControlKind::Container || control.kind() == ControlKind::Frame ||
+        control.kind() == ControlKind::Tabs)
+        return;
+    const QPalette& palette = shown->palette();
+    const auto group = shown->isEnabled() ? QPalette::Active : QPalette::Disabled;
+    const QColor text = palette.color(group, textRole(control));
+    const QColor ground = groundOf(*shown);
+    EXPECT_GE(contrast(text, ground), 4.5)
+        << control.name() << (shown->isEnabled() ? "" : " (disabled)") << ": "
+        << text.name().toStdString() << " on " << ground.name().toStdString();
+    if (control.kind() != ControlKind::ListView) return;
+    for (const auto each : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        EXPECT_GE(contrast(palette.color(each, QPalette::HighlightedText),
+                           palette.color(each, QPalette::Highlight)),
+                  4.5)
+            << control.name();
+    }
+}
+
+class Contrasts : public Access {
+  protected:
+    void check() {
+        lookAtEachControl([](User& u, Form&, Control& control) {
+            QWidget& widget = *widgetOf(control);
+            expectContrasts(control, widget);
+            control.setEnabled(!control.enabled());
+            u.see(control.name());
+            if (widget.isVisible()) expectContrasts(control, widget);
+            control.setEnabled(!control.enabled());
+        });
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Views, Contrasts, ::testing::Values("Qt"),
+                         [](const auto& each) { return std::string(each.param); });
+
+TEST_P(Contrasts, AreEnoughInLight) {
+    check();
+}
+
+TEST_P(Contrasts, AreEnoughInDark) {
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(darkPalette());
+    check();
+    QApplication::setPalette(before);
+}
+
+TEST_P(Contrasts, ASwitchedOffBoxStandsOut) {
+    const QPalette before = QApplication::palette();
+    for (const QPalette& palette : {before, darkPalette()}) {
+        QApplication::setPalette(palette);
+        frmMORAMConfig form;
+        form.init("DESK");
+        user().onForm("frmMORAMConfig", [&](User& u) {
+            form.txtProgramPath.setBackground(Background::InactiveBorder);
+            form.txtProgramPath.setEnabled(false);
+            u.see("txtProgramPath");
+            EXPECT_GE(contrast(groundOf(*widgetOf(form.txtProgramPath)),
+                               groundOf(*widgetOf(form.txtDisplayName))),
+                      1.1);
+            expectContrasts(form.txtProgramPath, *widgetOf(form.txtProgramPath));
+            u.closeByFrame();
+        });
+        form.Show();
+    }
+    QApplication::setPalette(before);
+}
+
+/// Which way an arrow points: at half its height the ink is its tip.
+bool pointsRight(QWidget& button) {
+    const QImage picture = button.grab().toImage();
+    const QRect middle = picture.rect().adjusted(5, 5, -5, -5);
+    const QRgb ground = picture.pixel(middle.topLeft());
+    QRect ink;
+    for (int y = middle.top(); y <= middle.bottom(); ++y) {
+        for (int x = middle.left(); x <= middle.right(); ++x) {
+            if (contrast(QColor(picture.pixel(x, y)), QColor(ground)) > 3) ink |= QRect(x, y, 1, 1);
+        }
+    }
+    int left = 0;
+    int right = 0;
+    const int row = ink.center().y();
+    for (int x = ink.left(); x <= ink.right(); ++x) {
+        if (contrast(QColor(picture.pixel(x, row)), QColor(ground)) <= 3) continue;
+        ++(2 * x < ink.left() + ink.right() ? left : right);
+    }
+    return right > left;
+}
+
+TEST_P(Access, ArrowsPointToTheListThatTheyMoveTo) {
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QApplication::setLayoutDirection(direction);
+        frmMORAMConfig form;
+        form.init("DESK");
+        user().onForm("frmMORAMConfig", [&](User& u) {
+            u.changeTab("SSTab2", 1);
+            const auto middleOf = [](const Control& control) {
+                QWidget* widget = widgetOf(control);
+                return widget->mapTo(window(), widget->rect().center()).x();
+            };
+            const bool onTheRight =
+                middleOf(form.lstSelectedFormats2) > middleOf(form.lstAvailableFormats);
+            EXPECT_EQ(onTheRight, direction == Qt::LeftToRight);
+            EXPECT_EQ(pointsRight(*widgetOf(form.btnAdd)), onTheRight);
+            EXPECT_EQ(pointsRight(*widgetOf(form.btnRemove)), !onTheRight);
+            EXPECT_EQ(u.see("btnAdd").caption, ">");
+            u.closeByFrame();
+        });
+        form.Show();
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+TEST_P(Access, CaptionsOfTheOtherDirectionAreSeenAsTheyAre) {
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    lookAtEachControl([](User& u, Form&, Control& control) {
+        const Sight sight = u.see(control.name());
+        for (const QChar each : QString::fromStdString(sight.caption + sight.text))
+            EXPECT_FALSE(each.unicode() >= 0x2066 && each.unicode() <= 0x2069) << control.name();
+        for (const std::string& row : sight.rowTexts())
+            EXPECT_EQ(row.find("\u2068"), std::string::npos) << control.name();
+    });
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+}  // namespace
+}  // namespace wynconfig
