@@ -11,8 +11,10 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <utility>
 
 #include "support/all_dialogs.h"
+#include "support/contrast.h"
 #include "support/desk.h"
 #include "wynconfig/form.h"
 #include "wynconfig/mnemonic.h"
@@ -44,32 +46,32 @@ QPalette darkPalette() {
     return dark;
 }
 
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const double a = luminance(one) + 0.05;
-    const double b = luminance(other) + 0.05;
-    return std::max(a, b) / std::min(a, b);
-}
-
-/// The colour that most of a widget's place on the screen has.
+/// The colour behind what a widget shows: the one that most of its place on the screen has. Styles
+/// shade a little, so that shades count as one colour.
 QColor groundOf(const QWidget& widget) {
-    const QImage picture = window()->grab().toImage().copy(
-        QRect(widget.mapTo(window(), QPoint(4, 4)), widget.size() - QSize(8, 8)));
-    std::map<QRgb, int> counts;
+    constexpr int frame = 2;
+    constexpr QRgb shades = 0xfff0f0f0;
+    const QPixmap all = window()->grab();
+    const double scale = all.devicePixelRatio();
+    const QRect place(widget.mapTo(window(), QPoint(frame, frame)) * scale,
+                      (widget.size() - QSize(2 * frame, 2 * frame)) * scale);
+    const QImage picture = all.toImage().copy(place);
+    std::map<QRgb, int> colours;
+    std::map<QRgb, int> shadings;
     for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) ++counts[picture.pixel(x, y)];
+        for (int x = 0; x < picture.width(); ++x) {
+            ++colours[picture.pixel(x, y)];
+            ++shadings[picture.pixel(x, y) & shades];
+        }
     }
-    const auto most = std::max_element(
-        counts.begin(), counts.end(),
-        [](const auto& one, const auto& other) { return one.second < other.second; });
-    return most == counts.end() ? QColor() : QColor::fromRgb(most->first);
+    const auto rank = [&](QRgb colour) {
+        return std::pair(shadings[colour & shades], colours[colour]);
+    };
+    QRgb ground = picture.pixel(0, 0);
+    for (const auto& each : colours) {
+        if (rank(each.first) > rank(ground)) ground = each.first;
+    }
+    return QColor::fromRgb(ground);
 }
 
 QPalette::ColorRole textRole(const Control& control) {

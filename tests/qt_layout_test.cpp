@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -18,8 +20,10 @@
 #include <QTreeView>
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 #include "support/all_dialogs.h"
+#include "support/contrast.h"
 #include "support/desk.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/form.h"
@@ -58,20 +62,6 @@ int widthOfTitle(const QWidget& of) {
     return QFontMetrics(bold).horizontalAdvance(of.windowTitle());
 }
 
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const double a = luminance(one) + 0.05;
-    const double b = luminance(other) + 0.05;
-    return std::max(a, b) / std::min(a, b);
-}
-
 /// Every dialog with the English texts.
 class EachDialog : public Desk {
   protected:
@@ -105,10 +95,7 @@ class EachDialog : public Desk {
             work();
         }
     }
-};
-
-TEST_P(EachDialog, ShowsEveryCaptionWhole) {
-    showEach([](User& u, Form& form) {
+    static void expectCaptionsWhole(User& u, Form& form) {
         std::set<std::string_view> seen;
         onEachTab(u, form, [&] {
             for (const Control* each : controlsOf(form.layout().body)) {
@@ -138,7 +125,87 @@ TEST_P(EachDialog, ShowsEveryCaptionWhole) {
                 EXPECT_TRUE(seen.contains(each->name())) << each->name();
             }
         }
+    }
+};
+
+TEST_P(EachDialog, ShowsEveryCaptionWhole) {
+    showEach([](User& u, Form& form) { expectCaptionsWhole(u, form); });
+}
+
+/// The English texts, as another language might have them.
+class LongTexts : public ResourceManager {
+  public:
+    std::string GetString(const std::string& key) override {
+        const std::string text = m_english->GetString(key);
+        std::string more;
+        while (5 * more.size() < 2 * text.size()) more += "nerlisch"[more.size() % 8];
+        return text + more;
+    }
+    Font GetFont(long handle) override {
+        Font font = m_english->GetFont(handle);
+        if (pointSize > 0) font.pointSize = pointSize;
+        return font;
+    }
+    double pointSize = 0;
+
+  private:
+    std::shared_ptr<ResourceManager> m_english = makeBundleResourceManager(WYNCONFIG_RESOURCES);
+};
+
+TEST_P(EachDialog, ShowsEveryCaptionWholeInALongerLanguage) {
+    component.InitResourceManager(std::make_shared<LongTexts>());
+    showEach([](User& u, Form& form) { expectCaptionsWhole(u, form); });
+}
+
+TEST_P(EachDialog, ShowsEveryCaptionWholeInLargerFonts) {
+    const auto larger = std::make_shared<LongTexts>();
+    component.InitResourceManager(larger);
+    for (const double size : {13.5, 18.0}) {
+        larger->pointSize = size;
+        showEach([](User& u, Form& form) { expectCaptionsWhole(u, form); });
+    }
+}
+
+TEST_P(EachDialog, TheSessionDialogKeepsItsSizeInALongerLanguage) {
+    for (const bool longer : {false, true}) {
+        if (longer) component.InitResourceManager(std::make_shared<LongTexts>());
+        frmMORAMConfig form;
+        user().onForm("frmMORAMConfig", [&](User& u) {
+            EXPECT_EQ(window()->size(), QSize(610, 440));
+            u.closeByFrame();
+        });
+        form.Show();
+    }
+}
+
+TEST_P(EachDialog, OneOfFixedSizeHasNoButtonsToChangeIt) {
+    showEach([](User&, Form& form) {
+        const Qt::WindowFlags flags = window()->windowFlags();
+        EXPECT_TRUE(flags & Qt::WindowCloseButtonHint);
+        EXPECT_FALSE(flags & (Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint));
+        EXPECT_EQ(window()->minimumSize() == window()->maximumSize(), form.width() > 0);
+        EXPECT_EQ((flags & Qt::MSWindowsFixedSizeDialogHint) != 0, form.width() > 0);
     });
+}
+
+TEST_P(EachDialog, TheListsOfFormatsAreEquallyWideAndTheirButtonsStandByThem) {
+    putFormat("CSV");
+    putFullSession("DESK", {"CSV"});
+    frmMORAMConfig form;
+    form.init("DESK");
+    user().onForm("frmMORAMConfig", [&](User& u) {
+        u.changeTab("SSTab2", 1);
+        const auto* available = widget<QWidget>("lstAvailableFormats");
+        const auto* selected = widget<QWidget>("lstSelectedFormats2");
+        EXPECT_NEAR(available->width(), selected->width(), 12);
+        EXPECT_GT(available->height(), window()->height() / 2);
+        EXPECT_EQ(widget<QWidget>("btnNew")->y(), available->y());
+        EXPECT_LT(widget<QWidget>("btnNew")->geometry().right(), available->x());
+        EXPECT_LT(available->geometry().right(), widget<QWidget>("btnAdd")->x());
+        EXPECT_LT(widget<QWidget>("btnAdd")->geometry().right(), selected->x());
+        u.closeByFrame();
+    });
+    form.Show();
 }
 
 TEST_P(EachDialog, IsAsWideAsItsTitleAndNoNarrowerThanIsComfortable) {
@@ -212,6 +279,24 @@ TEST_P(EachDialog, ShowsAllSymbolsOfTheEditorAtOnce) {
         EXPECT_EQ(widget<QWidget>("frmPart")->width(), widget<QWidget>("frmVin")->width());
         EXPECT_EQ(widget<QWidget>("frmQty")->width(), widget<QWidget>("frmDesc")->width());
         EXPECT_EQ(widget<QWidget>("rdoPartLeft")->y(), widget<QWidget>("rdoPartRight")->y());
+        u.click("btnCancel");
+    });
+    editor.Show();
+}
+
+TEST_P(EachDialog, ArrowKeysWriteNoSymbolsOnTheWay) {
+    frmPartNumberFormat editor;
+    editor.init("");
+    user().onForm("frmPartNumberFormat", [&](User& u) {
+        u.focus("lstSpecialSymbols2");
+        press(Qt::Key_Down);
+        press(Qt::Key_Up);
+        press(Qt::Key_End);
+        EXPECT_EQ(u.see("txtHeader").text, "");
+        EXPECT_EQ(u.see("lstSpecialSymbols2").selected, 0u);
+        press(Qt::Key_Space);
+        press(Qt::Key_Return);
+        EXPECT_EQ(u.see("txtHeader").text, "<ESCAPE><ESCAPE>");
         u.click("btnCancel");
     });
     editor.Show();
@@ -436,6 +521,55 @@ TEST_F(QtLayoutTest, TheBrowseDialogsHaveRoomForTheirColumns) {
     view->onShown({});
     form.Unload();
     EXPECT_EQ(looked, 2);
+}
+
+TEST_F(QtLayoutTest, ABoxIsInTheFontOfTheDialogThatAsks) {
+    form.setFont(std::make_shared<Font>(Font{"", 15.0, true, false}));
+    lookAtBox("Text", [](QMessageBox& box) {
+        EXPECT_EQ(box.font().pointSizeF(), 15.0);
+        EXPECT_TRUE(box.font().bold());
+    });
+}
+
+/// A style that has the buttons of a dialog in an order of its own.
+class OrderedStyle : public QProxyStyle {
+  public:
+    explicit OrderedStyle(QDialogButtonBox::ButtonLayout order) : m_order(order) {}
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* of,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_DialogButtonLayout ? m_order
+                                             : QProxyStyle::styleHint(hint, option, of, more);
+    }
+
+  private:
+    QDialogButtonBox::ButtonLayout m_order;
+};
+
+TEST_F(QtLayoutTest, ButtonsAndTheTabKeyFollowTheOrderOfThePlatform) {
+    const std::map<QDialogButtonBox::ButtonLayout, Log> orders = {
+        {QDialogButtonBox::WinLayout, {"btnOK", "btnCancel", "btnApply"}},
+        {QDialogButtonBox::GnomeLayout, {"btnApply", "btnCancel", "btnOK"}}};
+    const QString style = QApplication::style()->name();
+    for (const auto& [order, names] : orders) {
+        QApplication::setStyle(new OrderedStyle(order));
+        frmMORAMConfig dialog;
+        user.onForm("frmMORAMConfig", [&, names = names](User& u) {
+            std::map<int, std::string> byPlace;
+            for (const std::string& each : names)
+                byPlace[widget<QWidget>(each)->mapTo(window(), QPoint()).x()] = each;
+            Log shown;
+            for (const auto& each : byPlace) shown.push_back(each.second);
+            EXPECT_EQ(shown, names);
+            u.focus(names.front());
+            for (std::size_t i = 1; i < names.size(); ++i) {
+                u.pressTab();
+                EXPECT_TRUE(u.see(names[i]).focus) << names[i];
+            }
+            u.click("btnCancel");
+        });
+        dialog.Show();
+    }
+    QApplication::setStyle(style);
 }
 
 TEST_F(QtLayoutTest, CtrlTabAndCtrlPageKeysTurnTheTabs) {

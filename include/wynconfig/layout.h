@@ -34,7 +34,7 @@ struct Layout {
         Single,   ///< `control` alone
         Buttons,  ///< the buttons that end the dialog: to accept, to reject, and to apply. Each
                   ///< view has them in the order of its platform.
-        Stretch  ///< empty space that takes what is left
+        Stretch   ///< empty space that takes what is left
     };
 
     Kind kind = Kind::Column;

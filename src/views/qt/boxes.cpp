@@ -3,15 +3,18 @@
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QPushButton>
+#include <QScreen>
 #include <QTextLayout>
 #include <QTreeView>
 #include <algorithm>
 
 #include "views/qt/convert.h"
+#include "wynconfig/form.h"
 
 namespace wynconfig::desktop {
 
@@ -46,11 +49,23 @@ QStringList wrap(const QString& line, const QFont& font, int width) {
     return lines;
 }
 
+/// How many characters of a font a line may have; fewer on a narrow screen.
+int widestLine(const QFontMetrics& metrics) {
+    constexpr int besides = 20;
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    int chars = widestText;
+    while (screen && chars > besides &&
+           charsWide(metrics, chars + besides) > screen->availableSize().width())
+        --chars;
+    return chars;
+}
+
 /// Breaks a line into as few as there have to be, about equally long, so that no word is left over.
 QStringList wrapEvenly(const QString& line, const QFont& font) {
     const QFontMetrics metrics(font);
-    QStringList lines = wrap(line, font, charsWide(metrics, widestText));
-    for (int chars = widestText - 1; lines.size() > 1 && chars >= leastWrapped; --chars) {
+    int chars = widestLine(metrics);
+    QStringList lines = wrap(line, font, charsWide(metrics, chars));
+    while (lines.size() > 1 && --chars >= leastWrapped) {
         QStringList narrower = wrap(line, font, charsWide(metrics, chars));
         if (narrower.size() > lines.size()) break;
         lines = std::move(narrower);
@@ -76,7 +91,7 @@ void showText(QMessageBox& box, const MessageBox& wanted) {
         width = std::max(width, metrics.horizontalAdvance(line) + 2);
     box.setText(lines.join(u'\n'));
     if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
-        label->setMinimumWidth(std::min(width, charsWide(metrics, widestText)));
+        label->setMinimumWidth(std::min(width, charsWide(metrics, widestLine(metrics))));
 }
 
 /// Gives the columns behind the names the width of what stands there, and the names the rest.
@@ -98,6 +113,8 @@ void setUp(QMessageBox& box, const MessageBox& wanted) {
     box.setWindowTitle(toQtPlain(wanted.title));
     // Names of sessions and formats stand in the text as they are, angle brackets and all.
     box.setTextFormat(Qt::PlainText);
+    // In the font of the dialog that asks.
+    if (const auto font = wanted.owner ? wanted.owner->font() : nullptr) box.setFont(toQt(*font));
     showText(box, wanted);
     box.setIcon(wanted.style & boxstyle::Critical ? QMessageBox::Critical : QMessageBox::NoIcon);
     box.setWindowFlag(Qt::WindowStaysOnTopHint, (wanted.style & boxstyle::SystemModal) != 0);

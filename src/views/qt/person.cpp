@@ -205,7 +205,7 @@ QPersistentModelIndex Person::reach(RowList& list, const std::string& text) cons
     find();
     mouseFocus(list);
     settle(static_cast<FormWindow&>(*list.window()));
-    const QPersistentModelIndex row = find();
+    QPersistentModelIndex row = find();
     list.scrollTo(row);
     return row;
 }

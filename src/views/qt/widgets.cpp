@@ -225,10 +225,16 @@ QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role
 
 namespace {
 
-/// Rows are names and tokens, whose direction is their own.
+/// Rows are names and tokens, whose direction is their own. They stand a little apart, so that the
+/// mouse hits the one that is meant.
 class RowPainter : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize tight = QStyledItemDelegate::sizeHint(option, index);
+        return {tight.width(), tight.height() + option.fontMetrics.height() / 6};
+    }
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
