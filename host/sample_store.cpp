@@ -100,9 +100,20 @@ const std::vector<SessionSample>& sessionSamples() {
     return all;
 }
 
-/// A program that a session can name. It does nothing but tell what it was called with.
+/// A program that a session can name. It leaves what it was called with, and what it got to read,
+/// in a file beside it, which appears as a whole.
+constexpr const char* kProgramText = R"sh(#!/bin/sh
+{
+  echo "Called:   $0"
+  for argument in "$@"; do echo "Argument: $argument"; done
+  echo "Got:"
+  cat
+} > "$0.received.new"
+mv "$0.received.new" "$0.received"
+)sh";
+
 void makeProgram(const fs::path& path) {
-    std::ofstream(path) << "#!/bin/sh\necho \"$0\" \"$@\"\n";
+    std::ofstream(path) << kProgramText;
     fs::permissions(path, fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
                     fs::perm_options::add);
 }
