@@ -1,6 +1,7 @@
 // The parts of the sample catalogue and their two tables on the screen.
 #include "catalogue.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -19,6 +20,7 @@
 #include <stdexcept>
 
 #include "heading.h"
+#include "parts/parts.h"
 
 namespace host {
 
@@ -27,56 +29,6 @@ namespace {
 constexpr const char* kConnection = "catalogue";
 constexpr int kMostPieces = 999;
 
-struct Part {
-    const char* number;
-    const char* description;
-    int cents;
-    int stock;
-};
-
-constexpr Part kParts[] = {
-    {"04E 115 561 T", "Oil filter", 1289, 64},
-    {"06L 115 562 B", "Oil filter insert with seal", 1745, 38},
-    {"11 42 7 953 129", "Oil filter kit", 1890, 22},
-    {"1K0 129 620 D", "Air filter element", 2215, 31},
-    {"13 71 8 513 944", "Air filter element", 2840, 17},
-    {"5Q0 819 653", "Cabin filter, activated carbon", 3190, 26},
-    {"64 11 9 237 555", "Cabin filter, fine dust", 2460, 12},
-    {"1K0 127 434 C", "Fuel filter", 4330, 9},
-    {"101 905 631 H", "Spark plug", 1420, 96},
-    {"12 12 0 040 551", "Spark plug, high power", 1875, 48},
-    {"N 108 130 05", "Glow plug", 2390, 40},
-    {"06H 905 110 G", "Ignition coil", 5480, 14},
-    {"5Q0 698 151 E", "Brake pads, front axle, set", 9860, 11},
-    {"5Q0 698 451 P", "Brake pads, rear axle, set", 7425, 13},
-    {"34 11 6 860 912", "Brake disc, front, ventilated", 12150, 8},
-    {"1K0 615 601 AA", "Brake disc, rear", 6690, 10},
-    {"1K0 609 525 B", "Brake shoe set", 5830, 4},
-    {"B 000 750 M3", "Brake fluid DOT 4, 1 l", 1595, 52},
-    {"G 052 167 M2", "Engine oil 5W-40, 1 l", 1340, 180},
-    {"G 13A 8J1 G", "Coolant additive, 1.5 l", 1780, 75},
-    {"N 013 815 7", "Drain plug seal", 145, 240},
-    {"N 908 132 02", "Oil drain plug", 390, 130},
-    {"03L 109 119 F", "Timing belt kit", 21450, 5},
-    {"03L 121 011 J", "Water pump with seal", 11990, 6},
-    {"04L 260 849 C", "V-ribbed belt", 3675, 19},
-    {"1K0 121 251 DM", "Radiator", 24800, 2},
-    {"1K0 955 425 F", "Wiper blade, driver side", 2145, 33},
-    {"1K0 955 426 G", "Wiper blade, passenger side", 1965, 35},
-    {"5G0 941 005", "Headlight, left, halogen", 31200, 1},
-    {"5G0 941 006", "Headlight, right, halogen", 31200, 2},
-    {"N 017 762 8", "Bulb H7, 12 V 55 W", 985, 88},
-    {"5G0 857 507", "Door mirror, left, heated", 18740, 3},
-    {"1K0 407 151 BC", "Track control arm, front left", 9280, 4},
-    {"1K0 411 315 R", "Coupling rod, front", 3540, 16},
-    {"1K0 413 031 BL", "Shock absorber, front", 14360, 6},
-    {"5Q0 407 621 C", "Wheel bearing unit", 13220, 5},
-    {"1K0 601 173", "Wheel bolt M14 x 1.5", 310, 260},
-    {"000 915 105 DG", "Battery 70 Ah AGM", 22390, 7},
-    {"1K0 837 015 E", "Door lock, front left", 11675, 0},
-    {"5G0 807 217 GRU", "Bumper cover, front, primed", 38950, 1},
-};
-
 void run(QSqlQuery& query) {
     if (!query.exec())
         throw std::runtime_error("The catalogue can't be made: " +
@@ -84,6 +36,7 @@ void run(QSqlQuery& query) {
 }
 
 QSqlDatabase openCatalogue() {
+    QSqlDatabase::removeDatabase(kConnection);  // that of an earlier window
     QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), kConnection);
     database.setDatabaseName(QStringLiteral(":memory:"));
     if (!database.open())
@@ -92,12 +45,13 @@ QSqlDatabase openCatalogue() {
     QSqlQuery query(database);
     query.prepare(
         QStringLiteral("CREATE TABLE part (number TEXT PRIMARY KEY, description TEXT, "
-                       "cents INTEGER, stock INTEGER, quantity INTEGER)"));
+                       "part_group TEXT, cents INTEGER, stock INTEGER, quantity INTEGER)"));
     run(query);
-    query.prepare(QStringLiteral("INSERT INTO part VALUES (?, ?, ?, ?, 0)"));
-    for (const Part& part : kParts) {
-        query.addBindValue(QString::fromUtf8(part.number));
-        query.addBindValue(QString::fromUtf8(part.description));
+    query.prepare(QStringLiteral("INSERT INTO part VALUES (?, ?, ?, ?, ?, 0)"));
+    for (const CataloguePart& part : catalogueParts()) {
+        query.addBindValue(part.number);
+        query.addBindValue(part.description);
+        query.addBindValue(part.group);
         query.addBindValue(part.cents);
         query.addBindValue(part.stock);
         run(query);
@@ -139,11 +93,12 @@ QTableView* makeTable(QAbstractItemModel& model) {
     const auto width = [&](const char* widest) {
         return table->fontMetrics().horizontalAdvance(QString::fromUtf8(widest)) + 30;
     };
-    header.resizeSection(CatalogueModel::PartNumber, width("00 00 0 000 000 WW"));
+    header.resizeSection(CatalogueModel::PartNumber, width("00-0000-W"));
     header.resizeSection(CatalogueModel::Price, width("Price (EUR)"));
     header.resizeSection(CatalogueModel::Stock, width("Stock"));
     header.resizeSection(CatalogueModel::Quantity, width("Quantity"));
     header.setSectionResizeMode(CatalogueModel::Description, QHeaderView::Stretch);
+    table->hideColumn(CatalogueModel::Group);
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     return table;
 }
@@ -153,13 +108,16 @@ QTableView* makeTable(QAbstractItemModel& model) {
 CatalogueModel::CatalogueModel(QObject* parent) : QSqlTableModel(parent, openCatalogue()) {
     setTable(QStringLiteral("part"));
     setEditStrategy(OnFieldChange);
-    const std::array<QString, ColumnCount> headings = {
-        tr("Part number"), tr("Description"), tr("Price (EUR)"), tr("Stock"), tr("Quantity")};
+    const std::array<QString, ColumnCount> headings = {tr("Part number"), tr("Description"),
+                                                       tr("Group"),       tr("Price (EUR)"),
+                                                       tr("Stock"),       tr("Quantity")};
     for (int column = 0; column < ColumnCount; ++column)
         setHeaderData(column, Qt::Horizontal, headings[static_cast<std::size_t>(column)]);
     if (!select())
         throw std::runtime_error("The catalogue can't be read: " +
                                  lastError().text().toStdString());
+    // The database gives its rows in portions; the parts list is made from all of them.
+    while (canFetchMore()) fetchMore();
 }
 
 QVariant CatalogueModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -216,6 +174,28 @@ void CatalogueModel::clearQuantities() {
     }
 }
 
+QStringList CatalogueModel::groups() const {
+    QStringList groups;
+    for (int row = 0; row < rowCount(); ++row) groups << group(row);
+    groups.removeDuplicates();
+    return groups;
+}
+
+QString CatalogueModel::group(int row) const {
+    return QSqlTableModel::data(index(row, Group), Qt::EditRole).toString();
+}
+
+void FoundParts::setGroup(const QString& group) {
+    m_group = group;
+    invalidateFilter();
+}
+
+bool FoundParts::filterAcceptsRow(int row, const QModelIndex& parent) const {
+    const auto& parts = *static_cast<const CatalogueModel*>(sourceModel());
+    return (m_group.isEmpty() || parts.group(row) == m_group) &&
+           QSortFilterProxyModel::filterAcceptsRow(row, parent);
+}
+
 bool PickedParts::filterAcceptsRow(int row, const QModelIndex&) const {
     return static_cast<const CatalogueModel*>(sourceModel())->quantity(row) > 0;
 }
@@ -223,7 +203,7 @@ bool PickedParts::filterAcceptsRow(int row, const QModelIndex&) const {
 CatalogueWidget::CatalogueWidget(QWidget* parent)
     : QWidget(parent),
       m_parts(new CatalogueModel(this)),
-      m_found(new QSortFilterProxyModel(this)),
+      m_found(new FoundParts(this)),
       m_picked(new PickedParts(this)) {
     m_found->setSourceModel(m_parts);
     m_found->setFilterCaseSensitivity(Qt::CaseInsensitive);
@@ -242,7 +222,10 @@ CatalogueWidget::CatalogueWidget(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(splitter);
 
-    connect(m_parts, &CatalogueModel::quantitiesChanged, this, &CatalogueWidget::tell);
+    connect(m_parts, &CatalogueModel::quantitiesChanged, this, [this] {
+        tell();
+        emit partsListChanged();
+    });
     tell();
 }
 
@@ -253,15 +236,23 @@ QWidget* CatalogueWidget::makeCatalogue() {
     auto* searchLabel = new QLabel(tr("Sea&rch:"));
     searchLabel->setBuddy(m_search);
     m_count = new QLabel;
+    m_group = new QComboBox;
+    m_group->addItem(tr("All groups"));
+    m_group->addItems(m_parts->groups());
+    auto* groupLabel = new QLabel(tr("&Group:"));
+    groupLabel->setBuddy(m_group);
     m_catalogueView = makeTable(*m_found);
     m_catalogueView->setSortingEnabled(true);
     m_catalogueView->sortByColumn(CatalogueModel::Description, Qt::AscendingOrder);
     m_catalogueView->selectRow(0);
+    m_catalogueView->setObjectName(QStringLiteral("catalogue"));
     QLabel* title = makeHeading(tr("Parts catalog&ue"), *m_catalogueView);
 
     auto* line = new QHBoxLayout;
     line->addWidget(searchLabel);
     line->addWidget(m_search, 1);
+    line->addWidget(groupLabel);
+    line->addWidget(m_group);
     line->addWidget(m_count);
     auto* widget = new QWidget;
     auto* column = new QVBoxLayout(widget);
@@ -272,6 +263,10 @@ QWidget* CatalogueWidget::makeCatalogue() {
 
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_found->setFilterFixedString(text.trimmed());
+        tell();
+    });
+    connect(m_group, &QComboBox::currentIndexChanged, this, [this](int chosen) {
+        m_found->setGroup(chosen == 0 ? QString() : m_group->currentText());
         tell();
     });
     connect(m_search, &QLineEdit::returnPressed, m_catalogueView, [this] {
@@ -312,6 +307,19 @@ bool CatalogueWidget::pick(const QString& partNumber, int pieces) {
     return !found.isEmpty() &&
            m_parts->setData(found.front().siblingAtColumn(CatalogueModel::Quantity), pieces,
                             Qt::EditRole);
+}
+
+std::vector<PickedPart> CatalogueWidget::partsList() const {
+    std::vector<PickedPart> parts;
+    for (int row = 0; row < m_picked->rowCount(); ++row) {
+        const auto field = [&](int column) {
+            return m_picked->index(row, column).data(Qt::EditRole);
+        };
+        parts.push_back({field(CatalogueModel::PartNumber).toString().toStdString(),
+                         field(CatalogueModel::Quantity).toInt(),
+                         field(CatalogueModel::Description).toString().toStdString()});
+    }
+    return parts;
 }
 
 void CatalogueWidget::clearPartsList() {

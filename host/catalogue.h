@@ -3,8 +3,13 @@
 
 #include <QSortFilterProxyModel>
 #include <QSqlTableModel>
+#include <QStringList>
 #include <QWidget>
+#include <vector>
 
+#include "sending/parts_list.h"
+
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -18,7 +23,7 @@ class CatalogueModel : public QSqlTableModel {
     Q_OBJECT
 
   public:
-    enum Column { PartNumber, Description, Price, Stock, Quantity, ColumnCount };
+    enum Column { PartNumber, Description, Group, Price, Stock, Quantity, ColumnCount };
 
     /// Opens the database and fills it. Raises `std::runtime_error` when that fails.
     explicit CatalogueModel(QObject* parent = nullptr);
@@ -28,10 +33,29 @@ class CatalogueModel : public QSqlTableModel {
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     int quantity(int row) const;
+    QString group(int row) const;
+    /// All groups, in the order of their first parts.
+    QStringList groups() const;
     void clearQuantities();
 
   signals:
     void quantitiesChanged();
+};
+
+/// The rows of the catalogue that the user looks for, by text and by group.
+class FoundParts : public QSortFilterProxyModel {
+    Q_OBJECT
+
+  public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+    /// @param group  the empty string for all
+    void setGroup(const QString& group);
+
+  protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+
+  private:
+    QString m_group;
 };
 
 /// The rows of the catalogue that were picked.
@@ -57,6 +81,11 @@ class CatalogueWidget : public QWidget {
     /// @return whether there is such a part
     bool pick(const QString& partNumber, int pieces);
     void clearPartsList();
+    /// The parts list, in the order in which it is shown.
+    std::vector<PickedPart> partsList() const;
+
+  signals:
+    void partsListChanged();
 
   private:
     QWidget* makeCatalogue();
@@ -64,9 +93,10 @@ class CatalogueWidget : public QWidget {
     void tell();
 
     CatalogueModel* m_parts;
-    QSortFilterProxyModel* m_found;
+    FoundParts* m_found;
     PickedParts* m_picked;
     QLineEdit* m_search = nullptr;
+    QComboBox* m_group = nullptr;
     QTableView* m_catalogueView = nullptr;
     QLabel* m_count = nullptr;
     QLabel* m_total = nullptr;

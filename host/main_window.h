@@ -1,4 +1,5 @@
-// The host's main window: the catalogue, and the sessions beside it.
+// The host's main window: the catalogue, and beside it the pages of sending, of the sessions and of
+// what was deleted.
 #pragma once
 
 #include <QMainWindow>
@@ -6,9 +7,13 @@
 #include "sample_store.h"
 #include "wynconfig/wynconfig.h"
 
+class QTabWidget;
+
 namespace host {
 
 class CatalogueWidget;
+class DeletedPanel;
+class SendPanel;
 class SessionPanel;
 
 class MainWindow : public QMainWindow {
@@ -20,12 +25,20 @@ class MainWindow : public QMainWindow {
 
     CatalogueWidget& catalogue() { return *m_catalogue; }
     SessionPanel& sessions() { return *m_sessions; }
+    SendPanel& sending() { return *m_send; }
+    /// Each brings its page to the front.
+    void showSessions();
+    void showSending();
 
   private:
+    QWidget* makePages();
     void makeMenus();
 
     CatalogueWidget* m_catalogue;
+    SendPanel* m_send;
     SessionPanel* m_sessions;
+    DeletedPanel* m_deleted;
+    QTabWidget* m_pages = nullptr;
 };
 
 }  // namespace host

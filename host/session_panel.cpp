@@ -17,25 +17,13 @@
 #include <exception>
 
 #include "heading.h"
+#include "store_items.h"
 
 namespace host {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr const char* kItemEnding = ".vla";
-
-/// Names of the sessions in the store, in the order of their names.
-QStringList sessionNames(const StoreFolders& store) {
-    QStringList names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(store.sessions())) {
-        if (entry.is_regular_file() && entry.path().extension() == kItemEnding)
-            names << QString::fromStdString(entry.path().stem().string());
-    }
-    names.sort();
-    return names;
-}
 
 /// Of several files the one that was written last; deleted ones count before all others.
 const FileChange& lastOf(const std::vector<FileChange>& changes, const fs::path& root) {
@@ -83,6 +71,7 @@ QWidget* SessionPanel::makeSessions() {
     m_sessions = new QListWidget;
     QLabel* title = makeHeading(tr("S&essions"), *m_sessions);
     connect(m_sessions, &QListWidget::currentRowChanged, this, &SessionPanel::enableActions);
+    connect(m_sessions, &QListWidget::currentTextChanged, this, &SessionPanel::sessionSelected);
     connect(m_sessions, &QListWidget::itemActivated, m_configure, &QAction::trigger);
 
     auto* buttons = new QVBoxLayout;
@@ -143,9 +132,14 @@ void SessionPanel::selectSession(const std::string& name) {
     if (!found.isEmpty()) m_sessions->setCurrentItem(found.front());
 }
 
+void SessionPanel::refresh() {
+    listSessions(selectedSession());
+}
+
 void SessionPanel::listSessions(const std::string& select) {
     m_sessions->clear();
-    m_sessions->addItems(sessionNames(m_store));
+    for (const std::string& name : itemNames(m_store.sessions()))
+        m_sessions->addItem(QString::fromStdString(name));
     m_sessions->setCurrentRow(0);
     selectSession(select);
 }
@@ -171,6 +165,7 @@ Outcome SessionPanel::perform(const Operation& operation) {
     showOutcome(outcome);
     showChanges(before, takeSnapshot(m_store.root));
     listSessions(outcome.name.empty() ? selected : outcome.name);
+    emit storeChanged();
     return outcome;
 }
 

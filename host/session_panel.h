@@ -29,6 +29,13 @@ class SessionPanel : public QWidget {
     /// Raises `std::exception` when the store can't be read.
     Outcome perform(const Operation& operation);
     void selectSession(const std::string& name);
+    /// Lists the sessions anew, when something else than an operation changed the store.
+    void refresh();
+
+  signals:
+    void sessionSelected(const QString& name);
+    /// An operation was called.
+    void storeChanged();
 
   private:
     void makeActions();

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "catalogue.h"
+#include "send_panel.h"
 #include "session_panel.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/error.h"
@@ -170,8 +171,17 @@ void Tour::pickPart(const std::string& partNumber, int pieces) {
            "the catalogue has no part " + partNumber);
 }
 
+void Tour::send(const std::string& session, const std::string& file, const std::string& content) {
+    m_window->showSending();
+    m_window->sending().selectSession(QString::fromStdString(session));
+    m_window->sending().send();
+    const fs::path path = m_sampleStore.lists() / file;
+    expectText(fs::exists(path) ? readFile(path) : "nothing", content, file);
+}
+
 void Tour::perform(const std::string& operationId, const std::string& session,
                    const Outcome& expected) {
+    m_window->showSessions();
     m_window->sessions().selectSession(session);
     const Outcome outcome = m_window->sessions().perform(operationOf(operationId));
     say("the operation gave " + outcomeText(outcome));

@@ -48,6 +48,9 @@ class Tour {
 
     /// Puts a part into the host's parts list.
     void pickPart(const std::string& partNumber, int pieces);
+    /// Sends the parts list by a session of the sample store, and expects this to be the file that
+    /// it writes. (The copy's sessions still name the folders of the sample store itself.)
+    void send(const std::string& session, const std::string& file, const std::string& content);
     /// Calls an operation of the panel on a session, and expects this of it.
     void perform(const std::string& operationId, const std::string& session,
                  const Outcome& expected);

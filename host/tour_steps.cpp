@@ -46,10 +46,20 @@ Rows expectedRows(const Tour& tour) {
 }
 
 void showHost(Tour& tour) {
-    tour.pickPart("04E 115 561 T", 2);
-    tour.pickPart("1K0 129 620 D", 1);
-    tour.pickPart("G 052 167 M2", 5);
+    tour.pickPart("10-0120", 2);
+    tour.pickPart("10-0183", 1);
+    tour.pickPart("10-0350", 5);
     tour.hostPicture("host");
+}
+
+void sendList(Tour& tour) {
+    tour.say("a session that writes a file gets the parts list");
+    tour.send("WEB SHOP EXPORT", "web-shop.csv",
+              "Part number,Quantity,Description\r\n"
+              "10-0120,2,\"Oil filter\"\r\n"
+              "10-0183,1,\"Air filter element\"\r\n"
+              "10-0350,5,\"Engine oil 5W-30, 1 l\"\r\n");
+    tour.hostPicture("host-sent");
 }
 
 /// Names that are refused, then a good one.
@@ -222,6 +232,7 @@ void takeSessionBack(Tour& tour) {
 const std::vector<TourStep>& tourSteps() {
     static const std::vector<TourStep> all = {
         {"the host and the sample store", showHost},
+        {"send the parts list", sendList},
         {"add a session on the base of another one", addSession},
         {"open it again and cancel", cancelSession},
         {"give it another name", renameSession},

@@ -130,11 +130,10 @@ TEST_F(Sending, WritesTheFileBeforeItStartsTheProgram) {
     ASSERT_EQ(m_starter.started.size(), 1U);
     EXPECT_TRUE(m_starter.fileWasThere);
     EXPECT_EQ(m_starter.started.front().list.text, "AA-1,BB-2");
-    EXPECT_EQ(report.done,
-              (std::vector<std::string>{
-                  "The list was written to " + file().string() + " (4 bytes).",
-                  "Started \"/opt/order desk\" /quiet \"two words\"; it gets the list after 1.5 s "
-                  "(9 bytes)."}));
+    EXPECT_EQ(report.done, (std::vector<std::string>{
+                               "The list was written to " + file().string() + " (4 bytes).",
+                               "Started /opt/order desk; it gets the list after 1.5 s "
+                               "(9 bytes)."}));
 }
 
 TEST_F(Sending, AppendsWhenTheSessionSaysSo) {
@@ -248,9 +247,8 @@ TEST_F(Sending, TellsWhatWasDoneBeforeTheProgramFailed) {
 TEST_F(Sending, TellsThatTheListGoesOverAtOnce) {
     m_session.launchDelay = "0";
     m_session.fileFormat = "";
-    EXPECT_EQ(
-        carryOut(plan(), m_starter).done.front(),
-        "Started \"/opt/order desk\" /quiet \"two words\"; it gets the list at once (9 bytes).");
+    EXPECT_EQ(carryOut(plan(), m_starter).done.front(),
+              "Started /opt/order desk; it gets the list at once (9 bytes).");
 }
 
 TEST_F(Sending, RemarksOnCutValuesAndPagesOncePerFormat) {

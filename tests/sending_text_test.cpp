@@ -97,20 +97,20 @@ TEST(Vin, HintsAtACharacterThatNoVinHas) {
     EXPECT_EQ(vinHint("ZÖ"), "A VIN has no \"Ö\".");
 }
 
-TEST(VisibleText, ShowsControlCharactersAsPicturesAndKeepsTheLines) {
-    EXPECT_EQ(visibleText("a\tb\r\nc\n\x1B@"), "a␉b␍␊\nc␊\n␛@");
-    EXPECT_EQ(visibleText("\x7F"), "␡");
-    EXPECT_EQ(visibleText(std::string(1, '\0')), "␀");
+TEST(VisibleText, NamesControlCharactersAndKeepsTheLines) {
+    EXPECT_EQ(visibleText("a\tb\r\nc\n\x1B@"), "a‹TAB›b‹CR›‹LF›\nc‹LF›\n‹ESC›@");
+    EXPECT_EQ(visibleText("\x7F\x07"), "‹7F›‹07›");
+    EXPECT_EQ(visibleText(std::string(1, '\0')), "‹00›");
 }
 
 TEST(VisibleText, EndsALineBehindACarriageReturnAlone) {
-    EXPECT_EQ(visibleText("a\rb"), "a␍\nb");
-    EXPECT_EQ(visibleText("a\r"), "a␍\n");
+    EXPECT_EQ(visibleText("a\rb"), "a‹CR›\nb");
+    EXPECT_EQ(visibleText("a\r"), "a‹CR›\n");
 }
 
-TEST(VisibleText, KeepsOtherTextAndMarksBytesThatAreNoUtf8) {
+TEST(VisibleText, KeepsOtherTextAndShowsBytesThatAreNoUtf8) {
     EXPECT_EQ(visibleText("Öl 5€ <x>"), "Öl 5€ <x>");
-    EXPECT_EQ(visibleText("a\xFFz"), "a\xEF\xBF\xBDz");
+    EXPECT_EQ(visibleText("a\xFFz"), "a‹FF›z");
 }
 
 }  // namespace

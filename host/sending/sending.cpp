@@ -114,7 +114,7 @@ std::string told(const ProgramStep& step) {
     const std::string handing = step.delay.count() == 0
                                     ? "it gets the list at once"
                                     : "it gets the list after " + seconds(step.delay) + " s";
-    return "Started " + textOf(step.command) + "; " + handing + " (" +
+    return "Started " + step.command.program + "; " + handing + " (" +
            std::to_string(step.list.text.size()) + " bytes).";
 }
 

@@ -1,4 +1,4 @@
-// Pictures for control characters.
+// Names for control characters.
 #include "visible_text.h"
 
 #include "characters.h"
@@ -10,19 +10,28 @@ namespace {
 constexpr unsigned char kFirstPrintable = 0x20;
 constexpr unsigned char kDelete = 0x7F;
 constexpr unsigned char kFirstBeyondAscii = 0x80;
-constexpr const char* kReplacement = "\xEF\xBF\xBD";    // U+FFFD
-constexpr const char* kDeletePicture = "\xE2\x90\xA1";  // U+2421
-constexpr const char* kPicturesLead = "\xE2\x90";       // U+2400 and on, but for the last byte
-constexpr unsigned char kFirstPictureByte = 0x80;
+
+std::string nameOf(unsigned char byte) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    switch (byte) {
+        case '\t':
+            return "TAB";
+        case '\n':
+            return "LF";
+        case '\r':
+            return "CR";
+        case 0x1B:
+            return "ESC";
+        default:
+            return {kDigits[byte >> 4], kDigits[byte & 0xF]};
+    }
+}
 
 void addVisible(std::string& text, std::string_view character) {
     const auto first = static_cast<unsigned char>(character.front());
-    if (first < kFirstPrintable)
-        text.append(kPicturesLead) += static_cast<char>(kFirstPictureByte + first);
-    else if (first == kDelete)
-        text += kDeletePicture;
-    else if (character.size() == 1 && first >= kFirstBeyondAscii)
-        text += kReplacement;
+    const bool noUtf8 = character.size() == 1 && first >= kFirstBeyondAscii;
+    if (first < kFirstPrintable || first == kDelete || noUtf8)
+        text += "‹" + nameOf(first) + "›";
     else
         text += character;
 }

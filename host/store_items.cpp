@@ -1,0 +1,56 @@
+// Listing and loading items.
+#include "store_items.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "wynconfig/dataset.h"
+#include "wynconfig/error.h"
+
+namespace host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kItemEnding = ".vla";
+
+/// @param kind  the word for such an item
+void load(wynconfig::Dataset& record, const fs::path& folder, const std::string& name,
+          const std::string& kind) {
+    try {
+        record.Load(wynconfig::ItemPath::item(folder.string() + "/", name));
+    } catch (const wynconfig::Error& error) {
+        const std::string why = error.number() == wynconfig::errc::FileNotFound
+                                    ? "it is not in the store."
+                                    : error.description();
+        throw std::runtime_error("The " + kind + " " + name + " can't be read: " + why);
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> itemNames(const fs::path& folder) {
+    std::vector<std::string> names;
+    if (!fs::is_directory(folder)) return names;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        if (entry.is_regular_file() && entry.path().extension() == kItemEnding)
+            names.push_back(entry.path().stem().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+Session loadSession(const StoreFolders& store, const std::string& name) {
+    wynconfig::Dataset record;
+    load(record, store.sessions(), name, "session");
+    return readSession(record);
+}
+
+PartFormat loadPartFormat(const StoreFolders& store, const std::string& name) {
+    wynconfig::Dataset record;
+    load(record, store.formats(), name, "part format");
+    return readPartFormat(record);
+}
+
+}  // namespace host

@@ -1,0 +1,76 @@
+// The sample host's window on a sample store of its own, for the tests that look at it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "catalogue.h"
+#include "main_window.h"
+#include "sample_store.h"
+#include "store_snapshot.h"
+#include "wynconfig/resource_manager.h"
+
+namespace host {
+
+/// The pages of the window, in their order.
+enum Page { SendPage, SessionsPage, DeletedPage, PageCount };
+
+class HostWindow : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        static int count = 1;
+        static char name[] = "test";
+        static char* arguments[] = {name, nullptr};
+        if (!QCoreApplication::instance()) new QApplication(count, arguments);
+    }
+
+    void SetUp() override {
+        component.InitResourceManager(wynconfig::makeBundleResourceManager(WYNCONFIG_RESOURCES));
+        makeSampleStore(component, store);
+        window = std::make_unique<MainWindow>(component, store);
+        window->show();
+        QCoreApplication::processEvents();
+    }
+
+    template <class W>
+    W& widget(const char* name) const {
+        W* found = window->findChild<W*>(QString::fromUtf8(name));
+        if (!found) throw std::runtime_error(std::string("the window has no ") + name);
+        return *found;
+    }
+
+    std::string text(const char* box) const {
+        return widget<QPlainTextEdit>(box).toPlainText().toStdString();
+    }
+
+    void choose(const char* comboBox, const QString& item) const {
+        auto& box = widget<QComboBox>(comboBox);
+        ASSERT_GE(box.findText(item), 0) << item.toStdString();
+        box.setCurrentIndex(box.findText(item));
+    }
+
+    void click(const char* button) const { widget<QPushButton>(button).click(); }
+
+    void pick(const char* partNumber, int pieces) const {
+        ASSERT_TRUE(window->catalogue().pick(QString::fromUtf8(partNumber), pieces)) << partNumber;
+    }
+
+    QTabWidget& pages() const { return *window->centralWidget()->findChild<QTabWidget*>(); }
+
+    QTemporaryDir folder;
+    StoreFolders store{std::filesystem::path(folder.path().toStdString()) / "a store"};
+    wynconfig::WYNConfig component;
+    std::unique_ptr<MainWindow> window;
+};
+
+}  // namespace host
