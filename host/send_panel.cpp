@@ -44,8 +44,10 @@ QString previewOf(const Expansion& list) {
 }
 
 QStringList linesOf(const FileStep& step) {
-    const QString what = step.file.append ? SendPanel::tr("  %1 bytes are appended, laid out by %2")
-                                          : SendPanel::tr("  becomes %1 bytes, laid out by %2");
+    const QString what =
+        step.file.append
+            ? SendPanel::tr("  gets %1 bytes behind what it holds, laid out by %2")
+            : SendPanel::tr("  gets %1 bytes in place of what it holds, laid out by %2");
     return {SendPanel::tr("File: %1").arg(fromText(step.file.path.string())),
             what.arg(step.list.text.size()).arg(fromText(step.formatName))};
 }

@@ -34,8 +34,6 @@ class SendPanel : public QWidget {
     void selectSession(const QString& name);
     /// Reads the store anew, and keeps what was chosen as far as it is still there.
     void readStore();
-
-  public slots:
     /// Sends the list, and says what came of it.
     void send();
 

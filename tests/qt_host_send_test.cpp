@@ -108,7 +108,7 @@ TEST_F(HostSend, ShowsTheCommandLineAndTheFile) {
     EXPECT_TRUE(holds(planned(), "on its standard input after 2 s"));
     choose("session", "STOCK TAKING");
     EXPECT_TRUE(holds(planned(), "File: " + list("stock.txt").string()));
-    EXPECT_TRUE(holds(planned(), "appended, laid out by FIXED WIDTH"));
+    EXPECT_TRUE(holds(planned(), "bytes behind what it holds, laid out by FIXED WIDTH"));
     EXPECT_TRUE(holds(planned(), "No program is started."));
     EXPECT_FALSE(widget<QComboBox>("partFormat").isEnabled());
 }
