@@ -1,0 +1,161 @@
+// From the database into the dialogs and back.
+#include "memory_sessions.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "names.h"
+#include "wynconfig/dataset.h"
+
+namespace host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kSessionType = "MORAM";
+constexpr const char* kFormatType = "PARTFORMAT";
+constexpr const char* kForbidden = "\\/:*?\"<>|.";
+
+/// Whether an item of the database is the record that its name promises.
+bool isWhole(const StoredItem& item, const char* type) {
+    try {
+        return readItem(item.xml, type).name == item.name;
+    } catch (const DatabaseError&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+RefusedEdit::RefusedEdit(const std::string& reason, MemoryEdit edit,
+                         std::vector<Conflict> conflicts)
+    : DatabaseError(reason), m_edit(std::move(edit)), m_conflicts(std::move(conflicts)) {}
+
+MemorySessions::MemorySessions(wynconfig::WYNConfig& component, SessionDatabase& database,
+                               fs::path storeRoot)
+    : m_component(component), m_database(database), m_storeRoot(std::move(storeRoot)) {}
+
+std::set<std::string> MemorySessions::factorySessions() const {
+    return itemNames(m_storeRoot / "MORAM");
+}
+
+std::set<std::string> MemorySessions::factoryFormats() const {
+    return itemNames(m_storeRoot / "PARTFORMAT");
+}
+
+std::vector<StoredItem> MemorySessions::formatsToHandIn(std::string& leftOut) {
+    // What is not handed in does not come back, and must not be taken for deleted: factory items,
+    // which the component drops, and rows that are no records.
+    const std::set<std::string> factory = factoryFormats();
+    std::vector<StoredItem> formats;
+    for (StoredItem& item : m_database.items(ItemKind::Format)) {
+        if (factory.contains(item.name)) continue;
+        if (isWhole(item, kFormatType))
+            formats.push_back(std::move(item));
+        else
+            leftOut += "The part format " + item.name + " is damaged and was left out. ";
+    }
+    return formats;
+}
+
+Outcome MemorySessions::configure(const std::string& name) {
+    MemoryEdit edit;
+    edit.sessionBefore = m_database.item(ItemKind::Session, name);
+    if (!edit.sessionBefore)
+        throw DatabaseError("The session " + upperName(name) + " is no longer in the database.");
+    if (!isWhole(*edit.sessionBefore, kSessionType))
+        throw DatabaseError("The session " + upperName(name) + " of the database is damaged.");
+    Outcome outcome{0, edit.sessionBefore->name, {}};
+    edit.formatsBefore = formatsToHandIn(outcome.text);
+    std::vector<std::string> texts;
+    for (const StoredItem& format : edit.formatsBefore) texts.push_back(format.xml);
+    outcome.result = m_component.showMORAMConfigDlgEX(outcome.name, edit.sessionBefore->xml, texts);
+    if (outcome.result != 0) return outcome;
+    takeBack(edit);
+    outcome.text += store(edit).text;
+    return outcome;
+}
+
+Outcome MemorySessions::add() {
+    Outcome outcome;
+    outcome.result = m_component.showAddMORAMConfigDlgEX(outcome.name);
+    if (outcome.result != 0) return outcome;
+    MemoryEdit edit;
+    takeBack(edit);
+    return store(edit);
+}
+
+Outcome MemorySessions::takeOver(const fs::path& root, const std::string& session,
+                                 const std::string& name) {
+    if (!m_component.MigrateSession(root.string() + "/", session))
+        return {1, {}, "The session, or one of its part formats, is not in that store."};
+    MemoryEdit edit;
+    takeBack(edit);
+    return store(underAnotherName(std::move(edit), name, {}, {}));
+}
+
+void MemorySessions::remove(ItemKind kind, const StoredItem& item) {
+    m_database.store({{Change::Act::Delete, kind, item.name, {}, item.version}});
+}
+
+void MemorySessions::takeBack(MemoryEdit& edit) {
+    edit.session = readItem(m_component.GetDatasetSessionData(), kSessionType);
+    const std::set<std::string> factory = factoryFormats();
+    std::set<std::string> names;
+    for (const std::string& xml : m_component.GetDatasetFormatsData()) {
+        if (xml.empty()) continue;
+        Item format = readItem(xml, kFormatType);
+        // The text of a record that can't be saved is that of another one.
+        if (!names.insert(format.name).second)
+            throw DatabaseError("The part format " + format.name +
+                                " came back twice. Nothing was stored.");
+        if (!factory.contains(format.name)) edit.formats.push_back(std::move(format));
+    }
+}
+
+std::vector<Change> MemorySessions::changesToStore(MemoryEdit edit) {
+    const std::vector<StoredItem> handedIn = edit.formatsBefore;
+    const auto wasHandedIn = [&](const std::string& name) {
+        return std::any_of(handedIn.begin(), handedIn.end(),
+                           [&](const StoredItem& each) { return each.name == name; });
+    };
+    for (const Item& format : edit.formats) {
+        if (wasHandedIn(format.name)) continue;
+        auto stored = m_database.item(ItemKind::Format, format.name);
+        if (stored && isWhole(*stored, kFormatType) && sameRecord(stored->xml, format.xml))
+            edit.formatsBefore.push_back(std::move(*stored));
+    }
+    return changesOf(edit);
+}
+
+void MemorySessions::checkName(const MemoryEdit& edit) const {
+    const std::string& name = edit.session.name;
+    if (name.empty() || name.find_first_of(kForbidden) != std::string::npos)
+        throw RefusedEdit("A session can't be named \"" + name +
+                              "\": a name has a character at least, and none of " + kForbidden,
+                          edit);
+    const bool kept = edit.sessionBefore && edit.sessionBefore->name == name;
+    if (!kept && factorySessions().contains(name))
+        throw RefusedEdit("The store has a session " + name + " of its own.", edit);
+}
+
+Outcome MemorySessions::store(const MemoryEdit& edit) {
+    checkName(edit);
+    try {
+        m_database.store(changesToStore(edit));
+    } catch (const ConflictError& error) {
+        throw RefusedEdit(error.what(), edit, error.conflicts());
+    } catch (const DatabaseError& error) {
+        throw RefusedEdit(error.what(), edit);
+    }
+    return {0, edit.session.name, "Stored in the database."};
+}
+
+Outcome MemorySessions::storeUnderAnotherName(const RefusedEdit& refused, const std::string& name) {
+    std::set<std::string> taken = factoryFormats();
+    for (const StoredItem& item : m_database.items(ItemKind::Format)) taken.insert(item.name);
+    return store(underAnotherName(refused.edit(), name, refused.conflicts(), taken));
+}
+
+}  // namespace host
