@@ -280,7 +280,7 @@ QWidget* CatalogueWidget::makePartsList() {
     QTableView* table = makeTable(*m_picked);
     QLabel* title = makeHeading(tr("Parts l&ist"), *table);
     m_total = new QLabel;
-    m_clear = new QPushButton(tr("C&lear list"));
+    m_clear = new QPushButton(tr("Clear list"));
     connect(m_clear, &QPushButton::clicked, this, &CatalogueWidget::clearPartsList);
 
     auto* line = new QHBoxLayout;

@@ -4,7 +4,7 @@
 #include <QCoreApplication>
 #include <stdexcept>
 
-#include "store_items.h"
+#include "database/names.h"
 
 namespace host {
 
@@ -16,6 +16,14 @@ constexpr const char* kDeletedFolder = "deleted";
 
 fs::path folderOf(const StoreFolders& store, DeletedItem::Kind kind) {
     return kind == DeletedItem::Kind::Session ? store.sessions() : store.formats();
+}
+
+/// The item file of an upper-cased name, as it is spelt on disk, or as it would be.
+fs::path fileOf(const fs::path& folder, const std::string& name) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        if (upperName(entry.path().stem().string()) == name) return entry.path();
+    }
+    return folder / (name + ".vla");
 }
 
 }  // namespace
@@ -31,14 +39,14 @@ std::vector<DeletedItem> deletedItems(const StoreFolders& store) {
 
 void restoreItem(const StoreFolders& store, const DeletedItem& item) {
     const fs::path folder = folderOf(store, item.kind);
-    for (const std::string& name : itemNames(folder)) {
-        if (QString::fromStdString(name).compare(item.name, Qt::CaseInsensitive) == 0)
-            throw std::runtime_error("There is a " + wordsFor(item.kind).toLower().toStdString() +
-                                     " named " + name + " already; nothing was restored.");
-    }
-    const std::string file = item.name.toStdString() + ".vla";
+    const std::string name = upperName(item.name.toStdString());
+    if (const fs::path there = fileOf(folder, name); fs::exists(there))
+        throw std::runtime_error("There is a " + wordsFor(item.kind).toLower().toStdString() +
+                                 " named " + there.stem().string() +
+                                 " already; nothing was restored.");
+    const fs::path file = fileOf(folder / kDeletedFolder, name);
     std::error_code failure;
-    fs::rename(folder / kDeletedFolder / file, folder / file, failure);
+    fs::rename(file, folder / file.filename(), failure);
     if (failure)
         throw std::runtime_error(item.name.toStdString() +
                                  " can't be restored: " + failure.message() + ".");

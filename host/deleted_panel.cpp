@@ -38,9 +38,9 @@ QTableWidget* makeTable() {
 
 }  // namespace
 
-DeletedPanel::DeletedPanel(StoreFolders store, QWidget* parent)
+DeletedPanel::DeletedPanel(const StoreFolders& store, QWidget* parent)
     : QWidget(parent),
-      m_store(std::move(store)),
+      m_store(store),
       m_table(makeTable()),
       m_restore(new QPushButton(tr("Res&tore"))),
       m_outcome(new QLabel) {

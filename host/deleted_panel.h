@@ -17,7 +17,8 @@ class DeletedPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit DeletedPanel(StoreFolders store, QWidget* parent = nullptr);
+    /// @param store  the folders to read; has to outlive the panel, which follows its changes
+    explicit DeletedPanel(const StoreFolders& store, QWidget* parent = nullptr);
 
     /// Looks into the folders anew.
     void readStore();
@@ -32,7 +33,7 @@ class DeletedPanel : public QWidget {
   private:
     void restore();
 
-    StoreFolders m_store;
+    const StoreFolders& m_store;
     std::vector<DeletedItem> m_items;
     QTableWidget* m_table;
     QPushButton* m_restore;

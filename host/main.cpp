@@ -3,11 +3,15 @@
 #include <QCommandLineParser>
 #include <cstdio>
 #include <exception>
+#include <optional>
+#include <utility>
 
 #include "installed_view.h"
+#include "language.h"
 #include "main_window.h"
 #include "sample_store.h"
 #include "tour.h"
+#include "workplace.h"
 #include "wynconfig/qt_view.h"
 #include "wynconfig/resource_manager.h"
 
@@ -29,7 +33,9 @@ fs::path absolutePath(const QString& text) {
 struct Arguments {
     fs::path store;
     std::string resources;
-    fs::path tour;  ///< empty: no tour
+    std::string language;  ///< empty: the user's
+    std::optional<host::DatabaseAddress> database;  ///< none: the file beside the store
+    fs::path tour;                                  ///< empty: no tour
 };
 
 Arguments readArguments(const QApplication& application) {
@@ -40,6 +46,11 @@ Arguments readArguments(const QApplication& application) {
         {"store", "Folder of the store; a sample store is made there when it has none.", "folder",
          QCoreApplication::applicationDirPath() + "/sample-store"},
         {"resources", "Folder of the compiled texts.", "folder", HOST_RESOURCES},
+        {"language", "Language of the dialogs, such as de; otherwise the user's.", "language"},
+        {"database",
+         "Database that workstations share, such as postgresql://user@host:port/name, or the "
+         "path of an SQLite file; catalogue.sqlite in the store when none is given.",
+         "address"},
         {"tour",
          "Has a played user walk through the dialogs, puts pictures and the store into "
          "this folder, and checks the store.",
@@ -49,27 +60,36 @@ Arguments readArguments(const QApplication& application) {
     Arguments arguments;
     arguments.store = absolutePath(parser.value("store"));
     arguments.resources = parser.value("resources").toStdString();
+    arguments.language = parser.value("language").toStdString();
+    if (parser.isSet("database")) {
+        auto address = host::DatabaseAddress::parse(parser.value("database").toStdString());
+        if (address.kind == host::DatabaseAddress::Kind::Sqlite)
+            address.name = absolutePath(QString::fromStdString(address.name)).string();
+        arguments.database = std::move(address);
+    }
     if (parser.isSet("tour")) arguments.tour = absolutePath(parser.value("tour"));
     return arguments;
 }
 
-int runHost(wynconfig::WYNConfig& component, const fs::path& folder) {
-    const host::StoreFolders store(folder);
+int runHost(wynconfig::WYNConfig& component, const Arguments& arguments) {
+    const host::StoreFolders store(arguments.store);
     if (!store.exist()) host::makeSampleStore(component, store);
     const host::InstalledView installed(wynconfig::makeQtView());
     component.init(store.rootText());
-    host::MainWindow window(component, store);
+    host::Workplace workplace(component, store, arguments.database, arguments.resources,
+                              arguments.language);
+    host::MainWindow window(workplace);
     window.show();
     return QApplication::exec();
 }
 
 int run(const QApplication& application) {
     const Arguments arguments = readArguments(application);
-    const auto texts = wynconfig::makeBundleResourceManager(arguments.resources);
+    const auto texts = host::useLanguage(arguments.resources, arguments.language);
     wynconfig::WYNConfig component;
     component.InitResourceManager(texts);
-    if (arguments.tour.empty()) return runHost(component, arguments.store);
-    return host::Tour(component, *texts, arguments.tour).run() ? 0 : 1;
+    if (arguments.tour.empty()) return runHost(component, arguments);
+    return host::Tour(component, *texts, arguments.resources, arguments.tour).run() ? 0 : 1;
 }
 
 }  // namespace

@@ -11,16 +11,19 @@
 
 #include "catalogue.h"
 #include "deleted_panel.h"
+#include "language_menu.h"
 #include "send_panel.h"
 #include "session_panel.h"
 
 namespace host {
 
-MainWindow::MainWindow(wynconfig::WYNConfig& component, const StoreFolders& store)
-    : m_catalogue(new CatalogueWidget),
-      m_send(new SendPanel(store)),
-      m_sessions(new SessionPanel(component, store)),
-      m_deleted(new DeletedPanel(store)) {
+MainWindow::MainWindow(Workplace& workplace)
+    : m_workplace(workplace),
+      m_catalogue(new CatalogueWidget),
+      m_send(new SendPanel(workplace.store())),
+      m_sessions(new SessionPanel(workplace)),
+      m_deleted(new DeletedPanel(workplace.store())),
+      m_place(new QLabel) {
     setWindowTitle(tr("Parts Catalogue"));
     auto* splitter = new QSplitter;
     splitter->addWidget(m_catalogue);
@@ -34,9 +37,10 @@ MainWindow::MainWindow(wynconfig::WYNConfig& component, const StoreFolders& stor
     layout->addWidget(splitter);
     setCentralWidget(central);
     makeMenus();
-    auto* place = new QLabel(tr("Store: %1").arg(QString::fromStdString(store.root.string())));
-    place->setTextFormat(Qt::PlainText);
-    statusBar()->addPermanentWidget(place);
+    m_place->setTextFormat(Qt::PlainText);
+    statusBar()->addPermanentWidget(m_place);
+    connect(m_sessions, &SessionPanel::performed, this, &MainWindow::showStore);
+    showStore();
     resize(1180, 740);
 }
 
@@ -51,8 +55,8 @@ QWidget* MainWindow::makePages() {
     connect(m_sessions, &SessionPanel::sessionSelected, m_send, &SendPanel::selectSession);
     connect(m_send, &SendPanel::sessionSelected, this,
             [this](const QString& name) { m_sessions->selectSession(name.toStdString()); });
-    connect(m_sessions, &SessionPanel::storeChanged, m_send, &SendPanel::readStore);
-    connect(m_sessions, &SessionPanel::storeChanged, m_deleted, &DeletedPanel::readStore);
+    connect(m_sessions, &SessionPanel::performed, m_send, &SendPanel::readStore);
+    connect(m_sessions, &SessionPanel::performed, m_deleted, &DeletedPanel::readStore);
     connect(m_deleted, &DeletedPanel::restored, m_sessions, &SessionPanel::refresh);
     connect(m_deleted, &DeletedPanel::restored, m_send, &SendPanel::readStore);
     return m_pages;
@@ -66,6 +70,11 @@ void MainWindow::showSending() {
     m_pages->setCurrentWidget(m_send);
 }
 
+void MainWindow::showStore() {
+    const std::string root = m_workplace.store().root.string();
+    m_place->setText(tr("Store: %1").arg(QString::fromStdString(root)));
+}
+
 void MainWindow::makeMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
@@ -73,8 +82,11 @@ void MainWindow::makeMenus() {
     parts->addAction(tr("&Search"), QKeySequence::Find, m_catalogue, &CatalogueWidget::goToSearch);
     parts->addAction(tr("&Clear list"), m_catalogue, &CatalogueWidget::clearPartsList);
     parts->addAction(m_send->sendAction());
-    QMenu* sessions = menuBar()->addMenu(tr("&Sessions"));
-    sessions->addActions(m_sessions->operationActions());
+    menuBar()->addMenu(tr("&Store"))->addActions(m_sessions->operationActions(Area::Store));
+    menuBar()->addMenu(tr("Data&base"))->addActions(m_sessions->operationActions(Area::Database));
+    QMenu* tools = menuBar()->addMenu(tr("Too&ls"));
+    tools->addActions(m_sessions->operationActions(Area::Tools));
+    tools->addMenu(makeLanguageMenu(m_workplace, this));
 }
 
 }  // namespace host

@@ -4,9 +4,9 @@
 
 #include <QMainWindow>
 
-#include "sample_store.h"
-#include "wynconfig/wynconfig.h"
+#include "workplace.h"
 
+class QLabel;
 class QTabWidget;
 
 namespace host {
@@ -20,8 +20,7 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
   public:
-    /// @param component  is set to the store already
-    MainWindow(wynconfig::WYNConfig& component, const StoreFolders& store);
+    explicit MainWindow(Workplace& workplace);
 
     CatalogueWidget& catalogue() { return *m_catalogue; }
     SessionPanel& sessions() { return *m_sessions; }
@@ -33,12 +32,15 @@ class MainWindow : public QMainWindow {
   private:
     QWidget* makePages();
     void makeMenus();
+    void showStore();
 
+    Workplace& m_workplace;
     CatalogueWidget* m_catalogue;
     SendPanel* m_send;
     SessionPanel* m_sessions;
     DeletedPanel* m_deleted;
     QTabWidget* m_pages = nullptr;
+    QLabel* m_place;
 };
 
 }  // namespace host

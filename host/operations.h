@@ -1,30 +1,47 @@
-// What the host offers of the component: one table, from which its buttons and menu are made.
+// What the host offers of the component: one table, from which its buttons and menus are made.
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "wynconfig/wynconfig.h"
+#include "database/outcome.h"
+#include "workplace.h"
+
+class QWidget;
 
 namespace host {
 
-/// What an operation gave back.
-struct Outcome {
-    long result = 0;   ///< 0: the user confirmed, 1: the user did not
-    std::string name;  ///< the session that it ended on; may be empty
+/// The menu and the list that an operation belongs to.
+enum class Area { Store, Database, Tools };
+
+/// An item of the database as the user sees it in the list.
+struct SelectedItem {
+    ItemKind kind = ItemKind::Session;
+    StoredItem item;
 };
 
-/// One operation of the component.
+/// What is selected in the window when an operation is called.
+struct Selection {
+    std::string session;                   ///< of the store; empty: none
+    std::optional<SelectedItem> database;  ///< of the database, no factory item
+    QWidget* window = nullptr;             ///< for questions of the host's own; may be null
+};
+
+/// One thing that the host can do.
 struct Operation {
-    const char* id;        ///< for code that looks it up
+    enum class Needs { Nothing, Session, DatabaseSession, DatabaseItem, RefusedEdit };
+    const char* id;  ///< for code that looks it up
+    Area area;
     const char* caption;   ///< with its mnemonic
     const char* tip;       ///< one sentence for the status bar
     const char* shortcut;  ///< key sequence; empty: none
-    bool needsSession;     ///< works on the session selected in the panel
-    /// Calls the component.
-    /// @param session  the selected session, or the empty string
-    std::function<Outcome(wynconfig::WYNConfig& component, const std::string& session)> call;
+    Needs needs;           ///< what must be there for it to be offered
+    bool button;           ///< has a button besides its place in the menu
+    /// Does it, with the selection that it needs.
+    /// Raises `std::exception` with a text for the user.
+    std::function<Outcome(Workplace& workplace, const Selection& selection)> call;
 };
 
 /// All operations, in the order in which they are offered.

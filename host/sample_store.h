@@ -20,6 +20,10 @@ struct StoreFolders {
     std::filesystem::path programs() const { return root / "programs"; }
     /// Where the sessions write their files.
     std::filesystem::path lists() const { return root / "lists"; }
+    /// The session list of this workplace: names joined by commas.
+    std::filesystem::path sessionList() const { return root / "session-list.txt"; }
+    /// The database, unless another one is given.
+    std::filesystem::path database() const { return root / "catalogue.sqlite"; }
     /// Stands here from the first to the last moment of making the sample store. (Its sessions name
     /// programs below the root, so it can't be made elsewhere and moved here.)
     std::filesystem::path unfinishedMark() const { return root / "unfinished-sample"; }

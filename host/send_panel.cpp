@@ -16,6 +16,7 @@
 #include <exception>
 #include <stdexcept>
 
+#include "database/names.h"
 #include "heading.h"
 #include "sending/vin.h"
 #include "sending/visible_text.h"
@@ -73,10 +74,8 @@ QString factsOf(const Session& session) {
 
 }  // namespace
 
-SendPanel::SendPanel(StoreFolders store, QWidget* parent)
-    : QWidget(parent),
-      m_store(std::move(store)),
-      m_sendAction(new QAction(tr("S&end list"), this)) {
+SendPanel::SendPanel(const StoreFolders& store, QWidget* parent)
+    : QWidget(parent), m_store(store), m_sendAction(new QAction(tr("S&end list"), this)) {
     m_sendAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
     m_sendAction->setStatusTip(tr("Sends the parts list as the chosen session says"));
     connect(m_sendAction, &QAction::triggered, this, &SendPanel::send);

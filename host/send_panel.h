@@ -25,7 +25,8 @@ class SendPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit SendPanel(StoreFolders store, QWidget* parent = nullptr);
+    /// @param store  the folders to read; has to outlive the panel, which follows its changes
+    explicit SendPanel(const StoreFolders& store, QWidget* parent = nullptr);
 
     /// Does what the button does.
     QAction* sendAction() const { return m_sendAction; }
@@ -52,7 +53,7 @@ class SendPanel : public QWidget {
     /// Turns to the list that there is, when there is only one.
     void showList();
 
-    StoreFolders m_store;
+    const StoreFolders& m_store;
     ProcessStarter m_starter;
     PartsList m_list;
     QString m_wanted;  ///< the session to choose

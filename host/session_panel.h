@@ -1,58 +1,68 @@
-// The panel "Sessions": the sessions of the store, the component's operations, and what the last
-// one gave back and left on disk.
+// The panel of the sessions: those of the store, those of the database, the operations, and what
+// the last one gave back and left on disk.
 #pragma once
 
 #include <QList>
 #include <QWidget>
 
 #include "operations.h"
-#include "sample_store.h"
 #include "store_snapshot.h"
 
 class QAction;
 class QLabel;
 class QListWidget;
 class QPlainTextEdit;
+class QTabWidget;
 
 namespace host {
+
+class DatabasePanel;
 
 class SessionPanel : public QWidget {
     Q_OBJECT
 
   public:
-    /// @param component  is set to the store already
-    SessionPanel(wynconfig::WYNConfig& component, StoreFolders store, QWidget* parent = nullptr);
+    explicit SessionPanel(Workplace& workplace, QWidget* parent = nullptr);
 
     /// One action per operation, for a menu.
-    const QList<QAction*>& operationActions() const { return m_actions; }
-    /// Calls an operation on the selected session, as its button does, and shows what came of it.
-    /// Raises `std::exception` when the store can't be read.
+    QList<QAction*> operationActions(Area area) const;
+    /// Does an operation on what is selected, as its button does, and shows what came of it.
+    /// Raises `std::exception` with what the operation raises, or when the store can't be read.
     Outcome perform(const Operation& operation);
+    /// Selects a session of the store, and brings its list to the front.
     void selectSession(const std::string& name);
+    /// The same for a session or part format of the database.
+    void selectInDatabase(ItemKind kind, const std::string& name);
     /// Lists the sessions anew, when something else than an operation changed the store.
     void refresh();
 
   signals:
     void sessionSelected(const QString& name);
-    /// An operation was called.
-    void storeChanged();
+    /// After an operation, whatever came of it; the store may be another one by now.
+    void performed();
 
   private:
     void makeActions();
     void trigger(const Operation& operation);
+    QWidget* makeLists();
     QWidget* makeSessions();
     QWidget* makeResult();
+    QList<QAction*> buttonActions(Area area) const;
     std::string selectedSession() const;
+    Selection selection();
     /// Lists the sessions anew.
     void listSessions(const std::string& select);
+    /// The same for the database, if its list is in front.
+    void listDatabase(const std::string& select);
+    Snapshot snapshot() const;
     void enableActions();
     void showOutcome(const Outcome& outcome);
     void showChanges(const Snapshot& before, const Snapshot& after);
 
-    wynconfig::WYNConfig& m_component;
-    StoreFolders m_store;
-    QList<QAction*> m_actions;
-    QAction* m_configure = nullptr;  ///< what a double click on a session does
+    Workplace& m_workplace;
+    QList<QAction*> m_actions;  ///< one per operation, in their order
+    QTabWidget* m_lists = nullptr;
+    DatabasePanel* m_database = nullptr;
     QListWidget* m_sessions = nullptr;
     QLabel* m_result = nullptr;
     QLabel* m_changes = nullptr;

@@ -1,7 +1,7 @@
-// Listing and loading items.
+// Loading items.
 #include "store_items.h"
 
-#include <algorithm>
+#include <filesystem>
 #include <stdexcept>
 
 #include "wynconfig/dataset.h"
@@ -12,8 +12,6 @@ namespace host {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr const char* kItemEnding = ".vla";
 
 /// @param kind  the word for such an item
 void load(wynconfig::Dataset& record, const fs::path& folder, const std::string& name,
@@ -29,17 +27,6 @@ void load(wynconfig::Dataset& record, const fs::path& folder, const std::string&
 }
 
 }  // namespace
-
-std::vector<std::string> itemNames(const fs::path& folder) {
-    std::vector<std::string> names;
-    if (!fs::is_directory(folder)) return names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-        if (entry.is_regular_file() && entry.path().extension() == kItemEnding)
-            names.push_back(entry.path().stem().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
 
 Session loadSession(const StoreFolders& store, const std::string& name) {
     wynconfig::Dataset record;

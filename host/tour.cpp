@@ -1,14 +1,18 @@
 // The machinery of the tour: pictures, expectations, and the check of the store.
 #include "tour.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QDialog>
 #include <QPixmap>
+#include <QPushButton>
+#include <QTimer>
 #include <algorithm>
 #include <cstdio>
 #include <stdexcept>
 #include <utility>
 
 #include "catalogue.h"
+#include "host_dialog.h"
 #include "send_panel.h"
 #include "session_panel.h"
 #include "wynconfig/dataset.h"
@@ -33,7 +37,9 @@ void clearPictures(const fs::path& folder) {
     std::vector<fs::path> old;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
         const std::string name = entry.path().filename().string();
-        if (name.size() > 3 && name[2] == '-' && entry.path().extension() == ".png")
+        const std::size_t number = name.find_first_not_of("0123456789");
+        if (number != 0 && number != std::string::npos && name[number] == '-' &&
+            entry.path().extension() == ".png")
             old.push_back(entry.path());
     }
     for (const fs::path& path : old) fs::remove(path);
@@ -59,8 +65,21 @@ Rows rowsIn(const fs::path& file) {
     return rowsOf(record);
 }
 
+Rows rowsOfText(const std::string& xml) {
+    wynconfig::Document document;
+    document.loadXML(xml);
+    wynconfig::Dataset record;
+    record.Load(document);
+    return rowsOf(record);
+}
+
 std::string outcomeText(const Outcome& outcome) {
-    return "result " + std::to_string(outcome.result) + ", name \"" + outcome.name + "\"";
+    const std::string result = outcome.result ? std::to_string(*outcome.result) : "none";
+    return "result " + result + ", name \"" + outcome.name + "\"";
+}
+
+std::string placeOf(ItemKind kind, const std::string& name) {
+    return (kind == ItemKind::Session ? "session " : "part format ") + name + " of the database";
 }
 
 void print(const std::string& line) {
@@ -71,7 +90,7 @@ void print(const std::string& line) {
 }  // namespace
 
 Tour::Tour(wynconfig::WYNConfig& component, wynconfig::ResourceManager& texts,
-           const fs::path& folder)
+           const std::string& resources, const fs::path& folder)
     : m_folder(folder),
       m_sampleStore(folder / "sample"),
       m_store(folder / "store"),
@@ -88,20 +107,23 @@ Tour::Tour(wynconfig::WYNConfig& component, wynconfig::ResourceManager& texts,
     m_view = wynconfig::makeQtView();
     m_view->onShown([this](const std::string& name) { shown(name); });
     m_view->user();
-    wynconfig::installView(m_view);
-    m_window = std::make_unique<MainWindow>(component, m_store);
+    m_installed.emplace(m_view);
+    const fs::path database = folder / m_store.database().filename();
+    fs::remove(database);
+    m_workplace = std::make_unique<Workplace>(component, m_store,
+                                              DatabaseAddress::file(database.string()), resources);
+    m_window = std::make_unique<MainWindow>(*m_workplace);
     m_window->show();
 }
 
-Tour::~Tour() {
-    wynconfig::installView(nullptr);
-}
+Tour::~Tour() = default;
 
 bool Tour::run() {
     std::size_t number = 0;
     for (const TourStep& step : tourSteps()) walk(step, ++number);
-    print("Checking the store");
+    print("Checking the store and the database");
     checkStore();
+    checkDatabase();
     for (const std::string& difference : m_differences) print("DIFFERENCE: " + difference);
     print("Pictures: " + fs::absolute(m_folder).string());
     print("Store:    " + fs::absolute(m_store.root).string());
@@ -183,8 +205,19 @@ void Tour::perform(const std::string& operationId, const std::string& session,
                    const Outcome& expected) {
     m_window->showSessions();
     m_window->sessions().selectSession(session);
+    performNow(operationId, expected);
+}
+
+void Tour::performInDatabase(const std::string& operationId, ItemKind kind, const std::string& name,
+                             const Outcome& expected) {
+    m_window->sessions().selectInDatabase(kind, name);
+    performNow(operationId, expected);
+}
+
+void Tour::performNow(const std::string& operationId, const Outcome& expected) {
     const Outcome outcome = m_window->sessions().perform(operationOf(operationId));
     say("the operation gave " + outcomeText(outcome));
+    if (!outcome.text.empty()) say(outcome.text);
     expect(outcome.result == expected.result && outcome.name == expected.name,
            operationId + " gave " + outcomeText(outcome) + " instead of " + outcomeText(expected));
     m_boxPictures.clear();
@@ -192,9 +225,35 @@ void Tour::perform(const std::string& operationId, const std::string& session,
     user().finish();
 }
 
+void Tour::onHostDialog(const std::string& pictureName, const char* button,
+                        const std::function<void(QDialog&)>& act) {
+    constexpr int mostTries = 400;
+    awaitHostDialog(pictureName, button, act, mostTries);
+}
+
+void Tour::awaitHostDialog(const std::string& pictureName, const char* button,
+                           const std::function<void(QDialog&)>& act, int tries) {
+    constexpr int betweenTries = 25;  // milliseconds
+    QTimer::singleShot(betweenTries, m_window.get(), [=, this] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog || dialog->objectName() != kHostDialog) {
+            if (tries == 0) return differ("the host's dialog " + pictureName + " did not come up");
+            return awaitHostDialog(pictureName, button, act, tries - 1);
+        }
+        if (act) act(*dialog);
+        QCoreApplication::processEvents();
+        const fs::path path = nextPicture(pictureName);
+        expect(dialog->grab().save(QString::fromStdString(path.string()), "PNG"),
+               path.string() + " can't be written");
+        dialog->findChild<QPushButton*>(button)->click();
+    });
+}
+
 fs::path Tour::nextPicture(const std::string& name) {
     const std::string number = std::to_string(++m_pictures);
-    const std::string file = (number.size() < 2 ? "0" : "") + number + "-" + name + ".png";
+    constexpr std::size_t digits = 3;
+    const std::string zeros(number.size() < digits ? digits - number.size() : 0, '0');
+    const std::string file = zeros + number + "-" + name + ".png";
     say("picture " + file);
     return m_folder / file;
 }
@@ -232,6 +291,26 @@ void Tour::expectNoRecord(const std::string& path) {
     m_gone.insert(path);
 }
 
+void Tour::expectFile(const std::string& path, const std::string& text) {
+    m_expectedFiles[path] = text;
+}
+
+void Tour::expectStored(ItemKind kind, const std::string& name, Rows rows) {
+    m_expectedInDatabase[{kind, name}] = std::move(rows);
+}
+
+void Tour::expectNotStored(ItemKind kind, const std::string& name) {
+    m_expectedInDatabase.erase({kind, name});
+}
+
+Rows Tour::expectedStoredRows(ItemKind kind, const std::string& name) const {
+    return m_expectedInDatabase.at({kind, name});
+}
+
+Rows Tour::rowsInOtherStore(const std::string& path) const {
+    return rowsIn(m_sampleStore.root / path);
+}
+
 Rows Tour::expectedRows(const std::string& path) const {
     const auto announced = m_expected.find(path);
     return announced == m_expected.end() ? rowsIn(m_sampleStore.root / path) : announced->second;
@@ -245,12 +324,19 @@ void Tour::checkStore() {
     for (const FileChange& change : changesBetween(m_sample, takeSnapshot(m_store.root))) {
         const bool deleted = change.kind == FileChange::Kind::Deleted;
         const bool expected =
-            deleted ? m_gone.contains(change.path) : m_expected.contains(change.path);
+            deleted ? m_gone.contains(change.path)
+                    : m_expected.contains(change.path) || m_expectedFiles.contains(change.path);
         expect(expected, change.path + " was " + wordFor(change.kind));
     }
     for (const std::string& path : m_gone)
         expect(!fs::exists(m_store.root / path), path + " is still there");
     for (const auto& [path, rows] : m_expected) checkRecord(path, rows);
+    for (const auto& [path, text] : m_expectedFiles) {
+        if (fs::exists(m_store.root / path))
+            expectText(readFile(m_store.root / path), text, path);
+        else
+            differ(path + " is not there");
+    }
     say("store checked: " + std::to_string(m_sample.size()) + " files of the sample store, " +
         std::to_string(m_expected.size()) + " record(s) of the tour");
 }
@@ -264,16 +350,37 @@ void Tour::checkRecord(const std::string& path, const Rows& expected) {
         return;
     }
     expectText(record.Name(), fs::path(path).stem().string(), path + ": its name");
-    const Rows actual = rowsOf(record);
+    checkRows(path, rowsOf(record), expected);
+}
+
+void Tour::checkRows(const std::string& place, const Rows& actual, const Rows& expected) {
     for (const auto& [key, data] : expected) {
         const auto found = actual.find(key);
         if (found == actual.end())
-            differ(path + " lacks " + key);
+            differ(place + " lacks " + key);
         else
-            expectText(found->second, data, path + ": " + key);
+            expectText(found->second, data, place + ": " + key);
     }
     for (const auto& [key, data] : actual)
-        expect(expected.contains(key), path + " has " + key + " \"" + data + "\" besides");
+        expect(expected.contains(key), place + " has " + key + " \"" + data + "\" besides");
+}
+
+void Tour::checkDatabase() {
+    std::set<std::pair<ItemKind, std::string>> found;
+    for (const ItemKind kind : {ItemKind::Session, ItemKind::Format}) {
+        for (const StoredItem& item : m_workplace->database().items(kind)) {
+            const std::string place = placeOf(kind, item.name);
+            const auto expected = m_expectedInDatabase.find({kind, item.name});
+            found.insert({kind, item.name});
+            if (expected == m_expectedInDatabase.end())
+                differ("there is a " + place);
+            else
+                checkRows(place, rowsOfText(item.xml), expected->second);
+        }
+    }
+    for (const auto& [key, rows] : m_expectedInDatabase)
+        expect(found.contains(key), "there is no " + placeOf(key.first, key.second));
+    say("database checked: " + std::to_string(m_expectedInDatabase.size()) + " record(s)");
 }
 
 }  // namespace host

@@ -7,16 +7,21 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "installed_view.h"
 #include "main_window.h"
 #include "operations.h"
 #include "sample_store.h"
 #include "store_snapshot.h"
+#include "workplace.h"
 #include "wynconfig/qt_view.h"
 #include "wynconfig/resource_manager.h"
+
+class QDialog;
 
 namespace host {
 
@@ -29,10 +34,12 @@ using Rows = std::map<std::string, std::string>;
 /// the store in the end.
 class Tour {
   public:
-    /// Makes the sample store anew in DIR/sample and works on a copy of it in DIR/store.
+    /// Makes the sample store anew in DIR/sample and works on a copy of it in DIR/store, and on a
+    /// database in DIR/catalogue.sqlite.
     /// Raises what goes wrong, also when DIR holds folders of these names that are no stores.
+    /// @param resources  folder of the compiled texts
     Tour(wynconfig::WYNConfig& component, wynconfig::ResourceManager& texts,
-         const std::filesystem::path& folder);
+         const std::string& resources, const std::filesystem::path& folder);
     ~Tour();
     Tour(const Tour&) = delete;
     Tour& operator=(const Tour&) = delete;
@@ -45,6 +52,9 @@ class Tour {
 
     wynconfig::User& user() { return m_view->user(); }
     const StoreFolders& store() const { return m_store; }
+    /// The untouched sample store, which serves as another store.
+    const StoreFolders& otherStore() const { return m_sampleStore; }
+    Workplace& workplace() { return *m_workplace; }
 
     /// Puts a part into the host's parts list.
     void pickPart(const std::string& partNumber, int pieces);
@@ -54,6 +64,14 @@ class Tour {
     /// Calls an operation of the panel on a session, and expects this of it.
     void perform(const std::string& operationId, const std::string& session,
                  const Outcome& expected);
+    /// The same for an operation on a session or part format of the database.
+    void performInDatabase(const std::string& operationId, ItemKind kind, const std::string& name,
+                           const Outcome& expected);
+    /// When the next dialog of the host's own comes up: does this to it, takes a picture, and
+    /// presses a button.
+    /// @param button  object name
+    void onHostDialog(const std::string& pictureName, const char* button,
+                      const std::function<void(QDialog&)>& act = {});
     /// Says in a line what happens.
     void say(const std::string& text);
     /// Expects a fact; a false one is a difference that fails the tour.
@@ -77,15 +95,27 @@ class Tour {
     /// expects to be otherwise must stay as they are, byte for byte.
     /// @param path  below the store's folder
     void expectRecord(const std::string& path, Rows rows);
+    /// Expects a file in the store with exactly this text.
+    void expectFile(const std::string& path, const std::string& text);
+    /// Expects a record in the database with exactly these rows; there is no other one but those
+    /// expected.
+    void expectStored(ItemKind kind, const std::string& name, Rows rows);
+    void expectNotStored(ItemKind kind, const std::string& name);
+    /// The rows that a record of the database has to have by now.
+    Rows expectedStoredRows(ItemKind kind, const std::string& name) const;
     /// Expects a record, of the tour or of the sample store, to be gone.
     void expectNoRecord(const std::string& path);
     /// The rows that a record has to have by now: those announced, or else the sample store's.
     Rows expectedRows(const std::string& path) const;
     /// The rows of a record as they are on disk now.
     Rows rowsOnDisk(const std::string& path) const;
+    /// The rows of a record of the other store.
+    Rows rowsInOtherStore(const std::string& path) const;
     /// Compares the whole store with what is expected of it by now. The end of the tour does so in
     /// any case.
     void checkStore();
+    /// The same for the database.
+    void checkDatabase();
 
   private:
     void shown(const std::string& name);
@@ -94,6 +124,10 @@ class Tour {
     void announceBox(const std::string& pictureName, const std::string& textKey,
                      const std::string& besides, int button);
     void differ(const std::string& what);
+    void awaitHostDialog(const std::string& pictureName, const char* button,
+                         const std::function<void(QDialog&)>& act, int tries);
+    void performNow(const std::string& operationId, const Outcome& expected);
+    void checkRows(const std::string& place, const Rows& actual, const Rows& expected);
     void checkRecord(const std::string& path, const Rows& expected);
 
     std::filesystem::path m_folder;
@@ -102,8 +136,12 @@ class Tour {
     Snapshot m_sample;
     wynconfig::ResourceManager& m_texts;
     std::shared_ptr<wynconfig::QtView> m_view;
+    std::optional<InstalledView> m_installed;
+    std::unique_ptr<Workplace> m_workplace;
     std::unique_ptr<MainWindow> m_window;
     std::map<std::string, Rows> m_expected;
+    std::map<std::string, std::string> m_expectedFiles;
+    std::map<std::pair<ItemKind, std::string>, Rows> m_expectedInDatabase;
     std::set<std::string> m_gone;
     std::deque<std::string> m_boxPictures;
     std::deque<std::string> m_browsePictures;

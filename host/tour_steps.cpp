@@ -1,6 +1,8 @@
 // The steps of the tour, and what the played user does to sessions.
 #include "tour.h"
+#include "tour_database_steps.h"
 #include "tour_format_steps.h"
+#include "tour_tool_steps.h"
 
 namespace host {
 
@@ -241,6 +243,13 @@ const std::vector<TourStep>& tourSteps() {
         {"edit, rename and copy part formats",
          [](Tour& tour) { changePartFormats(tour, kLastName); }},
         {"delete a part format", [](Tour& tour) { deletePartFormats(tour, kLastName); }},
+        {"maintain the sessions", maintainSessions},
+        {"edit a session list, and pick from it", useSessionList},
+        {"take a session over from another store into the database", takeSessionOver},
+        {"configure it in memory", configureInMemory},
+        {"another workstation is faster", beRefused},
+        {"add a session to the database, and remove one", addAndRemoveInDatabase},
+        {"open another store, and come back", openOtherStore},
     };
     return all;
 }

@@ -536,6 +536,20 @@ TEST_P(HostDatabaseSessions, WhatWasSeenIsDeletedUnlessItChangedMeanwhile) {
     EXPECT_TRUE(names(ItemKind::Session).empty());
 }
 
+TEST_P(HostDatabaseSessions, AfterTheInMemoryModeFilesAreSavedAgain) {
+    configure([](User&) {});
+    endInMemoryMode(component);
+    inSession([](User& u) {
+        u.type("txtCommandLineArgs", "--of the file");
+        u.click("btnOK");
+    });
+    std::string name = "COUNTER";
+    EXPECT_EQ(component.showMORAMConfigDlg(name), 0);
+    Dataset record;
+    record.Load((root / "MORAM" / "COUNTER.vla").string());
+    EXPECT_EQ(record.GetRow("CommandLineArgs")[1], "--of the file");
+}
+
 ON_EVERY_DATABASE(HostDatabaseSessions);
 ON_EVERY_DATABASE(HostDatabaseTakeOver);
 

@@ -306,8 +306,7 @@ TEST_P(HostDatabase, OfManyThatMakeTheSameNameAtOnceOneSucceeds) {
 TEST_P(HostDatabase, ManyMayMakeTheTablesAtOnce) {
     anna.reset();
     ben.reset();
-    DatabaseDesk::SetUp();
-    if (onSqlite()) std::filesystem::remove(address.name);
+    makeEmptyDatabase();
     std::vector<std::thread> all;
     std::atomic<int> connected = 0;
     for (int i = 0; i < 4; ++i) {

@@ -86,7 +86,7 @@ TEST_F(HostDeleted, BringsARestoredSessionBackIntoTheLists) {
         return inList;
     };
     window->sessions().refresh();
-    emit window->sessions().storeChanged();
+    emit window->sessions().performed();
     EXPECT_FALSE(listed());
     table().selectRow(0);
     click("restore");

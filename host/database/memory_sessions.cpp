@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "../installed_view.h"
 #include "names.h"
 #include "wynconfig/dataset.h"
 
@@ -27,6 +28,12 @@ bool isWhole(const StoredItem& item, const char* type) {
 }
 
 }  // namespace
+
+void endInMemoryMode(wynconfig::WYNConfig& component) {
+    const InstalledView none(nullptr);
+    std::string name;
+    component.showAddMORAMConfigDlg(name);
+}
 
 RefusedEdit::RefusedEdit(const std::string& reason, MemoryEdit edit,
                          std::vector<Conflict> conflicts)
@@ -66,15 +73,16 @@ Outcome MemorySessions::configure(const std::string& name) {
         throw DatabaseError("The session " + upperName(name) + " is no longer in the database.");
     if (!isWhole(*edit.sessionBefore, kSessionType))
         throw DatabaseError("The session " + upperName(name) + " of the database is damaged.");
-    Outcome outcome{0, edit.sessionBefore->name, {}};
+    Outcome outcome{0, edit.sessionBefore->name};
     edit.formatsBefore = formatsToHandIn(outcome.text);
     std::vector<std::string> texts;
     for (const StoredItem& format : edit.formatsBefore) texts.push_back(format.xml);
     outcome.result = m_component.showMORAMConfigDlgEX(outcome.name, edit.sessionBefore->xml, texts);
     if (outcome.result != 0) return outcome;
     takeBack(edit);
-    outcome.text += store(edit).text;
-    return outcome;
+    Outcome stored = store(edit);
+    stored.text = outcome.text + stored.text;
+    return stored;
 }
 
 Outcome MemorySessions::add() {
@@ -149,7 +157,7 @@ Outcome MemorySessions::store(const MemoryEdit& edit) {
     } catch (const DatabaseError& error) {
         throw RefusedEdit(error.what(), edit);
     }
-    return {0, edit.session.name, "Stored in the database."};
+    return {0, edit.session.name, "Stored in the database.", edit.session.xml};
 }
 
 Outcome MemorySessions::storeUnderAnotherName(const RefusedEdit& refused, const std::string& name) {

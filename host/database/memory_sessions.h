@@ -14,6 +14,11 @@
 
 namespace host {
 
+/// Leads the component back to file mode, which only its adding of a session does: that is called
+/// without a view, and so cancelled. Without this an operation on the store's files, after one in
+/// memory, would go on working in memory.
+void endInMemoryMode(wynconfig::WYNConfig& component);
+
 /// What the user confirmed could not be stored. It is all in here, so that nothing is lost.
 class RefusedEdit : public DatabaseError {
   public:

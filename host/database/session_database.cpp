@@ -35,7 +35,7 @@ QString toQt(const std::string& text) {
 
 std::string messageOf(const QSqlError& error) {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    return text.trimmed().toStdString();
+    return text.simplified().toStdString();
 }
 
 const QString kColumns = QStringLiteral("name, xml, version, changed_by, changed_at");

@@ -69,9 +69,12 @@ class DatabaseDesk : public ::testing::TestWithParam<const char*> {
         static QCoreApplication application(count, nullptr);
     }
 
-    void SetUp() override {
+    void SetUp() override { makeEmptyDatabase(); }
+
+    void makeEmptyDatabase() {
         if (onSqlite()) {
             address = DatabaseAddress::file((folder.path() / "test.sqlite").string());
+            std::filesystem::remove(address.name);
             address.options = "QSQLITE_BUSY_TIMEOUT=60000";
         } else {
             address = serverAddress("postgres");

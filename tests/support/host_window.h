@@ -18,6 +18,7 @@
 #include "main_window.h"
 #include "sample_store.h"
 #include "store_snapshot.h"
+#include "workplace.h"
 #include "wynconfig/resource_manager.h"
 
 namespace host {
@@ -37,7 +38,7 @@ class HostWindow : public testing::Test {
     void SetUp() override {
         component.InitResourceManager(wynconfig::makeBundleResourceManager(WYNCONFIG_RESOURCES));
         makeSampleStore(component, store);
-        window = std::make_unique<MainWindow>(component, store);
+        window = std::make_unique<MainWindow>(workplace);
         window->show();
         QCoreApplication::processEvents();
     }
@@ -70,6 +71,7 @@ class HostWindow : public testing::Test {
     QTemporaryDir folder;
     StoreFolders store{std::filesystem::path(folder.path().toStdString()) / "a store"};
     wynconfig::WYNConfig component;
+    Workplace workplace{component, store, std::nullopt, WYNCONFIG_RESOURCES};
     std::unique_ptr<MainWindow> window;
 };
 

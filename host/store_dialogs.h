@@ -1,0 +1,26 @@
+// Small questions of the host: which store, which session of it, and whether to remove.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+class QWidget;
+
+namespace host {
+
+/// Asks for the folder of a store.
+/// @param now  the one that is open
+std::optional<std::filesystem::path> askForStore(QWidget* window, const std::filesystem::path& now);
+
+/// A session of another store, to be kept in the database.
+struct TakeOver {
+    std::filesystem::path root;  ///< of the other store
+    std::string session;
+    std::string name;  ///< under which it is kept
+};
+std::optional<TakeOver> askForTakeOver(QWidget* window);
+
+bool askToRemove(QWidget* window, const std::string& name);
+
+}  // namespace host
