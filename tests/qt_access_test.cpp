@@ -245,6 +245,9 @@ TEST_P(Access, AButtonBetweenListsSaysWhichWayItMoves) {
         u.see("btnAdd");
         EXPECT_EQ(nameOf(widgetOf(form.btnAdd)), "Available Part Formats → Chosen");
         EXPECT_TRUE(widgetOf(form.btnAdd)->toolTip().contains("Chosen"));
+        const QString description = QAccessible::queryAccessibleInterface(widgetOf(form.btnAdd))
+                                        ->text(QAccessible::Description);
+        EXPECT_FALSE(description.contains('<')) << description.toStdString();
         u.closeByFrame();
     });
     form.Show();

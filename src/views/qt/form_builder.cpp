@@ -242,6 +242,8 @@ void FormBuilder::addButtons(QBoxLayout* box, const Layout& node, const Place& p
         QWidget* button = make(*node.children[i].control, {buttons, nullptr});
         buttons->addButton(static_cast<QPushButton*>(button), roles[i]);
     }
+    // Where it passes the focus on, the Tab key would turn round in the buttons below tabs.
+    buttons->setFocusProxy(nullptr);
     box->addWidget(buttons);
     rememberButtons(node.children);
 }

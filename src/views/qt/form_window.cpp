@@ -172,6 +172,8 @@ void FormWindow::showMovers() {
         if (each.button->accessibleName() == name) continue;
         each.button->setAccessibleName(name);
         each.button->setToolTip(toToolTip(name));
+        // Else a screen reader would be told the tool tip, markup and all.
+        each.button->setAccessibleDescription(name);
     }
 }
 
@@ -182,7 +184,12 @@ void FormWindow::evenOut() {
     }
     for (const std::vector<QPushButton*>& row : m_built.buttonRows) {
         int width = 0;
-        for (const QPushButton* button : row) width = std::max(width, button->sizeHint().width());
+        for (const QPushButton* button : row) {
+            // Some air on both sides of the longest word, which styles leave little of.
+            const int air = 2 * button->fontMetrics().averageCharWidth();
+            const int text = button->fontMetrics().horizontalAdvance(button->text());
+            width = std::max({width, button->sizeHint().width(), text + 2 * air});
+        }
         for (QPushButton* button : row) button->setMinimumWidth(width);
     }
     for (const std::vector<QGridLayout*>& column : m_built.fieldColumns) {
