@@ -47,6 +47,7 @@ QTreeWidgetItem* addRow(QTreeWidget* list, const QString& name, ItemKind kind,
 DatabasePanel::DatabasePanel(Workplace& workplace, const QList<QAction*>& actions,
                              QAction* configure, QWidget* parent)
     : QWidget(parent), m_workplace(workplace), m_list(new QTreeWidget), m_place(new QLabel) {
+    m_list->setAccessibleName(tr("Database"));
     m_list->setColumnCount(ColumnCount);
     m_list->setHeaderLabels({tr("Name"), tr("Kind"), tr("Last change")});
     m_list->setRootIsDecorated(false);

@@ -6,9 +6,11 @@
 #include <optional>
 #include <utility>
 
+#include "appearance.h"
 #include "installed_view.h"
 #include "language.h"
 #include "main_window.h"
+#include "pictures.h"
 #include "sample_store.h"
 #include "tour.h"
 #include "workplace.h"
@@ -34,8 +36,10 @@ struct Arguments {
     fs::path store;
     std::string resources;
     std::string language;  ///< empty: the user's
+    bool dark = false;
     std::optional<host::DatabaseAddress> database;  ///< none: the file beside the store
     fs::path tour;                                  ///< empty: no tour
+    fs::path pictures;                              ///< empty: no pictures
 };
 
 Arguments readArguments(const QApplication& application) {
@@ -47,6 +51,7 @@ Arguments readArguments(const QApplication& application) {
          QCoreApplication::applicationDirPath() + "/sample-store"},
         {"resources", "Folder of the compiled texts.", "folder", HOST_RESOURCES},
         {"language", "Language of the dialogs, such as de; otherwise the user's.", "language"},
+        {"dark", "Light text on dark ground."},
         {"database",
          "Database that workstations share, such as postgresql://user@host:port/name, or the "
          "path of an SQLite file; catalogue.sqlite in the store when none is given.",
@@ -55,12 +60,14 @@ Arguments readArguments(const QApplication& application) {
          "Has a played user walk through the dialogs, puts pictures and the store into "
          "this folder, and checks the store.",
          "folder"},
+        {"pictures", "Puts pictures of the main dialogs into this folder.", "folder"},
     });
     parser.process(application);
     Arguments arguments;
     arguments.store = absolutePath(parser.value("store"));
     arguments.resources = parser.value("resources").toStdString();
     arguments.language = parser.value("language").toStdString();
+    arguments.dark = parser.isSet("dark");
     if (parser.isSet("database")) {
         auto address = host::DatabaseAddress::parse(parser.value("database").toStdString());
         if (address.kind == host::DatabaseAddress::Kind::Sqlite)
@@ -68,6 +75,7 @@ Arguments readArguments(const QApplication& application) {
         arguments.database = std::move(address);
     }
     if (parser.isSet("tour")) arguments.tour = absolutePath(parser.value("tour"));
+    if (parser.isSet("pictures")) arguments.pictures = absolutePath(parser.value("pictures"));
     return arguments;
 }
 
@@ -86,8 +94,13 @@ int runHost(wynconfig::WYNConfig& component, const Arguments& arguments) {
 int run(const QApplication& application) {
     const Arguments arguments = readArguments(application);
     const auto texts = host::useLanguage(arguments.resources, arguments.language);
+    if (arguments.dark) host::darken();
     wynconfig::WYNConfig component;
     component.InitResourceManager(texts);
+    if (!arguments.pictures.empty()) {
+        host::takePictures(component, arguments.pictures);
+        return 0;
+    }
     if (arguments.tour.empty()) return runHost(component, arguments);
     return host::Tour(component, *texts, arguments.resources, arguments.tour).run() ? 0 : 1;
 }
@@ -97,7 +110,8 @@ int run(const QApplication& application) {
 int main(int argumentCount, char* arguments[]) {
     for (int i = 1; i < argumentCount; ++i) {
         const QByteArray argument(arguments[i]);
-        if (argument.startsWith("--tour") || argument.startsWith("--help") || argument == "-h")
+        if (argument.startsWith("--tour") || argument.startsWith("--pictures") ||
+            argument.startsWith("--help") || argument == "-h")
             provideScreen();
     }
     QApplication application(argumentCount, arguments);

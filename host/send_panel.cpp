@@ -102,6 +102,9 @@ QWidget* SendPanel::makeChoices() {
     m_vinHint->setObjectName(QStringLiteral("vinHint"));
     m_vinHint->setTextFormat(Qt::PlainText);
     // The hint has its line in any case, so that nothing jumps when it comes.
+    QSizePolicy size = m_vinHint->sizePolicy();
+    size.setRetainSizeWhenHidden(true);
+    m_vinHint->setSizePolicy(size);
     m_vinHint->setMinimumHeight(m_vinHint->fontMetrics().height());
 
     auto* widget = new QWidget;
@@ -240,6 +243,7 @@ Plan SendPanel::plan() const {
 void SendPanel::refresh() {
     m_list.vin = m_vin->text().trimmed().toStdString();
     m_vinHint->setText(fromText(vinHint(m_list.vin)));
+    m_vinHint->setVisible(!m_vinHint->text().isEmpty());
     m_vin->setAccessibleDescription(m_vinHint->text());
     showPlan(plan());
 }
