@@ -15,7 +15,7 @@ const std::string kTag = "some form:some procedure";
 
 class DeletedItems : public SessionListDesk {
   protected:
-    void move(const std::string& session) { moveToDeleted(on, record, sessionFolder, session); }
+    void move(const std::string& session) { moveToDeleted(on, sessionFolder, session); }
     /// The descriptions of the failure boxes that came up, for which as many are announced.
     void expectBoxes(const Names& descriptions) {
         ASSERT_EQ(user().boxes().size(), descriptions.size());
@@ -27,7 +27,6 @@ class DeletedItems : public SessionListDesk {
     }
 
     OnError on{kTag};
-    Dataset record;
 };
 INSTANTIATE_TEST_SUITE_P(Views, DeletedItems, ::testing::Values("Scripted"));
 
@@ -36,11 +35,13 @@ TEST_P(DeletedItems, TheFileMovesAndTheRecordHoldsIt) {
     move("B");
     EXPECT_EQ(sessionFiles(), (Names{"A.vla", "C.vla"}));
     EXPECT_EQ(textKeptAside("B"), before);
-    EXPECT_EQ(record.Name(), "B");
+    Dataset kept;
+    kept.Load(ItemPath::item(deletedFolder, "B"));
+    EXPECT_EQ(kept.Name(), "B");
 }
 
 TEST_P(DeletedItems, PartFormatsHaveAFolderOfTheirOwn) {
-    moveToDeleted(on, record, formatFolder, "CSV");
+    moveToDeleted(on, formatFolder, "CSV");
     EXPECT_TRUE(formatFiles().empty());
     EXPECT_EQ(memory->listItems(formatFolder + "deleted\\"), (Names{"CSV.vla"}));
     EXPECT_FALSE(memory->folderExists(deletedFolder));
@@ -79,6 +80,17 @@ TEST_P(DeletedItems, EachStepThatFailsIsToldAndTheNextOneRuns) {
                             "/store/MORAM/deleted/B.vla can't be written",
                             "/store/MORAM/B.vla can't be deleted"}));
     EXPECT_TRUE(sessionExists("B"));
+}
+
+TEST_P(DeletedItems, AnItemThatCannotBeLoadedIsKeptAsAnEmptyRecordWhateverWentBefore) {
+    move("A");
+    spoilSession("B");
+    announceBoxes(1);
+    move("B");
+    Dataset kept;
+    kept.Load(ItemPath::item(deletedFolder, "B"));
+    EXPECT_EQ(kept.Name(), "");
+    EXPECT_TRUE(kept.Rows().empty());
 }
 
 TEST_P(DeletedItems, FailuresAreToldAgainBehindIt) {

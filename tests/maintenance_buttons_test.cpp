@@ -485,7 +485,7 @@ TEST_P(MaintenanceButtons, ASessionThatCannotBeLoadedIsDeletedAndAnEmptyRecordKe
     EXPECT_TRUE(kept.Rows().empty());
 }
 
-TEST_P(MaintenanceButtons, ASessionThatCannotBeLoadedIsKeptAsideAsTheOneDeletedBefore) {
+TEST_P(MaintenanceButtons, ASessionThatCannotBeLoadedIsNotKeptAsideAsTheOneDeletedBefore) {
     const std::string before = sessionText("A");
     spoilSession("B");
     user().onBox(answer::Yes);
@@ -500,7 +500,10 @@ TEST_P(MaintenanceButtons, ASessionThatCannotBeLoadedIsKeptAsideAsTheOneDeletedB
     EXPECT_TRUE(isFailureOf(user().boxes()[2].text, kRemoveTag)) << user().boxes()[2].text;
     EXPECT_EQ(sessionFiles(), (Names{"C.vla"}));
     EXPECT_EQ(textKeptAside("A"), before);
-    EXPECT_EQ(textKeptAside("B"), before);
+    Dataset kept;
+    kept.Load(ItemPath::item(deletedFolder, "B"));
+    EXPECT_EQ(kept.Name(), "");
+    EXPECT_TRUE(kept.Rows().empty());
 }
 
 TEST_P(MaintenanceButtons, AFileThatCannotBeDeletedIsListedAgainAtTheNextLoad) {

@@ -2,12 +2,14 @@
 #include "services/deleted_items.h"
 
 #include "platform/file_system.h"
+#include "wynconfig/dataset.h"
 
 namespace wynconfig {
 
-void moveToDeleted(OnError& on, Dataset& record, const std::string& folder,
-                   const std::string& name) {
+void moveToDeleted(OnError& on, const std::string& folder, const std::string& name) {
     const ItemPath file = ItemPath::item(folder, name);
+    // A record of this deletion alone: no item is kept with what another one held.
+    Dataset record;
     on.resumeNext();
     on([&] { fileSystem().makeFolder(folder + "deleted"); });
     on.standard();

@@ -228,10 +228,7 @@ void frmMORAMConfig::deleteInFiles(OnError& on, const std::string& name) {
         showMessage(on, text + " " + session, boxstyle::OkOnly, "MORAM_CONFIG_TAB_PART_FORMAT");
         return;
     }
-    if (!name.empty()) {
-        Dataset format;
-        moveToDeleted(on, format, g_PartFormatFolder, name);
-    }
+    if (!name.empty()) moveToDeleted(on, g_PartFormatFolder, name);
     on([&] { UpdateLstSelectedFormats(name, ""); });
     on([&] { UpdatePartNumberFormatsInAllMORAMs(name, ""); });
     on([&] { loadAvailableFormats(); });

@@ -100,7 +100,7 @@ void frmMORAMMaintenance::btnRemove_Click() {
     int pressed = 0;
     on([&] { pressed = UniMsgBox1.ShowMsg(question, boxstyle::YesNo, title, ""); });
     if (pressed != answer::Yes) return;
-    moveToDeleted(on, m_Dataset, g_SessionFolder, UCase(selected->text));
+    moveToDeleted(on, g_SessionFolder, UCase(selected->text));
     selected = lstAvailableMORAMs2.selectedItem();
     if (!selected) return;
     const std::string key = selected->key;

@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig {
@@ -45,9 +44,6 @@ class frmMORAMMaintenance : public Form {
 
     long m_Result = 0;
     std::string m_SessionName;
-    /// What deletions go through. One object for all of them: when a session can't be loaded, what
-    /// was deleted before it is saved in its place.
-    Dataset m_Dataset;
 };
 
 }  // namespace wynconfig
