@@ -45,7 +45,7 @@ void bareParse(benchmark::State& state) {
     long seen = 0;
     context->userData = &seen;
     for (auto _ : state) {
-        xmlCtxtReadMemory(context, text.data(), static_cast<int>(text.size()), nullptr, "UTF-8",
+        xmlCtxtReadMemory(context, text.data(), static_cast<int>(text.size()), nullptr, nullptr,
                           XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_IGNORE_ENC);
         if (!context->wellFormed) state.SkipWithError("the text is not well-formed");
     }

@@ -256,10 +256,12 @@ struct FreeContext {
 };
 using Context = std::unique_ptr<xmlParserCtxt, FreeContext>;
 
-/// Making a parser context costs more than reading a record, so one is kept between the calls.
-Context& keptContext() {
-    static Context context;
-    return context;
+/// Making a parser context costs more than reading a record, so it is kept between the calls: one
+/// for each source, since what a context was once told about encodings it never forgets.
+Context& keptContext(XmlSource source) {
+    static Context file;
+    static Context memory;
+    return source == XmlSource::File ? file : memory;
 }
 
 Context makeContext() {
@@ -278,6 +280,12 @@ Context makeContext() {
     return context;
 }
 
+/// Whether the parser might guess an encoding other than UTF-8 from the first bytes. It would have
+/// to be told then, at a price: an encoding that it is told, be it UTF-8, it converts byte by byte.
+bool mayPassForAnotherEncoding(std::string_view xml) {
+    return xml.size() < 2 || xml[0] != '<' || xml[1] == '\0';
+}
+
 /// One pass over the text. Entities are never declared, so none is ever expanded but the five of
 /// XML itself; without XML_PARSE_NOENT an `&` would come out of an attribute as `&#38;`.
 /// @return whether the text is well-formed
@@ -286,13 +294,17 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
         reader.error = "it is too large";
         return false;
     }
-    Context& context = keptContext();
+    Context& context = keptContext(source);
     if (!context) context = makeContext();
     context->userData = &reader;
-    const bool memory = source == XmlSource::Memory;
-    xmlCtxtReadMemory(context.get(), xml.data(), static_cast<int>(xml.size()), nullptr,
-                      memory ? "UTF-8" : nullptr,
-                      XML_PARSE_NOENT | XML_PARSE_NONET | (memory ? XML_PARSE_IGNORE_ENC : 0));
+    int options = XML_PARSE_NOENT | XML_PARSE_NONET;
+    const char* encoding = nullptr;
+    if (source == XmlSource::Memory) {
+        options |= XML_PARSE_IGNORE_ENC;
+        if (mayPassForAnotherEncoding(xml)) encoding = "UTF-8";
+    }
+    xmlCtxtReadMemory(context.get(), xml.data(), static_cast<int>(xml.size()), nullptr, encoding,
+                      options);
     const bool wellFormed = context->wellFormed != 0;
     // What strange texts leave in the context's dictionary would be held against later ones.
     constexpr std::size_t dictionaryBound = std::size_t{64} * 1024;

@@ -1,0 +1,157 @@
+// The encodings of stored texts. A file is read as it declares and a document as UTF-8, whatever
+// was read before; a walk over the sessions keeps what a file in another encoding says.
+#include <optional>
+
+#include "dialogs/session/frmMORAMConfig.h"
+#include "support/bad_texts.h"
+#include "support/desk.h"
+#include "support/raised.h"
+
+namespace wynconfig {
+namespace {
+
+enum class From { File, Document };
+
+/// A text that is read, and the name and the data that must come of it.
+struct Reading {
+    std::string what;
+    From from;
+    std::string xml;
+    std::optional<std::string> name;  ///< nothing when the text must be refused
+};
+
+std::string declared(const std::string& encoding) {
+    return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?>";
+}
+
+std::string named(const std::string& name) {
+    return "<dataset name=\"" + name + "\"><row key=\"k\">" + name + "</row></dataset>";
+}
+
+std::vector<Reading> readings() {
+    const std::string mark = "\xEF\xBB\xBF";
+    const std::string word = "Maß 部品";
+    return {
+        {"a file without declaration", From::File, named(word), word},
+        {"a file in UTF-8", From::File, declared("UTF-8") + named(word), word},
+        {"a file with a byte order mark", From::File, mark + named(word), word},
+        {"a file in ISO-8859-1", From::File, declared("ISO-8859-1") + named("Ma\xDF"), "Maß"},
+        {"a file in windows-1252", From::File, declared("windows-1252") + named("\x80"), "€"},
+        {"a file in UTF-16", From::File, utf16(declared("UTF-16") + named("N"), false), "N"},
+        {"a file in UTF-16, big-endian", From::File, utf16(named("N"), true), "N"},
+        {"a file in no known encoding", From::File, declared("x-none") + named("N"), {}},
+        {"a file that is no UTF-8", From::File, named("Ma\xDF"), {}},
+        {"a file cut short", From::File, declared("ISO-8859-1") + "<dataset>", {}},
+        {"a file that is no record", From::File, declared("ISO-8859-1") + "<list/>", {}},
+        {"a document without declaration", From::Document, named(word), word},
+        {"a document in UTF-8", From::Document, declared("UTF-8") + named(word), word},
+        {"a document with a byte order mark", From::Document, mark + named(word), word},
+        {"a document behind a line end", From::Document, "\n" + named(word), word},
+        {"a document that declares UTF-16", From::Document, declared("UTF-16") + named(word), word},
+        {"a document that declares Latin", From::Document, declared("ISO-8859-1") + named(word),
+         word},
+        {"a document that is Latin", From::Document, declared("ISO-8859-1") + named("Ma\xDF"), {}},
+        {"a document that is UTF-16", From::Document, utf16(named("N"), false), {}},
+        {"a document that is UTF-16 without its mark",
+         From::Document,
+         utf16(named("N"), false).substr(2),
+         {}},
+        {"a document cut short", From::Document, "<dataset>", {}},
+        {"a document that is no record", From::Document, "<list/>", {}},
+        {"no document", From::Document, "", {}},
+    };
+}
+
+class Encodings : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        memory->makeFolder("/store");
+        setFileSystem(memory.get());
+        for (std::size_t i = 0; i < all.size(); ++i) memory->save(fileOf(i), all[i].xml);
+    }
+    void TearDown() override { setFileSystem(nullptr); }
+
+    static ItemPath fileOf(std::size_t number) {
+        return ItemPath::item("/store/", std::to_string(number));
+    }
+
+    /// What comes of a reading: the name, where the data are the same, or nothing.
+    std::optional<std::string> outcome(std::size_t number) {
+        Dataset record;
+        try {
+            if (all[number].from == From::File) {
+                record.Load(fileOf(number));
+            } else {
+                Document document;
+                document.loadXML(all[number].xml);
+                record.Load(document);
+            }
+        } catch (const Error& error) {
+            EXPECT_EQ(error.number(), errc::BadRecord);
+            return {};
+        }
+        return record.GetRow("k")[1] == record.Name() ? record.Name() : "name and data differ";
+    }
+
+    const std::vector<Reading> all = readings();
+    std::unique_ptr<FileSystem> memory = makeMemoryFileSystem();
+};
+
+TEST_F(Encodings, OfATextDoNotHangOnTheTwoTextsReadBefore) {
+    for (std::size_t first = 0; first < all.size(); ++first) {
+        for (std::size_t second = 0; second < all.size(); ++second) {
+            for (std::size_t third = 0; third < all.size(); ++third) {
+                outcome(first);
+                outcome(second);
+                ASSERT_EQ(outcome(third), all[third].name)
+                    << all[third].what << " behind " << all[first].what << " and "
+                    << all[second].what;
+            }
+        }
+    }
+}
+
+/// Sessions of a store in an encoding of its own, in front of a person and in a walk.
+class LatinSession : public Desk {
+  protected:
+    void SetUp() override {
+        Desk::SetUp();
+        memory->save(ItemPath::item(sessionFolder, "LATIN"),
+                     declared("ISO-8859-1") +
+                         "<dataset type=\"MORAM\" name=\"LATIN\">"
+                         "<row key=\"ProgramPath\">/stra\xDF\x65/teile</row>"
+                         "<row key=\"FormatCount\">1</row><row key=\"FORMAT1\">ALT</row>"
+                         "</dataset>");
+    }
+};
+ON_EVERY_VIEW(LatinSession);
+
+TEST_P(LatinSession, KeepsItsContentInAWalkBehindADocument) {
+    putSession("BEFORE", {{"FormatCount", "1"}, {"FORMAT1", "ALT"}});
+    Document document;
+    ASSERT_TRUE(document.loadXML("<dataset/>"));
+    frmMORAMConfig form;
+    form.UpdatePartNumberFormatsInAllMORAMs("ALT", "NEU");
+    EXPECT_TRUE(user().boxes().empty());
+    EXPECT_EQ(sessionRows("LATIN"),
+              (Rows{{"ProgramPath", "/straße/teile"}, {"FormatCount", "1"}, {"FORMAT1", "NEU"}}));
+    EXPECT_EQ(sessionRows("BEFORE"), (Rows{{"FormatCount", "1"}, {"FORMAT1", "NEU"}}));
+}
+
+TEST_P(LatinSession, OpensBehindAnExchangeInMemory) {
+    std::string name = "OTHER";
+    std::string xml = "<dataset name=\"OTHER\"/>";
+    std::vector<std::string> formats;
+    user().onForm("frmMORAMConfig", [](User& u) { u.click("btnCancel"); });
+    EXPECT_EQ(component.showMORAMConfigDlgEX(name, xml, formats), 1);
+    user().onForm("frmMORAMConfig", [](User& u) {
+        EXPECT_EQ(u.see("txtProgramPath").text, "/straße/teile");
+        u.click("btnCancel");
+    });
+    name = "LATIN";
+    EXPECT_EQ(component.showMORAMConfigDlg(name), 1);
+    EXPECT_NO_THROW(user().finish());
+}
+
+}  // namespace
+}  // namespace wynconfig
