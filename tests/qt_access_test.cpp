@@ -13,23 +13,12 @@
 #include <map>
 #include <utility>
 
-#include "support/all_dialogs.h"
 #include "support/contrast.h"
-#include "support/desk.h"
+#include "support/dialog_walk.h"
 #include "wynconfig/form.h"
-#include "wynconfig/mnemonic.h"
-#include "wynconfig/qt_view.h"
 
 namespace wynconfig {
 namespace {
-
-QWidget* window() {
-    return QApplication::activeModalWidget();
-}
-
-QWidget* widgetOf(const Control& control) {
-    return window()->findChild<QWidget*>(QString::fromStdString(std::string(control.name())));
-}
 
 QString nameOf(QWidget* widget) {
     return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
@@ -112,55 +101,7 @@ QAccessible::Role roleOf(const Control& control) {
     }
 }
 
-/// Every dialog with English texts of which each marks a key, and with values in its boxes.
-class Access : public Desk {
-  protected:
-    /// The English texts, each with a mark in front of its first letter.
-    struct MarkedTexts : ResourceManager {
-        std::shared_ptr<ResourceManager> english = makeBundleResourceManager(WYNCONFIG_RESOURCES);
-        std::string GetString(const std::string& key) override {
-            return "&" + plainCaption(english->GetString(key));
-        }
-        Font GetFont(long handle) override { return english->GetFont(handle); }
-    };
-
-    void SetUp() override {
-        Desk::SetUp();
-        component.InitResourceManager(std::make_shared<MarkedTexts>());
-        putFormat("CSV");
-        putFullSession("DESK", {"CSV"});
-    }
-    void showEach(const std::function<void(User&, Form&)>& look) {
-        for (const Dialog& dialog : allDialogs()) {
-            SCOPED_TRACE(dialog.name);
-            const auto form = dialog.make();
-            if (auto* session = dynamic_cast<frmMORAMConfig*>(form.get())) session->init("DESK");
-            if (auto* editor = dynamic_cast<frmPartNumberFormat*>(form.get())) editor->init("");
-            bool looked = false;
-            user().onForm(dialog.name, [&](User& u) {
-                look(u, *form);
-                looked = true;
-                u.closeByFrame();
-            });
-            form->Show();
-            EXPECT_TRUE(looked);
-        }
-    }
-    /// Looks at each control that is on the screen, on all tabs.
-    void lookAtEachControl(const std::function<void(User&, Form&, Control&)>& look) {
-        showEach([&](User& u, Form& form) {
-            const auto all = [&] {
-                for (Control* each : controlsOf(form.layout().body)) {
-                    if (u.see(each->name()).visible) look(u, form, *each);
-                }
-            };
-            all();
-            if (!form.control("SSTab2")) return;
-            u.changeTab("SSTab2", 1);
-            all();
-        });
-    }
-};
+class Access : public DialogWalk {};
 INSTANTIATE_TEST_SUITE_P(Views, Access, ::testing::Values("Qt"),
                          [](const auto& each) { return std::string(each.param); });
 

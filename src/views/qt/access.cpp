@@ -1,55 +1,84 @@
-// What screen readers are told of the widgets that Qt would speak of wrongly.
+// What assistive programs are told of the widgets that Qt would speak of wrongly, and what their
+// actions do.
 #include "views/qt/access.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QPushButton>
 
+#include "views/qt/form_window.h"
 #include "views/qt/widgets.h"
 
 namespace wynconfig::desktop {
 
 namespace {
 
-/// An option. Qt takes one for a check box when it leaves it to others to exclude others.
-class OptionAccess : public QAccessibleWidget {
+/// A button, check box or option of a form. Qt takes an option for a check box when it leaves it to
+/// others to exclude others, and has actions press without moving the focus: the box that a person
+/// comes from would never hear that it was left.
+class ButtonAccess : public QAccessibleWidget {
   public:
-    explicit OptionAccess(OptionBox* option)
-        : QAccessibleWidget(option, QAccessible::RadioButton), m_option(option) {}
+    ButtonAccess(QAbstractButton* button, QAccessible::Role role)
+        : QAccessibleWidget(button, role), m_button(button) {}
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
-        state.checkable = true;
-        state.checked = m_option->isChecked();
-        state.pressed = m_option->isDown();
+        state.checkable = m_button->isCheckable();
+        state.checked = m_button->isChecked();
+        state.pressed = m_button->isDown();
+        if (const auto* button = qobject_cast<QPushButton*>(m_button))
+            state.defaultButton = button->isDefault();
         return state;
     }
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Accelerator ? shortcut() : QAccessibleWidget::text(kind);
+    }
     QStringList actionNames() const override {
-        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+        QStringList names = QAccessibleWidget::actionNames();
+        if (m_button->isEnabled()) names.prepend(ownAction());
+        return names;
     }
     void doAction(const QString& action) override {
-        if (action != pressAction())
+        if (!m_button->isEnabled()) return;
+        if (action != pressAction() && action != toggleAction())
             QAccessibleWidget::doAction(action);
-        else if (m_option->isEnabled())
-            m_option->click();
+        else if (m_button->isCheckable())
+            press(*m_button);
+        else
+            // Not at once: it may open a dialog, for which whoever asks would have to wait.
+            QMetaObject::invokeMethod(
+                m_button, [button = m_button] { press(*button); }, Qt::QueuedConnection);
     }
     QStringList keyBindingsForAction(const QString& action) const override {
-        return action == pressAction()
-                   ? QStringList{m_option->shortcut().toString(QKeySequence::NativeText)}
-                   : QStringList{};
+        return action == ownAction() ? QStringList{shortcut()} : QStringList{};
     }
 
   private:
-    OptionBox* m_option;
+    static void press(QAbstractButton& button) {
+        if (!inReach(button)) return;
+        static_cast<FormWindow&>(*button.window()).takeFocusTo(button);
+        button.click();
+    }
+    const QString& ownAction() const {
+        return role() == QAccessible::CheckBox ? toggleAction() : pressAction();
+    }
+    QString shortcut() const { return m_button->shortcut().toString(QKeySequence::NativeText); }
+
+    QAbstractButton* m_button;
 };
 
 QAccessibleInterface* accessOf(const QString&, QObject* object) {
-    auto* option = dynamic_cast<OptionBox*>(object);
-    return option ? new OptionAccess(option) : nullptr;
+    auto* button = qobject_cast<QAbstractButton*>(object);
+    if (!button || !dynamic_cast<FormWindow*>(button->window())) return nullptr;
+    if (dynamic_cast<OptionBox*>(button)) return new ButtonAccess(button, QAccessible::RadioButton);
+    if (dynamic_cast<TickBox*>(button)) return new ButtonAccess(button, QAccessible::CheckBox);
+    return qobject_cast<QPushButton*>(button) ? new ButtonAccess(button, QAccessible::Button)
+                                              : nullptr;
 }
 
 }  // namespace
 
-void speakOfOptions() {
+void speakOfButtons() {
     QAccessible::installFactory(accessOf);
 }
 

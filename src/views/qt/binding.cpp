@@ -1,7 +1,7 @@
 // How each kind of control is shown, and what is reported of it.
 #include "views/qt/binding.h"
 
-#include <QCheckBox>
+#include <QApplication>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QPushButton>
@@ -23,6 +23,11 @@ Binding::Binding(Control& control, QWidget* widget) : m_control(control), m_widg
     const std::string_view name = control.name();
     widget->setObjectName(toQt(name));
     m_takesFocus = widget->focusPolicy() != Qt::NoFocus;
+}
+
+bool inReach(const QWidget& widget) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return widget.isEnabled() && widget.isVisible() && (!modal || modal == widget.window());
 }
 
 void Binding::show() {
@@ -60,13 +65,50 @@ void Binding::showTabStop() {
 
 namespace {
 
+/// A control that a person acts on. Whatever moves its widget is the person's doing, be it keys, a
+/// pointer, an input method, a drop or a screen reader, unless the binding itself shows something.
+class ActingBinding : public Binding {
+  protected:
+    ActingBinding(Control& control, QWidget* widget, Door& door)
+        : Binding(control, widget), m_door(door) {}
+
+    /// Reports an act that takes the focus first, as one of the mouse does.
+    template <class Report>
+    void act(const Report& report) {
+        if (inReach(*widget())) {
+            m_door([this](const UserInput& input) { input.focus(control()); });
+            if (m_door.isOpen()) focusWidget()->setFocus(Qt::OtherFocusReason);
+        }
+        actInPlace(report);
+    }
+    /// Reports an act that leaves the focus where it is.
+    template <class Report>
+    void actInPlace(const Report& report) {
+        m_door([&](const UserInput& input) {
+            // Leaving the control before may have changed what can be used.
+            if (inReach(*widget()) && control().enabled() && control().visible())
+                report(input);
+            else
+                showLater();
+        });
+    }
+    /// Has the widget show the control again, as soon as what moved it is done.
+    void showLater() {
+        const auto again = [this] { m_door([this](const UserInput&) { show(); }); };
+        QMetaObject::invokeMethod(widget(), again, Qt::QueuedConnection);
+    }
+
+  private:
+    Door& m_door;
+};
+
 /// The text goes to the model only when the person edits it: a text that the box can't show as it
 /// stands survives there as long as nobody touches it.
-class EditBinding : public Binding {
+class EditBinding : public ActingBinding {
   public:
     EditBinding(Edit& edit, QWidget* parent, Door& door)
-        : Binding(edit, new TextBox(parent)), m_edit(edit), m_door(door) {
-        QObject::connect(&box(), &QLineEdit::textEdited, &box(), [this] { reportText(); });
+        : ActingBinding(edit, new TextBox(parent), door), m_edit(edit) {
+        QObject::connect(&box(), &QLineEdit::textChanged, &box(), [this] { reportText(); });
         QObject::connect(&box(), &QLineEdit::cursorPositionChanged, &box(),
                          [this] { reportCaret(); });
         QObject::connect(&box(), &QLineEdit::selectionChanged, &box(), [this] { reportCaret(); });
@@ -77,10 +119,12 @@ class EditBinding : public Binding {
     std::size_t caret() const { return charsBefore(box().text(), box().caret()); }
     void reportText() {
         m_shown = fromQt(box().text());
-        m_door([this](const UserInput& input) { input.type(m_edit, m_shown, caret()); });
+        act([this, text = m_shown, caret = caret()](const UserInput& input) {
+            input.type(m_edit, text, caret);
+        });
     }
     void reportCaret() {
-        m_door([this](const UserInput& input) { input.moveCaret(m_edit, caret()); });
+        actInPlace([this](const UserInput& input) { input.moveCaret(m_edit, caret()); });
     }
     void showContent() override {
         const QSignalBlocker quiet(&box());
@@ -93,22 +137,22 @@ class EditBinding : public Binding {
     }
 
     Edit& m_edit;
-    Door& m_door;
     std::string m_shown;
 };
 
-class ListBinding : public Binding {
+class ListBinding : public ActingBinding {
   public:
     ListBinding(ListView& list, QWidget* parent, Door& door, const Standing& standing)
-        : Binding(list, new RowList(parent)),
+        : ActingBinding(list, new RowList(parent), door),
           m_list(list),
           m_headed(standing.labelledBy != nullptr) {
         rowList().picked = [this, &door](std::size_t number) {
-            door([&](const UserInput& input) { input.pick(m_list, number); });
+            act([&](const UserInput& input) { input.pick(m_list, number); });
             // The widget may have let the row go (a click with Ctrl) that the model keeps.
             if (door.isOpen() && m_list.revision() == m_shownRevision)
                 rowList().showSelected(m_list.selectedNumber());
         };
+        rowList().letGo = [this] { showLater(); };
         if (standing.acts.deliberate)
             rowList().setDeliberate();
         else
@@ -151,12 +195,16 @@ class ListBinding : public Binding {
     std::size_t m_shownRevision = static_cast<std::size_t>(-1);
 };
 
-class ComboBinding : public Binding {
+class ComboBinding : public ActingBinding {
   public:
     ComboBinding(ComboBox& combo, QWidget* parent, Door& door)
-        : Binding(combo, new ChoiceBox(parent)), m_combo(combo) {
-        QObject::connect(&box(), &QComboBox::activated, &box(), [this, &door](int index) {
-            door([&](const UserInput& input) { input.choose(m_combo, index); });
+        : ActingBinding(combo, new ChoiceBox(parent), door), m_combo(combo) {
+        QObject::connect(&box(), &QComboBox::currentIndexChanged, &box(), [this](int index) {
+            // The person chooses one of the items that are on the screen.
+            if (index >= 0 && m_combo.revision() == m_shownRevision)
+                act([&](const UserInput& input) { input.choose(m_combo, index); });
+            else
+                showLater();
         });
         box().typing.typed = [this, &door](TypeAhead& ahead, const std::string& letter) {
             door([&](const UserInput& input) { goByLetter(input, ahead, letter); });
@@ -195,16 +243,22 @@ void showCaption(QAbstractButton& button, const CaptionedControl& control) {
     button.setAccessibleName(toQtPlain(control.caption()));
 }
 
-class OptionBinding : public Binding {
+class OptionBinding : public ActingBinding {
   public:
     OptionBinding(OptionButton& option, QWidget* parent, Door& door)
-        : Binding(option, new OptionBox(parent)), m_option(option) {
-        QObject::connect(&box(), &QRadioButton::clicked, &box(), [this, &door] {
-            door([this](const UserInput& input) { input.choose(m_option); });
+        : ActingBinding(option, new OptionBox(parent), door), m_option(option) {
+        QObject::connect(&box(), &QRadioButton::clicked, &box(), [this] { actInPlace(choice()); });
+        QObject::connect(&box(), &QRadioButton::toggled, &box(), [this](bool on) {
+            if (box().inClick()) return;
+            // The person turns one off by turning on another.
+            on ? act(choice()) : showLater();
         });
     }
 
   private:
+    std::function<void(const UserInput&)> choice() {
+        return [this](const UserInput& input) { input.choose(m_option); };
+    }
     OptionBox& box() const { return static_cast<OptionBox&>(*widget()); }
     void showContent() override {
         const QSignalBlocker quiet(&box());
@@ -214,17 +268,23 @@ class OptionBinding : public Binding {
     OptionButton& m_option;
 };
 
-class CheckBinding : public Binding {
+class CheckBinding : public ActingBinding {
   public:
     CheckBinding(CheckBox& check, QWidget* parent, Door& door)
-        : Binding(check, new QCheckBox(parent)), m_check(check) {
-        QObject::connect(&box(), &QCheckBox::clicked, &box(), [this, &door](bool on) {
-            door([&](const UserInput& input) { input.tick(m_check, on); });
+        : ActingBinding(check, new TickBox(parent), door), m_check(check) {
+        QObject::connect(&box(), &QCheckBox::clicked, &box(),
+                         [this](bool on) { actInPlace(turn(on)); });
+        QObject::connect(&box(), &QCheckBox::toggled, &box(), [this](bool on) {
+            // A click ends with a signal of its own, when the box has been painted.
+            if (!box().inClick()) act(turn(on));
         });
     }
 
   private:
-    QCheckBox& box() const { return static_cast<QCheckBox&>(*widget()); }
+    TickBox& box() const { return static_cast<TickBox&>(*widget()); }
+    std::function<void(const UserInput&)> turn(bool on) {
+        return [this, on](const UserInput& input) { input.tick(m_check, on); };
+    }
     void showContent() override {
         const QSignalBlocker quiet(&box());
         showCaption(box(), m_check);
@@ -233,12 +293,12 @@ class CheckBinding : public Binding {
     CheckBox& m_check;
 };
 
-class ButtonBinding : public Binding {
+class ButtonBinding : public ActingBinding {
   public:
     ButtonBinding(Button& button, QWidget* parent, Door& door)
-        : Binding(button, new QPushButton(parent)), m_button(button) {
-        QObject::connect(&box(), &QPushButton::clicked, &box(), [this, &door] {
-            door([this](const UserInput& input) { input.click(m_button); });
+        : ActingBinding(button, new QPushButton(parent), door), m_button(button) {
+        QObject::connect(&box(), &QPushButton::clicked, &box(), [this] {
+            actInPlace([this](const UserInput& input) { input.click(m_button); });
         });
     }
 
@@ -290,17 +350,16 @@ class FrameBinding : public Binding {
 
 /// The bar tells only what the person wants; the model decides, and only then the page changes.
 /// Else the focus would go with the page before the form has heard of the click.
-class TabsBinding : public Binding {
+class TabsBinding : public ActingBinding {
   public:
     TabsBinding(Tabs& tabs, QWidget* parent, Door& door)
-        : Binding(tabs, new QTabWidget(parent)),
+        : ActingBinding(tabs, new QTabWidget(parent), door),
           m_tabs(tabs),
           m_pages(box().findChild<QStackedWidget*>()) {
         QObject::disconnect(box().tabBar(), &QTabBar::currentChanged, &box(), nullptr);
-        QObject::connect(box().tabBar(), &QTabBar::currentChanged, &box(),
-                         [this, &door](int index) {
-                             door([&](const UserInput& input) { input.changeTab(m_tabs, index); });
-                         });
+        QObject::connect(box().tabBar(), &QTabBar::currentChanged, &box(), [this](int index) {
+            actInPlace([&](const UserInput& input) { input.changeTab(m_tabs, index); });
+        });
     }
     QWidget* focusWidget() const override { return box().tabBar(); }
 

@@ -75,6 +75,10 @@ class Binding {
     bool m_takesFocus;
 };
 
+/// Whether a person can act on a widget now. Assistive programs reach those that no mouse or key
+/// does as well: what is switched off, lies on another tab, or waits for the dialog above it.
+bool inReach(const QWidget& widget);
+
 /// What a control is to the one beside it in the layout.
 struct Standing {
     const CaptionedControl* labelledBy = nullptr;  ///< the label in front of or above it

@@ -406,6 +406,13 @@ void FormWindow::pressByKey(const Control& control) {
     if (m_form && canFocus(*button)) button->click();
 }
 
+void FormWindow::takeFocusTo(QWidget& widget) {
+    const auto found = m_byWidget.find(&widget);
+    if (found == m_byWidget.end()) return;
+    m_door([&](const UserInput& input) { input.focus(*found->second); });
+    if (m_form) widget.setFocus(Qt::OtherFocusReason);
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     m_door([this](const UserInput& input) { input.closeByFrame(*m_form); });

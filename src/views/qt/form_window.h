@@ -42,6 +42,8 @@ class FormWindow : public QDialog, private FormObserver {
     void guarded(const Work& work) {
         m_door([&](const UserInput&) { work(); });
     }
+    /// Gives a control's widget the focus, also while another program has the keyboard.
+    void takeFocusTo(QWidget& widget);
     /// Leaves the form the way that changes the least: by its cancel button, else by the frame.
     void giveUp();
 

@@ -46,7 +46,7 @@ class Desktop : public QtView {
   public:
     Desktop() : m_person(m_screen) {
         provideApplication();
-        desktop::speakOfOptions();
+        desktop::speakOfButtons();
     }
 
     void showModal(Form& form) override;

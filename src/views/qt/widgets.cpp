@@ -74,6 +74,11 @@ OptionBox::OptionBox(QWidget* parent) : QRadioButton(parent) {
     setAutoExclusive(false);
 }
 
+void OptionBox::nextCheckState() {
+    const QScopedValueRollback clicking(m_inClick, true);
+    setChecked(true);
+}
+
 void OptionBox::keyPressEvent(QKeyEvent* event) {
     const bool mirrored = isRightToLeft();
     int step = 0;
@@ -104,6 +109,11 @@ void OptionBox::keyPressEvent(QKeyEvent* event) {
     if (next == this) return;
     next->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     next->click();
+}
+
+void TickBox::nextCheckState() {
+    const QScopedValueRollback clicking(m_inClick, true);
+    QCheckBox::nextCheckState();
 }
 
 ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
@@ -329,15 +339,18 @@ bool RowList::picksCurrent(const QKeyEvent& event) const {
 void RowList::keyPressEvent(QKeyEvent* event) {
     if (typing.take(*event)) return;
     // These are keys of the form, though they come with a character of their own.
-    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_F2)
+    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_F2) {
         event->ignore();
-    else if (currentIndex().isValid() && picksCurrent(*event))
+    } else if (currentIndex().isValid() && picksCurrent(*event)) {
         pickCurrent();
-    else
+    } else {
+        const QScopedValueRollback moving(m_moving, true);
         QTreeView::keyPressEvent(event);
+    }
 }
 
 void RowList::goTo(std::size_t number) {
+    const QScopedValueRollback moving(m_moving, true);
     const QModelIndex index = m_rows.index(static_cast<int>(number) - 1);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     scrollTo(index);
@@ -354,8 +367,15 @@ QItemSelectionModel::SelectionFlags RowList::selectionCommand(const QModelIndex&
 
 void RowList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QTreeView::selectionChanged(selected, deselected);
-    if (m_showing || m_pressing || selected.isEmpty() || !picked) return;
-    picked(static_cast<std::size_t>(selected.front().top()) + 1);
+    if (m_showing || m_pressing) return;
+    if (selected.isEmpty()) {
+        if (letGo) letGo();
+        return;
+    }
+    const int row = selected.front().top();
+    if (!m_moving)
+        selectionModel()->setCurrentIndex(m_rows.index(row), QItemSelectionModel::NoUpdate);
+    if (picked) picked(static_cast<std::size_t>(row) + 1);
 }
 
 bool RowList::viewportEvent(QEvent* event) {

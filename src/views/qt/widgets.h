@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -38,10 +39,29 @@ class TextBox : public QLineEdit {
 class OptionBox : public QRadioButton {
   public:
     explicit OptionBox(QWidget* parent);
+    /// Whether a click turns it now, and not something else.
+    bool inClick() const { return m_inClick; }
 
   protected:
-    void nextCheckState() override { setChecked(true); }
+    void nextCheckState() override;
     void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    bool m_inClick = false;
+};
+
+/// A check box that knows what turns it.
+class TickBox : public QCheckBox {
+  public:
+    using QCheckBox::QCheckBox;
+    /// Whether a click turns it now, and not something else.
+    bool inClick() const { return m_inClick; }
+
+  protected:
+    void nextCheckState() override;
+
+  private:
+    bool m_inClick = false;
 };
 
 /// A drop-down list whose width doesn't follow its items, whose number and length know no bound.
@@ -110,9 +130,9 @@ class RowModel : public QAbstractListModel {
 };
 
 /// A list of one column. Tells of each row that the person picks, also of the selected one when it
-/// is clicked again, once for each act; what code selects it doesn't tell. By the keyboard the
-/// arrow keys and letters pick; with Ctrl, or where picks are to be deliberate, the arrow keys only
-/// move to a row, which the space bar then picks.
+/// is clicked again, once for each act; what the view shows as selected it doesn't tell. By the
+/// keyboard the arrow keys and letters pick; with Ctrl, or where picks are to be deliberate, the
+/// arrow keys only move to a row, which the space bar then picks.
 class RowList : public QTreeView {
   public:
     explicit RowList(QWidget* parent);
@@ -131,6 +151,8 @@ class RowList : public QTreeView {
 
     /// Gets the number of the row, from 1.
     std::function<void(std::size_t)> picked;
+    /// The selected row was let go, by something else than the mouse, and perhaps for another one.
+    std::function<void()> letGo;
     /// A row was clicked twice. False: nothing came of it, and the second click is one more pick.
     std::function<bool()> doubleClicked;
     Typing typing;
@@ -158,6 +180,7 @@ class RowList : public QTreeView {
     RowModel m_rows;
     int m_widthHint = 0;
     bool m_showing = false;
+    bool m_moving = false;  ///< the mark of the focus comes along with the selection
     bool m_pressing = false;
     bool m_doubled = false;
     bool m_deliberate = false;
