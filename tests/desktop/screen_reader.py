@@ -50,6 +50,24 @@ class Node:
         """The content of a box as it is now."""
         return Atspi.Text.get_text(self._accessible, 0, -1)
 
+    def set_text(self, text):
+        """Has a box hold a text, as dictation does."""
+        if not Atspi.EditableText.set_text_contents(self._accessible, text):
+            raise AssertionError(f'{self.role} "{self.name}" takes no text')
+
+    def insert_text(self, place, text):
+        """Has a box hold a text more, from a place on."""
+        if not Atspi.EditableText.insert_text(self._accessible, place, text, len(text.encode())):
+            raise AssertionError(f'{self.role} "{self.name}" takes no text')
+
+    def act(self, name):
+        """Does the action of a name, such as "Press" or "Toggle"."""
+        count = Atspi.Action.get_n_actions(self._accessible)
+        names = [Atspi.Action.get_action_name(self._accessible, index) for index in range(count)]
+        if name not in names:
+            raise AssertionError(f'{self.role} "{self.name}" has the actions {names} alone')
+        Atspi.Action.do_action(self._accessible, names.index(name))
+
     @property
     def extents(self):
         """Its place on the screen as it is now: x, y, width, height."""

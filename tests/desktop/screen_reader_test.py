@@ -5,7 +5,7 @@ import os
 import unittest
 
 from dialogs import ALL_SESSIONS, Control, WINDOWS, flat
-from host_test_case import HOST, HostTestCase
+from host_test_case import HOST, SESSION, HostTestCase
 from screen_reader import LISTS
 
 LISTINGS = os.environ["LISTINGS"]
@@ -130,6 +130,35 @@ class ScreenReaderTest(HostTestCase):
         # Nobody confirmed anything; the list of sessions is kept even so.
         kept = {"session-list.txt": [",".join(ALL_SESSIONS).encode()]}
         self.assertEqual(self.store.files(), before | kept)
+
+    def test_fills_a_dialog_by_actions_alone(self):
+        self.person.press("ctrl+Return")
+        self.wait_for_focus(SESSION, "Display Name")
+        name = self.control(SESSION, "Display Name").text
+        before = self.store.session(name)
+        program = self.store.path("programs", "workshop-counter")
+        self.assertNotEqual(before["ProgramPath"], program)
+
+        self.control(SESSION, "Program Path").set_text(program)
+        self.control(SESSION, "Program Path", when=lambda box: box.text == program)
+        self.control(SESSION, "Command Line Options").set_text("/quiet")
+        self.control(SESSION, "Command Line Options").insert_text(0, "--job 7 ")
+        self.control(SESSION, "Reverse List Order").act("Toggle")
+        was_on = before["ReverseList"] == "true"
+        self.control(SESSION, "Reverse List Order",
+                     when=lambda box: ("checked" in box.states) != was_on)
+        self.control(SESSION, "Left").act("Press")
+        self.control(SESSION, "Left", when=lambda option: "checked" in option.states)
+        # A box that is left by an action hears of it, as it does when a key or the mouse leaves it.
+        self.control(SESSION, "Display Name").set_text(" said aloud ")
+        self.control(SESSION, "OK").act("Press")
+
+        self.window(HOST)
+        rows = self.store.session("SAID ALOUD")
+        expected = {"ProgramPath": program, "CommandLineArgs": "--job 7 /quiet",
+                    "ReverseList": "false" if was_on else "true", "Orientation": "left"}
+        self.assertEqual({key: rows.get(key) for key in expected}, expected)
+        self.quit_host()
 
 
 if __name__ == "__main__":
