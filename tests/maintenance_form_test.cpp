@@ -182,11 +182,17 @@ TEST_P(MaintenanceForm, SharesTheFontAndDoesWithoutIt) {
     EXPECT_EQ(form.btnOK.caption(), "{BUTTON_OK}");
 }
 
-TEST_P(MaintenanceForm, AFolderThatCantBeReadCountsAsEmpty) {
+TEST_P(MaintenanceForm, AFolderThatCantBeReadIsToldAndShowsNoSession) {
     putSession("A", {});
     disk.failOn(FaultyFileSystem::Operation::List);
+    user().onBox();  // of the failure box's own hidden form, which is one of these
+    user().onBox();
     EXPECT_EQ(show("A", [](User& u) { u.click("btnOK"); }), (Outcome{1, ""}));
-    EXPECT_TRUE(user().boxes().empty());
+    ASSERT_EQ(user().boxes().size(), 2U);
+    for (const SeenBox& box : user().boxes()) {
+        EXPECT_TRUE(isFailureOf(box.text, "frmMORAMMaintenance:loadLstAvailableMORAMs"));
+        EXPECT_NE(box.text.find("The folder /store/MORAM can't be read: "), std::string::npos);
+    }
 }
 
 TEST_P(MaintenanceForm, OpensInEnglishWithoutAResourceManager) {

@@ -1,5 +1,7 @@
 // Files on the disk: saving that survives a crash, changes by other programs, links, and what is no
 // plain file.
+#include <dirent.h>
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sys/inotify.h>
 #include <sys/resource.h>
@@ -15,6 +17,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <set>
@@ -36,6 +39,7 @@ struct SystemCalls {
     bool skipSync = false;       ///< a sync returns at once, for tests of many saves
     int failingSync = 0;         ///< the sync of this number, from 1, fails; 0: none
     bool failingRename = false;
+    bool failingListing = false;  ///< the disk fails behind the first names of a folder
     int syncs = 0;
     int writes = 0;
     std::vector<std::string> log;  ///< the calls that order a save
@@ -63,6 +67,14 @@ extern "C" int renameat(int fromFolder, const char* from, int toFolder, const ch
         return -1;
     }
     return static_cast<int>(syscall(SYS_renameat, fromFolder, from, toFolder, to));
+}
+
+extern "C" dirent* readdir(DIR* folder) {
+    static const auto next = reinterpret_cast<dirent* (*)(DIR*)>(dlsym(RTLD_NEXT, "readdir"));
+    dirent* const entry = next(folder);
+    if (entry || !systemCalls.failingListing) return entry;
+    errno = EIO;
+    return nullptr;
 }
 
 extern "C" ssize_t write(int file, const void* bytes, size_t size) {
@@ -115,6 +127,38 @@ class Disk : public testing::Test {
     std::string root = folder.path() + "/";
     std::unique_ptr<FileSystem> files = makeRealFileSystem();
 };
+
+/// Runs a call with the rights of an ordinary user, who owns these paths.
+void asOrdinaryUser(const Names& owned, const std::function<void()>& call) {
+    constexpr uid_t Nobody = 65534;
+    const bool privileged = geteuid() == 0;
+    if (privileged) {
+        for (const std::string& path : owned)
+            ASSERT_EQ(chown(path.c_str(), Nobody, static_cast<gid_t>(-1)), 0);
+        ASSERT_EQ(seteuid(Nobody), 0);
+    }
+    call();
+    if (privileged) {
+        ASSERT_EQ(seteuid(0), 0);
+    }
+}
+
+/// Runs a call while this program can open no further file.
+void withoutFreeFileNumbers(const std::function<void()>& call) {
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{0, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    call();
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+}
+
+void expectUnreadable(const std::string& what, const std::string& cause,
+                      const std::function<void()>& call) {
+    const Error error = failureOf(call);
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_EQ(error.description(), "The " + what + ": " + cause + ".");
+}
 
 /// What happens to the names of a folder, as the system reports it.
 class FolderWatch {
@@ -274,25 +318,91 @@ TEST_F(Disk, keepsModeBits) {
 }
 
 TEST_F(Disk, leavesWriteProtectedFilesAlone) {
-    constexpr uid_t Nobody = 65534;
     put("A.vla", "old");
     fs::permissions(root + "A.vla", fs::perms{0444});
-    const bool privileged = geteuid() == 0;
-    if (privileged) {
-        ASSERT_EQ(chown(root.c_str(), Nobody, static_cast<gid_t>(-1)), 0);
-        ASSERT_EQ(chown((root + "A.vla").c_str(), Nobody, static_cast<gid_t>(-1)), 0);
-        ASSERT_EQ(seteuid(Nobody), 0);
-    }
-    const Error error = failureOf([&] { files->save(at("a.vla"), "new"); });
-    const auto writable = [&] { files->save(at("B.vla"), "new"); };
-    EXPECT_NO_THROW(writable());
-    if (privileged) {
-        ASSERT_EQ(seteuid(0), 0);
-    }
+    Error error{0, ""};
+    asOrdinaryUser({root, root + "A.vla"}, [&] {
+        error = failureOf([&] { files->save(at("a.vla"), "new"); });
+        EXPECT_NO_THROW(files->save(at("B.vla"), "new"));
+    });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_TRUE(holds(error.description(), "Permission denied")) << error.description();
     EXPECT_EQ(contentOf("A.vla"), "old");
     EXPECT_EQ(names(), (std::set<std::string>{"A.vla", "B.vla"}));
+}
+
+TEST_F(Disk, takesNoFolderForEmptyThatItCantOpen) {
+    put("A.vla", "x");
+    const std::string unreadable = "folder " + folder.path() + " can't be read";
+    const std::string cause = "Too many open files";
+    withoutFreeFileNumbers([&] {
+        expectUnreadable(unreadable, cause, [&] { files->listItems(root); });
+        expectUnreadable(unreadable, cause, [&] { files->find(at("a.vla")); });
+        expectUnreadable(unreadable, cause, [&] { files->find(at("NONE.vla")); });
+        expectUnreadable(unreadable, cause, [&] { files->remove(at("NONE.vla")); });
+        expectUnreadable(unreadable, cause, [&] { files->save(at("NEW.vla"), "x"); });
+        expectUnreadable(unreadable, cause, [&] { files->makeFolder(root + "new"); });
+        expectUnreadable(unreadable, cause, [&] { files->folderExists(root + "new"); });
+        EXPECT_EQ(files->find(at("A.vla")), "A.vla");
+        EXPECT_TRUE(files->folderExists(root));
+        EXPECT_FALSE(files->existsExactly(root + "NONE.vla"));
+    });
+    EXPECT_EQ(files->find(at("a.vla")), "A.vla");
+    EXPECT_EQ(files->listItems(root), Names{"A.vla"});
+    EXPECT_EQ(names(), std::set<std::string>{"A.vla"});
+}
+
+TEST_F(Disk, takesNoFolderForListedWhoseDiskFails) {
+    put("A.vla", "x");
+    systemCalls.failingListing = true;
+    const std::string unreadable = "folder " + folder.path() + " can't be read";
+    expectUnreadable(unreadable, "Input/output error", [&] { files->listItems(root); });
+    expectUnreadable(unreadable, "Input/output error", [&] { files->find(at("a.vla")); });
+    systemCalls.failingListing = false;
+    EXPECT_EQ(files->listItems(root), Names{"A.vla"});
+}
+
+TEST_F(Disk, tellsAFolderThatItsUserMayNotReadFromAMissingOne) {
+    fs::permissions(root, fs::perms{0755});
+    fs::create_directory(root + "shut");
+    put("shut/A.vla", "x");
+    const ItemPath exact{root + "shut\\", "A.vla"};
+    const ItemPath other{root + "shut\\", "a.vla"};
+    const std::string cause = "Permission denied";
+    const std::string unreadable = "folder " + root + "shut can't be read";
+    const std::string unseen = "file " + root + "shut/A.vla can't be looked at";
+    const auto withRights = [&](unsigned rights, const std::function<void()>& call) {
+        fs::permissions(root + "shut", fs::perms{rights});
+        asOrdinaryUser({}, call);
+        fs::permissions(root + "shut", fs::perms{0755});
+    };
+    withRights(0, [&] {
+        expectUnreadable(unreadable, cause, [&] { files->listItems(root + "shut"); });
+        expectUnreadable(unseen, cause, [&] { files->find(exact); });
+        expectUnreadable(unseen, cause, [&] { files->existsExactly(root + "shut/A.vla"); });
+    });
+    withRights(0111, [&] {  // a file by its exact name, but no names
+        expectUnreadable(unreadable, cause, [&] { files->listItems(root + "shut"); });
+        expectUnreadable(unreadable, cause, [&] { files->find(other); });
+        EXPECT_EQ(files->find(exact), "A.vla");
+    });
+    withRights(0444, [&] {  // names, but no file
+        EXPECT_EQ(files->listItems(root + "shut"), Names{"A.vla"});
+        expectUnreadable(unseen, cause, [&] { files->find(exact); });
+    });
+    EXPECT_TRUE(files->listItems(root + "none").empty());
+}
+
+TEST_F(Disk, leavesOutALinkThatLeadsWhereItsUserMayNotLook) {
+    fs::permissions(root, fs::perms{0755});
+    fs::create_directory(root + "shut");
+    put("shut/A.vla", "x");
+    fs::create_symlink("shut/A.vla", root + "LINK.vla");
+    put("B.vla", "x");
+    fs::permissions(root + "shut", fs::perms{0});
+    asOrdinaryUser({}, [&] { EXPECT_EQ(files->listItems(root), Names{"B.vla"}); });
+    fs::permissions(root + "shut", fs::perms{0755});
+    EXPECT_EQ(files->listItems(root), (Names{"B.vla", "LINK.vla"}));
 }
 
 TEST_F(Disk, refusesFilesThatAreTooLarge) {

@@ -41,7 +41,10 @@ void FaultyFileSystem::failSave(const std::string& path) {
 }
 
 bool FaultyFileSystem::entriesOf(const std::string& folder, std::vector<Entry>& entries) {
-    return !begin(Operation::List, folder) && m_wrapped.entriesOf(folder, entries);
+    if (begin(Operation::List, folder)) {
+        throw refusal("folder", folder, "read", causeOf(std::errc::too_many_files_open));
+    }
+    return m_wrapped.entriesOf(folder, entries);
 }
 
 bool FaultyFileSystem::stampOf(const std::string& folder, Stamp& stamp) {

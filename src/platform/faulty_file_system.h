@@ -18,7 +18,8 @@ namespace wynconfig {
 class FaultyFileSystem : public FileSystem {
   public:
     enum class Operation {
-        List,        ///< reading the names of a folder, for a listing or to find a name by case
+        List,        ///< reading the names of a folder, for a listing or to find a name by case,
+                     ///< fails as without a free file number: errc::FileAccess
         Read,        ///< fails as a damaged disk does: errc::FileAccess
         Save,        ///< fails as a full disk does: errc::FileAccess, and the old file stands
         Remove,      ///< errc::FileAccess, and the file stays
@@ -29,8 +30,7 @@ class FaultyFileSystem : public FileSystem {
     /// @param wrapped  must outlive this object.
     explicit FaultyFileSystem(FileSystem& wrapped) : m_wrapped(wrapped) {}
 
-    /// Lets an operation fail. A folder whose names can't be read counts as empty, so a failing
-    /// `List` raises nothing.
+    /// Lets an operation fail.
     /// @param part   only where the path, as the system spells it, holds this text; empty:
     /// anywhere. The path of a commit is the folder of its first file.
     /// @param skip   that many calls of this kind succeed first.

@@ -312,7 +312,7 @@ bool FileSystem::isThere(const std::string& path) {
 }
 
 /// The index of a folder, read anew when the one at hand is not to be trusted; null when the folder
-/// is not there or can't be read.
+/// is not there. Raises when it can't be read.
 const FileSystem::Index* FileSystem::indexOf(const std::string& folder, Trust trust) {
     const auto held = m_indexes.find(folder);
     const bool inBatch = m_inBatch && trust == Trust::SameStamp;
@@ -320,8 +320,8 @@ const FileSystem::Index* FileSystem::indexOf(const std::string& folder, Trust tr
     // The stamp is taken before the names: a change while they are read makes the stamps differ,
     // or else finds the stamp unsettled.
     Stamp now;
-    const bool there = stampOf(folder, now);
-    if (there && held != m_indexes.end()) {
+    const bool stamped = stampOf(folder, now);
+    if (stamped && held != m_indexes.end()) {
         const Stamp& stamp = held->second.stamp;
         const bool trusted = stamp.settled || trust == Trust::SameStamp;
         if (stamp.value == now.value && trusted) {
@@ -330,15 +330,13 @@ const FileSystem::Index* FileSystem::indexOf(const std::string& folder, Trust tr
         }
     }
 
+    if (held != m_indexes.end()) m_indexes.erase(held);
+    if (!stamped && !isFolder(folder)) return nullptr;
     std::vector<Entry> entries;
-    if (!there || !entriesOf(folder, entries)) {
-        m_indexes.erase(folder);
-        return nullptr;
-    }
+    if (!entriesOf(folder, entries)) return nullptr;
     Index& index = m_indexes[folder];
-    index.stamp = now;
+    index.stamp = stamped ? now : Stamp{0, false};
     index.seenInBatch = m_inBatch;
-    index.names.clear();
     for (Entry& entry : entries) {
         std::string key = UCase(entry.name);
         index.names.emplace(std::move(key), std::move(entry.name));

@@ -24,7 +24,10 @@ namespace wynconfig {
 /// without regard to case (as `UCase` compares), an exact name first, then the first in ascending
 /// byte order; they share one resolver. Parts that are not there stay as given. What a kind of file
 /// system has to supply is the protected part. Failures raise `Error` with a description that names
-/// the file. An object serves one thread at a time.
+/// the file. What is not there is no failure of a question, but what can't be looked at is one, for
+/// want of rights, of memory or of free file numbers, or by a fault of the disk: that raises
+/// errc::FileAccess, so that nobody takes for missing what may well be there. An object serves one
+/// thread at a time.
 class FileSystem {
   public:
     FileSystem() = default;
@@ -34,20 +37,23 @@ class FileSystem {
 
     /// The names of the plain files in `folder` that end in ".vla" (any case), as they are spelt on
     /// disk, in ascending order of their upper-cased forms, complete before the call returns. A
-    /// folder that is not there has none; so does one that can't be read. A name that no `ItemPath`
-    /// can bear, since it holds `\`, is left out.
+    /// folder that is not there has none. A name that no `ItemPath` can bear, since it holds `\`,
+    /// is left out. Raises errc::FileAccess when the folder can't be read to its end.
     std::vector<std::string> listItems(const std::string& folder);
 
     /// The name, as it is spelt on disk, of the plain file at `path`, or the empty string. `*` and
-    /// `?` are plain letters here.
+    /// `?` are plain letters here. Raises errc::FileAccess when it can't be told: a file in its
+    /// exact spelling is found also in a folder whose names can't be read, but none is found
+    /// missing there.
     std::string find(const ItemPath& path);
 
     /// True when a plain file lies at exactly this path, compared letter by letter. An empty path,
     /// a folder, and a path that ends in a separator count as not there. For paths outside the
-    /// store.
+    /// store. Raises errc::FileAccess when it can't be told.
     bool existsExactly(const std::string& path);
 
-    /// True when a folder is there. A path without a folder's trailing separator is fine.
+    /// True when a folder is there. A path without a folder's trailing separator is fine. Raises
+    /// errc::FileAccess when it can't be told.
     bool folderExists(const std::string& folder);
 
     /// Makes one folder, never its parents. Raises errc::FileAccess when that fails, and when a
@@ -86,12 +92,13 @@ class FileSystem {
 
     // What a kind of file system supplies. Paths are those of the system, already resolved: folders
     // without a trailing separator ("" is the working folder, "/" the system's root), files as
-    // `join` makes them. What changes something raises `Error`; the questions never do.
+    // `join` makes them. What fails raises `Error`, but for `stampOf`.
 
-    /// Fills in what lies in a folder, without "." and "..". False when it can't be read to its
-    /// end.
+    /// Fills in what lies in a folder, without "." and "..". False when there is no such folder;
+    /// raises when it can't be read to its end.
     virtual bool entriesOf(const std::string& folder, std::vector<Entry>& entries) = 0;
-    /// False when there is no such folder.
+    /// False when it can't be told, for whatever reason. Never raises: it is asked also behind a
+    /// change that is done, which no failure may hide.
     virtual bool stampOf(const std::string& folder, Stamp& stamp) = 0;
     virtual bool isPlainFile(const std::string& path) = 0;
     virtual bool isFolder(const std::string& path) = 0;

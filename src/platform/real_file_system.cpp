@@ -22,6 +22,21 @@ std::string causeOf(int error) {
     return std::generic_category().message(error);
 }
 
+/// True for the causes by which nothing can be there: neither a file of that name, nor a folder.
+bool meansNotThere(int error) {
+    switch (error) {
+        case ENOENT:
+        case ENOTDIR:
+        case ELOOP:         // a link that leads to itself
+        case ENAMETOOLONG:  // and names that this folder's file system can't have
+        case EINVAL:
+        case EILSEQ:
+            return true;
+        default:
+            return false;
+    }
+}
+
 /// Reads an open file to its end, whatever length it claims, up to one byte beyond `most`.
 std::string readToEnd(int file, std::size_t claimed, std::size_t most) {
     std::string content(std::min(claimed, most) + 1, '\0');
@@ -42,16 +57,15 @@ class RealFileSystem : public FileSystem {
     bool entriesOf(const std::string& folder, std::vector<Entry>& entries) override {
         const std::unique_ptr<DIR, int (*)(DIR*)> listing{::opendir(folderName(folder)),
                                                           ::closedir};
-        if (listing == nullptr) return false;
+        if (!listing) return refuseUnlessMissing("folder", folderName(folder), "read");
         for (;;) {
             errno = 0;
             const dirent* entry = ::readdir(listing.get());
-            if (entry == nullptr) return errno == 0;
+            if (!entry)
+                return errno == 0 || refuseUnlessMissing("folder", folderName(folder), "read");
             const std::string_view name = entry->d_name;
             if (name == "." || name == "..") continue;
-            const bool told = entry->d_type != DT_UNKNOWN && entry->d_type != DT_LNK;
-            const bool plain = told ? entry->d_type == DT_REG : isPlainFile(join(folder, name));
-            entries.push_back({std::string{name}, plain});
+            entries.push_back({std::string{name}, isPlainEntry(folder, *entry)});
         }
     }
 
@@ -70,12 +84,15 @@ class RealFileSystem : public FileSystem {
 
     bool isPlainFile(const std::string& path) override {
         struct stat info {};
-        return ::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
+        if (::stat(path.c_str(), &info) != 0) return refuseUnlessMissing("file", path, "looked at");
+        return S_ISREG(info.st_mode);
     }
 
     bool isFolder(const std::string& path) override {
         struct stat info {};
-        return ::stat(folderName(path), &info) == 0 && S_ISDIR(info.st_mode);
+        if (::stat(folderName(path), &info) != 0)
+            return refuseUnlessMissing("folder", folderName(path), "looked at");
+        return S_ISDIR(info.st_mode);
     }
 
     void createFolder(const std::string& path) override {
@@ -127,6 +144,22 @@ class RealFileSystem : public FileSystem {
     void discardStaged() noexcept override { m_saves.discard(); }
 
   private:
+    /// Behind a question that failed: false when nothing is there, else raises what `errno` says.
+    static bool refuseUnlessMissing(const char* kind, const std::string& path, const char* verb) {
+        const int error = errno;
+        if (meansNotThere(error)) return false;
+        throw refusal(kind, path, verb, causeOf(error));
+    }
+
+    /// A link that leads where nobody may look is a plain file to nobody, and hides no other name.
+    bool isPlainEntry(const std::string& folder, const dirent& entry) {
+        if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return entry.d_type == DT_REG;
+        struct stat info {};
+        const std::string path = join(folder, entry.d_name);
+        if (::stat(path.c_str(), &info) == 0) return S_ISREG(info.st_mode);
+        return errno != EACCES && refuseUnlessMissing("file", path, "looked at");
+    }
+
     /// Saves, and says in words why that fails.
     template <typename Save>
     static void told(Save save) {
