@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "file_system_kit.h"
 #include "sending/sending.h"
+#include "support/file_system_kit.h"
 
 namespace host {
 namespace {

@@ -14,10 +14,10 @@
 #include <string>
 #include <vector>
 
-#include "file_system_kit.h"
 #include "platform/faulty_file_system.h"
 #include "platform/file_system.h"
-#include "save_calls.h"
+#include "support/file_system_kit.h"
+#include "support/save_calls.h"
 
 namespace wynconfig {
 namespace {

@@ -7,8 +7,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "file_system_kit.h"
 #include "sending/list_file.h"
+#include "support/file_system_kit.h"
 
 namespace host {
 namespace {

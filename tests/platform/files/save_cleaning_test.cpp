@@ -23,9 +23,9 @@
 #include <thread>
 #include <vector>
 
-#include "file_system_kit.h"
 #include "platform/file_system.h"
-#include "save_calls.h"
+#include "support/file_system_kit.h"
+#include "support/save_calls.h"
 
 namespace {
 int listings = 0;

@@ -6,9 +6,9 @@
 #include <sstream>
 
 #include "core/migration.h"
-#include "file_system_kit.h"
 #include "services/list_and_name_helpers.h"
 #include "support/exchange_desk.h"
+#include "support/file_system_kit.h"
 
 namespace wynconfig {
 namespace {

@@ -1,7 +1,7 @@
 // Carrying a part format's new name, or its deletion, through the sessions that name it.
 #include <filesystem>
 
-#include "file_system_kit.h"
+#include "support/file_system_kit.h"
 #include "support/format_desk.h"
 #include "wynconfig/error.h"
 

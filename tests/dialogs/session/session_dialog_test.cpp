@@ -1,8 +1,8 @@
 // The session dialog itself: opening, captions, tabs, its fixed size, and browsing for a program.
 #include <fstream>
 
-#include "file_system_kit.h"
 #include "support/caption_tables.h"
+#include "support/file_system_kit.h"
 #include "support/session_dialog_desk.h"
 #include "wynconfig/error.h"
 #include "wynconfig/view.h"

@@ -16,9 +16,9 @@
 #include <utility>
 #include <vector>
 
-#include "file_system_kit.h"
 #include "platform/faulty_file_system.h"
 #include "platform/text.h"
+#include "support/file_system_kit.h"
 
 namespace wynconfig {
 namespace {

@@ -26,10 +26,10 @@
 #include <utility>
 #include <vector>
 
-#include "file_system_kit.h"
 #include "platform/faulty_file_system.h"
 #include "platform/file_system.h"
 #include "platform/text.h"
+#include "support/file_system_kit.h"
 
 namespace {
 
