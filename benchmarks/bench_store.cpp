@@ -6,7 +6,7 @@
 #include <map>
 #include <memory>
 
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "store/config_global_module.h"
 #include "store/part_format_record.h"
 #include "store/session_record.h"

@@ -5,7 +5,7 @@
 #include "dialogs/session/dlgAdvConfig.h"
 #include "dialogs/session/frmMORAMConfig.h"
 #include "figures.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "store/config_global_module.h"
 #include "store/session_record.h"
 #include "wynconfig/scripted_view.h"

@@ -4,9 +4,9 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/file_system.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text.h"
 #include "services/on_error.h"
 #include "store/comma_list.h"
 #include "store/config_global_module.h"

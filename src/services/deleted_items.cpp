@@ -1,7 +1,7 @@
 // Moving an item by way of its record.
 #include "services/deleted_items.h"
 
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "wynconfig/dataset.h"
 
 namespace wynconfig {

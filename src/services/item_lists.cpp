@@ -1,7 +1,7 @@
 // Listing a store folder, and readying a list for what it holds.
 #include "services/item_lists.h"
 
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 
 namespace wynconfig {
 

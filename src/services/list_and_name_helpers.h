@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/collection.h"
+#include "platform/records/collection.h"
 #include "wynconfig/controls.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/form.h"

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/collection.h"
+#include "platform/records/collection.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/resource_manager.h"
 

@@ -1,7 +1,7 @@
 // The table of a session's keys.
 #include "store/session_record.h"
 
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 
 namespace wynconfig::session {
 

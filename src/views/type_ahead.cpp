@@ -1,7 +1,7 @@
 // Where typed letters lead in a list of rows: the same in every view.
 #include "views/type_ahead.h"
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace wynconfig {
 

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "support/languages.h"
 #include "support/text_keys.h"
 #include "wynconfig/mnemonic.h"

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "support/all_dialogs.h"
 #include "support/desk.h"
 #include "support/languages.h"

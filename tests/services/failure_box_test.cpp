@@ -7,7 +7,7 @@
 
 #include "dialogs/session/frmMORAMConfig.h"
 #include "dialogs/session/frmMORAMMaintenance.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "services/global_error.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"

@@ -1,7 +1,7 @@
 // The small helpers: which names are refused, what is in a list or a Collection, what is a factory
 // item, and bringing a part format of the store into memory.
-#include "platform/collection.h"
-#include "platform/numbers.h"
+#include "platform/records/collection.h"
+#include "platform/text/numbers.h"
 #include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "support/desk.h"

@@ -1,7 +1,7 @@
 // The fixture's set-up, and its short ways to the store.
 #include "support/desk.h"
 
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 #include "services/global_error.h"
 #include "store/session_record.h"
 #include "wynconfig/error.h"

@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/faulty_file_system.h"
-#include "platform/file_system.h"
+#include "platform/files/faulty_file_system.h"
+#include "platform/files/file_system.h"
 #include "store/config_global_module.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/qt_view.h"

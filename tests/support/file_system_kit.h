@@ -13,7 +13,7 @@
 #include <system_error>
 #include <vector>
 
-#include "platform/faulty_file_system.h"
+#include "platform/files/faulty_file_system.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {

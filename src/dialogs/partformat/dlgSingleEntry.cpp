@@ -1,7 +1,7 @@
 // The prompt's loading and leaving.
 #include "dialogs/partformat/dlgSingleEntry.h"
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "services/texts.h"
 
 namespace wynconfig {

@@ -1,7 +1,7 @@
 // Opening the editor on a new or a stored part format, following the focus, and closing.
 #include "dialogs/partformat/frmPartNumberFormat.h"
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "services/on_error.h"
 #include "services/status.h"
 #include "services/texts.h"

@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "dialogs/partformat/frmPartNumberFormat.h"
-#include "platform/file_system.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
 #include "services/status.h"

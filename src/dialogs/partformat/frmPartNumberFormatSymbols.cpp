@@ -2,7 +2,7 @@
 #include <array>
 
 #include "dialogs/partformat/frmPartNumberFormat.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "services/on_error.h"
 
 namespace wynconfig {

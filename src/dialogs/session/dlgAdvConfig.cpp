@@ -1,7 +1,7 @@
 // Reading, checking and storing the window search, the delays and the launch switch of a session.
 #include "dialogs/session/dlgAdvConfig.h"
 
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 #include "services/on_error.h"
 #include "services/status.h"
 #include "services/texts.h"

@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "platform/file_system.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/text/text.h"
 #include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"

@@ -5,9 +5,9 @@
 
 #include "dialogs/session/dlgAdvConfig.h"
 #include "dialogs/session/frmTallyvaneConfig.h"
-#include "platform/file_system.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text.h"
 #include "services/global_error.h"
 #include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"

@@ -1,6 +1,6 @@
 // Carrying a part format's new name, or its deletion, through the sessions that refer to it.
 #include "dialogs/session/frmMORAMConfig.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "services/item_lists.h"
 #include "services/on_error.h"
 #include "store/config_global_module.h"

@@ -1,7 +1,7 @@
 // Loading the list of sessions, its buttons, and leaving the dialog with one session or none.
 #include "dialogs/session/frmMORAMMaintenance.h"
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "services/deleted_items.h"
 #include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"

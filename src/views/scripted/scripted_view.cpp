@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "views/key_holder.h"
 #include "views/type_ahead.h"
 #include "wynconfig/form.h"

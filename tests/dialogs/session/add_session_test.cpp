@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "dialogs/session/frmAddMORAMConfig.h"
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 #include "store/session_record.h"
 #include "support/caption_tables.h"
 #include "support/desk.h"

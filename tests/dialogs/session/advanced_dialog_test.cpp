@@ -8,7 +8,7 @@
 
 #include "dialogs/session/dlgAdvConfig.h"
 #include "dialogs/session/frmMORAMConfig.h"
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 #include "store/session_record.h"
 #include "support/caption_tables.h"
 #include "support/desk.h"

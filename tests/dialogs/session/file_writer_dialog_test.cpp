@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "dialogs/session/frmTallyvaneConfig.h"
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 #include "store/session_record.h"
 #include "support/caption_tables.h"
 #include "support/desk.h"

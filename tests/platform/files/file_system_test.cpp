@@ -1,6 +1,6 @@
 // The file layer: the rules that hold on the disk and in memory alike, the file system that fails
 // on demand, and the one in use.
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 
 #include <gtest/gtest.h>
 
@@ -16,8 +16,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/faulty_file_system.h"
-#include "platform/text.h"
+#include "platform/files/faulty_file_system.h"
+#include "platform/text/text.h"
 #include "support/file_system_kit.h"
 
 namespace wynconfig {

@@ -26,9 +26,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/faulty_file_system.h"
-#include "platform/file_system.h"
-#include "platform/text.h"
+#include "platform/files/faulty_file_system.h"
+#include "platform/files/file_system.h"
+#include "platform/text/text.h"
 #include "support/file_system_kit.h"
 
 namespace {

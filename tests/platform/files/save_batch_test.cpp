@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/faulty_file_system.h"
-#include "platform/file_system.h"
+#include "platform/files/faulty_file_system.h"
+#include "platform/files/file_system.h"
 #include "support/file_system_kit.h"
 #include "support/save_calls.h"
 

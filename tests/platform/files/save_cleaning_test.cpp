@@ -23,7 +23,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "support/file_system_kit.h"
 #include "support/save_calls.h"
 

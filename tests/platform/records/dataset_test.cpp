@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/faulty_file_system.h"
-#include "platform/file_system.h"
+#include "platform/files/faulty_file_system.h"
+#include "platform/files/file_system.h"
 #include "support/raised.h"
 #include "support/strange_texts.h"
 

@@ -1,5 +1,5 @@
 // Numbers: the table of the numeric test, the grammar in other locales, rounding, range and size.
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Text: upper-casing, trimming, counting and checking, and the failure type's description.
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 #include <gtest/gtest.h>
 

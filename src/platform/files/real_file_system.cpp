@@ -9,9 +9,9 @@
 #include <ctime>
 #include <system_error>
 
-#include "platform/disk_saves.h"
-#include "platform/file_system.h"
-#include "platform/posix.h"
+#include "platform/files/disk_saves.h"
+#include "platform/files/file_system.h"
+#include "platform/files/posix.h"
 
 namespace wynconfig {
 

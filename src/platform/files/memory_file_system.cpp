@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 
 namespace wynconfig {
 

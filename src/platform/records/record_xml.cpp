@@ -1,5 +1,5 @@
 // Reads and writes the stored form of a record, reading by libxml2's SAX2 interface.
-#include "platform/record_xml.h"
+#include "platform/records/record_xml.h"
 
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
@@ -12,7 +12,7 @@
 #include <optional>
 #include <utility>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {

@@ -1,6 +1,6 @@
 // A file system that fails where a test says. Only the single steps are passed on: names are found
 // by the resolver of this object, which is the one that all file systems share.
-#include "platform/faulty_file_system.h"
+#include "platform/files/faulty_file_system.h"
 
 #include <system_error>
 #include <utility>

@@ -16,7 +16,7 @@
 // ASCII digits; decimal, thousands and currency are the locale's marks, each in any of the forms
 // in which it is written. Where blanks separate thousands, a blank behind a digit is a separator
 // and may thus stand within the body.
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 
 #include <unicode/uloc.h>
 #include <unicode/unum.h>

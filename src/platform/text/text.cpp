@@ -1,5 +1,5 @@
 // Text by ICU's character tables and UTF-8 decoding; no locale takes part.
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>

@@ -1,10 +1,10 @@
 // What every kind of file system has in common: item paths, the one resolver behind all operations,
 // and the folder indexes that spare it a scan per look-up.
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 
 #include <algorithm>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace wynconfig {
 

@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/posix.h"
-#include "platform/temporary.h"
+#include "platform/files/posix.h"
+#include "platform/files/temporary.h"
 
 namespace wynconfig {
 

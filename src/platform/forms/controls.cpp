@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "wynconfig/error.h"
 #include "wynconfig/form.h"
 #include "wynconfig/view.h"

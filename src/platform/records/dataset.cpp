@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/file_system.h"
-#include "platform/record_xml.h"
+#include "platform/files/file_system.h"
+#include "platform/records/record_xml.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {

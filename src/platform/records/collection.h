@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {

@@ -1,7 +1,7 @@
 // Reading the marks of captions.
 #include "wynconfig/mnemonic.h"
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace wynconfig {
 

@@ -10,7 +10,7 @@
 
 #include <string>
 
-#include "platform/posix.h"
+#include "platform/files/posix.h"
 
 namespace wynconfig {
 
