@@ -97,10 +97,15 @@ class View {
 
 /// Installs the view of this process; null takes it away. Without a view every question gets the
 /// answer that changes nothing: a dialog is cancelled, a box answered with No or OK, and browsing
-/// gives no path.
+/// gives no path. May be called while a dialog is up: that one stays with the view that shows it,
+/// which lives until the dialog has closed, and whatever comes up from then on goes to the new one.
 void installView(std::shared_ptr<View> view);
 
-/// The installed view, or the one that answers as told above.
+/// The installed view, or the one that answers as told above; never null. Hold it for as long as a
+/// call of it lasts, since it may be replaced meanwhile.
+std::shared_ptr<View> installedView();
+
+/// The same, for a call in which nobody installs another one.
 View& currentView();
 
 }  // namespace wynconfig

@@ -85,7 +85,8 @@ class WYNConfig {
     ///                     stands; the root itself must exist
     void init(const std::string& MORRootPath);
 
-    /// Keeps the resource manager that all texts and the font come from. A later call replaces it.
+    /// Keeps the resource manager that all texts and the font come from. A later call replaces it,
+    /// also while a dialog is up; one that is just asked for something stays until it has answered.
     void InitResourceManager(std::shared_ptr<ResourceManager> objResMgr);
 
     /// Lets the user pick a session out of a list.

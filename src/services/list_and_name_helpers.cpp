@@ -26,7 +26,7 @@ bool isRefused(const std::string& name, std::string_view forbidden) {
 }  // namespace
 
 void SetTopMost(Form& form, bool bTopMost) {
-    currentView().raise(form, bTopMost);
+    installedView()->raise(form, bTopMost);
 }
 
 bool IsInvalidName(const std::string& sName) {

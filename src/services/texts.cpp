@@ -10,10 +10,11 @@ namespace wynconfig {
 
 namespace {
 
-ResourceManager& resourceManager() {
+/// The resource manager, held by whoever asks it: it may be replaced while it answers.
+std::shared_ptr<ResourceManager> resourceManager() {
     if (!ConfigGlobalModule::g_ResMgr)
         throw Error(errc::ObjectNotSet, "There is no resource manager.");
-    return *ConfigGlobalModule::g_ResMgr;
+    return ConfigGlobalModule::g_ResMgr;
 }
 
 struct WriteText {
@@ -28,7 +29,7 @@ struct WriteText {
 }  // namespace
 
 std::string GetString(const std::string& key) {
-    return resourceManager().GetString(key);
+    return resourceManager()->GetString(key);
 }
 
 std::string fetchString(OnError& on, const std::string& key) {
@@ -62,7 +63,7 @@ void SetFormFont(Form& form) {
     OnError on = OnError::ignoring();
     on([&] {
         const long handle = form.hDC();
-        form.setFont(std::make_shared<const Font>(resourceManager().GetFont(handle)));
+        form.setFont(std::make_shared<const Font>(resourceManager()->GetFont(handle)));
     });
     for (Control* control : form.controls()) on([&] { control->setFont(form.font()); });
 }

@@ -392,14 +392,14 @@ void FormCaption::resetContent() {
 int MsgBox::ShowMsg(const std::string& text, int style, const std::string& title,
                     const std::string& okCaption) {
     touch();
-    return currentView().showMessage({&form(), text, style, title, okCaption});
+    return installedView()->showMessage({&form(), text, style, title, okCaption});
 }
 
 std::string BrowseFolder::browse(bool files, const std::string& title, const std::string& okCaption,
                                  const std::string& cancelCaption,
                                  std::shared_ptr<const Font> font) {
     touch();
-    return currentView().browse({&form(), title, okCaption, cancelCaption, files, std::move(font)});
+    return installedView()->browse({&form(), title, okCaption, cancelCaption, files, std::move(font)});
 }
 
 }  // namespace wynconfig

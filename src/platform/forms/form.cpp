@@ -46,7 +46,7 @@ void Form::setFont(std::shared_ptr<const Font> font) {
 
 long Form::hDC() {
     touch();
-    return currentView().deviceContext(*this);
+    return installedView()->deviceContext(*this);
 }
 
 void Form::setSize(int width, int height) {
@@ -75,7 +75,7 @@ void Form::Show() {
     touch();
     m_visible = true;
     raise([this] { Form_Activate(); });
-    currentView().showModal(*this);
+    installedView()->showModal(*this);
 }
 
 void Form::Unload() {

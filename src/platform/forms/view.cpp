@@ -31,12 +31,17 @@ std::shared_ptr<View>& installed() {
 }  // namespace
 
 void installView(std::shared_ptr<View> view) {
-    installed() = std::move(view);
+    // The one before goes last: what it does as it goes may install yet another.
+    installed().swap(view);
+}
+
+std::shared_ptr<View> installedView() {
+    static const auto none = std::make_shared<NoView>();
+    return installed() ? installed() : none;
 }
 
 View& currentView() {
-    static NoView none;
-    return installed() ? *installed() : none;
+    return *installedView();
 }
 
 }  // namespace wynconfig
