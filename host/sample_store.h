@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "wynconfig/keys.h"
 #include "wynconfig/wynconfig.h"
 
 namespace host {
@@ -14,8 +15,8 @@ struct StoreFolders {
     explicit StoreFolders(std::filesystem::path folder) : root(std::move(folder)) {}
 
     std::filesystem::path root;
-    std::filesystem::path sessions() const { return root / "MORAM"; }
-    std::filesystem::path formats() const { return root / "PARTFORMAT"; }
+    std::filesystem::path sessions() const { return root / wynconfig::session::kType; }
+    std::filesystem::path formats() const { return root / wynconfig::partformat::kType; }
     /// Stand-ins for the programs that the sessions launch.
     std::filesystem::path programs() const { return root / "programs"; }
     /// Where the sessions write their files.

@@ -16,6 +16,7 @@
 
 #include "database/names.h"
 #include "host_dialog.h"
+#include "wynconfig/keys.h"
 
 namespace host {
 
@@ -85,9 +86,10 @@ std::optional<fs::path> askForStore(QWidget* window, const fs::path& now) {
     form.fields->addRow(QString(), note);
     const auto judge = [&] {
         const bool there = isFolder(form.path());
-        note->setText(!there                            ? tr("There is no such folder.")
-                      : isFolder(form.path() / "MORAM") ? tr("This folder holds a store.")
-                                                        : tr("A new store will be made there."));
+        note->setText(!there ? tr("There is no such folder.")
+                      : isFolder(form.path() / wynconfig::session::kType)
+                          ? tr("This folder holds a store.")
+                          : tr("A new store will be made there."));
         form.ok()->setEnabled(there);
     };
     QObject::connect(form.folder, &QLineEdit::textChanged, &form.dialog, judge);
@@ -106,7 +108,7 @@ std::optional<TakeOver> askForTakeOver(QWidget* window) {
     form.fields->addRow(tr("Keep it in the database &as:"), name);
     QObject::connect(form.folder, &QLineEdit::textChanged, &form.dialog, [&] {
         session->clear();
-        const fs::path folder = form.path() / "MORAM";
+        const fs::path folder = form.path() / wynconfig::session::kType;
         if (!isFolder(folder)) return;
         for (const std::string& each : itemNames(folder))
             session->addItem(QString::fromStdString(each));

@@ -7,11 +7,15 @@
 #include <utility>
 
 #include "wynconfig/dataset.h"
+#include "wynconfig/keys.h"
 
 namespace host {
 
 namespace {
 
+namespace partformat = wynconfig::partformat;
+namespace session = wynconfig::session;
+namespace words = wynconfig::words;
 using wynconfig::User;
 
 constexpr const char* kTaken = "OLD WORKSHOP";
@@ -43,7 +47,7 @@ void renameFormat(Tour& tour) {
     tour.expectStored(ItemKind::Format, kNewFormat,
                       tour.expectedStoredRows(ItemKind::Format, kFormat));
     tour.expectNotStored(ItemKind::Format, kFormat);
-    expectRow(tour, kTaken, "FORMAT2", kNewFormat);
+    expectRow(tour, kTaken, session::formatKey(2), kNewFormat);
 }
 
 void editFormat(Tour& tour) {
@@ -56,7 +60,7 @@ void editFormat(Tour& tour) {
     user.pick("lstAvailableFormats", kNewFormat);
     user.click("btnEdit");
     Rows rows = tour.expectedStoredRows(ItemKind::Format, kNewFormat);
-    rows["Header"] = "PIECES";
+    rows[partformat::kHeader] = "PIECES";
     tour.expectStored(ItemKind::Format, kNewFormat, std::move(rows));
 }
 
@@ -66,8 +70,8 @@ void refuseFactoryFormat(Tour& tour) {
     tour.user().pick("lstAvailableFormats", "SHELF LABEL");
     tour.user().click("btnEdit");
     tour.user().click("btnAdd");
-    expectRow(tour, kTaken, "FORMAT3", "SHELF LABEL");
-    expectRow(tour, kTaken, "FormatCount", "3");
+    expectRow(tour, kTaken, session::formatKey(3), "SHELF LABEL");
+    expectRow(tour, kTaken, session::kFormatCount, "3");
 }
 
 /// What another workstation does to the session.
@@ -78,7 +82,7 @@ void changeElsewhere(Tour& tour) {
     document.loadXML(item.xml);
     wynconfig::Dataset record;
     record.Load(document);
-    record.UpdateRow({"Orientation", ""}, {"Orientation", "left"});
+    record.UpdateRow({session::kOrientation, ""}, {session::kOrientation, words::kLeft});
     record.Save(document);
     other.store({{Change::Act::Update, ItemKind::Session, kTaken, document.xml(), item.version}});
     tour.say("ben@office has changed the session meanwhile");
@@ -106,7 +110,7 @@ void takeSessionOver(Tour& tour) {
 void configureInMemory(Tour& tour) {
     tour.user().onForm("frmMORAMConfig", [&](User& user) {
         user.type("txtCommandLineArgs", "--old");
-        expectRow(tour, kTaken, "CommandLineArgs", "--old");
+        expectRow(tour, kTaken, session::kCommandLineArgs, "--old");
         user.changeTab("SSTab2", 1);
         renameFormat(tour);
         editFormat(tour);
@@ -132,14 +136,14 @@ void beRefused(Tour& tour) {
         user.click("btnOK");
     });
     tour.performInDatabase("configure-of-database", ItemKind::Session, kTaken, {1, ""});
-    expectRow(tour, kTaken, "Orientation", "left");
+    expectRow(tour, kTaken, session::kOrientation, words::kLeft);
     tour.checkDatabase();
 
     tour.say("the edit was kept, and is saved under another name");
     tour.onHostDialog("refused-again", "save");
     tour.performInDatabase("refused", ItemKind::Session, kTaken, {0, kForked});
     tour.expectStored(ItemKind::Session, kForked, mine);
-    expectRow(tour, kForked, "CommandLineArgs", "--of-anna");
+    expectRow(tour, kForked, session::kCommandLineArgs, "--of-anna");
     tour.checkDatabase();
     tour.hostPicture("host-after-refusal");
 }
@@ -157,7 +161,7 @@ void addAndRemoveInDatabase(Tour& tour) {
     tour.perform("add-to-database", {}, {0, kAdded});
     tour.expectStored(ItemKind::Session, kAdded,
                       tour.rowsInOtherStore("MORAM/WEB SHOP EXPORT.vla"));
-    expectRow(tour, kAdded, "Orientation", "bottom");
+    expectRow(tour, kAdded, session::kOrientation, words::kBottom);
     tour.checkDatabase();
 
     tour.onHostDialog("remove-question", "yes");

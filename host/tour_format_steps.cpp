@@ -4,10 +4,15 @@
 
 #include <utility>
 
+#include "wynconfig/keys.h"
+
 namespace host {
 
 namespace {
 
+namespace partformat = wynconfig::partformat;
+namespace session = wynconfig::session;
+namespace words = wynconfig::words;
 using wynconfig::User;
 using Names = std::vector<std::string>;
 
@@ -33,10 +38,11 @@ std::string deletedFile(const std::string& name) {
 /// From here on a session has these formats, and all else as it was.
 void expectFormats(Tour& tour, const std::string& session, const Names& formats) {
     Rows rows = tour.expectedRows(sessionFile(session));
-    std::erase_if(rows, [](const auto& row) { return row.first.starts_with("FORMAT"); });
-    rows["FormatCount"] = std::to_string(formats.size());
+    std::erase_if(rows,
+                  [](const auto& row) { return row.first.starts_with(session::kFormatPrefix); });
+    rows[session::kFormatCount] = std::to_string(formats.size());
     for (std::size_t i = 0; i < formats.size(); ++i)
-        rows["FORMAT" + std::to_string(i + 1)] = formats[i];
+        rows[session::formatKey(static_cast<int>(i) + 1)] = formats[i];
     tour.expectRecord(sessionFile(session), std::move(rows));
 }
 
@@ -64,17 +70,27 @@ void press(Tour& tour, const std::string& format, const char* button) {
 }
 
 Rows jobCardRows() {
-    return {{"Header", "<ESCAPE>"},       {"Record", "<Part #> x <Quantity>"},
-            {"Separator", "<CR><LF>"},    {"Trailer", ""},
-            {"FormatPartNumber", "true"}, {"PartFieldLength", "16"},
-            {"PartAlignment", "left"},    {"PartPadCharacter", "<SPACE>"},
-            {"FormatQty", "true"},        {"QtyFieldLength", "4"},
-            {"QtyAlignment", "right"},    {"QtyPadCharacter", "0"},
-            {"FormatDesc", "false"},      {"DescFieldLength", "34"},
-            {"DescAlignment", "right"},   {"DescPadCharacter", ""},
-            {"FormatVIN", "false"},       {"VINFieldLength", "17"},
-            {"VINAlignment", "right"},    {"VINPadCharacter", ""},
-            {"MaxRecords", "25"}};
+    return {{partformat::kHeader, "<ESCAPE>"},
+            {partformat::kRecord, "<Part #> x <Quantity>"},
+            {partformat::kSeparator, "<CR><LF>"},
+            {partformat::kTrailer, ""},
+            {partformat::kPart.flag, words::kTrue},
+            {partformat::kPart.length, "16"},
+            {partformat::kPart.alignment, words::kLeft},
+            {partformat::kPart.pad, "<SPACE>"},
+            {partformat::kQty.flag, words::kTrue},
+            {partformat::kQty.length, "4"},
+            {partformat::kQty.alignment, words::kRight},
+            {partformat::kQty.pad, "0"},
+            {partformat::kDesc.flag, words::kFalse},
+            {partformat::kDesc.length, "34"},
+            {partformat::kDesc.alignment, words::kRight},
+            {partformat::kDesc.pad, ""},
+            {partformat::kVin.flag, words::kFalse},
+            {partformat::kVin.length, "17"},
+            {partformat::kVin.alignment, words::kRight},
+            {partformat::kVin.pad, ""},
+            {partformat::kMaxRecords, "25"}};
 }
 
 void fillJobCard(Tour& tour) {
@@ -147,7 +163,7 @@ void editFormat(Tour& tour, const std::string& session) {
 
     expectRenamed(tour, "TAB SEPARATED", "TAB SEPARATED LIST");
     Rows rows = tour.expectedRows(formatFile("TAB SEPARATED LIST"));
-    rows["MaxRecords"] = "750";
+    rows[partformat::kMaxRecords] = "750";
     tour.expectRecord(formatFile("TAB SEPARATED LIST"), std::move(rows));
     expectFormats(tour, kBodyShop, {"COMMA SEPARATED", "QUANTITY FIRST", "TAB SEPARATED LIST"});
     expectFormats(

@@ -3,11 +3,14 @@
 #include "tour_database_steps.h"
 #include "tour_format_steps.h"
 #include "tour_tool_steps.h"
+#include "wynconfig/keys.h"
 
 namespace host {
 
 namespace {
 
+namespace session = wynconfig::session;
+namespace words = wynconfig::words;
 using wynconfig::User;
 
 // The road is walked on this session, which is renamed on the way.
@@ -22,29 +25,29 @@ std::string programPath(const Tour& tour) {
 }
 
 Rows expectedRows(const Tour& tour) {
-    return {{"ProgramPath", programPath(tour)},
-            {"CommandLineArgs", kArguments},
-            {"ReverseList", "true"},
-            {"AutoResize", "false"},
-            {"Orientation", "bottom"},
-            {"FormatCount", "3"},
-            {"FORMAT1", "COMMA SEPARATED"},
-            {"FORMAT2", "FIXED WIDTH"},
-            {"FORMAT3", "TAB SEPARATED"},
-            {"WindowTitleSearchType", "matches"},
-            {"WindowClassSearchType", "contains"},
-            {"WindowTitle", "Night Desk"},
-            {"WindowClass", "JobCardFrame"},
-            {"DisableProgramLaunch", "false"},
-            {"WindowTitleClassDelay", "12"},
-            {"ProgramLaunchDelay", "3"},
-            {"WindowTitleCaseSensitive", "true"},
-            {"WindowClassCaseSensitive", "false"},
-            {"PartFormat", "FIXED WIDTH"},
-            {"FileName", "night.txt"},
-            {"FileFolder", tour.store().lists().string()},
-            {"FileAction", "Append"},
-            {"WriteFileOnly", "false"}};
+    return {{session::kProgramPath, programPath(tour)},
+            {session::kCommandLineArgs, kArguments},
+            {session::kReverseList, words::kTrue},
+            {session::kAutoResize, words::kFalse},
+            {session::kOrientation, words::kBottom},
+            {session::kFormatCount, "3"},
+            {session::formatKey(1), "COMMA SEPARATED"},
+            {session::formatKey(2), "FIXED WIDTH"},
+            {session::formatKey(3), "TAB SEPARATED"},
+            {session::kWindowTitleSearchType, words::kMatches},
+            {session::kWindowClassSearchType, words::kContains},
+            {session::kWindowTitle, "Night Desk"},
+            {session::kWindowClass, "JobCardFrame"},
+            {session::kDisableProgramLaunch, words::kFalse},
+            {session::kWindowTitleClassDelay, "12"},
+            {session::kProgramLaunchDelay, "3"},
+            {session::kWindowTitleCaseSensitive, words::kTrue},
+            {session::kWindowClassCaseSensitive, words::kFalse},
+            {session::kPartFormat, "FIXED WIDTH"},
+            {session::kFileName, "night.txt"},
+            {session::kFileFolder, tour.store().lists().string()},
+            {session::kFileAction, words::kAppend},
+            {session::kWriteFileOnly, words::kFalse}};
 }
 
 void showHost(Tour& tour) {

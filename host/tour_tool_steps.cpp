@@ -5,10 +5,14 @@
 #include <QLineEdit>
 #include <utility>
 
+#include "wynconfig/keys.h"
+
 namespace host {
 
 namespace {
 
+namespace session = wynconfig::session;
+namespace words = wynconfig::words;
 using wynconfig::User;
 using Names = std::vector<std::string>;
 
@@ -51,7 +55,7 @@ void editInMaintenance(Tour& tour) {
     });
     user.click("btnEdit");
     Rows rows = tour.expectedRows(sessionFile(kMade));
-    rows["ReverseList"] = "true";
+    rows[session::kReverseList] = words::kTrue;
     tour.expectRecord(sessionFile(kMade), std::move(rows));
     tour.expectText(selectedRow(user, kSessions), kMade, "the selected session");
     tour.checkStore();

@@ -9,15 +9,14 @@
 #include "names.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/error.h"
+#include "wynconfig/keys.h"
 
 namespace host {
 
 using wynconfig::Dataset;
+namespace session = wynconfig::session;
 
 namespace {
-
-constexpr const char* kFormatRow = "FORMAT";
-constexpr const char* kFileWriterRow = "PartFormat";
 
 std::unique_ptr<Dataset> recordOf(const std::string& xml) {
     wynconfig::Document document;
@@ -36,8 +35,8 @@ std::string textOf(const Dataset& record) {
 /// Whether a row of a session names a part format.
 bool namesFormat(const wynconfig::DataRow& row) {
     const std::string& key = row[0];
-    if (key == kFileWriterRow) return !row[1].empty();
-    const std::string head = kFormatRow;
+    if (key == session::kPartFormat) return !row[1].empty();
+    const std::string& head = session::kFormatPrefix;
     return key.starts_with(head) && key.size() > head.size() &&
            key.find_first_not_of("0123456789", head.size()) == std::string::npos;
 }

@@ -7,19 +7,20 @@
 #include "../installed_view.h"
 #include "names.h"
 #include "wynconfig/dataset.h"
+#include "wynconfig/keys.h"
 
 namespace host {
 
 namespace fs = std::filesystem;
+namespace partformat = wynconfig::partformat;
+namespace session = wynconfig::session;
 
 namespace {
 
-constexpr const char* kSessionType = "MORAM";
-constexpr const char* kFormatType = "PARTFORMAT";
 constexpr const char* kForbidden = "\\/:*?\"<>|.";
 
 /// Whether an item of the database is the record that its name promises.
-bool isWhole(const StoredItem& item, const char* type) {
+bool isWhole(const StoredItem& item, const std::string& type) {
     try {
         return readItem(item.xml, type).name == item.name;
     } catch (const DatabaseError&) {
@@ -44,11 +45,11 @@ MemorySessions::MemorySessions(wynconfig::WYNConfig& component, SessionDatabase&
     : m_component(component), m_database(database), m_storeRoot(std::move(storeRoot)) {}
 
 std::set<std::string> MemorySessions::factorySessions() const {
-    return itemNames(m_storeRoot / "MORAM");
+    return itemNames(m_storeRoot / session::kType);
 }
 
 std::set<std::string> MemorySessions::factoryFormats() const {
-    return itemNames(m_storeRoot / "PARTFORMAT");
+    return itemNames(m_storeRoot / partformat::kType);
 }
 
 std::vector<StoredItem> MemorySessions::formatsToHandIn(std::string& leftOut) {
@@ -58,7 +59,7 @@ std::vector<StoredItem> MemorySessions::formatsToHandIn(std::string& leftOut) {
     std::vector<StoredItem> formats;
     for (StoredItem& item : m_database.items(ItemKind::Format)) {
         if (factory.contains(item.name)) continue;
-        if (isWhole(item, kFormatType))
+        if (isWhole(item, partformat::kType))
             formats.push_back(std::move(item));
         else
             leftOut += "The part format " + item.name + " is damaged and was left out. ";
@@ -71,7 +72,7 @@ Outcome MemorySessions::configure(const std::string& name) {
     edit.sessionBefore = m_database.item(ItemKind::Session, name);
     if (!edit.sessionBefore)
         throw DatabaseError("The session " + upperName(name) + " is no longer in the database.");
-    if (!isWhole(*edit.sessionBefore, kSessionType))
+    if (!isWhole(*edit.sessionBefore, session::kType))
         throw DatabaseError("The session " + upperName(name) + " of the database is damaged.");
     Outcome outcome{0, edit.sessionBefore->name};
     edit.formatsBefore = formatsToHandIn(outcome.text);
@@ -108,12 +109,12 @@ void MemorySessions::remove(ItemKind kind, const StoredItem& item) {
 }
 
 void MemorySessions::takeBack(MemoryEdit& edit) {
-    edit.session = readItem(m_component.GetDatasetSessionData(), kSessionType);
+    edit.session = readItem(m_component.GetDatasetSessionData(), session::kType);
     const std::set<std::string> factory = factoryFormats();
     std::set<std::string> names;
     for (const std::string& xml : m_component.GetDatasetFormatsData()) {
         if (xml.empty()) continue;
-        Item format = readItem(xml, kFormatType);
+        Item format = readItem(xml, partformat::kType);
         // The text of a record that can't be saved is that of another one.
         if (!names.insert(format.name).second)
             throw DatabaseError("The part format " + format.name +
@@ -131,7 +132,7 @@ std::vector<Change> MemorySessions::changesToStore(MemoryEdit edit) {
     for (const Item& format : edit.formats) {
         if (wasHandedIn(format.name)) continue;
         auto stored = m_database.item(ItemKind::Format, format.name);
-        if (stored && isWhole(*stored, kFormatType) && sameRecord(stored->xml, format.xml))
+        if (stored && isWhole(*stored, partformat::kType) && sameRecord(stored->xml, format.xml))
             edit.formatsBefore.push_back(std::move(*stored));
     }
     return changesOf(edit);

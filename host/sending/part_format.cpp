@@ -4,21 +4,24 @@
 #include <limits>
 
 #include "record_reader.h"
+#include "wynconfig/keys.h"
 
 namespace host {
+
+namespace partformat = wynconfig::partformat;
+namespace words = wynconfig::words;
 
 namespace {
 
 /// A field longer than a page is wide; it bounds what a mistyped length can ask for.
 constexpr long kLongestField = 10000;
 
-FieldLayout readField(const wynconfig::Dataset& record, const std::string& flag,
-                      const std::string& prefix) {
+FieldLayout readField(const wynconfig::Dataset& record, const partformat::FieldKeys& keys) {
     FieldLayout layout;
-    layout.on = storedText(record, flag, "false") != "false";
-    layout.length = storedText(record, prefix + "FieldLength");
-    layout.right = storedText(record, prefix + "Alignment", "right") == "right";
-    layout.pad = storedText(record, prefix + "PadCharacter");
+    layout.on = storedText(record, keys.flag, words::kFalse) != words::kFalse;
+    layout.length = storedText(record, keys.length);
+    layout.right = storedText(record, keys.alignment, words::kRight) == words::kRight;
+    layout.pad = storedText(record, keys.pad);
     return layout;
 }
 
@@ -27,15 +30,15 @@ FieldLayout readField(const wynconfig::Dataset& record, const std::string& flag,
 PartFormat readPartFormat(const wynconfig::Dataset& record) {
     PartFormat format;
     format.name = record.Name();
-    format.header = storedText(record, "Header");
-    format.record = storedText(record, "Record");
-    format.separator = storedText(record, "Separator");
-    format.trailer = storedText(record, "Trailer");
-    format.part = readField(record, "FormatPartNumber", "Part");
-    format.quantity = readField(record, "FormatQty", "Qty");
-    format.description = readField(record, "FormatDesc", "Desc");
-    format.vin = readField(record, "FormatVIN", "VIN");
-    format.maxRecords = storedText(record, "MaxRecords");
+    format.header = storedText(record, partformat::kHeader);
+    format.record = storedText(record, partformat::kRecord);
+    format.separator = storedText(record, partformat::kSeparator);
+    format.trailer = storedText(record, partformat::kTrailer);
+    format.part = readField(record, partformat::kPart);
+    format.quantity = readField(record, partformat::kQty);
+    format.description = readField(record, partformat::kDesc);
+    format.vin = readField(record, partformat::kVin);
+    format.maxRecords = storedText(record, partformat::kMaxRecords);
     return format;
 }
 

@@ -6,8 +6,12 @@
 
 #include "record_reader.h"
 #include "stored_number.h"
+#include "wynconfig/keys.h"
 
 namespace host {
+
+namespace session = wynconfig::session;
+namespace words = wynconfig::words;
 
 namespace {
 
@@ -17,7 +21,7 @@ constexpr double kLongestDelaySeconds = 3600;
 constexpr double kMillisecondsPerSecond = 1000;
 
 bool storedSwitch(const wynconfig::Dataset& record, const std::string& key) {
-    return storedText(record, key) == "true";
+    return storedText(record, key) == words::kTrue;
 }
 
 /// One of the values that a key may have; any other text reads as the last of them.
@@ -28,11 +32,11 @@ std::string storedChoice(const wynconfig::Dataset& record, const std::string& ke
 }
 
 std::vector<std::string> storedFormats(const wynconfig::Dataset& record) {
-    const auto count =
-        storedCount(storedText(record, "FormatCount"), static_cast<long>(record.Rows().size()));
+    const auto count = storedCount(storedText(record, session::kFormatCount),
+                                   static_cast<long>(record.Rows().size()));
     std::vector<std::string> formats;
     for (long number = 1; count && number <= *count; ++number) {
-        const std::string name = storedText(record, "FORMAT" + std::to_string(number));
+        const std::string name = storedText(record, session::formatKey(number));
         if (!name.empty()) formats.push_back(name);
     }
     return formats;
@@ -41,20 +45,21 @@ std::vector<std::string> storedFormats(const wynconfig::Dataset& record) {
 /// The none entry is a text in "<" and ">" whose words depend on the language; no part format's
 /// name can hold these characters.
 std::string storedFileFormat(const wynconfig::Dataset& record) {
-    const std::string name = storedText(record, "PartFormat");
+    const std::string name = storedText(record, session::kPartFormat);
     return name.find('<') == std::string::npos ? name : std::string();
 }
 
 WindowSearch storedWindowSearch(const wynconfig::Dataset& record) {
-    const std::vector<std::string> matches = {"starts with", "matches", "contains"};
+    const std::vector<std::string> matches = {words::kStartsWith, words::kMatches,
+                                              words::kContains};
     WindowSearch search;
-    search.title = storedText(record, "WindowTitle");
-    search.titleMatch = storedChoice(record, "WindowTitleSearchType", matches);
-    search.titleCaseSensitive = storedSwitch(record, "WindowTitleCaseSensitive");
-    search.windowClass = storedText(record, "WindowClass");
-    search.classMatch = storedChoice(record, "WindowClassSearchType", matches);
-    search.classCaseSensitive = storedSwitch(record, "WindowClassCaseSensitive");
-    search.delay = storedText(record, "WindowTitleClassDelay");
+    search.title = storedText(record, session::kWindowTitle);
+    search.titleMatch = storedChoice(record, session::kWindowTitleSearchType, matches);
+    search.titleCaseSensitive = storedSwitch(record, session::kWindowTitleCaseSensitive);
+    search.windowClass = storedText(record, session::kWindowClass);
+    search.classMatch = storedChoice(record, session::kWindowClassSearchType, matches);
+    search.classCaseSensitive = storedSwitch(record, session::kWindowClassCaseSensitive);
+    search.delay = storedText(record, session::kWindowTitleClassDelay);
     return search;
 }
 
@@ -68,20 +73,21 @@ std::string searchText(const std::string& match, const std::string& text, bool c
 Session readSession(const wynconfig::Dataset& record) {
     Session session;
     session.name = record.Name();
-    session.programPath = storedText(record, "ProgramPath");
-    session.commandLineArgs = storedText(record, "CommandLineArgs");
-    session.reverseList = storedSwitch(record, "ReverseList");
-    session.autoResize = storedSwitch(record, "AutoResize");
-    session.orientation = storedChoice(record, "Orientation", {"top", "bottom", "right", "left"});
+    session.programPath = storedText(record, session::kProgramPath);
+    session.commandLineArgs = storedText(record, session::kCommandLineArgs);
+    session.reverseList = storedSwitch(record, session::kReverseList);
+    session.autoResize = storedSwitch(record, session::kAutoResize);
+    session.orientation = storedChoice(record, session::kOrientation,
+                                       {words::kTop, words::kBottom, words::kRight, words::kLeft});
     session.formats = storedFormats(record);
     session.window = storedWindowSearch(record);
-    session.launchDisabled = storedSwitch(record, "DisableProgramLaunch");
-    session.launchDelay = storedText(record, "ProgramLaunchDelay");
+    session.launchDisabled = storedSwitch(record, session::kDisableProgramLaunch);
+    session.launchDelay = storedText(record, session::kProgramLaunchDelay);
     session.fileFormat = storedFileFormat(record);
-    session.fileName = storedText(record, "FileName");
-    session.fileFolder = storedText(record, "FileFolder");
-    session.append = storedText(record, "FileAction") == "Append";
-    session.writeFileOnly = storedSwitch(record, "WriteFileOnly");
+    session.fileName = storedText(record, session::kFileName);
+    session.fileFolder = storedText(record, session::kFileFolder);
+    session.append = storedText(record, session::kFileAction) == words::kAppend;
+    session.writeFileOnly = storedSwitch(record, session::kWriteFileOnly);
     return session;
 }
 

@@ -26,11 +26,11 @@ namespace {
 std::string formatListOf(OnError& on, const Dataset& session) {
     RowVariable row;
     std::int16_t count = 0;
-    on([&] { row.read(session, session::FormatCount); });
+    on([&] { row.read(session, session::kFormatCount); });
     on([&] { count = toInt16(row.data()); });
     std::string list;
     for (int i = 1; i <= count; ++i) {
-        on([&] { row.read(session, session::FORMAT(i)); });
+        on([&] { row.read(session, session::formatKey(i)); });
         on([&] { list += row.data(); });
         if (i < count) list += ',';
     }
@@ -61,8 +61,8 @@ bool MigratePartFormats(const std::string& path, const std::string& formatList) 
 bool WYNConfig::MigrateSession(const std::string& migrationPath,
                                const std::string& strSessionName) {
     OnError on{"WYNConfig:MigrateSession"};
-    const std::string sessionFolder = migrationPath + "MORAM\\";
-    const std::string partFolder = migrationPath + "PARTFORMAT\\";
+    const std::string sessionFolder = migrationPath + session::kType + "\\";
+    const std::string partFolder = migrationPath + partformat::kType + "\\";
     if (on.test([&] { return !fileSystem().folderExists(partFolder); })) return false;
     std::string file;
     if (on.test([&] {

@@ -40,14 +40,14 @@ void WYNConfig::InitResourceManager(std::shared_ptr<ResourceManager> objResMgr) 
 void WYNConfig::init(const std::string& MORRootPath) {
     // The tag is the handler's fixed one, whatever failed.
     OnError on{"Class_Initialize: WYN config folders not available"};
-    g_SessionFolder = MORRootPath + "MORAM\\";
-    g_PartFormatFolder = MORRootPath + "PARTFORMAT\\";
+    g_SessionFolder = MORRootPath + session::kType + "\\";
+    g_PartFormatFolder = MORRootPath + partformat::kType + "\\";
     on.resumeNext();
     on([&] { fileSystem().makeFolder(g_SessionFolder); });
     on([&] { fileSystem().makeFolder(g_PartFormatFolder); });
     on.standard();
-    makeCatalogue(on, "MORAM", g_SessionFolder);
-    makeCatalogue(on, "PARTFORMAT", g_PartFormatFolder);
+    makeCatalogue(on, session::kType, g_SessionFolder);
+    makeCatalogue(on, partformat::kType, g_PartFormatFolder);
 }
 
 long WYNConfig::showMORAMConfigDlg(std::string& sName) {

@@ -4,10 +4,9 @@
 #include <array>
 #include <string>
 
-namespace wynconfig::partformat {
+#include "wynconfig/keys.h"
 
-/// Type name of the record.
-inline const std::string kType = "PARTFORMAT";
+namespace wynconfig::partformat {
 
 /// What the value of a key is.
 enum class Kind {

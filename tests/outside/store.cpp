@@ -2,6 +2,7 @@
 #include "store.h"
 
 #include <wynconfig/dataset.h>
+#include <wynconfig/keys.h>
 
 #include <fstream>
 #include <random>
@@ -9,6 +10,8 @@
 #include <stdexcept>
 
 namespace fs = std::filesystem;
+namespace keys = wynconfig::session;
+namespace partformat = wynconfig::partformat;
 
 using wynconfig::Dataset;
 using wynconfig::Document;
@@ -35,20 +38,20 @@ bool Store::hasCatalogues() const {
 void Store::putSession(const std::string& name, const std::string& program,
                        const std::vector<std::string>& formats) const {
     Dataset session;
-    session.Create("MORAM", name, "", {"Element", "Data"});
-    session.AddRow({"ProgramPath", program});
-    session.AddRow({"CommandLineArgs", "/list"});
-    session.AddRow({"FormatCount", std::to_string(formats.size())});
+    session.Create(keys::kType, name, "", keys::kColumns);
+    session.AddRow({keys::kProgramPath, program});
+    session.AddRow({keys::kCommandLineArgs, "/list"});
+    session.AddRow({keys::kFormatCount, std::to_string(formats.size())});
     for (std::size_t i = 0; i < formats.size(); ++i)
-        session.AddRow({"FORMAT" + std::to_string(i + 1), formats[i]});
+        session.AddRow({keys::formatKey(static_cast<int>(i) + 1), formats[i]});
     session.Save(sessionFile(name).string());
 }
 
 void Store::putFormat(const std::string& name) const {
     Dataset format;
-    format.Create("PARTFORMAT", name, "", {"Element", "Data"});
-    format.AddRow({"Header", "head of " + name});
-    format.AddRow({"MaxRecords", "10"});
+    format.Create(partformat::kType, name, "", keys::kColumns);
+    format.AddRow({partformat::kHeader, "head of " + name});
+    format.AddRow({partformat::kMaxRecords, "10"});
     format.Save((m_folder / "PARTFORMAT" / (name + ".vla")).string());
 }
 

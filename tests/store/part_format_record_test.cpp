@@ -45,6 +45,19 @@ TEST_P(PartFormatRecord, NewOneWithANameAndALimitHoldsAllRows) {
     EXPECT_EQ(record->Name(), "N");
 }
 
+TEST_P(PartFormatRecord, ThePublicKeysAreSpelledAsTheyAreStored) {
+    std::vector<std::string> keys{partformat::kHeader, partformat::kRecord, partformat::kSeparator,
+                                  partformat::kTrailer};
+    for (const partformat::FieldKeys& field :
+         {partformat::kPart, partformat::kQty, partformat::kDesc, partformat::kVin})
+        keys.insert(keys.end(), {field.flag, field.length, field.alignment, field.pad});
+    keys.push_back(partformat::kMaxRecords);
+    std::vector<std::string> stored;
+    for (const auto& row : kOwnFormat) stored.push_back(row.first);
+    EXPECT_EQ(keys, stored);
+    EXPECT_EQ(partformat::kType, "PARTFORMAT");
+}
+
 TEST_P(PartFormatRecord, EveryValueIsShownAndStoredAgain) {
     EXPECT_EQ(shownOf(kOwnFormat), kOwnFormat);
     EXPECT_EQ(savedOf(kOwnFormat), kOwnFormat);

@@ -96,6 +96,46 @@ TEST_P(SessionRecord, AFirstSaveHoldsExactlyTheseKeysInThisOrder) {
     EXPECT_EQ(storedKeys("NEW"), kSessionKeys);
 }
 
+TEST_P(SessionRecord, ThePublicKeysAreSpelledAsTheyAreStored) {
+    const std::vector<std::string> keys{session::kProgramPath,
+                                        session::kCommandLineArgs,
+                                        session::kReverseList,
+                                        session::kAutoResize,
+                                        session::kOrientation,
+                                        session::kFormatCount,
+                                        session::formatKey(1),
+                                        session::kWindowTitleSearchType,
+                                        session::kWindowClassSearchType,
+                                        session::kWindowTitle,
+                                        session::kWindowClass,
+                                        session::kDisableProgramLaunch,
+                                        session::kWindowTitleClassDelay,
+                                        session::kProgramLaunchDelay,
+                                        session::kWindowTitleCaseSensitive,
+                                        session::kWindowClassCaseSensitive,
+                                        session::kPartFormat,
+                                        session::kFileName,
+                                        session::kFileFolder,
+                                        session::kFileAction,
+                                        session::kWriteFileOnly};
+    EXPECT_EQ(keys, kSessionKeys);
+    EXPECT_EQ(session::kType, "MORAM");
+    EXPECT_EQ(session::kColumns, (std::array<std::string, 2>{"Element", "Data"}));
+    EXPECT_TRUE(session::formatKey(12) == session::kFormatPrefix + "12");
+}
+
+TEST_P(SessionRecord, ThePublicWordsAreSpelledAsTheyAreStored) {
+    const std::vector<std::string> all{words::kTrue,       words::kFalse,    words::kContains,
+                                       words::kStartsWith, words::kMatches,  words::kTop,
+                                       words::kBottom,     words::kRight,    words::kLeft,
+                                       words::kAppend,     words::kOverWrite};
+    EXPECT_EQ(
+        all, (std::vector<std::string>{"true", "false", "contains", "starts with", "matches", "top",
+                                       "bottom", "right", "left", "Append", "OverWrite"}));
+    EXPECT_EQ(words::ofSwitch(true), "true");
+    EXPECT_EQ(words::ofSwitch(false), "false");
+}
+
 TEST_P(SessionRecord, TheTableOfKeysIsThatOfAFirstSave) {
     std::vector<std::string> names;
     for (const session::Key& key : session::keys()) names.push_back(key.name);

@@ -79,7 +79,7 @@ class FormatDesk : public Desk {
         Names names;
         for (int number = 1; number <= 9; ++number) {
             for (const DataRow& row : record.Rows())
-                if (row[0] == session::FORMAT(number)) names.push_back(row[1]);
+                if (row[0] == session::formatKey(number)) names.push_back(row[1]);
         }
         return names;
     }
@@ -87,11 +87,11 @@ class FormatDesk : public Desk {
         return formatsOf(*recordOf(sessionFolder, sessionName));
     }
     std::string countOf(const std::string& sessionName) {
-        return recordOf(sessionFolder, sessionName)->GetRow(session::FormatCount)[1];
+        return recordOf(sessionFolder, sessionName)->GetRow(session::kFormatCount)[1];
     }
     static Names formatsInMemory() { return formatsOf(*ConfigGlobalModule::g_Session); }
     static std::string countInMemory() {
-        return ConfigGlobalModule::g_Session->GetRow(session::FormatCount)[1];
+        return ConfigGlobalModule::g_Session->GetRow(session::kFormatCount)[1];
     }
 
     /// A part format that the editor accepts as it is, told from others by its header.
@@ -152,10 +152,10 @@ class FormatDesk : public Desk {
         });
     }
     static void fill(Dataset& record, const std::string& count, const Names& formats) {
-        record.AddRow({session::FormatCount, count});
+        record.AddRow({session::kFormatCount, count});
         int number = 0;
         for (const std::string& format : formats)
-            record.AddRow({session::FORMAT(++number), format});
+            record.AddRow({session::formatKey(++number), format});
     }
     static std::shared_ptr<Dataset> recordOf(const std::string& folder, const std::string& name) {
         auto record = std::make_shared<Dataset>();

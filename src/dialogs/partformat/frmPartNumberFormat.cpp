@@ -202,11 +202,11 @@ void frmPartNumberFormat::showRecord(OnError& on) {
         if (auto* box = std::get_if<Edit*>(&m_places[i])) {
             on([&] { (*box)->setText(row.data()); });
         } else if (auto* check = std::get_if<CheckBox*>(&m_places[i])) {
-            const bool off = on.test([&] { return row.data() == "false"; });
+            const bool off = on.test([&] { return row.data() == words::kFalse; });
             on([&] { (*check)->setValue(!off); });
         } else {
             FieldGroup& group = *std::get<FieldGroup*>(m_places[i]);
-            const bool right = on.test([&] { return row.data() == "right"; });
+            const bool right = on.test([&] { return row.data() == words::kRight; });
             on([&] { (right ? group.right : group.left).setValue(true); });
         }
     }
@@ -214,8 +214,8 @@ void frmPartNumberFormat::showRecord(OnError& on) {
 
 std::string frmPartNumberFormat::valueAt(const Place& place) const {
     if (auto* box = std::get_if<Edit*>(&place)) return (*box)->text();
-    if (auto* check = std::get_if<CheckBox*>(&place)) return session::switchText((*check)->value());
-    return std::get<FieldGroup*>(place)->right.value() ? "right" : "left";
+    if (auto* check = std::get_if<CheckBox*>(&place)) return words::ofSwitch((*check)->value());
+    return std::get<FieldGroup*>(place)->right.value() ? words::kRight : words::kLeft;
 }
 
 void frmPartNumberFormat::fieldSwitched(FieldGroup& group) {

@@ -68,17 +68,17 @@ void dlgAdvConfig::Form_Unload() {
 
 void dlgAdvConfig::MatchOptions::show(const std::string& stored) {
     contains.setValue(false);
-    if (stored == "starts with")
+    if (stored == words::kStartsWith)
         startsWith.setValue(true);
-    else if (stored == "matches")
+    else if (stored == words::kMatches)
         matches.setValue(true);
     else
         contains.setValue(true);
 }
 
 std::string dlgAdvConfig::MatchOptions::stored() const {
-    if (contains.value()) return "contains";
-    return startsWith.value() ? "starts with" : "matches";
+    if (contains.value()) return words::kContains;
+    return startsWith.value() ? words::kStartsWith : words::kMatches;
 }
 
 void dlgAdvConfig::init(const std::shared_ptr<Dataset>& partlist, const std::string& sSessionName) {
@@ -107,16 +107,16 @@ void dlgAdvConfig::showDefaults() {
 
 void dlgAdvConfig::showRecord() {
     const auto data = [this](const std::string& key) { return m_Dataset->GetRow(key)[1]; };
-    m_titleMatch.show(data(session::WindowTitleSearchType));
-    m_classMatch.show(data(session::WindowClassSearchType));
-    txtWindowTitle.setText(data(session::WindowTitle));
-    txtWindowClass.setText(data(session::WindowClass));
-    if (data(session::DisableProgramLaunch) == "true") {
+    m_titleMatch.show(data(session::kWindowTitleSearchType));
+    m_classMatch.show(data(session::kWindowClassSearchType));
+    txtWindowTitle.setText(data(session::kWindowTitle));
+    txtWindowClass.setText(data(session::kWindowClass));
+    if (data(session::kDisableProgramLaunch) == words::kTrue) {
         chkDisableProgramLaunch.setValue(true);
         showLaunchDelayEnabled(false);
     }
-    txtWindowTitleClassDelay.setText(data(session::WindowTitleClassDelay));
-    txtProgramLaunchDelay.setText(data(session::ProgramLaunchDelay));
+    txtWindowTitleClassDelay.setText(data(session::kWindowTitleClassDelay));
+    txtProgramLaunchDelay.setText(data(session::kProgramLaunchDelay));
 }
 
 void dlgAdvConfig::showLaunchDelayEnabled(bool enabled) {
@@ -170,17 +170,17 @@ long dlgAdvConfig::SaveAdvancedChanges() {
     const auto put = [&](const std::string& key, const auto& value) {
         on([&] { session::replaceRow(on, *m_Dataset, key, value()); });
     };
-    put(session::WindowTitleSearchType, [&] { return m_titleMatch.stored(); });
-    put(session::WindowClassSearchType, [&] { return m_classMatch.stored(); });
-    put(session::WindowTitle, [&] { return txtWindowTitle.text(); });
-    put(session::WindowClass, [&] { return txtWindowClass.text(); });
-    put(session::DisableProgramLaunch,
-        [&] { return session::switchText(chkDisableProgramLaunch.value()); });
-    put(session::WindowTitleClassDelay, [&] { return txtWindowTitleClassDelay.text(); });
-    put(session::ProgramLaunchDelay, [&] { return txtProgramLaunchDelay.text(); });
+    put(session::kWindowTitleSearchType, [&] { return m_titleMatch.stored(); });
+    put(session::kWindowClassSearchType, [&] { return m_classMatch.stored(); });
+    put(session::kWindowTitle, [&] { return txtWindowTitle.text(); });
+    put(session::kWindowClass, [&] { return txtWindowClass.text(); });
+    put(session::kDisableProgramLaunch,
+        [&] { return words::ofSwitch(chkDisableProgramLaunch.value()); });
+    put(session::kWindowTitleClassDelay, [&] { return txtWindowTitleClassDelay.text(); });
+    put(session::kProgramLaunchDelay, [&] { return txtProgramLaunchDelay.text(); });
     // No control stands behind these two; they are there for the host.
-    put(session::WindowTitleCaseSensitive, [] { return session::switchText(true); });
-    put(session::WindowClassCaseSensitive, [] { return session::switchText(false); });
+    put(session::kWindowTitleCaseSensitive, [] { return words::ofSwitch(true); });
+    put(session::kWindowClassCaseSensitive, [] { return words::ofSwitch(false); });
     if (!g_DatasetMode)
         on([&] { m_Dataset->Save(ItemPath::item(g_SessionFolder, m_SessionName)); });
     return 0;

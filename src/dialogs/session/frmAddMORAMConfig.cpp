@@ -119,10 +119,7 @@ void frmAddMORAMConfig::makeSession(OnError& on) {
     const bool fromNothing =
         on.test([&] { return cboConfigs.text() == GetString("ADD_MORAM_CONFIG_NONE"); });
     if (fromNothing) {
-        on([&] {
-            objDataset->Create(std::string(session::kType), name, g_SessionFolder,
-                               session::kColumns);
-        });
+        on([&] { objDataset->Create(session::kType, name, g_SessionFolder, session::kColumns); });
         on([&] { objDataset->SetKey(session::kColumns[0], 3); });
     } else {
         on([&] { objDataset->Load(ItemPath::item(g_SessionFolder, UCase(cboConfigs.text())), 0); });

@@ -213,34 +213,34 @@ void frmMORAMConfig::showSession() {
 
 void frmMORAMConfig::readLaunchFields(OnError& on, RowVariable& row) {
     const auto read = [&](const std::string& key) { on([&] { row.read(*dataset(), key); }); };
-    const auto dataIs = [&](const char* value) {
+    const auto dataIs = [&](const std::string& value) {
         return on.test([&] { return row.data() == value; });
     };
-    read(session::ProgramPath);
+    read(session::kProgramPath);
     on([&] { txtProgramPath.setText(row.data()); });
-    read(session::CommandLineArgs);
+    read(session::kCommandLineArgs);
     on([&] { txtCommandLineArgs.setText(row.data()); });
-    read(session::ReverseList);
-    const bool reverse = dataIs("true");
+    read(session::kReverseList);
+    const bool reverse = dataIs(words::kTrue);
     on([&] { chkReverseList.setValue(reverse); });
-    read(session::AutoResize);
-    const bool resize = dataIs("true");
+    read(session::kAutoResize);
+    const bool resize = dataIs(words::kTrue);
     on([&] { chkAutoResize.setValue(resize); });
-    read(session::Orientation);
-    OptionButton& orientation = dataIs("top")      ? rdoTop
-                                : dataIs("bottom") ? rdoBottom
-                                : dataIs("right")  ? rdoRight
-                                                   : rdoLeft;
+    read(session::kOrientation);
+    OptionButton& orientation = dataIs(words::kTop)      ? rdoTop
+                                : dataIs(words::kBottom) ? rdoBottom
+                                : dataIs(words::kRight)  ? rdoRight
+                                                         : rdoLeft;
     on([&] { orientation.setValue(true); });
 }
 
 void frmMORAMConfig::readSelectedFormats(OnError& on, RowVariable& row) {
     std::int16_t count = 0;
-    on([&] { row.read(*dataset(), session::FormatCount); });
+    on([&] { row.read(*dataset(), session::kFormatCount); });
     on([&] { count = toInt16(row.data()); });
     on([&] { lstSelectedFormats2.clear(); });
     for (int i = 1; i <= count; ++i) {
-        on([&] { row.read(*dataset(), session::FORMAT(i)); });
+        on([&] { row.read(*dataset(), session::formatKey(i)); });
         on([&] { lstSelectedFormats2.add(row.data(), row.data(), font()); });
     }
     showFilled(on, lstSelectedFormats2);
@@ -253,7 +253,7 @@ void frmMORAMConfig::showFilled(OnError& on, ListView& list) {
 
 void frmMORAMConfig::UpdateProgramLaunchFields() {
     try {
-        const bool enabled = dataset()->GetRow(session::DisableProgramLaunch)[1] == "false";
+        const bool enabled = dataset()->GetRow(session::kDisableProgramLaunch)[1] == words::kFalse;
         for (Edit* box : {&txtProgramPath, &txtCommandLineArgs}) {
             box->setEnabled(enabled);
             box->setBackground(enabled ? Background::Window : Background::InactiveBorder);

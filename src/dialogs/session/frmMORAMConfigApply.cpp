@@ -143,22 +143,22 @@ void frmMORAMConfig::writeLaunchRows(OnError& on) {
     const auto put = [&](const std::string& key, const std::string& value) {
         session::replaceRow(on, *dataset(), key, value);
     };
-    put(session::ProgramPath, txtProgramPath.text());
-    put(session::CommandLineArgs, txtCommandLineArgs.text());
-    put(session::ReverseList, session::switchText(chkReverseList.value()));
-    put(session::AutoResize, session::switchText(chkAutoResize.value()));
-    put(session::Orientation, rdoTop.value()      ? "top"
-                              : rdoBottom.value() ? "bottom"
-                              : rdoRight.value()  ? "right"
-                                                  : "left");
+    put(session::kProgramPath, txtProgramPath.text());
+    put(session::kCommandLineArgs, txtCommandLineArgs.text());
+    put(session::kReverseList, words::ofSwitch(chkReverseList.value()));
+    put(session::kAutoResize, words::ofSwitch(chkAutoResize.value()));
+    put(session::kOrientation, rdoTop.value()      ? words::kTop
+                               : rdoBottom.value() ? words::kBottom
+                               : rdoRight.value()  ? words::kRight
+                                                   : words::kLeft);
 }
 
 /// The first absent key leaves the rest of the old rows where they are.
 void frmMORAMConfig::removeFormatRows() {
     try {
-        const std::int16_t count = toInt16(dataset()->GetRow(session::FormatCount)[1]);
-        for (int i = 0; i < count; ++i) dataset()->DeleteRow(session::FORMAT(i + 1));
-        dataset()->DeleteRow(session::FormatCount);
+        const std::int16_t count = toInt16(dataset()->GetRow(session::kFormatCount)[1]);
+        for (int i = 0; i < count; ++i) dataset()->DeleteRow(session::formatKey(i + 1));
+        dataset()->DeleteRow(session::kFormatCount);
     } catch (...) {
         (void)Error::fromCurrentException();
     }
@@ -166,11 +166,11 @@ void frmMORAMConfig::removeFormatRows() {
 
 void frmMORAMConfig::writeFormatRows(OnError& on, bool inMemory) {
     const auto& rows = lstSelectedFormats2.rows();
-    on([&] { dataset()->AddRow({session::FormatCount, std::to_string(rows.size())}); });
+    on([&] { dataset()->AddRow({session::kFormatCount, std::to_string(rows.size())}); });
     int number = 0;
     for (const ListRow& row : rows) {
         ++number;
-        on([&] { dataset()->AddRow({session::FORMAT(number), row.text}); });
+        on([&] { dataset()->AddRow({session::formatKey(number), row.text}); });
         if (inMemory && on.test([&] { return IsFactoryPartFormat(row.text); }))
             on([&] { AddFDToConfigPartFormats(row.text); });
     }

@@ -99,13 +99,13 @@ void frmTallyvaneConfig::init(const std::shared_ptr<Dataset>& partlist,
     }
     on([&] { rdoOverWrite.setValue(true); });
     on([&] { rdoAppend.setValue(false); });
-    const int row = cboPartFormat.find(data(session::PartFormat));
+    const int row = cboPartFormat.find(data(session::kPartFormat));
     on([&] { cboPartFormat.setSelectedIndex(row < 0 ? 0 : row); });
-    on([&] { txtFileName.setText(data(session::FileName)); });
-    on([&] { txtFileFolder.setText(data(session::FileFolder)); });
-    const bool append = data(session::FileAction) == "Append";
+    on([&] { txtFileName.setText(data(session::kFileName)); });
+    on([&] { txtFileFolder.setText(data(session::kFileFolder)); });
+    const bool append = data(session::kFileAction) == words::kAppend;
     on([&] { (append ? rdoAppend : rdoOverWrite).setValue(true); });
-    on([&] { chkWriteFileOnly.setValue(data(session::WriteFileOnly) == "true"); });
+    on([&] { chkWriteFileOnly.setValue(data(session::kWriteFileOnly) == words::kTrue); });
 }
 
 long frmTallyvaneConfig::ApplyChanges() {
@@ -139,12 +139,12 @@ long frmTallyvaneConfig::SaveAdvancedChanges() {
     const auto put = [&](const std::string& key, const auto& value) {
         on([&] { session::replaceRow(on, *m_Dataset, key, value()); });
     };
-    put(session::PartFormat, [&] { return Trim(cboPartFormat.text()); });
-    put(session::FileName, [&] { return Trim(txtFileName.text()); });
-    put(session::FileFolder, [&] { return Trim(txtFileFolder.text()); });
-    put(session::FileAction,
-        [&] { return std::string(rdoAppend.value() ? "Append" : "OverWrite"); });
-    put(session::WriteFileOnly, [&] { return session::switchText(chkWriteFileOnly.value()); });
+    put(session::kPartFormat, [&] { return Trim(cboPartFormat.text()); });
+    put(session::kFileName, [&] { return Trim(txtFileName.text()); });
+    put(session::kFileFolder, [&] { return Trim(txtFileFolder.text()); });
+    put(session::kFileAction,
+        [&] { return rdoAppend.value() ? words::kAppend : words::kOverWrite; });
+    put(session::kWriteFileOnly, [&] { return words::ofSwitch(chkWriteFileOnly.value()); });
     if (!g_DatasetMode)
         on([&] { m_Dataset->Save(ItemPath::item(g_SessionFolder, m_SessionName)); });
     return 0;
