@@ -120,6 +120,8 @@ class CaptionedControl : public Control {
 
     const std::string& caption() const;
     void setCaption(std::string caption);
+    /// The caption that the control has before any text is fetched.
+    std::string_view designCaption() const { return m_designCaption; }
 
   protected:
     void resetContent() override;
@@ -310,6 +312,8 @@ class Tabs : public Control {
     // Each call with an index raises `Error` (errc::InvalidCall) when there is no such tab.
     const std::string& caption(int index) const;
     void setCaption(int index, std::string caption);
+    /// The caption that the tab has before any text is fetched.
+    std::string_view designCaption(int index) const;
     /// The tab on top.
     int tab() const;
     /// Brings a tab on top by code, which raises no `TabClick`.

@@ -26,6 +26,21 @@ struct WriteText {
     void operator()(std::string* field) { *field = std::move(text); }
 };
 
+struct DesignCaption {
+    std::string_view operator()(const CaptionedControl* control) const {
+        return control->designCaption();
+    }
+    std::string_view operator()(const TabCaption& tab) const {
+        return tab.tabs->designCaption(tab.index);
+    }
+    std::string_view operator()(const Form*) const { return {}; }
+    std::string_view operator()(const std::string*) const { return {}; }
+};
+
+std::string defaultTextOf(const CaptionText& row) {
+    return std::string(row.byDefault ? *row.byDefault : std::visit(DesignCaption{}, row.place));
+}
+
 }  // namespace
 
 std::string GetString(const std::string& key) {
@@ -44,8 +59,7 @@ void applyTexts(std::initializer_list<CaptionText> table) {
             if (!row.key.empty()) std::visit(WriteText{GetString(std::string(row.key))}, row.place);
         }
     } catch (...) {
-        for (const CaptionText& row : table)
-            std::visit(WriteText{std::string(row.byDefault)}, row.place);
+        for (const CaptionText& row : table) std::visit(WriteText{defaultTextOf(row)}, row.place);
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -25,12 +26,23 @@ struct TabCaption {
     int index;
 };
 
-/// One row of a dialog's table of texts: a place, its key, and the text that it gets when any row
-/// of the table fails. A row without a key is only written in that case.
+/// One row of a dialog's table of texts: a place, its key, and the text that it gets by default.
 struct CaptionText {
-    std::variant<CaptionedControl*, TabCaption, Form*, std::string*> place;
+    using Place = std::variant<CaptionedControl*, TabCaption, Form*, std::string*>;
+
+    /// By default the place gets its design caption.
+    CaptionText(CaptionedControl* control, std::string_view textKey)
+        : place(control), key(textKey) {}
+    CaptionText(TabCaption tab, std::string_view textKey) : place(tab), key(textKey) {}
+    /// A caption bar has no design caption.
+    CaptionText(FormCaption* bar, std::string_view textKey) = delete;
+    /// For a place without a design caption. A row without a key is only written by default.
+    CaptionText(Place where, std::string_view textKey, std::string_view defaultText)
+        : place(where), key(textKey), byDefault(defaultText) {}
+
+    Place place;
     std::string_view key;
-    std::string_view byDefault;
+    std::optional<std::string_view> byDefault;
 };
 
 /// Writes each text of a table into its place, in order. At the first failure all places get their

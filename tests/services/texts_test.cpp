@@ -327,6 +327,18 @@ TEST_P(Texts, ATableIsWrittenInItsOrderAndAllOrNothing) {
     EXPECT_EQ(field, "Field");
 }
 
+TEST_P(Texts, ARowWithoutADefaultTextGetsTheDesignCaption) {
+    Sample form;
+    form.label.setCaption("changed");
+    form.tabs.setCaption(1, "changed");
+    texts->missing = {"GONE"};
+    applyTexts(
+        {{&form.label, "LABEL"}, {TabCaption{&form.tabs, 1}, "TAB"}, {&form.bar, "GONE", "Bar"}});
+    EXPECT_EQ(form.label.caption(), "design");
+    EXPECT_EQ(form.tabs.caption(1), "two");
+    EXPECT_EQ(form.bar.caption(), "Bar");
+}
+
 TEST_P(Texts, AFailureAmongTheDefaultsPassesToTheCaller) {
     Sample form;
     const Error error = raisedBy([&] { applyTexts({{TabCaption{&form.tabs, 2}, "TAB", "Tab"}}); });

@@ -23,9 +23,9 @@ FormLayout dlgSingleEntry::declareLayout() {
 
 void dlgSingleEntry::SetTextStrings() {
     applyTexts({{&UniCaption1, "DIALOG_CAPTION", "Rename"},
-                {&lblLabel, "DIALOG_LABEL", "New Name"},
-                {&OKButton, "BUTTON_OK", "OK"},
-                {&CancelButton, "BUTTON_CANCEL", "Cancel"}});
+                {&lblLabel, "DIALOG_LABEL"},
+                {&OKButton, "BUTTON_OK"},
+                {&CancelButton, "BUTTON_CANCEL"}});
 }
 
 void dlgSingleEntry::Form_Load() {

@@ -39,20 +39,19 @@ FormLayout dlgAdvConfig::declareLayout() {
 void dlgAdvConfig::SetTextStrings() {
     applyTexts({
         {&UniCaption1, "ADV_CONFIG_TITLE", "Advanced Configuration"},
-        {&chkDisableProgramLaunch, "ADV_CONFIG_CHK_DISABLEPROGRAMLAUNCH", "Disable Program Launch"},
-        {&lblProgramLaunchDelay, "ADV_CONFIG_LBL_PROGRAMLAUNCHDELAY", "Program Launch Delay"},
-        {&lblWindowTitleClassDelay, "ADV_CONFIG_LBL_WINDOWTITLECLASSDELAY",
-         "Window Title/Class Delay"},
-        {&FrameWindowTitle, "ADV_CONFIG_LBL_WINDOWTITLE", "Window Title"},
-        {&btnTitleContains, "MORAM2_SEARCH_TYPE_CONTAINS", "Contains"},
-        {&btnTitleStartsWith, "MORAM2_SEARCH_TYPE_STARTSWITH", "Starts with"},
-        {&btnTitleMatches, "MORAM2_SEARCH_TYPE_MATCHES", "Matches"},
-        {&FrameClassTitle, "ADV_CONFIG_LBL_WINDOWCLASS", "Window Class"},
-        {&btnClassContains, "MORAM2_SEARCH_TYPE_CONTAINS", "Contains"},
-        {&btnClassStartsWith, "MORAM2_SEARCH_TYPE_STARTSWITH", "Starts with"},
-        {&btnClassMatches, "MORAM2_SEARCH_TYPE_MATCHES", "Matches"},
-        {&OKButton, "BUTTON_OK", "OK"},
-        {&CancelButton, "BUTTON_CANCEL", "Cancel"},
+        {&chkDisableProgramLaunch, "ADV_CONFIG_CHK_DISABLEPROGRAMLAUNCH"},
+        {&lblProgramLaunchDelay, "ADV_CONFIG_LBL_PROGRAMLAUNCHDELAY"},
+        {&lblWindowTitleClassDelay, "ADV_CONFIG_LBL_WINDOWTITLECLASSDELAY"},
+        {&FrameWindowTitle, "ADV_CONFIG_LBL_WINDOWTITLE"},
+        {&btnTitleContains, "MORAM2_SEARCH_TYPE_CONTAINS"},
+        {&btnTitleStartsWith, "MORAM2_SEARCH_TYPE_STARTSWITH"},
+        {&btnTitleMatches, "MORAM2_SEARCH_TYPE_MATCHES"},
+        {&FrameClassTitle, "ADV_CONFIG_LBL_WINDOWCLASS"},
+        {&btnClassContains, "MORAM2_SEARCH_TYPE_CONTAINS"},
+        {&btnClassStartsWith, "MORAM2_SEARCH_TYPE_STARTSWITH"},
+        {&btnClassMatches, "MORAM2_SEARCH_TYPE_MATCHES"},
+        {&OKButton, "BUTTON_OK"},
+        {&CancelButton, "BUTTON_CANCEL"},
     });
 }
 

@@ -33,10 +33,10 @@ FormLayout frmAddMORAMConfig::declareLayout() {
 
 void frmAddMORAMConfig::SetTextStrings() {
     applyTexts({{&UniCaption1, "ADD_MORAM_CONFIG_TITLE", "Add a session"},
-                {&lblName, "ADD_MORAM_CONFIG_LBL_NAME", "Add a new session named"},
-                {&lblConfigs, "ADD_MORAM_CONFIG_LBL_CONFIGS", "based on the session"},
-                {&btnOK, "BUTTON_OK", "OK"},
-                {&btnCancel, "BUTTON_CANCEL", "Cancel"}});
+                {&lblName, "ADD_MORAM_CONFIG_LBL_NAME"},
+                {&lblConfigs, "ADD_MORAM_CONFIG_LBL_CONFIGS"},
+                {&btnOK, "BUTTON_OK"},
+                {&btnCancel, "BUTTON_CANCEL"}});
 }
 
 void frmAddMORAMConfig::Form_Load() {

@@ -35,12 +35,12 @@ FormLayout frmMORAMMaintenance::declareLayout() {
 void frmMORAMMaintenance::SetTextStrings() {
     applyTexts({{&UniCaption1, "MORAM_MAINT_TITLE", "Session Maintenance"},
                 {this, "MORAM_MAINT_TITLE", "Session Maintenance"},
-                {&lblSelectSession, "MORAM_MAINT_LBL_SELECTSESSION", "Select a session"},
-                {&btnNew, "BUTTON_NEW", "New"},
-                {&btnDelete, "BUTTON_DELETE", "Delete"},
-                {&btnEdit, "BUTTON_EDIT", "Edit"},
-                {&btnOK, "BUTTON_OK", "OK"},
-                {&btnCancel, "BUTTON_CANCEL", "Cancel"}});
+                {&lblSelectSession, "MORAM_MAINT_LBL_SELECTSESSION"},
+                {&btnNew, "BUTTON_NEW"},
+                {&btnDelete, "BUTTON_DELETE"},
+                {&btnEdit, "BUTTON_EDIT"},
+                {&btnOK, "BUTTON_OK"},
+                {&btnCancel, "BUTTON_CANCEL"}});
 }
 
 void frmMORAMMaintenance::Form_Load() {

@@ -33,12 +33,12 @@ FormLayout frmSessionManager::declareLayout() {
 void frmSessionManager::SetTextStrings() {
     applyTexts({{&UniCaption1, "SESSION_MANAGER_TITLE", "Session Manager"},
                 {this, "SESSION_MANAGER_TITLE", "Session Manager"},
-                {&lblSelectSession, "MORAM_MAINT_LBL_SELECTSESSION", "Select a session"},
-                {&btnAdd, "BUTTON_ADD", "Add"},
-                {&btnDelete, "BUTTON_DELETE", "Delete"},
-                {&btnEdit, "BUTTON_EDIT", "Edit"},
-                {&btnOK, "BUTTON_OK", "OK"},
-                {&btnCancel, "BUTTON_CANCEL", "Cancel"}});
+                {&lblSelectSession, "MORAM_MAINT_LBL_SELECTSESSION"},
+                {&btnAdd, "BUTTON_ADD"},
+                {&btnDelete, "BUTTON_DELETE"},
+                {&btnEdit, "BUTTON_EDIT"},
+                {&btnOK, "BUTTON_OK"},
+                {&btnCancel, "BUTTON_CANCEL"}});
 }
 
 void frmSessionManager::Form_Load() {

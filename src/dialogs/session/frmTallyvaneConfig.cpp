@@ -35,15 +35,15 @@ FormLayout frmTallyvaneConfig::declareLayout() {
 void frmTallyvaneConfig::SetTextStrings() {
     applyTexts({
         {&UniCaption1, "TVW_CONFIG_TITLE", "Configure Tallyvane Session"},
-        {&lblPartFormat, "MORAM_CONFIG_MSG_PART_FORMAT", "Part Format"},
-        {&lblFileName, "TVW_CONFIG_LBL_FILE_NAME", "File Name"},
-        {&lblFileFolder, "TVW_CONFIG_LBL_FILE_FOLDER", "File Folder"},
-        {&btnBrowseFolder, "BUTTON_BROWSE", "Browse"},
-        {&rdoAppend, "TVW_CONFIG_RDO_APPEND", "Append"},
-        {&rdoOverWrite, "TVW_CONFIG_RDO_OVER_WRITE", "Over Write"},
-        {&chkWriteFileOnly, "TVW_CONFIG_CHK_WRITE_FILE_ONLY", "Write File Only"},
-        {&btnOk, "BUTTON_OK", "OK"},
-        {&btnCancel, "BUTTON_CANCEL", "Cancel"},
+        {&lblPartFormat, "MORAM_CONFIG_MSG_PART_FORMAT"},
+        {&lblFileName, "TVW_CONFIG_LBL_FILE_NAME"},
+        {&lblFileFolder, "TVW_CONFIG_LBL_FILE_FOLDER"},
+        {&btnBrowseFolder, "BUTTON_BROWSE"},
+        {&rdoAppend, "TVW_CONFIG_RDO_APPEND"},
+        {&rdoOverWrite, "TVW_CONFIG_RDO_OVER_WRITE"},
+        {&chkWriteFileOnly, "TVW_CONFIG_CHK_WRITE_FILE_ONLY"},
+        {&btnOk, "BUTTON_OK"},
+        {&btnCancel, "BUTTON_CANCEL"},
     });
 }
 

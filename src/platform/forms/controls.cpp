@@ -355,6 +355,11 @@ void Tabs::setCaption(int index, std::string caption) {
     change(m_captions[static_cast<std::size_t>(index)], std::move(caption));
 }
 
+std::string_view Tabs::designCaption(int index) const {
+    requireTab(index);
+    return m_designCaptions[static_cast<std::size_t>(index)];
+}
+
 int Tabs::tab() const {
     touch();
     return m_tab;
