@@ -162,7 +162,7 @@ void frmPartNumberFormat::Form_Unload() {
 
 void frmPartNumberFormat::init(const std::string& sName) {
     OnError on{"frmPartNumberFormat:init"};
-    m_OKCaption = fetchString(on, "BUTTON_OK");
+    m_messages.okCaption = fetchString(on, "BUTTON_OK");
     if (sName.empty()) {
         showFirstValues(on);
     } else {

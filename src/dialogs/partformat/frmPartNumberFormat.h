@@ -9,12 +9,11 @@
 #include <string_view>
 #include <variant>
 
+#include "services/messages.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig {
-
-class OnError;
 
 /// The names of one field group's controls, and its fixed captions.
 struct FieldGroupNames {
@@ -120,7 +119,7 @@ class frmPartNumberFormat : public Form {
     std::shared_ptr<Dataset> m_Dataset;
     std::string_view m_CurrentField;
     std::string m_FormatName;
-    std::string m_OKCaption;
+    Messages m_messages{UniMsgBox1};
 };
 
 }  // namespace wynconfig

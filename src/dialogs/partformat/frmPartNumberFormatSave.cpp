@@ -13,7 +13,6 @@
 #include "store/config_global_module.h"
 #include "store/part_format_record.h"
 #include "store/session_record.h"
-#include "wynconfig/view.h"
 
 namespace wynconfig {
 
@@ -73,10 +72,10 @@ bool frmPartNumberFormat::ValidatePartFormat() {
     for (const Check& check : checks) {
         if (!on.test(check.fails)) continue;
         const std::string text = fetchString(on, check.messageKey) + check.secondLine;
-        const std::string title = fetchString(on, check.titleKey);
-        on([&] { UniMsgBox1.ShowMsg(text, boxstyle::Critical, title, m_OKCaption); });
-        if (check.setsCaret) on([&] { check.box.setCaret(0); });
-        on([&] { check.box.setFocus(); });
+        if (check.setsCaret)
+            m_messages.refuseText(on, text, check.titleKey, check.box);
+        else
+            m_messages.refuse(on, text, check.titleKey, check.box);
         return false;
     }
     return true;
@@ -117,13 +116,8 @@ bool frmPartNumberFormat::isNameTaken(OnError& on, const std::string& name) {
 void frmPartNumberFormat::refuseTakenName(OnError& on) {
     const std::string exists = fetchString(on, "MORAM_CONFIG_MSG_NAME_EXISTS");
     const std::string reenter = fetchString(on, "MORAM_CONFIG_MSG_REENTER_NAME");
-    const std::string title = fetchString(on, "MORAM_CONFIG_MSG_PART_FORMAT");
-    on([&] {
-        UniMsgBox1.ShowMsg(exists + ": " + txtFormatName.text() + ". " + reenter,
-                           boxstyle::Critical, title, m_OKCaption);
-    });
-    on([&] { txtFormatName.setCaret(0); });
-    on([&] { txtFormatName.setFocus(); });
+    m_messages.refuseText(on, exists + ": " + txtFormatName.text() + ". " + reenter,
+                          "MORAM_CONFIG_MSG_PART_FORMAT", txtFormatName);
 }
 
 void frmPartNumberFormat::createRecord(OnError& on, const std::string& name) {

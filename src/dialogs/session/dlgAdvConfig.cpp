@@ -8,7 +8,6 @@
 #include "store/config_global_module.h"
 #include "store/session_record.h"
 #include "wynconfig/error.h"
-#include "wynconfig/view.h"
 
 namespace wynconfig {
 
@@ -85,7 +84,7 @@ void dlgAdvConfig::init(const std::shared_ptr<Dataset>& partlist, const std::str
     m_Dataset = partlist;
     m_SessionName = sSessionName;
     OnError on{"dlgAdvConfig:init"};
-    m_OKCaption = fetchString(on, "BUTTON_OK");
+    m_messages.okCaption = fetchString(on, "BUTTON_OK");
     try {
         showDefaults();
         showRecord();
@@ -156,10 +155,7 @@ long dlgAdvConfig::ApplyChanges() {
 
 long dlgAdvConfig::refuse(OnError& on, const std::string& textKey, const std::string& titleKey,
                           Edit& box) {
-    const std::string text = fetchString(on, textKey);
-    const std::string title = fetchString(on, titleKey);
-    on([&] { UniMsgBox1.ShowMsg(text, boxstyle::Critical, title, m_OKCaption); });
-    on([&] { box.setFocus(); });
+    m_messages.refuse(on, fetchString(on, textKey), titleKey, box);
     return kRefused;
 }
 

@@ -5,12 +5,11 @@
 #include <memory>
 #include <string>
 
+#include "services/messages.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig {
-
-class OnError;
 
 class dlgAdvConfig : public Form {
   public:
@@ -76,7 +75,7 @@ class dlgAdvConfig : public Form {
     long m_Result = 0;
     std::shared_ptr<Dataset> m_Dataset;
     std::string m_SessionName;
-    std::string m_OKCaption;
+    Messages m_messages{UniMsgBox1};
 };
 
 }  // namespace wynconfig

@@ -12,7 +12,6 @@
 #include "services/texts.h"
 #include "store/config_global_module.h"
 #include "store/session_record.h"
-#include "wynconfig/view.h"
 
 namespace wynconfig {
 
@@ -60,7 +59,7 @@ void frmAddMORAMConfig::Form_Unload() {
 void frmAddMORAMConfig::init(const std::string& sName) {
     OnError on{"frmAddMORAMConfig:init"};
     on([&] { txtName.setText(sName); });
-    on([&] { m_OKCaption = GetString("BUTTON_OK"); });
+    on([&] { m_messages.okCaption = GetString("BUTTON_OK"); });
     on([&] { loadCboConfigs(); });
 }
 
@@ -90,27 +89,22 @@ void frmAddMORAMConfig::btnOk_Click() {
 bool frmAddMORAMConfig::isNameFree(OnError& on) {
     const std::string name = txtName.text();
     if (on.test([&] { return name.empty(); })) {
-        refuse(on, fetchString(on, "MORAM_CONFIG_MSG_ENTER_NEW_NAME"),
-               "MORAM_CONFIG_MSG_INVALID_CONFIG");
+        m_messages.refuse(on, fetchString(on, "MORAM_CONFIG_MSG_ENTER_NEW_NAME"),
+                          "MORAM_CONFIG_MSG_INVALID_CONFIG");
         return false;
     }
     if (on.test([&] { return IsInvalidName(name); })) {
-        refuse(on, fetchString(on, "MORAM_CONFIG_MSG_INVALID_CHARS") + "\r\n" + kForbiddenInNames,
-               "MORAM_CONFIG_MSG_INVALID_CONFIG");
+        m_messages.refuse(on, invalidNameText(on, kForbiddenInNames),
+                          "MORAM_CONFIG_MSG_INVALID_CONFIG");
         return false;
     }
     if (on.test([&] { return IsFactorySession(name); })) {
         const std::string exists = fetchString(on, "MORAM_CONFIG_MSG_NAME_EXISTS");
         const std::string reenter = fetchString(on, "MORAM_CONFIG_MSG_REENTER_NAME");
-        refuse(on, exists + " " + name + ". " + reenter, "MORAM_CONFIG_MSG_FORMAT_NAME");
+        m_messages.refuse(on, exists + " " + name + ". " + reenter, "MORAM_CONFIG_MSG_FORMAT_NAME");
         return false;
     }
     return true;
-}
-
-void frmAddMORAMConfig::refuse(OnError& on, const std::string& text, const std::string& titleKey) {
-    const std::string title = fetchString(on, titleKey);
-    on([&] { UniMsgBox1.ShowMsg(text, boxstyle::Critical, title, m_OKCaption); });
 }
 
 void frmAddMORAMConfig::makeSession(OnError& on) {

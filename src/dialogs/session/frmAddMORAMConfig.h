@@ -3,11 +3,10 @@
 
 #include <string>
 
+#include "services/messages.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig {
-
-class OnError;
 
 class frmAddMORAMConfig : public Form {
   public:
@@ -38,7 +37,6 @@ class frmAddMORAMConfig : public Form {
     FormLayout declareLayout() override;
 
     void loadCboConfigs();
-    void refuse(OnError& on, const std::string& text, const std::string& titleKey);
     /// Whether the name in the box may be that of a new session; shows the box that says why not.
     bool isNameFree(OnError& on);
     void makeSession(OnError& on);
@@ -48,7 +46,7 @@ class frmAddMORAMConfig : public Form {
 
     std::string m_SessionName;
     long m_Result = 0;
-    std::string m_OKCaption;
+    Messages m_messages{UniMsgBox1};
 };
 
 }  // namespace wynconfig

@@ -106,7 +106,7 @@ void frmMORAMConfig::SetTextStrings() {
         {&btnCancel, "BUTTON_CANCEL"},
         {&btnApply, "BUTTON_APPLY"},
         {&CommonDialog, {}, "Select an application"},
-        {&m_OKCaption, "BUTTON_OK", "Ok"},
+        {&m_messages.okCaption, "BUTTON_OK", "Ok"},
     });
 }
 

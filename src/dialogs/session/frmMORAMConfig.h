@@ -7,13 +7,13 @@
 #include <memory>
 #include <string>
 
+#include "services/messages.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig {
 
 class dlgAdvConfig;
-class OnError;
 class RowVariable;
 
 class frmMORAMConfig : public Form {
@@ -127,7 +127,6 @@ class frmMORAMConfig : public Form {
     bool renameInMemory(OnError& on, const std::string& oldName, const std::string& newName);
     void deleteInFiles(OnError& on, const std::string& name);
     void copyInMemory(OnError& on, const std::string& name);
-    void showMessage(OnError& on, const std::string& text, int style, const std::string& titleKey);
     void selectAvailable(OnError& on, const std::string& name);
 
     void btnOK_Click();
@@ -152,7 +151,7 @@ class frmMORAMConfig : public Form {
     std::shared_ptr<Dataset> m_Dataset;
     std::string m_SessionName;
     bool m_bApplied = false;
-    std::string m_OKCaption;
+    Messages m_messages{UniMsgBox1};
 };
 
 }  // namespace wynconfig

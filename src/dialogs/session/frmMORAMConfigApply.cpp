@@ -12,7 +12,6 @@
 #include "store/config_global_module.h"
 #include "store/session_record.h"
 #include "wynconfig/error.h"
-#include "wynconfig/view.h"
 
 namespace wynconfig {
 
@@ -100,8 +99,8 @@ bool frmMORAMConfig::isContentRefused(OnError& on) {
         return true;
     }
     if (on.test([&] { return IsInvalidName(txtDisplayName.text()); })) {
-        refuse(on, fetchString(on, "MORAM_CONFIG_MSG_INVALID_CHARS") + "\r\n" + kForbiddenInNames,
-               "MORAM_CONFIG_MSG_INVALID_CONFIG", 0, txtDisplayName);
+        refuse(on, invalidNameText(on, kForbiddenInNames), "MORAM_CONFIG_MSG_INVALID_CONFIG", 0,
+               txtDisplayName);
         return true;
     }
     if (on.test([&] { return lstSelectedFormats2.count() < 1; })) {
@@ -199,7 +198,7 @@ void frmMORAMConfig::writeFileWriterRows(OnError& on) {
 
 void frmMORAMConfig::refuse(OnError& on, const std::string& text, const std::string& titleKey,
                             int tab, Control& offender) {
-    showMessage(on, text, boxstyle::Critical, titleKey);
+    m_messages.refuse(on, text, titleKey);
     if (SSTab2.tab() != tab) {
         on([&] { UniContainer1[tab].setFocus(); });
         on([&] { UniContainer1[tab].bringToFront(); });

@@ -168,9 +168,8 @@ void frmMORAMConfig::btnRename_Click() {
 
 bool frmMORAMConfig::isNewNameRefused(OnError& on, const std::string& name) {
     if (on.test([&] { return IsInvalidName(name); })) {
-        const std::string text = fetchString(on, "MORAM_CONFIG_MSG_INVALID_CHARS");
-        showMessage(on, text + "\r\n" + kForbiddenInNames, boxstyle::Critical,
-                    "MORAM_CONFIG_MSG_INVALID_CONFIG");
+        m_messages.refuse(on, invalidNameText(on, kForbiddenInNames),
+                          "MORAM_CONFIG_MSG_INVALID_CONFIG");
         return true;
     }
     if (on.test([&] { return IsFactoryPartFormat(name); })) {
@@ -184,8 +183,7 @@ bool frmMORAMConfig::isNewNameRefused(OnError& on, const std::string& name) {
 void frmMORAMConfig::refuseTakenName(OnError& on, const std::string& name) {
     const std::string exists = fetchString(on, "MORAM_CONFIG_MSG_NAME_EXISTS");
     const std::string reenter = fetchString(on, "MORAM_CONFIG_MSG_REENTER_NAME");
-    showMessage(on, name + ": " + exists + ". " + reenter, boxstyle::Critical,
-                "MORAM_CONFIG_MSG_FORMAT_NAME");
+    m_messages.refuse(on, name + ": " + exists + ". " + reenter, "MORAM_CONFIG_MSG_FORMAT_NAME");
 }
 
 bool frmMORAMConfig::renameInMemory(OnError& on, const std::string& oldName,
@@ -210,11 +208,8 @@ void frmMORAMConfig::btnDelete_Click() {
     const ListRow* selected = lstAvailableFormats.selectedItem();
     if (!selected) return;
     const std::string name = selected->text;
-    const std::string question = fetchString(on, "MORAM_CONFIG_MSG_DELETE_CONFIG");
-    const std::string title = fetchString(on, "MORAM_CONFIG_MSG_ARE_YOU_SURE");
-    int pressed = 0;
-    on([&] { pressed = UniMsgBox1.ShowMsg(question, boxstyle::YesNo, title, ""); });
-    if (pressed != answer::Yes) return;
+    if (!m_messages.ask(on, "MORAM_CONFIG_MSG_DELETE_CONFIG", "MORAM_CONFIG_MSG_ARE_YOU_SURE"))
+        return;
     if (!g_DatasetMode) return deleteInFiles(on, name);
     if (isFactoryRefused(on, name)) return;
     on([&] { DeleteUserPartFormat(name); });
@@ -225,7 +220,7 @@ void frmMORAMConfig::deleteInFiles(OnError& on, const std::string& name) {
     std::string session;
     if (on.test([&] { return CheckForLastPartNumberFormatInAllMORAMs(name, session); })) {
         const std::string text = fetchString(on, "MORAM_CONFIG_MSG_LAST_PART_FORMAT");
-        showMessage(on, text + " " + session, boxstyle::OkOnly, "MORAM_CONFIG_TAB_PART_FORMAT");
+        m_messages.tell(on, text + " " + session, boxstyle::OkOnly, "MORAM_CONFIG_TAB_PART_FORMAT");
         return;
     }
     if (!name.empty()) moveToDeleted(on, g_PartFormatFolder, name);
@@ -245,15 +240,9 @@ void frmMORAMConfig::DeleteUserPartFormat(const std::string& sName) {
 
 bool frmMORAMConfig::isFactoryRefused(OnError& on, const std::string& name) {
     if (!on.test([&] { return IsFactoryPartFormat(name); })) return false;
-    showMessage(on, fetchString(on, "MORAM_CONFIG_MSG_CANNOT_MODIFY_FACTORY_DEFAULTS"),
-                boxstyle::Critical, "MORAM_CONFIG_MSG_ERROR");
+    m_messages.refuse(on, fetchString(on, "MORAM_CONFIG_MSG_CANNOT_MODIFY_FACTORY_DEFAULTS"),
+                      "MORAM_CONFIG_MSG_ERROR");
     return true;
-}
-
-void frmMORAMConfig::showMessage(OnError& on, const std::string& text, int style,
-                                 const std::string& titleKey) {
-    const std::string title = fetchString(on, titleKey);
-    on([&] { UniMsgBox1.ShowMsg(text, style, title, m_OKCaption); });
 }
 
 void frmMORAMConfig::selectAvailable(OnError& on, const std::string& name) {

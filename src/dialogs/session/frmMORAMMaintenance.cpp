@@ -8,7 +8,6 @@
 #include "services/on_error.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
-#include "wynconfig/view.h"
 #include "wynconfig/wynconfig.h"
 
 namespace wynconfig {
@@ -95,11 +94,8 @@ void frmMORAMMaintenance::btnRemove_Click() {
     OnError on{"frmMORAMMaintenance:btnRemove_Click"};
     const ListRow* selected = lstAvailableMORAMs2.selectedItem();
     if (!selected) return;
-    const std::string question = fetchString(on, "MORAM_MAINT_MSG_DELETE_CONFIG");
-    const std::string title = fetchString(on, "MORAM_CONFIG_MSG_ARE_YOU_SURE");
-    int pressed = 0;
-    on([&] { pressed = UniMsgBox1.ShowMsg(question, boxstyle::YesNo, title, ""); });
-    if (pressed != answer::Yes) return;
+    if (!m_messages.ask(on, "MORAM_MAINT_MSG_DELETE_CONFIG", "MORAM_CONFIG_MSG_ARE_YOU_SURE"))
+        return;
     moveToDeleted(on, g_SessionFolder, UCase(selected->text));
     selected = lstAvailableMORAMs2.selectedItem();
     if (!selected) return;

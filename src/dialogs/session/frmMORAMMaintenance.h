@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "services/messages.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig {
@@ -44,6 +45,7 @@ class frmMORAMMaintenance : public Form {
 
     long m_Result = 0;
     std::string m_SessionName;
+    Messages m_messages{UniMsgBox1};
 };
 
 }  // namespace wynconfig

@@ -11,7 +11,6 @@
 #include "services/texts.h"
 #include "store/config_global_module.h"
 #include "store/session_record.h"
-#include "wynconfig/view.h"
 
 namespace wynconfig {
 
@@ -84,7 +83,7 @@ void frmTallyvaneConfig::init(const std::shared_ptr<Dataset>& partlist,
     if (!partlist) return;
     m_Dataset = partlist;
     m_SessionName = sSessionName;
-    m_OKCaption = GetString("BUTTON_OK");
+    m_messages.okCaption = GetString("BUTTON_OK");
     OnError on = OnError::ignoring();
     const auto data = [&](const std::string& key) {
         std::string value;
@@ -111,8 +110,7 @@ void frmTallyvaneConfig::init(const std::shared_ptr<Dataset>& partlist,
 long frmTallyvaneConfig::ApplyChanges() {
     OnError on{"frmTallyvaneConfig.ApplyChanges"};
     const auto refuse = [&](const std::string& text, const std::string& titleKey) {
-        const std::string title = fetchString(on, titleKey);
-        on([&] { UniMsgBox1.ShowMsg(text, boxstyle::Critical, title, m_OKCaption); });
+        m_messages.refuse(on, text, titleKey);
         return kRefused;
     };
     on([&] { txtFileName.setText(Trim(txtFileName.text())); });
@@ -123,9 +121,8 @@ long frmTallyvaneConfig::ApplyChanges() {
     if (on.test([&] { return !bNoFormat && txtFileFolder.text().empty(); }))
         return refuse(fetchString(on, "TVW_ERR_FOLDER_INVALID") + "\r\n", "TVW_ERR_TITLE");
     if (on.test([&] { return IsInvalidFileName(txtFileName.text()); }))
-        return refuse(
-            fetchString(on, "MORAM_CONFIG_MSG_INVALID_CHARS") + "\r\n" + kForbiddenInFileNames,
-            "MORAM_CONFIG_MSG_INVALID_CONFIG");
+        return refuse(invalidNameText(on, kForbiddenInFileNames),
+                      "MORAM_CONFIG_MSG_INVALID_CONFIG");
     if (on.test([&] { return bNoFormat && chkWriteFileOnly.value(); }))
         return refuse(fetchString(on, "TVW_CONFIG_INVAILD_PART_FORMAT_WITH_WFO"), "TVW_ERR_TITLE");
     on([&] { g_TallyvanePartFormat = cboPartFormat.text(); });

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "services/messages.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
 
@@ -54,7 +55,7 @@ class frmTallyvaneConfig : public Form {
     long m_Result = 0;
     std::shared_ptr<Dataset> m_Dataset;
     std::string m_SessionName;
-    std::string m_OKCaption;
+    Messages m_messages{UniMsgBox1};
 };
 
 }  // namespace wynconfig
