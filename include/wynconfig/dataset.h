@@ -23,8 +23,9 @@ class Document {
     void setAsync(bool async) { m_async = async; }
 
     /// Takes XML text, UTF-8 (whatever encoding it declares).
-    /// @return false when the text is not well-formed, or beyond the bounds of depth and size that
-    ///         the parser keeps; the document is empty then
+    /// @return false when the text is not well-formed, larger than kMaxItemSize, nested more than
+    ///         256 deep, or of more than some ten thousand different names; the document is empty
+    ///         then
     bool loadXML(const std::string& text);
 
     /// The document's text; empty for a fresh document.
@@ -40,7 +41,8 @@ class Document {
 /// nothing depends on it. Nothing touches a file but `Load` and `Save` with a path. All failures
 /// raise `Error`; a failed `Load` leaves the object as it was, a failed `Save` the old file.
 ///
-/// Text may hold anything: bytes that XML has no room for are written as `_xHHHH_`.
+/// Text may hold anything: bytes that XML has no room for are written as `_xHHHH_`. Whatever can be
+/// saved can be loaded again, by a file and by a document.
 class Dataset {
   public:
     Dataset();
@@ -82,11 +84,12 @@ class Dataset {
     void Load(const Document& document, long option = 0);
 
     /// Writes the whole record to a file; the file is at all times wholly the old or the new one.
-    /// Raises errc::FileAccess, or errc::InvalidCall for a name or key of nine million bytes or
-    /// more.
+    /// Raises errc::FileAccess, or errc::InvalidCall when its text would be larger than
+    /// kMaxItemSize.
     void Save(const std::string& path) const;
     void Save(const ItemPath& path) const;
-    /// Replaces the document's content by this record.
+    /// Replaces the document's content by this record. Raises errc::InvalidCall when its text would
+    /// be larger than kMaxItemSize; the document then stays as it was.
     void Save(Document& document) const;
 
   private:

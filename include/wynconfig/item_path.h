@@ -1,10 +1,15 @@
 // Where one file of the store lies.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace wynconfig {
+
+/// The most bytes that the text of an item may have, in a file as well as in a document: an item is
+/// a small record.
+inline constexpr std::size_t kMaxItemSize = std::size_t{64} << 20;
 
 /// A folder, as the host gave it, and one name in it, kept apart so that a name can never lead out
 /// of its folder: a name that holds a separator is not found and can't be saved.

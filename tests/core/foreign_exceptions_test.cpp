@@ -226,7 +226,7 @@ class ForeignExceptions : public ExchangeDesk {
 ON_EVERY_VIEW(ForeignExceptions);
 
 TEST_P(ForeignExceptions, ReadingTheSessionBackLetsNothingOut) {
-    const std::string beyond = tooLongToStore();
+    const std::string beyond(kMaxItemSize, 'X');
     sweep(
         [&] {
             g_Session->setName(beyond);
@@ -236,7 +236,7 @@ TEST_P(ForeignExceptions, ReadingTheSessionBackLetsNothingOut) {
 }
 
 TEST_P(ForeignExceptions, ReadingTheFormatsBackLetsNothingOut) {
-    const std::string beyond = tooLongToStore();
+    const std::string beyond(kMaxItemSize, 'X');
     sweep(
         [&] {
             addHostFormat("TAPE");

@@ -18,13 +18,6 @@ using Texts = std::vector<std::string>;
 /// What a host gets when there is no part format.
 inline const Texts kNoFormats{""};
 
-/// A name that can be read from a text but not written to one.
-inline std::string tooLongToStore() {
-    std::string name;
-    name.resize(9'200'000, 'X');
-    return name;
-}
-
 class ExchangeDesk : public FormatDesk {
   protected:
     void SetUp() override {

@@ -141,7 +141,7 @@ void FileSystem::save(const ItemPath& path, std::string_view content) {
     if (!place) throw refusal("file", path.text(), "written", "its name is not allowed");
     const auto [name, isOnDisk] = nameToWrite(*place);
     const std::string target = join(place->folder, name);
-    if (content.size() > MaxFileSize) throw refusal("file", target, "written", "it is too large");
+    if (content.size() > kMaxItemSize) throw refusal("file", target, "written", "it is too large");
 
     if (m_inBatch) {
         stageFile(target, content);

@@ -61,7 +61,7 @@ class FileSystem {
     void makeFolder(const std::string& folder);
 
     /// Reads a whole file. Raises errc::FileNotFound, or errc::FileAccess, also for a file of more
-    /// than 64 MiB: an item is a small record.
+    /// than kMaxItemSize.
     std::string read(const ItemPath& path);
 
     /// Writes a whole file, crash-safe: the file is at all times wholly the old or wholly the new
@@ -86,9 +86,6 @@ class FileSystem {
         std::int64_t value = 0;
         bool settled = true;
     };
-
-    /// The most bytes that a file may have.
-    static constexpr std::size_t MaxFileSize = std::size_t{64} << 20;
 
     // What a kind of file system supplies. Paths are those of the system, already resolved: folders
     // without a trailing separator ("" is the working folder, "/" the system's root), files as

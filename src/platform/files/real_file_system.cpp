@@ -114,8 +114,8 @@ class RealFileSystem : public FileSystem {
             checked([&] { return ::fstat(file.number(), &info); });
             if (!S_ISREG(info.st_mode)) throw refusal("file", path, "read", "it is no plain file");
             std::string content =
-                readToEnd(file.number(), static_cast<std::size_t>(info.st_size), MaxFileSize);
-            if (content.size() > MaxFileSize)
+                readToEnd(file.number(), static_cast<std::size_t>(info.st_size), kMaxItemSize);
+            if (content.size() > kMaxItemSize)
                 throw refusal("file", path, "read", "it is too large");
             return content;
         } catch (const SystemFailure& failure) {

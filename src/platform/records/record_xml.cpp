@@ -5,6 +5,7 @@
 #include <libxml/parserInternals.h>
 #include <unicode/utf8.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <climits>
@@ -132,7 +133,13 @@ void appendSpecial(std::string& out, std::string_view text, std::size_t& at, boo
     }
 }
 
+void holdToBound(std::size_t size) {
+    if (size > kMaxItemSize)
+        throw Error(errc::InvalidCall, "The record is too large to be stored.");
+}
+
 void appendText(std::string& out, std::string_view text, bool attribute) {
+    holdToBound(out.size() + text.size());
     std::size_t from = 0;
     std::size_t at = 0;
     while (at < text.size()) {
@@ -142,29 +149,27 @@ void appendText(std::string& out, std::string_view text, bool attribute) {
         }
         out.append(text, from, at - from);
         appendSpecial(out, text, at, attribute);
+        holdToBound(out.size());
         from = at;
     }
     out.append(text, from);
 }
 
-/// Appends the value of an attribute, and refuses one that the parser would not read back.
-void appendAttribute(std::string& out, std::string_view text) {
-    constexpr std::size_t bound = 9'000'000;  // below the parser's own, which a whole tag must keep
-    const std::size_t start = out.size();
-    appendText(out, text, true);
-    if (out.size() - start >= bound)
-        throw Error(errc::InvalidCall, "A name or key of this length can't be stored.");
-}
-
-/// Collects a record from the events of one pass.
+/// What takes the events of one pass. It collects a record, or is only there to see how far the
+/// pass comes.
 class RecordReader {
   public:
+    explicit RecordReader(bool collects) : m_collects(collects) {}
+
+    xmlParserCtxt* parser = nullptr;
     RecordText record;
-    std::string fault;  ///< why the text is no record; empty while it may be one
+    std::string fault;  ///< why the pass was stopped; empty while the text may be what is wanted
     std::string error;  ///< what the parser said first
 
     void start(std::string_view name, int attributeCount, const xmlChar** attributes) {
         ++m_depth;
+        if (m_depth > kMaxDepth) return blame("its elements are nested too deeply");
+        if (!m_collects) return;
         if (m_depth == 1) {
             if (name != "dataset") return blame("its root element is not a dataset");
             record.type = unescape(attribute("type", attributeCount, attributes).value_or(""));
@@ -186,7 +191,9 @@ class RecordReader {
     void characters(std::string_view text) {
         if (m_depth == 2 && (m_inRow || m_inColumn)) m_text.append(text);
     }
-    void documentType() { blame("it has a document type declaration"); }
+    void documentType() {
+        if (m_collects) blame("it has a document type declaration");
+    }
 
   private:
     void startRow(int attributeCount, const xmlChar** attributes) {
@@ -199,8 +206,11 @@ class RecordReader {
         if (text.find('_') == std::string::npos) return text;
         return unescape(text);
     }
+    /// Nothing behind a fault is worth reading, and defaults for the attributes of a thousand
+    /// elements would be costly to collect.
     void blame(const char* cause) {
-        if (fault.empty()) fault = cause;
+        fault = cause;
+        xmlStopParser(parser);
     }
     /// SAX2 hands attributes over in fives: local name, prefix, URI, begin and end of the value.
     static std::optional<std::string_view> attribute(std::string_view name, int count,
@@ -213,6 +223,9 @@ class RecordReader {
         return {};
     }
 
+    static constexpr int kMaxDepth = 256;
+
+    bool m_collects;
     int m_depth = 0;
     bool m_inRow = false;
     bool m_inColumn = false;
@@ -221,6 +234,13 @@ class RecordReader {
 
 RecordReader& readerOf(void* user) {
     return *static_cast<RecordReader*>(user);
+}
+
+/// The parser compares each attribute of a tag with all others, so that a great many names would
+/// hold it up for hours.
+void onStartDocument(void* user) {
+    constexpr std::size_t bound = std::size_t{64} * 1024;
+    xmlDictSetLimit(readerOf(user).parser->dict, bound);
 }
 
 void onStart(void* user, const xmlChar* name, const xmlChar*, const xmlChar* uri, int,
@@ -248,6 +268,7 @@ void onError(void* user, xmlErrorPtr error) {
     if (!kept.empty() || error->level < XML_ERR_ERROR) return;
     std::string_view message = error->message ? error->message : "unreadable";
     while (message.ends_with('\n')) message.remove_suffix(1);
+    if (error->code == XML_ERR_NO_MEMORY) message = "its names take too much memory";
     kept = "line " + std::to_string(error->line) + ": " + std::string(message);
 }
 
@@ -270,6 +291,7 @@ Context makeContext() {
     xmlSAXHandler& sax = *context->sax;
     sax = {};
     sax.initialized = XML_SAX2_MAGIC;
+    sax.startDocument = onStartDocument;
     sax.startElementNs = onStart;
     sax.endElementNs = onEnd;
     sax.characters = onCharacters;
@@ -288,16 +310,19 @@ bool mayPassForAnotherEncoding(std::string_view xml) {
 
 /// One pass over the text. Entities are never declared, so none is ever expanded but the five of
 /// XML itself; without XML_PARSE_NOENT an `&` would come out of an attribute as `&#38;`.
+/// The parser's own bounds on sizes and depth are lifted for those of this file.
 /// @return whether the text is well-formed
 bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
-    if (xml.size() > INT_MAX) {
-        reader.error = "it is too large";
+    static_assert(kMaxItemSize <= INT_MAX, "the parser counts in int");
+    if (xml.size() > kMaxItemSize) {
+        reader.fault = "it is too large";
         return false;
     }
     Context& context = keptContext(source);
     if (!context) context = makeContext();
     context->userData = &reader;
-    int options = XML_PARSE_NOENT | XML_PARSE_NONET;
+    reader.parser = context.get();
+    int options = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_HUGE;
     const char* encoding = nullptr;
     if (source == XmlSource::Memory) {
         options |= XML_PARSE_IGNORE_ENC;
@@ -305,9 +330,9 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
     }
     xmlCtxtReadMemory(context.get(), xml.data(), static_cast<int>(xml.size()), nullptr, encoding,
                       options);
-    const bool wellFormed = context->wellFormed != 0;
+    const bool wellFormed = context->wellFormed != 0 && reader.fault.empty();
     // What strange texts leave in the context's dictionary would be held against later ones.
-    constexpr std::size_t dictionaryBound = std::size_t{64} * 1024;
+    constexpr std::size_t dictionaryBound = std::size_t{16} * 1024;
     if (!wellFormed || xmlDictGetUsage(context->dict) > dictionaryBound) context.reset();
     return wellFormed;
 }
@@ -315,18 +340,16 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
 }  // namespace
 
 RecordText readRecord(std::string_view xml, XmlSource source) {
-    RecordReader reader;
-    if (!parse(xml, source, reader)) {
-        throw Error(errc::BadRecord,
-                    "it is not well-formed XML (" +
-                        (reader.error.empty() ? std::string("it is empty") : reader.error) + ")");
-    }
+    RecordReader reader(true);
+    if (parse(xml, source, reader)) return std::move(reader.record);
     if (!reader.fault.empty()) throw Error(errc::BadRecord, reader.fault);
-    return std::move(reader.record);
+    throw Error(errc::BadRecord,
+                "it is not well-formed XML (" +
+                    (reader.error.empty() ? std::string("it is empty") : reader.error) + ")");
 }
 
 bool isWellFormed(std::string_view xml) {
-    RecordReader reader;
+    RecordReader reader(false);
     return parse(xml, XmlSource::Memory, reader);
 }
 
@@ -335,13 +358,13 @@ std::string writeRecord(std::string_view type, std::string_view name, std::strin
     std::size_t size = 256 + name.size();
     for (const DataRow& row : rows) size += row[0].size() + row[1].size() + 32;
     std::string out;
-    out.reserve(size);
+    out.reserve(std::min(size, kMaxItemSize));
     out += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<dataset version=\"1\" type=\"";
-    appendAttribute(out, type);
+    appendText(out, type, true);
     out += "\" name=\"";
-    appendAttribute(out, name);
+    appendText(out, name, true);
     out += "\" key=\"";
-    appendAttribute(out, key);
+    appendText(out, key, true);
     out += "\">\n";
     for (const std::string& column : columns) {
         out += "  <column>";
@@ -350,7 +373,7 @@ std::string writeRecord(std::string_view type, std::string_view name, std::strin
     }
     for (const DataRow& row : rows) {
         out += "  <row key=\"";
-        appendAttribute(out, row[0]);
+        appendText(out, row[0], true);
         if (row[1].empty()) {
             out += "\"/>\n";
             continue;
@@ -360,6 +383,7 @@ std::string writeRecord(std::string_view type, std::string_view name, std::strin
         out += "</row>\n";
     }
     out += "</dataset>\n";
+    holdToBound(out.size());
     return out;
 }
 

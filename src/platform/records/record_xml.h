@@ -26,17 +26,18 @@ enum class XmlSource {
 };
 
 /// Reads a record. Raises `Error` (errc::BadRecord) with the cause, when the text is not
-/// well-formed, has a document type declaration, or is no record. Attributes and elements that this
-/// version does not know are read over.
+/// well-formed, goes beyond the bounds of `isWellFormed`, has a document type declaration, or is no
+/// record. Attributes and elements that this version does not know are read over.
 RecordText readRecord(std::string_view xml, XmlSource source);
 
-/// Whether text is well-formed XML within the parser's bounds of depth and size. No entity is
-/// expanded and nothing is fetched.
+/// Whether text is well-formed XML within these bounds: it has no more than kMaxItemSize bytes, its
+/// elements are nested no more than 256 deep, and their names and those of their attributes take no
+/// more than some 64 KiB, each counted once. No entity is expanded and nothing is fetched.
 bool isWellFormed(std::string_view xml);
 
 /// Writes a record. Any text can be read back: `_xHHHH_` stands for a character that XML has no
 /// room for, and `_xDC80_` to `_xDCFF_` for a byte that is no UTF-8. Raises `Error`
-/// (errc::InvalidCall) for a name or key of nine million bytes or more, which no parser would take.
+/// (errc::InvalidCall) when the text would have more than kMaxItemSize bytes.
 std::string writeRecord(std::string_view type, std::string_view name, std::string_view key,
                         const std::array<std::string, 2>& columns, const std::list<DataRow>& rows);
 

@@ -201,12 +201,6 @@ TEST_F(RecordFile, LoadsWithLineEndsOfAnotherSystem) {
     EXPECT_EQ(record.GetRow("a")[1], "one\ntwo\nthree");
 }
 
-TEST_F(RecordFile, LoadsALongAttribute) {
-    const std::string name(9U << 20, 'x');
-    load("<dataset name=\"" + name + "\"/>");
-    EXPECT_EQ(record.Name(), name);
-}
-
 /// The same bad files, opened by a person.
 class BadSession : public Desk {};
 ON_EVERY_VIEW(BadSession);

@@ -509,23 +509,6 @@ TEST_P(StrangeTextInARecord, SurvivesEverywhereAtOnce) {
     expectRoundTrip(record);
 }
 
-TEST(DatasetSave, RefusesANameOrKeyThatNoParserWouldReadBack) {
-    for (const std::size_t length : {std::size_t{8'999'999}, std::size_t{9'000'000}}) {
-        Dataset record;
-        record.setName(std::string(length, 'N'));
-        Document document;
-        if (length < 9'000'000) {
-            record.Save(document);
-            Dataset copy;
-            copy.Load(document);
-            EXPECT_EQ(copy.Name(), record.Name());
-        } else {
-            EXPECT_EQ(raisedBy([&] { record.Save(document); }).number(), errc::InvalidCall);
-            EXPECT_EQ(document.xml(), "");
-        }
-    }
-}
-
 INSTANTIATE_TEST_SUITE_P(Texts, StrangeTextInARecord, ::testing::ValuesIn(strangeTexts()),
                          [](const auto& each) { return each.param.what; });
 
