@@ -7,9 +7,9 @@
 namespace host {
 
 /// The number that a text stands for: blanks around it, a sign, digits with a decimal point, an
-/// exponent. Independent of any locale.
+/// exponent. Each may be of full width, as East Asian keyboards type it. Independent of any locale.
 /// @return nothing for every other text, and for a number beyond a double
-std::optional<double> storedNumber(std::string_view text);
+std::optional<double> storedNumber(std::string_view stored);
 
 /// The whole part of the number, or nothing when that is below 1.
 /// @param most  a greater number counts as this one

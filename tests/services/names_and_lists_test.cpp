@@ -56,6 +56,20 @@ TEST_F(Names, ReadAsNumbersByTheUsersLocale) {
     EXPECT_FALSE(IsInvalidFileName("$12"));
 }
 
+TEST_F(Names, OfFullWidthReadAsNumbersByTheUsersLocale) {
+    for (const std::string name : {"１２３", "－５", "１．５", "１，０００"}) {
+        setNumberLocale("ja-JP");
+        EXPECT_TRUE(IsInvalidName(name)) << name;
+        EXPECT_TRUE(IsInvalidFileName(name)) << name;
+        setNumberLocale("en-US");
+        EXPECT_FALSE(IsInvalidName(name)) << name;
+        EXPECT_FALSE(IsInvalidFileName(name)) << name;
+    }
+    setNumberLocale("ja-JP");
+    EXPECT_FALSE(IsInvalidName("部品１２３"));
+    EXPECT_FALSE(IsInvalidName("Ａ：Ｂ"));
+}
+
 TEST_F(Names, OfOtherTextAreAllowed) {
     for (const std::string name :
          {"ABC", "12A", "A12", "1 2 A", "-", "+", "$", "A-B", "O'BRIEN", "A,B;C", "A & B", "(A)",

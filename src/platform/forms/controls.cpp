@@ -404,7 +404,8 @@ std::string BrowseFolder::browse(bool files, const std::string& title, const std
                                  const std::string& cancelCaption,
                                  std::shared_ptr<const Font> font) {
     touch();
-    return installedView()->browse({&form(), title, okCaption, cancelCaption, files, std::move(font)});
+    return installedView()->browse(
+        {&form(), title, okCaption, cancelCaption, files, std::move(font)});
 }
 
 }  // namespace wynconfig

@@ -16,6 +16,9 @@
 // ASCII digits; decimal, thousands and currency are the locale's marks, each in any of the forms
 // in which it is written. Where blanks separate thousands, a blank behind a digit is a separator
 // and may thus stand within the body.
+//
+// In a locale that writes with forms of full width, such a form stands for its ASCII character
+// wherever that may stand: U+FF01 to U+FF5E, and U+3000 for the blank U+0020.
 #include "platform/text/numbers.h"
 
 #include <unicode/uloc.h>
@@ -29,6 +32,7 @@
 #include <system_error>
 #include <vector>
 
+#include "platform/text/text.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {
@@ -62,6 +66,14 @@ std::string fullLocaleName(const std::string& locale) {
     });
 }
 
+/// Whether a locale, by its full name, is written in a script with forms of full width.
+bool writesFullWidth(const std::string& fullName) {
+    const std::string script = filled<char>([&](char* to, int32_t size, UErrorCode* status) {
+        return uloc_getScript(fullName.c_str(), to, size, status);
+    });
+    return script == "Jpan" || script == "Hans" || script == "Hant" || script == "Kore";
+}
+
 std::string symbolOf(const UNumberFormat* format, UNumberFormatSymbol symbol) {
     const auto wide = filled<UChar>([&](UChar* to, int32_t size, UErrorCode* status) {
         return unum_getSymbol(format, symbol, to, size, status);
@@ -87,12 +99,34 @@ Forms formsOf(std::string_view mark) {
         {" ", "\u00A0", "\u2009", "\u202F"},  // blanks: plain, no-break, thin, narrow no-break
         {"'", "\u2019"},                      // apostrophes
         {"\u00A5", "\uFFE5"},                 // yen and yuan, of single and of full width
+        {"\u20A9", "\uFFE6"},                 // won, likewise
     };
     if (mark.empty()) return {};
     for (const Forms& forms : kAlike) {
         if (std::find(forms.begin(), forms.end(), mark) != forms.end()) return forms;
     }
     return {mark};
+}
+
+/// A text with forms of full width as the ASCII characters for which they stand.
+std::string narrowed(std::string_view text) {
+    constexpr std::int32_t kFirst = 0xFF01;  // "!", behind which the others follow as in ASCII
+    constexpr std::int32_t kLast = 0xFF5E;
+    constexpr std::int32_t kBlank = 0x3000;
+    std::string narrow;
+    narrow.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const Character character = characterAt(text, at);
+        if (character.code >= kFirst && character.code <= kLast) {
+            narrow += static_cast<char>('!' + (character.code - kFirst));
+        } else if (character.code == kBlank) {
+            narrow += ' ';
+        } else {
+            narrow += text.substr(at, character.length);
+        }
+        at += character.length;
+    }
+    return narrow;
 }
 
 // ---- Values ----
@@ -330,6 +364,10 @@ class Reader {
     Parentheses m_parentheses = Parentheses::None;
 };
 
+Reading readText(std::string_view text, const NumberMarks& marks) {
+    return marks.fullWidth ? Reader(narrowed(text), marks).read() : Reader(text, marks).read();
+}
+
 /// The integer nearest to a value, of two the even one, whatever the process' rounding mode.
 double halfToEven(double value) {
     const double below = std::floor(value);
@@ -350,13 +388,14 @@ double halfToEven(double value) {
 
 NumberMarks numberMarksOf(const std::string& locale) {
     UErrorCode status = U_ZERO_ERROR;
+    const std::string name = fullLocaleName(locale);
     UNumberFormat* const format =
-        unum_open(UNUM_DECIMAL, nullptr, 0, fullLocaleName(locale).c_str(), nullptr, &status);
+        unum_open(UNUM_DECIMAL, nullptr, 0, name.c_str(), nullptr, &status);
     const icu::LocalUNumberFormatPointer owner(format);
-    if (U_FAILURE(status)) return {".", ",", ""};
+    if (U_FAILURE(status)) return {".", ",", "", false};
     NumberMarks marks{symbolOf(format, UNUM_DECIMAL_SEPARATOR_SYMBOL),
                       symbolOf(format, UNUM_GROUPING_SEPARATOR_SYMBOL),
-                      symbolOf(format, UNUM_CURRENCY_SYMBOL)};
+                      symbolOf(format, UNUM_CURRENCY_SYMBOL), writesFullWidth(name)};
     // The general currency sign is what ICU gives where it knows no currency.
     if (marks.currency == "\u00A4") marks.currency.clear();
     return marks;
@@ -371,7 +410,7 @@ std::optional<double> parseNumber(std::string_view text) {
 }
 
 std::optional<double> parseNumber(std::string_view text, const NumberMarks& marks) {
-    const Reading reading = Reader(text, marks).read();
+    const Reading reading = readText(text, marks);
     if (reading.kind != Reading::Kind::Number) return std::nullopt;
     return reading.value;
 }
@@ -387,7 +426,7 @@ double toDouble(std::string_view text) {
 }
 
 std::int16_t toInt16(std::string_view text) {
-    const Reading reading = Reader(text, currentMarks()).read();
+    const Reading reading = readText(text, currentMarks());
     if (reading.kind == Reading::Kind::NoNumber) raiseNoNumber();
     if (reading.kind == Reading::Kind::BeyondDouble) raiseOverflow();
     using Limits = std::numeric_limits<std::int16_t>;

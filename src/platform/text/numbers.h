@@ -11,9 +11,10 @@ namespace wynconfig {
 
 /// The marks by which a locale writes numbers; each is UTF-8 text, an empty one is not in use.
 struct NumberMarks {
-    std::string decimal;    ///< decimal mark, such as "."
-    std::string thousands;  ///< thousands separator, such as ","
-    std::string currency;   ///< currency mark, such as "$"
+    std::string decimal;     ///< decimal mark, such as "."
+    std::string thousands;   ///< thousands separator, such as ","
+    std::string currency;    ///< currency mark, such as "$"
+    bool fullWidth = false;  ///< whether forms of full width stand for ASCII characters
 };
 
 /// The marks of a locale.

@@ -1,5 +1,6 @@
 // The checks of a part format before it is stored: their order, the box that each shows, and where
 // the focus is then.
+#include "platform/text/numbers.h"
 #include "support/dialog_checks.h"
 #include "support/part_format_desk.h"
 
@@ -212,6 +213,19 @@ TEST_P(PartFormatChecks, LengthIsAnyNumber) {
         for (const char* length : {"", "  ", "x", "5 mm"})
             expectRefused(kFields[i].length, length, kFaults[i]);
     }
+}
+
+TEST_P(PartFormatChecks, NumbersMayBeOfFullWidthWhereTheUserWritesThemSo) {
+    setNumberLocale("ja-JP");
+    expectAccepted("txtPartFieldLength", "２０");
+    expectAccepted("txtMaxRecords", "１．５");
+    expectRefused("txtMaxRecords", "－５", kFaults[5]);
+    expectRefused("txtMaxRecords", "０", kFaults[5]);
+    expectRefused("txtMaxRecords", "五", kFaults[4]);
+    expectRefused("txtFormatName", "１２３", kFaults[11]);
+    setNumberLocale("en-US");
+    expectRefused("txtMaxRecords", "２０", kFaults[4]);
+    expectAccepted("txtFormatName", "１２３");
 }
 
 TEST_P(PartFormatChecks, PadIsAnyTextThatIsNotEmpty) {

@@ -255,6 +255,14 @@ TEST_P(AddSession, NumbersAreReadByTheMarksOfTheUser) {
     EXPECT_EQ(show(making(",5")), (Outcome{0, ",5"}));
 }
 
+TEST_P(AddSession, RefusesANumberOfFullWidthWhereItIsOne) {
+    setNumberLocale("ja-JP");
+    for (const char* name : {"１２３", "－５"}) expectRefused(name, name, kBadName, kBadTitle);
+    EXPECT_TRUE(sessionFiles().empty());
+    setNumberLocale("en-US");
+    EXPECT_EQ(show(making("１２３")), (Outcome{0, "１２３"}));
+}
+
 TEST_P(AddSession, RefusesANameThatExistsInBothModes) {
     putSession("ABC", {{"WindowTitle", "kept"}});
     putSession("mixed Case", {});

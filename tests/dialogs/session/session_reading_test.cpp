@@ -1,6 +1,7 @@
 // What the session dialog shows of a record: full ones, ones with keys missing or odd values, in
 // file mode and in the in-memory mode.
 #include "dialogs/session/frmMORAMConfig.h"
+#include "platform/text/numbers.h"
 #include "support/desk.h"
 
 namespace wynconfig {
@@ -295,6 +296,16 @@ TEST_P(SessionReading, TheCountIsReadAsANumberOfSixteenBits) {
         SCOPED_TRACE(count);
         expectSeen(with({{"FormatCount", count}}), expected);
     }
+}
+
+TEST_P(SessionReading, AFormatCountOfFullWidthCountsWhereItIsANumber) {
+    setNumberLocale("ja-JP");
+    Seen expected = kFullSeen;
+    expected.formats.resize(1);
+    expectSeen(with({{"FormatCount", "１"}}), expected);
+    setNumberLocale("en-US");
+    expected.formats.clear();
+    expectSeen(with({{"FormatCount", "１"}}), expected);
 }
 
 TEST_P(SessionReading, AnOddProgramPathShowsAsItStands) {

@@ -202,6 +202,14 @@ TEST(PartFormatReading, TakesEveryKey) {
     EXPECT_TRUE(remarksOn(format).empty());
 }
 
+TEST(PartFormatReading, TakesNumbersOfFullWidth) {
+    const PartFormat format = formatOf(
+        {{"FormatPartNumber", "True"}, {"PartFieldLength", "２０"}, {"MaxRecords", "　９"}});
+    EXPECT_EQ(fieldLength(format.part), 20);
+    EXPECT_EQ(recordLimit(format), 9);
+    EXPECT_TRUE(remarksOn(format).empty());
+}
+
 TEST(PartFormatReading, OfNoRowsLaysNothingOut) {
     const PartFormat format = formatOf({});
     EXPECT_EQ(format.header + format.record + format.separator + format.trailer, "");

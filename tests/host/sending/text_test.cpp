@@ -30,6 +30,16 @@ TEST(StoredNumber, IsNothingForAnyOtherText) {
         EXPECT_FALSE(storedNumber(text).has_value()) << text;
 }
 
+TEST(StoredNumber, ReadsFormsOfFullWidth) {
+    EXPECT_EQ(storedNumber("２０"), 20.0);
+    EXPECT_EQ(storedNumber("　－１．５ｅ２ "), -150.0);
+    EXPECT_EQ(storedNumber("＋7９Ｅ－1"), 7.9);
+    EXPECT_EQ(storedCount("１２３４５６７８９０", 2'000'000'000), 1'234'567'890);
+    for (const std::string text :
+         {"２，５", "１個", "＄２０", "二", "　", "\uFF5F1", "\uFF001", "1\uFF5F"})
+        EXPECT_FALSE(storedNumber(text).has_value()) << text;
+}
+
 TEST(StoredNumber, CountsTheWholePartFromOneUp) {
     EXPECT_EQ(storedCount("20", 100), 20);
     EXPECT_EQ(storedCount("1.9", 100), 1);

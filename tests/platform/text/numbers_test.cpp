@@ -346,6 +346,52 @@ TEST_F(Numbers, readsJapaneseAndChineseNumbers) {
     }
 }
 
+TEST_F(Numbers, readsFormsOfFullWidthInEastAsianLocales) {
+    for (const char* locale : {"ja-JP", "ja", "zh-CN", "zh-TW", "zh-HK", "ko-KR", "yue-HK"}) {
+        SCOPED_TRACE(locale);
+        const NumberMarks marks = numberMarksOf(locale);
+        EXPECT_EQ(parseNumber("１２３４５６７８９０", marks), 1234567890);
+        EXPECT_EQ(parseNumber("－５", marks), -5);
+        EXPECT_EQ(parseNumber("５＋", marks), 5);
+        EXPECT_EQ(parseNumber("１．５", marks), 1.5);
+        EXPECT_EQ(parseNumber("１，０００", marks), 1000);
+        EXPECT_EQ(parseNumber("（５）", marks), -5);
+        EXPECT_EQ(parseNumber("１ｅ５", marks), 1e5);
+        EXPECT_EQ(parseNumber("１Ｄ－２", marks), 0.01);
+        EXPECT_EQ(parseNumber("＆ＨｆＦ", marks), 255);
+        EXPECT_EQ(parseNumber("　1２　", marks), 12);
+        for (const char* text : {"", "　", "－", "１　２", "１２個", "一", "１．２．３", "１％",
+                                 "１。５", "①", "\uFF5F1\uFF60", "\uFF10\uFF00"}) {
+            EXPECT_FALSE(parseNumber(text, marks).has_value()) << text;
+        }
+    }
+}
+
+TEST_F(Numbers, readsCurrencyMarksOfFullWidthWhereTheyAreInUse) {
+    EXPECT_EQ(parseNumber("￥１２", numberMarksOf("ja-JP")), 12);
+    EXPECT_EQ(parseNumber("￦１２", numberMarksOf("ko-KR")), 12);
+    EXPECT_EQ(parseNumber("₩12", numberMarksOf("ko-KR")), 12);
+    EXPECT_EQ(parseNumber("＄１２", numberMarksOf("zh-TW")), 12);
+    EXPECT_FALSE(parseNumber("＄１２", numberMarksOf("ja-JP")).has_value());
+}
+
+TEST_F(Numbers, readsNoFormsOfFullWidthElsewhere) {
+    for (const char* locale : {"en-US", "de-DE", "fr-FR", "ar-EG", "vi-VN", "en-JP", "xx"}) {
+        const NumberMarks marks = numberMarksOf(locale);
+        for (const char* text : {"１２３", "－５", "－5", "1．5", "１", "　1", "1　"})
+            EXPECT_FALSE(parseNumber(text, marks).has_value()) << locale << ' ' << text;
+    }
+}
+
+TEST_F(Numbers, convertsFormsOfFullWidth) {
+    setNumberLocale("ja-JP");
+    EXPECT_TRUE(IsNumeric("１２３"));
+    EXPECT_EQ(toDouble("１．５"), 1.5);
+    EXPECT_EQ(toInt16("２．５"), 2);
+    EXPECT_EQ(int16Outcome("３２７６８"), "OVERFLOW");
+    EXPECT_EQ(int16Outcome("１２個"), "MISMATCH");
+}
+
 TEST_F(Numbers, readsNumbersWithBlanksForThousands) {
     for (const char* locale : {"fr-FR", "sv-SE", "pl-PL"}) {
         const NumberMarks marks = numberMarksOf(locale);
