@@ -1,16 +1,11 @@
 // Files on the disk: saving that survives a crash, changes by other programs, links, and what is no
 // plain file.
-#include <dirent.h>
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstddef>
@@ -30,61 +25,7 @@
 #include "platform/files/file_system.h"
 #include "platform/text/text.h"
 #include "support/file_system_kit.h"
-
-namespace {
-
-/// What the system calls of a save do in place of their work, when a test wants so.
-struct SystemCalls {
-    bool breakUpWrites = false;  ///< every other write is broken off, the others take 7 bytes
-    bool skipSync = false;       ///< a sync returns at once, for tests of many saves
-    int failingSync = 0;         ///< the sync of this number, from 1, fails; 0: none
-    bool failingRename = false;
-    bool failingListing = false;  ///< the disk fails behind the first names of a folder
-    int syncs = 0;
-    int writes = 0;
-    std::vector<std::string> log;  ///< the calls that order a save
-};
-SystemCalls systemCalls;
-
-}  // namespace
-
-// These stand before the C library's own ones in this program.
-extern "C" int fsync(int file) {
-    struct stat info {};
-    fstat(file, &info);
-    systemCalls.log.emplace_back(S_ISDIR(info.st_mode) ? "sync folder" : "sync file");
-    if (++systemCalls.syncs == systemCalls.failingSync) {
-        errno = ENOSPC;
-        return -1;
-    }
-    return systemCalls.skipSync ? 0 : static_cast<int>(syscall(SYS_fsync, file));
-}
-
-extern "C" int renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept {
-    systemCalls.log.emplace_back("rename");
-    if (systemCalls.failingRename) {
-        errno = EIO;
-        return -1;
-    }
-    return static_cast<int>(syscall(SYS_renameat, fromFolder, from, toFolder, to));
-}
-
-extern "C" dirent* readdir(DIR* folder) {
-    static const auto next = reinterpret_cast<dirent* (*)(DIR*)>(dlsym(RTLD_NEXT, "readdir"));
-    dirent* const entry = next(folder);
-    if (entry || !systemCalls.failingListing) return entry;
-    errno = EIO;
-    return nullptr;
-}
-
-extern "C" ssize_t write(int file, const void* bytes, size_t size) {
-    if (systemCalls.breakUpWrites && ++systemCalls.writes % 2 == 1) {
-        errno = EINTR;
-        return -1;
-    }
-    const size_t most = systemCalls.breakUpWrites ? std::min<size_t>(size, 7) : size;
-    return syscall(SYS_write, file, bytes, most);
-}
+#include "support/save_calls.h"
 
 namespace wynconfig {
 namespace {
@@ -93,14 +34,10 @@ namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 using Operation = FaultyFileSystem::Operation;
 
-void resetSystemCalls() {
-    systemCalls = SystemCalls{};
-}
-
 class Disk : public testing::Test {
   protected:
-    Disk() { resetSystemCalls(); }
-    ~Disk() override { resetSystemCalls(); }
+    Disk() { saveCalls = SaveCalls{}; }
+    ~Disk() override { saveCalls = SaveCalls{}; }
 
     ItemPath at(const std::string& name) const { return {root, name}; }
     void put(const std::string& name, const std::string& content) const {
@@ -228,7 +165,7 @@ TEST_F(Disk, savesBesideTheFileAndRenames) {
 
 TEST_F(Disk, savesInTheOrderThatSurvivesACrash) {
     files->save(at("A.vla"), "x");
-    EXPECT_EQ(systemCalls.log, (Names{"sync file", "rename", "sync folder"}));
+    EXPECT_EQ(saveCalls.log, (Names{"sync file", "rename", "sync folder"}));
 }
 
 TEST_F(Disk, leavesForeignTemporariesAlone) {
@@ -250,10 +187,10 @@ TEST_F(Disk, leavesForeignTemporariesAlone) {
 TEST_F(Disk, copesWithWritesThatAreBrokenUp) {
     std::string content;
     for (int i = 0; i < 500; ++i) content += std::to_string(i) + '\n';
-    systemCalls.breakUpWrites = true;
+    saveCalls.breakUpWrites = true;
     files->save(at("A.vla"), content);
-    systemCalls.breakUpWrites = false;
-    EXPECT_GT(systemCalls.writes, 200);
+    saveCalls.breakUpWrites = false;
+    EXPECT_GT(saveCalls.writes, 200);
     EXPECT_EQ(contentOf("A.vla"), content);
 }
 
@@ -277,7 +214,7 @@ TEST_F(Disk, keepsTheOldFileWhenWritingFails) {
 
 TEST_F(Disk, keepsTheOldFileWhenSyncingFails) {
     put("A.vla", "old");
-    systemCalls.failingSync = 1;
+    saveCalls.failingSync = 1;
     const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_EQ(error.description(),
@@ -288,7 +225,7 @@ TEST_F(Disk, keepsTheOldFileWhenSyncingFails) {
 
 TEST_F(Disk, keepsTheOldFileWhenRenamingFails) {
     put("A.vla", "old");
-    systemCalls.failingRename = true;
+    saveCalls.failingName = "A.vla";
     const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_TRUE(holds(error.description(), "Input/output error")) << error.description();
@@ -298,7 +235,7 @@ TEST_F(Disk, keepsTheOldFileWhenRenamingFails) {
 
 TEST_F(Disk, tellsWhenTheNewNameIsNotConfirmed) {
     put("A.vla", "old");
-    systemCalls.failingSync = 2;
+    saveCalls.failingSync = 2;
     const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_TRUE(holds(error.description(), "though it is written")) << error.description();
@@ -354,11 +291,11 @@ TEST_F(Disk, takesNoFolderForEmptyThatItCantOpen) {
 
 TEST_F(Disk, takesNoFolderForListedWhoseDiskFails) {
     put("A.vla", "x");
-    systemCalls.failingListing = true;
+    saveCalls.failingListing = true;
     const std::string unreadable = "folder " + folder.path() + " can't be read";
     expectUnreadable(unreadable, "Input/output error", [&] { files->listItems(root); });
     expectUnreadable(unreadable, "Input/output error", [&] { files->find(at("a.vla")); });
-    systemCalls.failingListing = false;
+    saveCalls.failingListing = false;
     EXPECT_EQ(files->listItems(root), Names{"A.vla"});
 }
 
@@ -556,7 +493,7 @@ void expectFewListings(FileSystem& files, const std::string& root) {
 }
 
 TEST_F(Disk, readsAFolderAFewTimesForThousandsOfNewFiles) {
-    systemCalls.skipSync = true;
+    saveCalls.skipSync = true;
     expectFewListings(*files, root);
 }
 

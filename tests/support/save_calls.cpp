@@ -1,0 +1,80 @@
+// Stands before the C library's own calls, and makes them after a test's wishes.
+#include "support/save_calls.h"
+
+#include <dirent.h>
+#include <dlfcn.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace wynconfig {
+namespace {
+
+int syncCounted(const char* kind, long call, int file) {
+    saveCalls.log.emplace_back(kind);
+    saveCalls.beforeSync();
+    if (++saveCalls.syncs == saveCalls.failingSync) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return saveCalls.skipSync ? 0 : static_cast<int>(syscall(call, file));
+}
+
+}  // namespace
+}  // namespace wynconfig
+
+extern "C" int fsync(int file) {
+    struct stat info {};
+    fstat(file, &info);
+    const char* kind = S_ISDIR(info.st_mode) ? "sync folder" : "sync file";
+    return wynconfig::syncCounted(kind, SYS_fsync, file);
+}
+
+extern "C" int fdatasync(int file) {
+    return wynconfig::syncCounted("sync data", SYS_fdatasync, file);
+}
+
+extern "C" int syncfs(int file) noexcept {
+    return wynconfig::syncCounted("sync all", SYS_syncfs, file);
+}
+
+extern "C" int renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept {
+    wynconfig::SaveCalls& calls = wynconfig::saveCalls;
+    if (calls.log.empty() || calls.log.back() != "rename") calls.log.emplace_back("rename");
+    ++calls.renames;
+    calls.beforeRename();
+    if (calls.failingName == to) {
+        errno = EIO;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_renameat, fromFolder, from, toFolder, to));
+}
+
+extern "C" dirent* readdir(DIR* folder) {
+    static const auto next = reinterpret_cast<dirent* (*)(DIR*)>(dlsym(RTLD_NEXT, "readdir"));
+    dirent* const entry = next(folder);
+    if (entry || !wynconfig::saveCalls.failingListing) return entry;
+    errno = EIO;
+    return nullptr;
+}
+
+extern "C" ssize_t write(int file, const void* bytes, size_t size) {
+    wynconfig::SaveCalls& calls = wynconfig::saveCalls;
+    ++calls.writes;
+    calls.beforeWrite();
+    if (!calls.breakUpWrites) return syscall(SYS_write, file, bytes, size);
+    if (calls.writes % 2 == 1) {
+        errno = EINTR;
+        return -1;
+    }
+    return syscall(SYS_write, file, bytes, std::min<size_t>(size, 7));
+}
+
+extern "C" int flock(int file, int operation) noexcept {
+    wynconfig::saveCalls.beforeLock();
+    return static_cast<int>(syscall(SYS_flock, file, operation));
+}
