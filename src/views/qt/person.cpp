@@ -13,12 +13,12 @@
 #include <QTabBar>
 #include <QTabWidget>
 
-#include "views/key_holder.h"
 #include "views/qt/boxes.h"
 #include "views/qt/convert.h"
 #include "views/qt/hands.h"
 #include "views/qt/sight.h"
 #include "views/qt/widgets.h"
+#include "wynconfig/key_holder.h"
 
 namespace wynconfig::desktop {
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "views/type_ahead.h"
+#include "wynconfig/type_ahead.h"
 
 namespace wynconfig::desktop {
 

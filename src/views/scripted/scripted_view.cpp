@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "platform/text/text.h"
-#include "views/key_holder.h"
-#include "views/type_ahead.h"
 #include "wynconfig/form.h"
+#include "wynconfig/key_holder.h"
 #include "wynconfig/mnemonic.h"
+#include "wynconfig/type_ahead.h"
 
 namespace wynconfig {
 

@@ -1,5 +1,5 @@
 // Finds what a key of the keyboard belongs to, for the played person of any view.
-#include "views/key_holder.h"
+#include "wynconfig/key_holder.h"
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
 // Where typed letters lead in a list of rows: the same in every view.
-#include "views/type_ahead.h"
+#include "wynconfig/type_ahead.h"
 
 #include "platform/text/text.h"
 
