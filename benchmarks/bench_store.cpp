@@ -8,8 +8,7 @@
 
 #include "platform/files/file_system.h"
 #include "store/config_global_module.h"
-#include "store/part_format_record.h"
-#include "store/session_record.h"
+#include "wynconfig/keys.h"
 #include "wynconfig/resource_manager.h"
 #include "wynconfig/wynconfig.h"
 
@@ -69,7 +68,18 @@ std::string sessionName(int number) {
 
 void fillFormat(Dataset& record, int number) {
     record.Create(partformat::kType, numbered("FORMAT", number), "", session::kColumns);
-    for (const auto& key : partformat::keys()) record.AddRow({key.name, key.firstValue});
+    record.AddRow({partformat::kHeader, ""});
+    record.AddRow({partformat::kRecord, ""});
+    record.AddRow({partformat::kSeparator, ""});
+    record.AddRow({partformat::kTrailer, ""});
+    for (const partformat::FieldKeys& field :
+         {partformat::kPart, partformat::kQty, partformat::kDesc, partformat::kVin}) {
+        record.AddRow({field.flag, words::kFalse});
+        record.AddRow({field.length, "20"});
+        record.AddRow({field.alignment, words::kRight});
+        record.AddRow({field.pad, ""});
+    }
+    record.AddRow({partformat::kMaxRecords, ""});
 }
 
 BenchStore::BenchStore(int sessions, int formats) {

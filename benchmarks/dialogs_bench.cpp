@@ -1,5 +1,6 @@
 // The dialogs: an unseen pass, opening the main dialog on stores of growing size, and an Apply.
 #include <memory>
+#include <vector>
 
 #include "bench_store.h"
 #include "dialogs/session/dlgAdvConfig.h"
@@ -7,7 +8,7 @@
 #include "figures.h"
 #include "platform/files/file_system.h"
 #include "store/config_global_module.h"
-#include "store/session_record.h"
+#include "wynconfig/keys.h"
 #include "wynconfig/scripted_view.h"
 #include "wynconfig/wynconfig.h"
 
@@ -35,11 +36,19 @@ void hiddenPass(benchmark::State& state) {
 void replaceNineRows(benchmark::State& state) {
     Dataset record;
     fillSession(record, "DEALER ORDER DESK", "TAB SEPARATED");
+    const std::vector<std::string> keys{session::kWindowTitleSearchType,
+                                        session::kWindowClassSearchType,
+                                        session::kWindowTitle,
+                                        session::kWindowClass,
+                                        session::kDisableProgramLaunch,
+                                        session::kWindowTitleClassDelay,
+                                        session::kProgramLaunchDelay,
+                                        session::kWindowTitleCaseSensitive,
+                                        session::kWindowClassCaseSensitive};
     for (auto _ : state) {
-        for (const session::Key& key : session::keys()) {
-            if (key.writer != session::Writer::Advanced) continue;
-            const DataRow row = record.GetRow(key.name);
-            record.DeleteRow(key.name);
+        for (const std::string& key : keys) {
+            const DataRow row = record.GetRow(key);
+            record.DeleteRow(key);
             record.AddRow(row);
         }
     }

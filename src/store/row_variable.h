@@ -16,6 +16,8 @@ class RowVariable {
     /// Raises errc::NoSuchKey when the key is absent.
     void read(const Dataset& record, const std::string& key) { m_row = record.GetRow(key); }
 
+    /// Whether no read has succeeded yet.
+    bool isEmpty() const { return !m_row; }
     /// Element 1 of the row. Raises errc::SubscriptRange while no read has succeeded.
     const std::string& data() const {
         if (!m_row) throw Error(errc::SubscriptRange, "No row has been read.");

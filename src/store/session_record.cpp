@@ -1,37 +1,9 @@
-// The table of a session's keys.
+// Changing and counting the part formats of a session.
 #include "store/session_record.h"
 
 #include "platform/text/numbers.h"
 
 namespace wynconfig::session {
-
-const std::array<Key, 21>& keys() {
-    static const std::string format1 = formatKey(1);
-    static const std::array<Key, 21> table{{
-        {kProgramPath, Writer::Session},
-        {kCommandLineArgs, Writer::Session},
-        {kReverseList, Writer::Session},
-        {kAutoResize, Writer::Session},
-        {kOrientation, Writer::Session},
-        {kFormatCount, Writer::Session},
-        {format1, Writer::Session},
-        {kWindowTitleSearchType, Writer::Advanced},
-        {kWindowClassSearchType, Writer::Advanced},
-        {kWindowTitle, Writer::Advanced},
-        {kWindowClass, Writer::Advanced},
-        {kDisableProgramLaunch, Writer::Advanced},
-        {kWindowTitleClassDelay, Writer::Advanced},
-        {kProgramLaunchDelay, Writer::Advanced},
-        {kWindowTitleCaseSensitive, Writer::Advanced},
-        {kWindowClassCaseSensitive, Writer::Advanced},
-        {kPartFormat, Writer::FileWriter},
-        {kFileName, Writer::FileWriter},
-        {kFileFolder, Writer::FileWriter},
-        {kFileAction, Writer::FileWriter},
-        {kWriteFileOnly, Writer::FileWriter},
-    }};
-    return table;
-}
 
 void carryFormat(Dataset& record, const std::string& oldName, const std::string& newName) {
     const int count = toInt16(record.GetRow(kFormatCount)[1]);

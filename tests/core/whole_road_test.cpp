@@ -82,9 +82,9 @@ class WholeRoad : public FormatDesk {
     static void expectNewFormat(const Dataset& format) {
         EXPECT_EQ(format.Type(), "PARTFORMAT");
         EXPECT_EQ(format.Name(), "TABBED LIST");
-        ASSERT_EQ(format.Rows().size(), partformat::keys().size());
+        ASSERT_EQ(format.Rows().size(), kFirstFormat.size());
         auto row = format.Rows().begin();
-        for (const partformat::Key& key : partformat::keys()) EXPECT_EQ((*row++)[0], key.name);
+        for (const auto& first : kFirstFormat) EXPECT_EQ((*row++)[0], first.first);
         EXPECT_EQ(format.GetRow("Record")[1], "<Part #><TAB><Quantity>");
         EXPECT_EQ(format.GetRow("FormatPartNumber")[1], "true");
         EXPECT_EQ(format.GetRow("PartFieldLength")[1], "12");

@@ -1,6 +1,8 @@
 // What a session's record holds after it was applied, and what a reader makes of absent keys.
 #include "store/session_record.h"
 
+#include "dialogs/session/dlgAdvConfig.h"
+#include "dialogs/session/frmTallyvaneConfig.h"
 #include "support/desk.h"
 #include "support/session_keys.h"
 
@@ -136,16 +138,27 @@ TEST_P(SessionRecord, ThePublicWordsAreSpelledAsTheyAreStored) {
     EXPECT_EQ(words::ofSwitch(false), "false");
 }
 
-TEST_P(SessionRecord, TheTableOfKeysIsThatOfAFirstSave) {
-    std::vector<std::string> names;
-    for (const session::Key& key : session::keys()) names.push_back(key.name);
-    EXPECT_EQ(names, kSessionKeys);
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const session::Writer writer = i < 7    ? session::Writer::Session
-                                       : i < 16 ? session::Writer::Advanced
-                                                : session::Writer::FileWriter;
-        EXPECT_EQ(session::keys()[i].writer, writer) << names[i];
-    }
+TEST_P(SessionRecord, EachDialogWritesItsOwnKeys) {
+    const auto keysOf = [](const Dataset& record) {
+        std::vector<std::string> keys;
+        for (const DataRow& row : record.Rows()) keys.push_back(row[0]);
+        return keys;
+    };
+    const auto keysFrom = [](std::size_t first, std::size_t end) {
+        return std::vector<std::string>(kSessionKeys.begin() + static_cast<std::ptrdiff_t>(first),
+                                        kSessionKeys.begin() + static_cast<std::ptrdiff_t>(end));
+    };
+    ConfigGlobalModule::g_DatasetMode = true;
+    const auto advancedRecord = std::make_shared<Dataset>();
+    dlgAdvConfig advanced;
+    advanced.init(advancedRecord, "S");
+    advanced.SaveAdvancedChanges();
+    EXPECT_EQ(keysOf(*advancedRecord), keysFrom(7, 16));
+    const auto fileRecord = std::make_shared<Dataset>();
+    frmTallyvaneConfig fileWriter;
+    fileWriter.init(fileRecord, "S");
+    fileWriter.SaveAdvancedChanges();
+    EXPECT_EQ(keysOf(*fileRecord), keysFrom(16, 21));
 }
 
 TEST_P(SessionRecord, ANewSessionWithOneFormatHoldsTheDefaults) {

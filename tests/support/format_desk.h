@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "dialogs/session/frmMORAMConfig.h"
-#include "store/part_format_record.h"
 #include "store/session_record.h"
 #include "support/desk.h"
 #include "support/dialog_checks.h"
+#include "support/format_rows.h"
 
 namespace wynconfig {
 
@@ -98,10 +98,10 @@ class FormatDesk : public Desk {
     std::shared_ptr<Dataset> fullFormat(const std::string& name) const {
         auto format = std::make_shared<Dataset>();
         format->Create(partformat::kType, name, formatFolder, session::kColumns);
-        for (const partformat::Key& key : partformat::keys()) {
-            format->AddRow({key.name, key.kind == partformat::Kind::Limit ? "100"
-                                      : key.name == "Header"              ? "head of " + name
-                                                                          : key.firstValue});
+        for (const auto& [key, first] : kFirstFormat) {
+            format->AddRow({key, key == "MaxRecords" ? "100"
+                                 : key == "Header"   ? "head of " + name
+                                                     : first});
         }
         return format;
     }

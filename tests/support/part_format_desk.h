@@ -7,64 +7,14 @@
 #include <array>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "dialogs/partformat/frmPartNumberFormat.h"
-#include "store/part_format_record.h"
 #include "store/session_record.h"
 #include "support/desk.h"
+#include "support/format_rows.h"
 
 namespace wynconfig {
-
-/// Rows of a record in their order.
-using Stored = std::vector<std::pair<std::string, std::string>>;
-
-/// No value of these is that of a new part format.
-inline const Stored kOwnFormat{{"Header", "<PageHeader><TAB>"},
-                               {"Record", "<Part #>;<Quantity>"},
-                               {"Separator", "<CR><LF>"},
-                               {"Trailer", "<PageFooter>"},
-                               {"FormatPartNumber", "true"},
-                               {"PartFieldLength", "11"},
-                               {"PartAlignment", "left"},
-                               {"PartPadCharacter", "p"},
-                               {"FormatQty", "true"},
-                               {"QtyFieldLength", "12"},
-                               {"QtyAlignment", "left"},
-                               {"QtyPadCharacter", "q"},
-                               {"FormatDesc", "true"},
-                               {"DescFieldLength", "13"},
-                               {"DescAlignment", "left"},
-                               {"DescPadCharacter", "d"},
-                               {"FormatVIN", "true"},
-                               {"VINFieldLength", "14"},
-                               {"VINAlignment", "left"},
-                               {"VINPadCharacter", "5"},
-                               {"MaxRecords", "99"}};
-
-/// What a new part format shows and stores.
-inline const Stored kFirstFormat{{"Header", ""},
-                                 {"Record", ""},
-                                 {"Separator", ""},
-                                 {"Trailer", ""},
-                                 {"FormatPartNumber", "false"},
-                                 {"PartFieldLength", "20"},
-                                 {"PartAlignment", "right"},
-                                 {"PartPadCharacter", ""},
-                                 {"FormatQty", "false"},
-                                 {"QtyFieldLength", "20"},
-                                 {"QtyAlignment", "right"},
-                                 {"QtyPadCharacter", ""},
-                                 {"FormatDesc", "false"},
-                                 {"DescFieldLength", "34"},
-                                 {"DescAlignment", "right"},
-                                 {"DescPadCharacter", ""},
-                                 {"FormatVIN", "false"},
-                                 {"VINFieldLength", "17"},
-                                 {"VINAlignment", "right"},
-                                 {"VINPadCharacter", ""},
-                                 {"MaxRecords", ""}};
 
 /// Where the value of each key stands, in the order of the keys; of an alignment the common part
 /// of its two options' names.
@@ -146,7 +96,7 @@ inline Stored shownBy(User& u) {
             const bool right = u.see(place + "Right").value;
             value = left ? (right ? "both" : "left") : (right ? "right" : "none");
         }
-        shown.emplace_back(partformat::keys()[i].name, value);
+        shown.emplace_back(kFirstFormat[i].first, value);
     }
     return shown;
 }

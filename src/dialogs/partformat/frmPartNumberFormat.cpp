@@ -6,9 +6,6 @@
 #include "services/status.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
-#include "store/part_format_record.h"
-#include "store/row_variable.h"
-#include "store/session_record.h"
 
 namespace wynconfig {
 
@@ -60,6 +57,15 @@ void FieldGroup::setSettingsEnabled(bool enabled) {
         each->setEnabled(enabled);
 }
 
+void FieldGroup::addFields(Fields& table, const partformat::FieldKeys& keys,
+                           const std::string& firstLength) {
+    table.push_back({AsFlag{check}, keys.flag, words::kFalse});
+    table.push_back({AsText{length}, keys.length, firstLength});
+    table.push_back({AsOptions{{{right, words::kRight}, {left, words::kLeft}}, left},
+                     keys.alignment, words::kRight});
+    table.push_back({AsText{pad}, keys.pad});
+}
+
 Layout FieldGroup::declareLayout() {
     using namespace layout;
     return group(frame,
@@ -72,11 +78,7 @@ frmPartNumberFormat::frmPartNumberFormat()
       Part(*this, kPart),
       Qty(*this, kQty),
       Desc(*this, kDesc),
-      VIN(*this, kVin),
-      m_places{&txtHeader,  &txtRecord,   &txtSeparator, &txtTrailer, &Part.check, &Part.length,
-               &Part,       &Part.pad,    &Qty.check,    &Qty.length, &Qty,        &Qty.pad,
-               &Desc.check, &Desc.length, &Desc,         &Desc.pad,   &VIN.check,  &VIN.length,
-               &VIN,        &VIN.pad,     &txtMaxRecords} {
+      VIN(*this, kVin) {
     const auto follow = [this](Edit& box, std::string_view field) {
         box.GotFocus = [this, field] { m_CurrentField = field; };
     };
@@ -94,6 +96,19 @@ frmPartNumberFormat::frmPartNumberFormat()
     lstSpecialSymbols2.ItemClick = [this] { lstSpecialSymbols2_ItemClick(); };
     btnOk.Click = [this] { btnOK_Click(); };
     btnCancel.Click = [this] { btnCancel_Click(); };
+}
+
+Fields frmPartNumberFormat::fieldTable() {
+    Fields table{{AsText{txtHeader}, partformat::kHeader},
+                 {AsText{txtRecord}, partformat::kRecord},
+                 {AsText{txtSeparator}, partformat::kSeparator},
+                 {AsText{txtTrailer}, partformat::kTrailer}};
+    Part.addFields(table, partformat::kPart, "20");
+    Qty.addFields(table, partformat::kQty, "20");
+    Desc.addFields(table, partformat::kDesc, "34");
+    VIN.addFields(table, partformat::kVin, "17");
+    table.push_back({AsText{txtMaxRecords}, partformat::kMaxRecords});
+    return table;
 }
 
 FormLayout frmPartNumberFormat::declareLayout() {
@@ -164,7 +179,7 @@ void frmPartNumberFormat::init(const std::string& sName) {
     OnError on{"frmPartNumberFormat:init"};
     m_messages.okCaption = fetchString(on, "BUTTON_OK");
     if (sName.empty()) {
-        showFirstValues(on);
+        showFirstValues(on, m_fields);
     } else {
         m_Dataset = std::make_shared<Dataset>();
         if (g_DatasetMode)
@@ -172,50 +187,11 @@ void frmPartNumberFormat::init(const std::string& sName) {
         else
             on([&] { m_Dataset->Load(ItemPath::item(g_PartFormatFolder, UCase(sName)), 0); });
         on([&] { txtFormatName.setText(UCase(sName)); });
-        on.resumeNext();
-        showRecord(on);
-        on.standard();
+        readCarryingOver(m_fields, *m_Dataset);
     }
     fillSymbols(on);
     for (FieldGroup* group : m_groups) on([&] { fieldSwitched(*group); });
     m_CurrentField = "Header";
-}
-
-void frmPartNumberFormat::showFirstValues(OnError& on) {
-    const auto& keys = partformat::keys();
-    for (FieldGroup* group : m_groups) {
-        on([&] { group->check.setValue(false); });
-        on([&] { group->right.setValue(true); });
-    }
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        if (keys[i].kind == partformat::Kind::Length)
-            on([&] { std::get<Edit*>(m_places[i])->setText(keys[i].firstValue); });
-    }
-}
-
-/// One pass through one row variable: an absent key takes the data of the nearest key before it.
-void frmPartNumberFormat::showRecord(OnError& on) {
-    RowVariable row;
-    const auto& keys = partformat::keys();
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        on([&] { row.read(*m_Dataset, keys[i].name); });
-        if (auto* box = std::get_if<Edit*>(&m_places[i])) {
-            on([&] { (*box)->setText(row.data()); });
-        } else if (auto* check = std::get_if<CheckBox*>(&m_places[i])) {
-            const bool off = on.test([&] { return row.data() == words::kFalse; });
-            on([&] { (*check)->setValue(!off); });
-        } else {
-            FieldGroup& group = *std::get<FieldGroup*>(m_places[i]);
-            const bool right = on.test([&] { return row.data() == words::kRight; });
-            on([&] { (right ? group.right : group.left).setValue(true); });
-        }
-    }
-}
-
-std::string frmPartNumberFormat::valueAt(const Place& place) const {
-    if (auto* box = std::get_if<Edit*>(&place)) return (*box)->text();
-    if (auto* check = std::get_if<CheckBox*>(&place)) return words::ofSwitch((*check)->value());
-    return std::get<FieldGroup*>(place)->right.value() ? words::kRight : words::kLeft;
 }
 
 void frmPartNumberFormat::fieldSwitched(FieldGroup& group) {

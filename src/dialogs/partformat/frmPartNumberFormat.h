@@ -7,11 +7,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <variant>
 
+#include "services/fields.h"
 #include "services/messages.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
+#include "wynconfig/keys.h"
 
 namespace wynconfig {
 
@@ -46,6 +47,10 @@ struct FieldGroup {
     Edit pad;
     std::string_view padField;
 
+    /// Adds the rows of the group to a dialog's table.
+    /// @param firstLength  the length of a new part format
+    void addFields(Fields& table, const partformat::FieldKeys& keys,
+                   const std::string& firstLength);
     /// Length, alignment and pad can be used while the switch is on.
     void setSettingsEnabled(bool enabled);
     Layout declareLayout();
@@ -87,16 +92,12 @@ class frmPartNumberFormat : public Form {
     Button btnCancel{*this, "btnCancel", "Cancel"};
 
   private:
-    /// Where the value of a key stands: a box, a switch, or a pair of alignment options.
-    using Place = std::variant<Edit*, CheckBox*, FieldGroup*>;
-
     void Form_Load() override;
     void Form_Unload() override;
     FormLayout declareLayout() override;
 
-    void showFirstValues(OnError& on);
-    void showRecord(OnError& on);
-    std::string valueAt(const Place& place) const;
+    /// The fields in the order in which they are read and stored.
+    Fields fieldTable();
     void fieldSwitched(FieldGroup& group);
     void btnOK_Click();
     void btnCancel_Click();
@@ -113,8 +114,7 @@ class frmPartNumberFormat : public Form {
     void lstSpecialSymbols2_ItemClick();
 
     std::array<FieldGroup*, 4> m_groups{&Part, &Qty, &Desc, &VIN};
-    /// The places of the keys of a part format record, in the order of its table.
-    std::array<Place, 21> m_places;
+    const Fields m_fields = fieldTable();
     long m_Result = 0;
     std::shared_ptr<Dataset> m_Dataset;
     std::string_view m_CurrentField;

@@ -11,8 +11,6 @@
 #include "services/status.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
-#include "store/part_format_record.h"
-#include "store/session_record.h"
 
 namespace wynconfig {
 
@@ -100,9 +98,7 @@ long frmPartNumberFormat::ApplyChanges() {
             renameRecord(on, name);
     }
     if (!isNew) on([&] { m_Dataset->ClearRows(); });
-    const auto& keys = partformat::keys();
-    for (std::size_t i = 0; i < keys.size(); ++i)
-        on([&] { m_Dataset->AddRow({keys[i].name, valueAt(m_places[i])}); });
+    addRows(on, m_fields, *m_Dataset);
     if (!g_DatasetMode)
         on([&] { m_Dataset->Save(ItemPath::item(g_PartFormatFolder, txtFormatName.text())); });
     return kApplied;

@@ -6,8 +6,6 @@
 #include "services/status.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
-#include "store/session_record.h"
-#include "wynconfig/error.h"
 
 namespace wynconfig {
 
@@ -64,57 +62,19 @@ void dlgAdvConfig::Form_Unload() {
     UniCaption1.release();
 }
 
-void dlgAdvConfig::MatchOptions::show(const std::string& stored) {
-    contains.setValue(false);
-    if (stored == words::kStartsWith)
-        startsWith.setValue(true);
-    else if (stored == words::kMatches)
-        matches.setValue(true);
-    else
-        contains.setValue(true);
-}
-
-std::string dlgAdvConfig::MatchOptions::stored() const {
-    if (contains.value()) return words::kContains;
-    return startsWith.value() ? words::kStartsWith : words::kMatches;
-}
-
 void dlgAdvConfig::init(const std::shared_ptr<Dataset>& partlist, const std::string& sSessionName) {
     if (!partlist) return;
     m_Dataset = partlist;
     m_SessionName = sSessionName;
     OnError on{"dlgAdvConfig:init"};
     m_messages.okCaption = fetchString(on, "BUTTON_OK");
-    try {
-        showDefaults();
-        showRecord();
-    } catch (...) {
-        // The first key without a row ends the reading; what lies behind it keeps its default.
-        (void)Error::fromCurrentException();
-    }
-}
-
-void dlgAdvConfig::showDefaults() {
-    chkDisableProgramLaunch.setValue(false);
-    showLaunchDelayEnabled(true);
-    txtProgramLaunchDelay.setText("0");
-    txtWindowTitleClassDelay.setText("0");
-    btnTitleContains.setValue(true);
-    btnClassContains.setValue(true);
-}
-
-void dlgAdvConfig::showRecord() {
-    const auto data = [this](const std::string& key) { return m_Dataset->GetRow(key)[1]; };
-    m_titleMatch.show(data(session::kWindowTitleSearchType));
-    m_classMatch.show(data(session::kWindowClassSearchType));
-    txtWindowTitle.setText(data(session::kWindowTitle));
-    txtWindowClass.setText(data(session::kWindowClass));
-    if (data(session::kDisableProgramLaunch) == words::kTrue) {
-        chkDisableProgramLaunch.setValue(true);
-        showLaunchDelayEnabled(false);
-    }
-    txtWindowTitleClassDelay.setText(data(session::kWindowTitleClassDelay));
-    txtProgramLaunchDelay.setText(data(session::kProgramLaunchDelay));
+    // From here a failure ends the opening, without a box.
+    on.resumeNext();
+    on([&] {
+        showFirstValues(m_fields);
+        readUpToAbsentKey(m_fields, *m_Dataset);
+        showLaunchDelayEnabled(!chkDisableProgramLaunch.value());
+    });
 }
 
 void dlgAdvConfig::showLaunchDelayEnabled(bool enabled) {
@@ -162,20 +122,7 @@ long dlgAdvConfig::refuse(OnError& on, const std::string& textKey, const std::st
 long dlgAdvConfig::SaveAdvancedChanges() {
     if (!m_Dataset) return 0;
     OnError on = OnError::ignoring();
-    const auto put = [&](const std::string& key, const auto& value) {
-        on([&] { session::replaceRow(on, *m_Dataset, key, value()); });
-    };
-    put(session::kWindowTitleSearchType, [&] { return m_titleMatch.stored(); });
-    put(session::kWindowClassSearchType, [&] { return m_classMatch.stored(); });
-    put(session::kWindowTitle, [&] { return txtWindowTitle.text(); });
-    put(session::kWindowClass, [&] { return txtWindowClass.text(); });
-    put(session::kDisableProgramLaunch,
-        [&] { return words::ofSwitch(chkDisableProgramLaunch.value()); });
-    put(session::kWindowTitleClassDelay, [&] { return txtWindowTitleClassDelay.text(); });
-    put(session::kProgramLaunchDelay, [&] { return txtProgramLaunchDelay.text(); });
-    // No control stands behind these two; they are there for the host.
-    put(session::kWindowTitleCaseSensitive, [] { return words::ofSwitch(true); });
-    put(session::kWindowClassCaseSensitive, [] { return words::ofSwitch(false); });
+    replaceRows(on, m_fields, *m_Dataset);
     if (!g_DatasetMode)
         on([&] { m_Dataset->Save(ItemPath::item(g_SessionFolder, m_SessionName)); });
     return 0;

@@ -5,9 +5,11 @@
 #include <memory>
 #include <string>
 
+#include "services/fields.h"
 #include "services/messages.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
+#include "wynconfig/keys.h"
 
 namespace wynconfig {
 
@@ -47,22 +49,10 @@ class dlgAdvConfig : public Form {
     Button CancelButton{*this, "CancelButton", "Cancel"};
 
   private:
-    /// The three options of one kind of match.
-    struct MatchOptions {
-        OptionButton& contains;
-        OptionButton& startsWith;
-        OptionButton& matches;
-
-        void show(const std::string& stored);
-        std::string stored() const;
-    };
-
     void Form_Load() override;
     void Form_Unload() override;
     FormLayout declareLayout() override;
 
-    void showDefaults();
-    void showRecord();
     void showLaunchDelayEnabled(bool enabled);
     long ApplyChanges();
     long refuse(OnError& on, const std::string& textKey, const std::string& titleKey, Edit& box);
@@ -70,8 +60,25 @@ class dlgAdvConfig : public Form {
     void CancelButton_Click();
     void chkDisableProgramLaunch_Click();
 
-    MatchOptions m_titleMatch{btnTitleContains, btnTitleStartsWith, btnTitleMatches};
-    MatchOptions m_classMatch{btnClassContains, btnClassStartsWith, btnClassMatches};
+    const Fields m_fields{
+        {AsOptions{{{btnTitleContains, words::kContains},
+                    {btnTitleStartsWith, words::kStartsWith},
+                    {btnTitleMatches, words::kMatches}},
+                   btnTitleContains},
+         session::kWindowTitleSearchType, words::kContains},
+        {AsOptions{{{btnClassContains, words::kContains},
+                    {btnClassStartsWith, words::kStartsWith},
+                    {btnClassMatches, words::kMatches}},
+                   btnClassContains},
+         session::kWindowClassSearchType, words::kContains},
+        {AsText{txtWindowTitle}, session::kWindowTitle},
+        {AsText{txtWindowClass}, session::kWindowClass},
+        {AsSwitch{chkDisableProgramLaunch}, session::kDisableProgramLaunch, words::kFalse},
+        {AsText{txtWindowTitleClassDelay}, session::kWindowTitleClassDelay, "0"},
+        {AsText{txtProgramLaunchDelay}, session::kProgramLaunchDelay, "0"},
+        // These are there for the host alone.
+        {AsConstant{}, session::kWindowTitleCaseSensitive, words::kTrue},
+        {AsConstant{}, session::kWindowClassCaseSensitive, words::kFalse}};
     long m_Result = 0;
     std::shared_ptr<Dataset> m_Dataset;
     std::string m_SessionName;

@@ -172,7 +172,7 @@ void frmMORAMConfig::init(const std::string& sSessionName) {
     m_bApplied = false;
     m_SessionName = sSessionName;
     if (sSessionName.empty()) {
-        on([&] { chkAutoResize.setValue(true); });
+        showFirstValues(on, m_fields);
     } else {
         std::string file;
         on([&] { file = fileSystem().find(ItemPath::item(g_SessionFolder, UCase(sSessionName))); });
@@ -202,39 +202,15 @@ void frmMORAMConfig::initEX(const std::string& sSessionName, bool) {
     on([&] { lstAvailableFormats.refresh(); });
 }
 
-/// The whole block is read through one row variable, so that an absent key takes the data of the
-/// key before it.
+/// The part formats are read through the row variable of the fields, so that an absent count takes
+/// the data of the key before it.
 void frmMORAMConfig::showSession() {
+    RowVariable row = readCarryingOver(m_fields, *dataset());
+    readSelectedFormats(row);
+}
+
+void frmMORAMConfig::readSelectedFormats(RowVariable& row) {
     OnError on = OnError::ignoring();
-    RowVariable row;
-    readLaunchFields(on, row);
-    readSelectedFormats(on, row);
-}
-
-void frmMORAMConfig::readLaunchFields(OnError& on, RowVariable& row) {
-    const auto read = [&](const std::string& key) { on([&] { row.read(*dataset(), key); }); };
-    const auto dataIs = [&](const std::string& value) {
-        return on.test([&] { return row.data() == value; });
-    };
-    read(session::kProgramPath);
-    on([&] { txtProgramPath.setText(row.data()); });
-    read(session::kCommandLineArgs);
-    on([&] { txtCommandLineArgs.setText(row.data()); });
-    read(session::kReverseList);
-    const bool reverse = dataIs(words::kTrue);
-    on([&] { chkReverseList.setValue(reverse); });
-    read(session::kAutoResize);
-    const bool resize = dataIs(words::kTrue);
-    on([&] { chkAutoResize.setValue(resize); });
-    read(session::kOrientation);
-    OptionButton& orientation = dataIs(words::kTop)      ? rdoTop
-                                : dataIs(words::kBottom) ? rdoBottom
-                                : dataIs(words::kRight)  ? rdoRight
-                                                         : rdoLeft;
-    on([&] { orientation.setValue(true); });
-}
-
-void frmMORAMConfig::readSelectedFormats(OnError& on, RowVariable& row) {
     std::int16_t count = 0;
     on([&] { row.read(*dataset(), session::kFormatCount); });
     on([&] { count = toInt16(row.data()); });

@@ -7,14 +7,15 @@
 #include <memory>
 #include <string>
 
+#include "services/fields.h"
 #include "services/messages.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
+#include "wynconfig/keys.h"
 
 namespace wynconfig {
 
 class dlgAdvConfig;
-class RowVariable;
 
 class frmMORAMConfig : public Form {
   public:
@@ -100,8 +101,7 @@ class frmMORAMConfig : public Form {
     /// The session's record, made at the first use.
     const std::shared_ptr<Dataset>& dataset();
     void showSession();
-    void readLaunchFields(OnError& on, RowVariable& row);
-    void readSelectedFormats(OnError& on, RowVariable& row);
+    void readSelectedFormats(RowVariable& row);
     void UpdateProgramLaunchFields();
     void loadAvailableFormats();
     void showFilled(OnError& on, ListView& list);
@@ -139,7 +139,6 @@ class frmMORAMConfig : public Form {
     bool isContentRefused(OnError& on);
     bool isRenameRefused(OnError& on, bool inMemory);
     void renameSession(OnError& on, bool inMemory);
-    void writeLaunchRows(OnError& on);
     void removeFormatRows();
     void writeFormatRows(OnError& on, bool inMemory);
     bool isLaunchRefused(OnError& on, dlgAdvConfig& advanced);
@@ -147,6 +146,17 @@ class frmMORAMConfig : public Form {
     void refuse(OnError& on, const std::string& text, const std::string& titleKey, int tab,
                 Control& offender);
 
+    // The first values are those of a session that does not exist yet.
+    const Fields m_fields{{AsText{txtProgramPath}, session::kProgramPath},
+                          {AsText{txtCommandLineArgs}, session::kCommandLineArgs},
+                          {AsSwitch{chkReverseList}, session::kReverseList},
+                          {AsSwitch{chkAutoResize}, session::kAutoResize, words::kTrue},
+                          {AsOptions{{{rdoTop, words::kTop},
+                                      {rdoBottom, words::kBottom},
+                                      {rdoRight, words::kRight},
+                                      {rdoLeft, words::kLeft}},
+                                     rdoLeft},
+                           session::kOrientation}};
     long m_Result = 0;
     std::shared_ptr<Dataset> m_Dataset;
     std::string m_SessionName;

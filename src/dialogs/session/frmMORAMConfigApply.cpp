@@ -69,7 +69,7 @@ long frmMORAMConfig::applyIn(bool inMemory, OnError& on) {
         renameSession(on, inMemory);
     }
     on.resumeNext();
-    writeLaunchRows(on);
+    replaceRows(on, m_fields, *dataset());
     removeFormatRows();
     writeFormatRows(on, inMemory);
     {
@@ -136,20 +136,6 @@ void frmMORAMConfig::renameSession(OnError& on, bool inMemory) {
     if (inMemory) return;
     on([&] { dataset()->Save(ItemPath::item(g_SessionFolder, newName)); });
     on([&] { fileSystem().remove(ItemPath::item(g_SessionFolder, oldName)); });
-}
-
-void frmMORAMConfig::writeLaunchRows(OnError& on) {
-    const auto put = [&](const std::string& key, const std::string& value) {
-        session::replaceRow(on, *dataset(), key, value);
-    };
-    put(session::kProgramPath, txtProgramPath.text());
-    put(session::kCommandLineArgs, txtCommandLineArgs.text());
-    put(session::kReverseList, words::ofSwitch(chkReverseList.value()));
-    put(session::kAutoResize, words::ofSwitch(chkAutoResize.value()));
-    put(session::kOrientation, rdoTop.value()      ? words::kTop
-                               : rdoBottom.value() ? words::kBottom
-                               : rdoRight.value()  ? words::kRight
-                                                   : words::kLeft);
 }
 
 /// The first absent key leaves the rest of the old rows where they are.

@@ -10,7 +10,6 @@
 #include "services/status.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
-#include "store/session_record.h"
 
 namespace wynconfig {
 
@@ -85,26 +84,12 @@ void frmTallyvaneConfig::init(const std::shared_ptr<Dataset>& partlist,
     m_SessionName = sSessionName;
     m_messages.okCaption = GetString("BUTTON_OK");
     OnError on = OnError::ignoring();
-    const auto data = [&](const std::string& key) {
-        std::string value;
-        on([&] { value = m_Dataset->GetRow(key)[1]; });
-        return value;
-    };
-    on([&] { chkWriteFileOnly.setValue(false); });
     for (Edit* box : {&txtFileName, &txtFileFolder}) {
         on([&] { box->setEnabled(true); });
         on([&] { box->setBackground(Background::Window); });
-        on([&] { box->setText(""); });
     }
-    on([&] { rdoOverWrite.setValue(true); });
-    on([&] { rdoAppend.setValue(false); });
-    const int row = cboPartFormat.find(data(session::kPartFormat));
-    on([&] { cboPartFormat.setSelectedIndex(row < 0 ? 0 : row); });
-    on([&] { txtFileName.setText(data(session::kFileName)); });
-    on([&] { txtFileFolder.setText(data(session::kFileFolder)); });
-    const bool append = data(session::kFileAction) == words::kAppend;
-    on([&] { (append ? rdoAppend : rdoOverWrite).setValue(true); });
-    on([&] { chkWriteFileOnly.setValue(data(session::kWriteFileOnly) == words::kTrue); });
+    showFirstValues(on, m_fields);
+    readPastAbsentKeys(m_fields, *m_Dataset);
 }
 
 long frmTallyvaneConfig::ApplyChanges() {
@@ -133,15 +118,7 @@ long frmTallyvaneConfig::ApplyChanges() {
 long frmTallyvaneConfig::SaveAdvancedChanges() {
     if (!m_Dataset) return 0;
     OnError on = OnError::ignoring();
-    const auto put = [&](const std::string& key, const auto& value) {
-        on([&] { session::replaceRow(on, *m_Dataset, key, value()); });
-    };
-    put(session::kPartFormat, [&] { return Trim(cboPartFormat.text()); });
-    put(session::kFileName, [&] { return Trim(txtFileName.text()); });
-    put(session::kFileFolder, [&] { return Trim(txtFileFolder.text()); });
-    put(session::kFileAction,
-        [&] { return rdoAppend.value() ? words::kAppend : words::kOverWrite; });
-    put(session::kWriteFileOnly, [&] { return words::ofSwitch(chkWriteFileOnly.value()); });
+    replaceRows(on, m_fields, *m_Dataset);
     if (!g_DatasetMode)
         on([&] { m_Dataset->Save(ItemPath::item(g_SessionFolder, m_SessionName)); });
     return 0;

@@ -5,9 +5,11 @@
 #include <memory>
 #include <string>
 
+#include "services/fields.h"
 #include "services/messages.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/form.h"
+#include "wynconfig/keys.h"
 
 namespace wynconfig {
 
@@ -52,6 +54,13 @@ class frmTallyvaneConfig : public Form {
     void btnOk_Click();
     void btnCancel_Click();
 
+    const Fields m_fields{
+        {AsItem{cboPartFormat}, session::kPartFormat},
+        {AsTrimmedText{txtFileName}, session::kFileName, ""},
+        {AsTrimmedText{txtFileFolder}, session::kFileFolder, ""},
+        {AsOptions{{{rdoAppend, words::kAppend}, {rdoOverWrite, words::kOverWrite}}, rdoOverWrite},
+         session::kFileAction, words::kOverWrite},
+        {AsSwitch{chkWriteFileOnly}, session::kWriteFileOnly, words::kFalse}};
     long m_Result = 0;
     std::shared_ptr<Dataset> m_Dataset;
     std::string m_SessionName;
