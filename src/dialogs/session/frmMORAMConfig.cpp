@@ -134,18 +134,22 @@ void frmMORAMConfig::Form_Resize() {
     SSTab2_Click(1);
 }
 
+std::vector<Control*> frmMORAMConfig::tabStopsOf(int tab) {
+    const Layout& tabs = layout().body.children.front();
+    std::vector<Control*> stops = controlsOf(tabs.children[static_cast<std::size_t>(tab)]);
+    std::erase_if(stops, [](const Control* each) {
+        return !takesFocus(*each) || each->kind() == ControlKind::ListView;
+    });
+    return stops;
+}
+
 void frmMORAMConfig::SSTab2_Click(int PreviousTab) {
     OnError on = OnError::ignoring();
     Container& pane = UniContainer1[SSTab2.tab()];
     on([&] { pane.setFocus(); });
     on([&] { pane.bringToFront(); });
-    for (Control* each : std::initializer_list<Control*>{
-             &txtCommandLineArgs, &txtDisplayName, &txtProgramPath, &rdoBottom, &rdoLeft, &rdoRight,
-             &rdoTop, &chkAutoResize, &chkReverseList, &btnBrowseFile, &btnAdvanced, &btnTallyvane})
-        on([&] { each->setTabStop(PreviousTab == 1); });
-    for (Control* each : std::initializer_list<Control*>{&btnAdd, &btnCopy, &btnDelete, &btnEdit,
-                                                         &btnNew, &btnRemove, &btnRename})
-        on([&] { each->setTabStop(PreviousTab == 0); });
+    for (Control* each : tabStopsOf(0)) on([&] { each->setTabStop(PreviousTab == 1); });
+    for (Control* each : tabStopsOf(1)) on([&] { each->setTabStop(PreviousTab == 0); });
     if (SSTab2.tab() == 0) {
         on([&] { txtDisplayName.setFocus(); });
         return;

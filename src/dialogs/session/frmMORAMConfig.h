@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "services/fields.h"
 #include "services/messages.h"
@@ -106,6 +107,8 @@ class frmMORAMConfig : public Form {
     void loadAvailableFormats();
     void showFilled(OnError& on, ListView& list);
 
+    /// What enters and leaves the order of the Tab key with a tab: all but the lists.
+    std::vector<Control*> tabStopsOf(int tab);
     void SSTab2_Click(int PreviousTab);
     void txtDisplayName_LostFocus();
     void btnBrowseFile_Click();
