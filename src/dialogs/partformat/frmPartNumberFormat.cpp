@@ -24,19 +24,19 @@ constexpr FieldGroupNames kPart{"frmPart",
                                 "txtPartPad",
                                 "<Part#>",
                                 "Format <Part#>",
-                                "PartPad"};
+                                SymbolTarget::PartPad};
 constexpr FieldGroupNames kQty{
     "frmQty",          "chkFormatQty", "lblQtyFieldLength", "txtQtyFieldLength",
     "lblQtyAlignment", "rdoQtyLeft",   "rdoQtyRight",       "lblQtyPad",
-    "txtQtyPad",       "<Quantity>",   "Format <Quantity>", "QtyPad"};
+    "txtQtyPad",       "<Quantity>",   "Format <Quantity>", SymbolTarget::QtyPad};
 constexpr FieldGroupNames kDesc{
     "frmDesc",          "chkFormatDesc", "lblDescFieldLength",   "txtDescFieldLength",
     "lblDescAlignment", "rdoDescLeft",   "rdoDescRight",         "lblDescPad",
-    "txtDescPad",       "<Description>", "Format <Description>", "DescPad"};
+    "txtDescPad",       "<Description>", "Format <Description>", SymbolTarget::DescPad};
 constexpr FieldGroupNames kVin{
     "frmVin",          "chkFormatVIN", "lblVINFieldLength", "txtVINFieldLength",
     "lblVINAlignment", "rdoVINLeft",   "rdoVINRight",       "lblVINPad",
-    "txtVINPad",       "<VIN>",        "Format <VIN>",      "VINPad"};
+    "txtVINPad",       "<VIN>",        "Format <VIN>",      SymbolTarget::VINPad};
 
 }  // namespace
 
@@ -50,7 +50,7 @@ FieldGroup::FieldGroup(Form& form, const FieldGroupNames& names)
       right(form, names.right, frame, "Right"),
       padLabel(form, names.padLabel, "Pad character"),
       pad(form, names.pad),
-      padField(names.padField) {}
+      padTarget(names.padTarget) {}
 
 void FieldGroup::setSettingsEnabled(bool enabled) {
     for (Control* each : std::initializer_list<Control*>{&length, &pad, &left, &right})
@@ -79,17 +79,17 @@ frmPartNumberFormat::frmPartNumberFormat()
       Qty(*this, kQty),
       Desc(*this, kDesc),
       VIN(*this, kVin) {
-    const auto follow = [this](Edit& box, std::string_view field) {
-        box.GotFocus = [this, field] { m_CurrentField = field; };
+    const auto follow = [this](Edit& box, SymbolTarget target) {
+        box.GotFocus = [this, target] { m_CurrentField = target; };
     };
-    follow(txtHeader, "Header");
-    follow(txtRecord, "Record");
-    follow(txtSeparator, "Separator");
-    follow(txtTrailer, "Trailer");
-    follow(txtMaxRecords, "Disabled");
+    follow(txtHeader, SymbolTarget::Header);
+    follow(txtRecord, SymbolTarget::Record);
+    follow(txtSeparator, SymbolTarget::Separator);
+    follow(txtTrailer, SymbolTarget::Trailer);
+    follow(txtMaxRecords, SymbolTarget::Disabled);
     for (FieldGroup* group : m_groups) {
-        follow(group->length, "Disabled");
-        follow(group->pad, group->padField);
+        follow(group->length, SymbolTarget::Disabled);
+        follow(group->pad, group->padTarget);
         group->check.Click = [this, group] { fieldSwitched(*group); };
     }
     txtFormatName.LostFocus = [this] { txtFormatName.setText(UCase(Trim(txtFormatName.text()))); };
@@ -191,13 +191,13 @@ void frmPartNumberFormat::init(const std::string& sName) {
     }
     fillSymbols(on);
     for (FieldGroup* group : m_groups) on([&] { fieldSwitched(*group); });
-    m_CurrentField = "Header";
+    m_CurrentField = SymbolTarget::Header;
 }
 
 void frmPartNumberFormat::fieldSwitched(FieldGroup& group) {
     const bool on = group.check.value();
     group.setSettingsEnabled(on);
-    m_CurrentField = on ? group.padField : "Disabled";
+    m_CurrentField = on ? group.padTarget : SymbolTarget::Disabled;
 }
 
 void frmPartNumberFormat::btnOK_Click() {

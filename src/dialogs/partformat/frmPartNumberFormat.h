@@ -16,6 +16,19 @@
 
 namespace wynconfig {
 
+/// The box into which the list of special symbols writes.
+enum class SymbolTarget {
+    Disabled,  ///< none: a number is being entered, or a switch was turned off last
+    Header,
+    Record,
+    Separator,
+    Trailer,
+    PartPad,
+    QtyPad,
+    DescPad,
+    VINPad
+};
+
 /// The names of one field group's controls, and its fixed captions.
 struct FieldGroupNames {
     std::string_view frame;
@@ -29,7 +42,7 @@ struct FieldGroupNames {
     std::string_view pad;
     std::string_view frameCaption;
     std::string_view checkCaption;
-    std::string_view padField;  ///< what the editor calls the pad box as a target of symbols
+    SymbolTarget padTarget;
 };
 
 /// The settings of one data field: its switch, length, alignment and pad.
@@ -45,7 +58,7 @@ struct FieldGroup {
     OptionButton right;
     Label padLabel;
     Edit pad;
-    std::string_view padField;
+    SymbolTarget padTarget;
 
     /// Adds the rows of the group to a dialog's table.
     /// @param firstLength  the length of a new part format
@@ -117,7 +130,7 @@ class frmPartNumberFormat : public Form {
     const Fields m_fields = fieldTable();
     long m_Result = 0;
     std::shared_ptr<Dataset> m_Dataset;
-    std::string_view m_CurrentField;
+    SymbolTarget m_CurrentField = SymbolTarget::Disabled;
     std::string m_FormatName;
     Messages m_messages{UniMsgBox1};
 };

@@ -17,17 +17,21 @@ bool isDataToken(std::string_view token) {
     return token == "<Part #>" || token == "<Quantity>" || token == "<Description>";
 }
 
-bool isPad(std::string_view field) {
-    return field == "PartPad" || field == "QtyPad" || field == "DescPad" || field == "VINPad";
+bool isPad(SymbolTarget target) {
+    return target == SymbolTarget::PartPad || target == SymbolTarget::QtyPad ||
+           target == SymbolTarget::DescPad || target == SymbolTarget::VINPad;
 }
 
-/// Whether a token makes sense in a field.
-bool isWelcome(std::string_view token, std::string_view field) {
-    if (field == "Disabled") return false;
-    if (isDataToken(token) && field != "Record" && field != "Separator") return false;
-    if (token == "<PageHeader>" && field != "Header") return false;
-    if (token == "<PageFooter>" && field != "Trailer") return false;
-    return !(token == "<VIN>" && isPad(field));
+/// Whether a token makes sense in a box.
+bool isWelcome(std::string_view token, SymbolTarget target) {
+    if (target == SymbolTarget::Disabled) return false;
+    if (isDataToken(token) && target != SymbolTarget::Record && target != SymbolTarget::Separator)
+        return false;
+    if (token == "<PageHeader>" && target != SymbolTarget::Header) return false;
+    if (token == "<PageFooter>" && target != SymbolTarget::Trailer) return false;
+    // The list does not offer <VIN>, so no pick comes this far with it; the rule stands for the day
+    // on which the list does.
+    return !(token == "<VIN>" && isPad(target));
 }
 
 /// Puts a token in front of the caret; the caret then stands at the end of the whole text.
@@ -60,15 +64,25 @@ void frmPartNumberFormat::lstSpecialSymbols2_ItemClick() {
     const ListRow* selected = lstSpecialSymbols2.selectedItem();
     if (!selected) return;
     const std::string token = selected->text;
-    const std::string_view field = m_CurrentField;
-    if (!isWelcome(token, field)) return;
-    if (field == "Header") return insertToken(txtHeader, token);
-    if (field == "Record") return insertToken(txtRecord, token);
-    if (field == "Separator") return insertToken(txtSeparator, token);
-    if (field == "Trailer") return insertToken(txtTrailer, token);
-    // The VIN pad has no branch of its own: it is typed by hand alone.
-    for (FieldGroup* group : {&Part, &Qty, &Desc}) {
-        if (field == group->padField) group->pad.setText(token);
+    if (!isWelcome(token, m_CurrentField)) return;
+    switch (m_CurrentField) {
+        case SymbolTarget::Header:
+            return insertToken(txtHeader, token);
+        case SymbolTarget::Record:
+            return insertToken(txtRecord, token);
+        case SymbolTarget::Separator:
+            return insertToken(txtSeparator, token);
+        case SymbolTarget::Trailer:
+            return insertToken(txtTrailer, token);
+        case SymbolTarget::PartPad:
+            return Part.pad.setText(token);
+        case SymbolTarget::QtyPad:
+            return Qty.pad.setText(token);
+        case SymbolTarget::DescPad:
+            return Desc.pad.setText(token);
+        case SymbolTarget::VINPad:  // is typed by hand alone
+        case SymbolTarget::Disabled:
+            return;
     }
 }
 
