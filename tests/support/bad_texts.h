@@ -59,6 +59,7 @@ inline std::vector<BadText> badTexts() {
     const std::string& illFormed = kIllFormed;
     const std::string dtd = "it has a document type declaration";
     const std::string root = "its root element is not a dataset";
+    const std::string latin = "<?xml version=\"1.0\" encoding=\"windows-1252\"?>";
     const std::string row = "<dataset><row key=\"a\">b</row></dataset>";
     return {
         {"Empty", "", illFormed},
@@ -66,6 +67,12 @@ inline std::vector<BadText> badTexts() {
         {"NoXml", "ProgramPath=/programs/parts.exe\n", illFormed},
         {"Binary", "MZ\x90\0\3\0\0\0\4\0\xFF\xFF"s, illFormed},
         {"NulsAlone", std::string(4096, '\0'), illFormed},
+        {"ByteOrderMarkTwice", "\xEF\xBB\xBF\xEF\xBB\xBF" + row, illFormed},
+        {"NulBehindTheRoot", row + "\0"s, illFormed + "it goes on behind its end)"},
+        {"MoreBehindANul", row + "\n\0<row"s, illFormed},
+        {"OutsideOfItsEncoding", latin + "<dataset name=\"\x81\"/>",
+         illFormed + "input conversion"},
+        {"OutsideOfItsEncodingBehindTheRoot", latin + row + "\x81", illFormed},
         {"NulInside", "<dataset><row key=\"a\">b\0c</row></dataset>"s, illFormed},
         {"ControlInside", "<dataset><row key=\"a\">b\x01</row></dataset>", illFormed},
         {"Mismatch", "<dataset><row key=\"a\">b</dataset></row>", illFormed},

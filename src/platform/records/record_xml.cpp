@@ -269,8 +269,38 @@ void onError(void* user, xmlErrorPtr error) {
     std::string_view message = error->message ? error->message : "unreadable";
     while (message.ends_with('\n')) message.remove_suffix(1);
     if (error->code == XML_ERR_NO_MEMORY) message = "its names take too much memory";
-    kept = "line " + std::to_string(error->line) + ": " + std::string(message);
+    const bool hasLine = error->line > 0;
+    kept = (hasLine ? "line " + std::to_string(error->line) + ": " : "") + std::string(message);
 }
+
+/// The parser takes a NUL, and bytes that are not of the text's encoding, for the end of the text;
+/// behind the root element it says nothing of them.
+void onEndDocument(void* user) {
+    RecordReader& reader = readerOf(user);
+    const xmlParserInput* input = reader.parser->input;
+    const bool unread = input->cur != input->end;
+    const bool unconverted = input->buf && input->buf->raw && xmlBufUse(input->buf->raw) > 0;
+    if (!unread && !unconverted) return;
+    reader.parser->wellFormed = 0;
+    if (reader.error.empty()) reader.error = "it goes on behind its end";
+}
+
+/// Takes what the parser tells its thread, and not its context: that a text can't be converted.
+/// Nobody else is told then, and nothing is written to the standard error stream.
+class ThreadErrors {
+  public:
+    explicit ThreadErrors(RecordReader& reader)
+        : m_function(xmlStructuredError), m_user(xmlStructuredErrorContext) {
+        xmlSetStructuredErrorFunc(&reader, onError);
+    }
+    ThreadErrors(const ThreadErrors&) = delete;
+    ThreadErrors& operator=(const ThreadErrors&) = delete;
+    ~ThreadErrors() { xmlSetStructuredErrorFunc(m_user, m_function); }
+
+  private:
+    xmlStructuredErrorFunc m_function;
+    void* m_user;
+};
 
 struct FreeContext {
     void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
@@ -292,6 +322,7 @@ Context makeContext() {
     sax = {};
     sax.initialized = XML_SAX2_MAGIC;
     sax.startDocument = onStartDocument;
+    sax.endDocument = onEndDocument;
     sax.startElementNs = onStart;
     sax.endElementNs = onEnd;
     sax.characters = onCharacters;
@@ -318,6 +349,7 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
         reader.fault = "it is too large";
         return false;
     }
+    const ThreadErrors errors(reader);
     Context& context = keptContext(source);
     if (!context) context = makeContext();
     context->userData = &reader;

@@ -39,6 +39,14 @@ std::vector<Reading> readings() {
         {"a file in windows-1252", From::File, declared("windows-1252") + named("\x80"), "€"},
         {"a file in UTF-16", From::File, utf16(declared("UTF-16") + named("N"), false), "N"},
         {"a file in UTF-16, big-endian", From::File, utf16(named("N"), true), "N"},
+        {"a file whose mark is right", From::File, mark + declared("ISO-8859-1") + named(word),
+         word},
+        {"a file in UTF-16 whose mark is right", From::File,
+         utf16(declared("UTF-8") + named("N"), false), "N"},
+        {"a file in UTF-16 of half a character more",
+         From::File,
+         utf16(named("N"), true) + "x",
+         {}},
         {"a file in no known encoding", From::File, declared("x-none") + named("N"), {}},
         {"a file that is no UTF-8", From::File, named("Ma\xDF"), {}},
         {"a file cut short", From::File, declared("ISO-8859-1") + "<dataset>", {}},
@@ -109,6 +117,14 @@ TEST_F(Encodings, OfATextDoNotHangOnTheTwoTextsReadBefore) {
             }
         }
     }
+}
+
+TEST_F(Encodings, ThatFailWriteNothingToTheErrorStream) {
+    memory->save({"/store/", "BAD.vla"}, declared("windows-1252") + named("\x81"));
+    testing::internal::CaptureStderr();
+    const Error error = raisedBy([] { Dataset().Load(ItemPath{"/store/", "BAD.vla"}); });
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_NE(error.description().find("input conversion failed"), std::string::npos);
 }
 
 /// Sessions of a store in an encoding of its own, in front of a person and in a walk.
