@@ -21,6 +21,7 @@ namespace wynconfig {
 namespace {
 
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// The code unit in `_xHHHH` at the start of text, or nothing.
 std::optional<unsigned> openUnit(std::string_view text) {
@@ -349,6 +350,8 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
         reader.fault = "it is too large";
         return false;
     }
+    // The mark is right: a person's editor has put it there and left the declaration alone.
+    if (xml.starts_with(kByteOrderMark)) source = XmlSource::Memory;
     const ThreadErrors errors(reader);
     Context& context = keptContext(source);
     if (!context) context = makeContext();

@@ -21,7 +21,7 @@ struct RecordText {
 
 /// How text is to be read.
 enum class XmlSource {
-    File,   ///< in the encoding that it declares, UTF-8 without a declaration
+    File,   ///< in the encoding of its byte order mark, else in the one that it declares, or UTF-8
     Memory  ///< UTF-8, whatever it declares
 };
 
