@@ -60,7 +60,7 @@ Work openOn(int items) {
         for (auto _ : state) {
             frmMORAMConfig form;
             form.init("SESSION 00003");
-            if (form.lstAvailableFormats.count() != static_cast<std::size_t>(items))
+            if (form.formatTab.lstAvailableFormats.count() != static_cast<std::size_t>(items))
                 state.SkipWithError("the dialog does not list all formats");
         }
     };

@@ -177,7 +177,7 @@ TEST(SessionDialogLayout, ShowsTheControlsOfTheTabOnTopAlone) {
         EXPECT_EQ(isSeen(body, form.txtDisplayName), tab == 0);
         EXPECT_EQ(isSeen(body, form.lblDisplayName), tab == 0);
         EXPECT_EQ(isSeen(body, form.rdoTop), tab == 0);
-        EXPECT_EQ(isSeen(body, form.btnNew), tab == 1);
+        EXPECT_EQ(isSeen(body, form.formatTab.btnNew), tab == 1);
         EXPECT_TRUE(isSeen(body, form.btnOK));
         EXPECT_TRUE(isSeen(body, form.SSTab2));
     }

@@ -1,21 +1,20 @@
-// Opening the session dialog, its tabs, and the buttons that open other dialogs.
+// Opening the session dialog, its tabs, the buttons that open other dialogs, and leaving it.
 #include "dialogs/session/frmMORAMConfig.h"
 
 #include <vector>
 
 #include "dialogs/session/dlgAdvConfig.h"
 #include "dialogs/session/frmTallyvaneConfig.h"
+#include "dialogs/session/session_applying.h"
 #include "platform/files/file_system.h"
-#include "platform/text/numbers.h"
 #include "platform/text/text.h"
+#include "services/format_walks.h"
 #include "services/global_error.h"
-#include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
+#include "services/status.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
-#include "store/row_variable.h"
-#include "store/session_record.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {
@@ -28,13 +27,6 @@ frmMORAMConfig::frmMORAMConfig() : Form("frmMORAMConfig") {
     btnBrowseFile.Click = [this] { btnBrowseFile_Click(); };
     btnAdvanced.Click = [this] { btnAdvanced_Click(); };
     btnTallyvane.Click = [this] { btnTallyvane_Click(); };
-    btnAdd.Click = [this] { btnAdd_Click(); };
-    btnRemove.Click = [this] { btnRemove_Click(); };
-    btnNew.Click = [this] { btnNew_Click(); };
-    btnEdit.Click = [this] { btnEdit_Click(); };
-    btnCopy.Click = [this] { btnCopy_Click(); };
-    btnRename.Click = [this] { btnRename_Click(); };
-    btnDelete.Click = [this] { btnDelete_Click(); };
     btnOK.Click = [this] { btnOK_Click(); };
     btnCancel.Click = [this] { btnCancel_Click(); };
     btnApply.Click = [this] { btnApply_Click(); };
@@ -54,23 +46,8 @@ FormLayout frmMORAMConfig::declareLayout() {
                                           single(rdoRight)})),
                           growing(column({single(chkReverseList), single(chkAutoResize)}))})}),
               stretch()});
-    Layout available = titled(
-        lblAvailableFormats,
-        {single(btnNew), single(btnCopy), single(btnRename), single(btnEdit), single(btnDelete)},
-        lstAvailableFormats);
-    Layout formats = pane(
-        UniContainer1[1],
-        {field(lblDisplayName3, lblDisplayName2),
-         growing(group(
-             frmPartFormat,
-             {growing(row(
-                 {growing(acting(std::move(available),
-                                 {.del = &btnDelete, .rename = &btnRename, .activate = &btnAdd})),
-                  column({stretch(), moving(btnAdd, lblAvailableFormats, lblSelectedFormats),
-                          moving(btnRemove, lblSelectedFormats, lblAvailableFormats), stretch()}),
-                  growing(acting(titled(lblSelectedFormats, lstSelectedFormats2),
-                                 {.del = &btnRemove, .activate = &btnRemove}))}))}))});
-    return {column({growing(tabs(SSTab2, {std::move(launch), std::move(formats)})),
+    return {column({growing(tabs(SSTab2,
+                                 {std::move(launch), formatTab.declareLayout(UniContainer1[1])})),
                     buttons({&btnOK, &btnCancel, &btnApply})}),
             &btnOK, &btnCancel};
 }
@@ -94,14 +71,14 @@ void frmMORAMConfig::SetTextStrings() {
         {&rdoLeft, "MORAM_CONFIG_OPT_LEFT"},
         {&rdoRight, "MORAM_CONFIG_OPT_RIGHT"},
         {&chkAutoResize, "MORAM_CONFIG_CHK_AUTORESIZE"},
-        {&lblDisplayName3, "MORAM_CONFIG_LBL_DISPLAYNAME"},
-        {&lblAvailableFormats, "MORAM_CONFIG_LBL_AVAILABLEFORMATS"},
-        {&lblSelectedFormats, "MORAM_CONFIG_LBL_SELECTEDFORMATS"},
-        {&btnNew, "BUTTON_NEW"},
-        {&btnCopy, "BUTTON_COPY"},
-        {&btnRename, "BUTTON_RENAME"},
-        {&btnEdit, "BUTTON_EDIT"},
-        {&btnDelete, "BUTTON_DELETE"},
+        {&formatTab.lblDisplayName3, "MORAM_CONFIG_LBL_DISPLAYNAME"},
+        {&formatTab.lblAvailableFormats, "MORAM_CONFIG_LBL_AVAILABLEFORMATS"},
+        {&formatTab.lblSelectedFormats, "MORAM_CONFIG_LBL_SELECTEDFORMATS"},
+        {&formatTab.btnNew, "BUTTON_NEW"},
+        {&formatTab.btnCopy, "BUTTON_COPY"},
+        {&formatTab.btnRename, "BUTTON_RENAME"},
+        {&formatTab.btnEdit, "BUTTON_EDIT"},
+        {&formatTab.btnDelete, "BUTTON_DELETE"},
         {&btnOK, "BUTTON_OK"},
         {&btnCancel, "BUTTON_CANCEL"},
         {&btnApply, "BUTTON_APPLY"},
@@ -116,9 +93,7 @@ void frmMORAMConfig::Form_Load() {
     SetTopMost(*this, true);
     SetTopMost(*this, false);
     SetFormFont(*this);
-    // The columns keep the labels' design captions: the texts come later.
-    prepareItemList(lstAvailableFormats, lblAvailableFormats, 3200);
-    prepareItemList(lstSelectedFormats2, lblSelectedFormats, 3200);
+    formatTab.prepareLists();
     UniCaption1.bind(*this);
     SetTextStrings();
     Form_Resize();
@@ -150,14 +125,10 @@ void frmMORAMConfig::SSTab2_Click(int PreviousTab) {
     on([&] { pane.bringToFront(); });
     for (Control* each : tabStopsOf(0)) on([&] { each->setTabStop(PreviousTab == 1); });
     for (Control* each : tabStopsOf(1)) on([&] { each->setTabStop(PreviousTab == 0); });
-    if (SSTab2.tab() == 0) {
+    if (SSTab2.tab() == 0)
         on([&] { txtDisplayName.setFocus(); });
-        return;
-    }
-    on([&] { btnNew.setFocus(); });
-    on([&] { lblDisplayName2.setCaption(txtDisplayName.text()); });
-    on([&] { lstAvailableFormats.refresh(); });
-    on([&] { lstSelectedFormats2.refresh(); });
+    else
+        formatTab.enter(txtDisplayName.text());
 }
 
 void frmMORAMConfig::txtDisplayName_LostFocus() {
@@ -186,7 +157,7 @@ void frmMORAMConfig::init(const std::string& sSessionName) {
         showSession();
     }
     on([&] { UpdateProgramLaunchFields(); });
-    on([&] { loadAvailableFormats(); });
+    on([&] { formatTab.loadAvailableFormats(); });
 }
 
 void frmMORAMConfig::initEX(const std::string& sSessionName, bool) {
@@ -202,33 +173,15 @@ void frmMORAMConfig::initEX(const std::string& sSessionName, bool) {
     on([&] { txtDisplayName.setText(sSessionName); });
     showSession();
     on([&] { UpdateProgramLaunchFields(); });
-    on([&] { loadAvailableFormats(); });
-    on([&] { lstAvailableFormats.refresh(); });
+    on([&] { formatTab.loadAvailableFormats(); });
+    on([&] { formatTab.lstAvailableFormats.refresh(); });
 }
 
 /// The part formats are read through the row variable of the fields, so that an absent count takes
 /// the data of the key before it.
 void frmMORAMConfig::showSession() {
     RowVariable row = readCarryingOver(m_fields, *dataset());
-    readSelectedFormats(row);
-}
-
-void frmMORAMConfig::readSelectedFormats(RowVariable& row) {
-    OnError on = OnError::ignoring();
-    std::int16_t count = 0;
-    on([&] { row.read(*dataset(), session::kFormatCount); });
-    on([&] { count = toInt16(row.data()); });
-    on([&] { lstSelectedFormats2.clear(); });
-    for (int i = 1; i <= count; ++i) {
-        on([&] { row.read(*dataset(), session::formatKey(i)); });
-        on([&] { lstSelectedFormats2.add(row.data(), row.data(), font()); });
-    }
-    showFilled(on, lstSelectedFormats2);
-}
-
-void frmMORAMConfig::showFilled(OnError& on, ListView& list) {
-    on([&] { list.setVisible(true); });
-    on([&] { list.refresh(); });
+    formatTab.showSelected(*dataset(), row);
 }
 
 void frmMORAMConfig::UpdateProgramLaunchFields() {
@@ -242,23 +195,6 @@ void frmMORAMConfig::UpdateProgramLaunchFields() {
         // A session without the row leaves the boxes as they stand.
         (void)Error::fromCurrentException();
     }
-}
-
-void frmMORAMConfig::loadAvailableFormats() {
-    OnError on{"UnifrmMORAMConfig:loadAvailableFormats"};
-    std::vector<std::string> names;
-    on([&] { names = listItemNames(g_PartFormatFolder); });
-    if (names.empty()) return;
-    on([&] { lstAvailableFormats.clear(); });
-    for (const std::string& name : names) on([&] { lstAvailableFormats.add(name, name, font()); });
-    if (g_DatasetMode) {
-        for (const auto& [key, format] : g_PartFormats) {
-            const std::string& name = format->Name();
-            if (!IsItemInUniListView(lstAvailableFormats, name))
-                on([&] { lstAvailableFormats.add(name, name, font()); });
-        }
-    }
-    showFilled(on, lstAvailableFormats);
 }
 
 void frmMORAMConfig::btnBrowseFile_Click() {
@@ -288,8 +224,48 @@ void frmMORAMConfig::btnTallyvane_Click() {
     // The last format confirmed in that dialog joins the list, also after a Cancel.
     if (g_TallyvanePartFormat.empty() || g_TallyvanePartFormat.find('<') != std::string::npos)
         return;
-    if (!IsItemInUniListView(lstSelectedFormats2, g_TallyvanePartFormat))
-        lstSelectedFormats2.add(g_TallyvanePartFormat, g_TallyvanePartFormat);
+    ListView& selected = formatTab.lstSelectedFormats2;
+    if (!IsItemInUniListView(selected, g_TallyvanePartFormat))
+        selected.add(g_TallyvanePartFormat, g_TallyvanePartFormat);
+}
+
+void frmMORAMConfig::btnApply_Click() {
+    OnError on{"UnifrmMORAMConfig:btnApply_Click"};
+    on([&] { m_bApplied = apply() == kApplied; });
+}
+
+void frmMORAMConfig::btnOK_Click() {
+    OnError on{"UnifrmMORAMConfig:btnOK_Click"};
+    on([&] { m_Result = apply() == kApplied ? 0 : 1; });
+    if (m_Result == 0) on([&] { Unload(); });
+}
+
+void frmMORAMConfig::btnCancel_Click() {
+    OnError on{"UnifrmMORAMConfig:btnCancel_Click"};
+    m_Result = m_bApplied ? 0 : 1;
+    on([&] { Unload(); });
+}
+
+long frmMORAMConfig::apply() {
+    const long status =
+        SessionApplying(*this, dataset(), m_fields, m_messages, g_DatasetMode).run();
+    if (status == kApplied) m_SessionName = UCase(txtDisplayName.text());
+    return status;
+}
+
+bool frmMORAMConfig::CheckForLastPartNumberFormatInAllMORAMs(const std::string& sPartformat,
+                                                             std::string& sSession) {
+    return isOnlyFormatOfASession(sPartformat, sSession);
+}
+
+void frmMORAMConfig::UpdatePartNumberFormatsInAllMORAMs(const std::string& sOldName,
+                                                        const std::string& sNewName) {
+    carryFormatThroughSessions(sOldName, sNewName);
+}
+
+void frmMORAMConfig::RenamePartNumberFormatsInCurrentMORAM(const std::string& sOldName,
+                                                           const std::string& sNewName) {
+    carryFormatThroughRecord(*dataset(), sOldName, sNewName);
 }
 
 }  // namespace wynconfig

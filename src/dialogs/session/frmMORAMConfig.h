@@ -1,13 +1,12 @@
-// The main dialog: edits one session on a launch tab and a part format tab. Its code is cut by what
-// it does: opening and simple handlers (frmMORAMConfig.cpp), applying (frmMORAMConfigApply.cpp),
-// the part format tab (frmMORAMConfigFormats.cpp), and carrying a format's new name or deletion
-// through the sessions (frmMORAMConfigWalkers.cpp).
+// The main dialog: edits one session on a launch tab and a part format tab. The part format tab and
+// the applying are classes of their own.
 #pragma once
 
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "dialogs/session/part_format_tab.h"
 #include "services/fields.h"
 #include "services/messages.h"
 #include "wynconfig/dataset.h"
@@ -15,8 +14,6 @@
 #include "wynconfig/keys.h"
 
 namespace wynconfig {
-
-class dlgAdvConfig;
 
 class frmMORAMConfig : public Form {
   public:
@@ -73,21 +70,7 @@ class frmMORAMConfig : public Form {
     OptionButton rdoRight{*this, "rdoRight", frmOrientation, "Right"};
     CheckBox chkAutoResize{*this, "chkAutoResize", "Automatic Resize"};
 
-    // The part format tab.
-    Label lblDisplayName3{*this, "lblDisplayName3", "Display Name"};
-    Label lblDisplayName2{*this, "lblDisplayName2"};
-    Frame frmPartFormat{*this, "frmPartFormat"};
-    Label lblAvailableFormats{*this, "lblAvailableFormats", "Available Part Formats"};
-    ListView lstAvailableFormats{*this, "lstAvailableFormats"};
-    Button btnAdd{*this, "btnAdd", ">"};
-    Button btnRemove{*this, "btnRemove", "<"};
-    Label lblSelectedFormats{*this, "lblSelectedFormats", "Selected Part Formats"};
-    ListView lstSelectedFormats2{*this, "lstSelectedFormats2"};
-    Button btnNew{*this, "btnNew", "New"};
-    Button btnCopy{*this, "btnCopy", "Copy"};
-    Button btnRename{*this, "btnRename", "Rename"};
-    Button btnEdit{*this, "btnEdit", "Edit"};
-    Button btnDelete{*this, "btnDelete", "Delete"};
+    PartFormatTab formatTab{*this, m_messages, [this]() -> Dataset& { return *dataset(); }};
 
     Button btnOK{*this, "btnOK", "OK"};
     Button btnCancel{*this, "btnCancel", "Cancel"};
@@ -102,10 +85,7 @@ class frmMORAMConfig : public Form {
     /// The session's record, made at the first use.
     const std::shared_ptr<Dataset>& dataset();
     void showSession();
-    void readSelectedFormats(RowVariable& row);
     void UpdateProgramLaunchFields();
-    void loadAvailableFormats();
-    void showFilled(OnError& on, ListView& list);
 
     /// What enters and leaves the order of the Tab key with a tab: all but the lists.
     std::vector<Control*> tabStopsOf(int tab);
@@ -114,40 +94,12 @@ class frmMORAMConfig : public Form {
     void btnBrowseFile_Click();
     void btnAdvanced_Click();
     void btnTallyvane_Click();
-    void btnAdd_Click();
-    void btnRemove_Click();
-    void btnNew_Click();
-    void btnEdit_Click();
-    void btnCopy_Click();
-    void btnRename_Click();
-    void btnDelete_Click();
-    void UpdateLstSelectedFormats(const std::string& sOld, const std::string& sNew);
-    void DeleteUserPartFormat(const std::string& sName);
-    /// Whether a part format may not be changed, being a factory one; shows the box that says so.
-    bool isFactoryRefused(OnError& on, const std::string& name);
-    bool isNewNameRefused(OnError& on, const std::string& name);
-    void refuseTakenName(OnError& on, const std::string& name);
-    bool renameInMemory(OnError& on, const std::string& oldName, const std::string& newName);
-    void deleteInFiles(OnError& on, const std::string& name);
-    void copyInMemory(OnError& on, const std::string& name);
-    void selectAvailable(OnError& on, const std::string& name);
 
     void btnOK_Click();
     void btnCancel_Click();
     void btnApply_Click();
+    /// Applies the session in the present mode of working. @return kApplied or kRefused
     long apply();
-    long ApplyChanges();
-    long ApplyChangesEX();
-    long applyIn(bool inMemory, OnError& on);
-    bool isContentRefused(OnError& on);
-    bool isRenameRefused(OnError& on, bool inMemory);
-    void renameSession(OnError& on, bool inMemory);
-    void removeFormatRows();
-    void writeFormatRows(OnError& on, bool inMemory);
-    bool isLaunchRefused(OnError& on, dlgAdvConfig& advanced);
-    void writeFileWriterRows(OnError& on);
-    void refuse(OnError& on, const std::string& text, const std::string& titleKey, int tab,
-                Control& offender);
 
     // The first values are those of a session that does not exist yet.
     const Fields m_fields{{AsText{txtProgramPath}, session::kProgramPath},

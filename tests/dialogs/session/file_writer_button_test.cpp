@@ -61,8 +61,8 @@ TEST_P(FileWriterButton, AConfirmedFormatJoinsTheSelectedOnesWithoutAFontOfItsOw
         open(u, choosing("CSV"));
         EXPECT_EQ(u.see("lstSelectedFormats2").rows,
                   (std::vector<SeenRow>{{"PLAIN", "PLAIN"}, {"CSV", "CSV"}}));
-        EXPECT_EQ(form.lstSelectedFormats2.row(1).font, form.font());
-        EXPECT_EQ(form.lstSelectedFormats2.row(2).font, nullptr);
+        EXPECT_EQ(form.formatTab.lstSelectedFormats2.row(1).font, form.font());
+        EXPECT_EQ(form.formatTab.lstSelectedFormats2.row(2).font, nullptr);
         open(u, choosing("PLAIN"));
         EXPECT_EQ(selected(u), (std::vector<std::string>{"PLAIN", "CSV"}));
         u.click("btnCancel");

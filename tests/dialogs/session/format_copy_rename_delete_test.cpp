@@ -368,7 +368,7 @@ TEST_P(FormatFiles, InARenameTheFormatsFileGoesFirstAndTheSessionsLast) {
         return answer::Ok;
     });
     user().onBox([this](const SeenBox&) {
-        EXPECT_EQ(dialog().lstSelectedFormats2.row(1).text, "NEW");
+        EXPECT_EQ(dialog().formatTab.lstSelectedFormats2.row(1).text, "NEW");
         return answer::Ok;
     });
     putSessionOf("B", {"CSV"});

@@ -65,7 +65,7 @@ TEST_P(FormatLists, RowsTakeTheFormsFont) {
         ASSERT_NE(dialog().font(), nullptr);
         EXPECT_EQ(*dialog().font(), texts->font);
         for (const ListView* list :
-             {&dialog().lstAvailableFormats, &dialog().lstSelectedFormats2}) {
+             {&dialog().formatTab.lstAvailableFormats, &dialog().formatTab.lstSelectedFormats2}) {
             ASSERT_EQ(list->count(), 2U);
             for (const ListRow& row : list->rows()) EXPECT_EQ(row.font, dialog().font());
         }
@@ -84,7 +84,7 @@ TEST_P(FormatLists, ARowAddedByTheFileWriterDialogTakesNoFont) {
         u.changeTab("SSTab2", 0);
         u.click("btnTallyvane");
         EXPECT_EQ(selectedNames(u), (Texts{"CSV", "PLAIN"}));
-        EXPECT_EQ(dialog().lstSelectedFormats2.row(2).font, nullptr);
+        EXPECT_EQ(dialog().formatTab.lstSelectedFormats2.row(2).font, nullptr);
     });
 }
 
@@ -237,7 +237,7 @@ TEST_P(FormatLists, ARowWhoseTextWasChangedIsKnownByItsTextToAddAndByItsKeyToRem
     for (const char* name : {"NEW", "OLD"}) putFormat(name);
     putFullSession("DESK", {"OLD"});
     open("DESK", [this](User& u) {
-        dialog().lstSelectedFormats2.setRowText(1, "NEW");
+        dialog().formatTab.lstSelectedFormats2.setRowText(1, "NEW");
         add(u, "NEW");
         EXPECT_EQ(u.see("lstSelectedFormats2").rows, (std::vector<SeenRow>{{"OLD", "NEW"}}));
         remove(u, "NEW");
@@ -255,7 +255,7 @@ TEST_P(FormatLists, AddingTheOldNameOfARowWhoseTextWasChangedIsToldAsAFailure) {
         return answer::Ok;
     });
     open("DESK", [this](User& u) {
-        dialog().lstSelectedFormats2.setRowText(1, "NEW");
+        dialog().formatTab.lstSelectedFormats2.setRowText(1, "NEW");
         add(u, "OLD");
         EXPECT_EQ(u.see("lstSelectedFormats2").rows, (std::vector<SeenRow>{{"OLD", "NEW"}}));
     });
@@ -301,7 +301,7 @@ TEST_P(FormatLists, TwoRowsOfOneNameAreWrittenBackAsOne) {
 TEST_P(FormatLists, AnApplyWritesTheTextsOfTheRows) {
     putFullSession("DESK", {"OLD"});
     open("DESK", [this](User& u) {
-        dialog().lstSelectedFormats2.setRowText(1, "NEW");
+        dialog().formatTab.lstSelectedFormats2.setRowText(1, "NEW");
         u.click("btnOK");
     });
     EXPECT_EQ(sessionRows("DESK")["FORMAT1"], "NEW");

@@ -218,7 +218,7 @@ TEST_P(SessionDialog, OpeningAnotherSessionStartsAfresh) {
     twice.init("BARE");
     EXPECT_EQ(twice.SessionName(), "BARE");
     EXPECT_EQ(twice.txtDisplayName.text(), "BARE");
-    EXPECT_EQ(twice.lstSelectedFormats2.count(), 0U);
+    EXPECT_EQ(twice.formatTab.lstSelectedFormats2.count(), 0U);
     EXPECT_TRUE(twice.chkReverseList.value());
 }
 
@@ -231,7 +231,7 @@ TEST_P(SessionDialog, AFailedOpeningShowsNothingOfTheSessionOpenedBefore) {
     twice.init("BROKEN");
     EXPECT_TRUE(twice.chkReverseList.value());
     EXPECT_TRUE(twice.rdoTop.value());
-    EXPECT_EQ(twice.lstSelectedFormats2.count(), 0U);
+    EXPECT_EQ(twice.formatTab.lstSelectedFormats2.count(), 0U);
 }
 
 TEST_P(SessionDialog, OpensOnTheLaunchTabWithTheFocusOnTheName) {
@@ -324,8 +324,8 @@ TEST_P(SessionDialog, TheButtonOfItsBoxesBearsTheKeyedTextOrElseOk) {
 TEST_P(SessionDialog, ColumnHeadingsKeepTheDesignCaptionsOfTheLabels) {
     open("DESK", [this](User&) {
         for (const auto& [list, heading] : std::map<const ListView*, std::string>{
-                 {&dialog().lstAvailableFormats, "Available Part Formats"},
-                 {&dialog().lstSelectedFormats2, "Selected Part Formats"}}) {
+                 {&dialog().formatTab.lstAvailableFormats, "Available Part Formats"},
+                 {&dialog().formatTab.lstSelectedFormats2, "Selected Part Formats"}}) {
             ASSERT_EQ(list->columns().size(), 1U);
             EXPECT_EQ(list->columns()[0].key, "NAME");
             EXPECT_EQ(list->columns()[0].text, heading);

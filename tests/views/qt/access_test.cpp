@@ -178,16 +178,18 @@ TEST_P(Access, AButtonBetweenListsSaysWhichWayItMoves) {
     frmMORAMConfig form;
     form.init("DESK");
     user().onForm("frmMORAMConfig", [&](User& u) {
-        EXPECT_EQ(nameOf(widgetOf(form.btnAdd)), "Available Part Formats → Selected Part Formats");
-        EXPECT_EQ(nameOf(widgetOf(form.btnRemove)),
+        EXPECT_EQ(nameOf(widgetOf(form.formatTab.btnAdd)),
+                  "Available Part Formats → Selected Part Formats");
+        EXPECT_EQ(nameOf(widgetOf(form.formatTab.btnRemove)),
                   "Selected Part Formats → Available Part Formats");
         EXPECT_EQ(u.see("btnAdd").caption, ">");
-        form.lblSelectedFormats.setCaption("&Chosen");
+        form.formatTab.lblSelectedFormats.setCaption("&Chosen");
         u.see("btnAdd");
-        EXPECT_EQ(nameOf(widgetOf(form.btnAdd)), "Available Part Formats → Chosen");
-        EXPECT_TRUE(widgetOf(form.btnAdd)->toolTip().contains("Chosen"));
-        const QString description = QAccessible::queryAccessibleInterface(widgetOf(form.btnAdd))
-                                        ->text(QAccessible::Description);
+        EXPECT_EQ(nameOf(widgetOf(form.formatTab.btnAdd)), "Available Part Formats → Chosen");
+        EXPECT_TRUE(widgetOf(form.formatTab.btnAdd)->toolTip().contains("Chosen"));
+        const QString description =
+            QAccessible::queryAccessibleInterface(widgetOf(form.formatTab.btnAdd))
+                ->text(QAccessible::Description);
         EXPECT_FALSE(description.contains('<')) << description.toStdString();
         u.closeByFrame();
     });
@@ -203,7 +205,7 @@ TEST_P(Access, TabsAndValuesAreNamedByTheirWords) {
         u.type("txtDisplayName", "R&D");
         u.changeTab("SSTab2", 1);
         EXPECT_EQ(u.see("lblDisplayName2").caption, "R&D");
-        EXPECT_EQ(nameOf(widgetOf(form.lblDisplayName2)), "R&D");
+        EXPECT_EQ(nameOf(widgetOf(form.formatTab.lblDisplayName2)), "R&D");
         u.closeByFrame();
     });
     form.Show();
@@ -311,11 +313,11 @@ TEST_P(Access, ArrowsPointToTheListThatTheyMoveTo) {
                 QWidget* widget = widgetOf(control);
                 return widget->mapTo(window(), widget->rect().center()).x();
             };
-            const bool onTheRight =
-                middleOf(form.lstSelectedFormats2) > middleOf(form.lstAvailableFormats);
+            const bool onTheRight = middleOf(form.formatTab.lstSelectedFormats2) >
+                                    middleOf(form.formatTab.lstAvailableFormats);
             EXPECT_EQ(onTheRight, direction == Qt::LeftToRight);
-            EXPECT_EQ(pointsRight(*widgetOf(form.btnAdd)), onTheRight);
-            EXPECT_EQ(pointsRight(*widgetOf(form.btnRemove)), !onTheRight);
+            EXPECT_EQ(pointsRight(*widgetOf(form.formatTab.btnAdd)), onTheRight);
+            EXPECT_EQ(pointsRight(*widgetOf(form.formatTab.btnRemove)), !onTheRight);
             EXPECT_EQ(u.see("btnAdd").caption, ">");
             u.closeByFrame();
         });

@@ -1,24 +1,113 @@
-// The part format tab: moving formats between the lists, and making, editing, copying, renaming and
-// deleting them.
+// Filling the lists, moving formats between them, and making, editing, copying, renaming and
+// deleting formats.
+#include "dialogs/session/part_format_tab.h"
+
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "dialogs/partformat/dlgSingleEntry.h"
 #include "dialogs/partformat/frmPartNumberFormat.h"
-#include "dialogs/session/frmMORAMConfig.h"
 #include "platform/files/file_system.h"
+#include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "services/deleted_items.h"
+#include "services/format_walks.h"
+#include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
+#include "wynconfig/form.h"
+#include "wynconfig/keys.h"
 #include "wynconfig/view.h"
 
 namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
-void frmMORAMConfig::btnAdd_Click() {
+PartFormatTab::PartFormatTab(Form& dialog, Messages& messages, std::function<Dataset&()> session)
+    : m_dialog(dialog), m_messages(messages), m_session(std::move(session)) {
+    btnAdd.Click = [this] { btnAdd_Click(); };
+    btnRemove.Click = [this] { btnRemove_Click(); };
+    btnNew.Click = [this] { btnNew_Click(); };
+    btnEdit.Click = [this] { btnEdit_Click(); };
+    btnCopy.Click = [this] { btnCopy_Click(); };
+    btnRename.Click = [this] { btnRename_Click(); };
+    btnDelete.Click = [this] { btnDelete_Click(); };
+}
+
+Layout PartFormatTab::declareLayout(Container& pane) {
+    using namespace layout;
+    Layout available = titled(
+        lblAvailableFormats,
+        {single(btnNew), single(btnCopy), single(btnRename), single(btnEdit), single(btnDelete)},
+        lstAvailableFormats);
+    return layout::pane(
+        pane,
+        {field(lblDisplayName3, lblDisplayName2),
+         growing(group(
+             frmPartFormat,
+             {growing(row(
+                 {growing(acting(std::move(available),
+                                 {.del = &btnDelete, .rename = &btnRename, .activate = &btnAdd})),
+                  column({stretch(), moving(btnAdd, lblAvailableFormats, lblSelectedFormats),
+                          moving(btnRemove, lblSelectedFormats, lblAvailableFormats), stretch()}),
+                  growing(acting(titled(lblSelectedFormats, lstSelectedFormats2),
+                                 {.del = &btnRemove, .activate = &btnRemove}))}))}))});
+}
+
+void PartFormatTab::prepareLists() {
+    // The columns keep the labels' design captions: the texts come later.
+    prepareItemList(lstAvailableFormats, lblAvailableFormats, 3200);
+    prepareItemList(lstSelectedFormats2, lblSelectedFormats, 3200);
+}
+
+void PartFormatTab::enter(const std::string& name) {
+    OnError on = OnError::ignoring();
+    on([&] { btnNew.setFocus(); });
+    on([&] { lblDisplayName2.setCaption(name); });
+    on([&] { lstAvailableFormats.refresh(); });
+    on([&] { lstSelectedFormats2.refresh(); });
+}
+
+void PartFormatTab::showSelected(const Dataset& session, RowVariable& row) {
+    OnError on = OnError::ignoring();
+    std::int16_t count = 0;
+    on([&] { row.read(session, session::kFormatCount); });
+    on([&] { count = toInt16(row.data()); });
+    on([&] { lstSelectedFormats2.clear(); });
+    for (int i = 1; i <= count; ++i) {
+        on([&] { row.read(session, session::formatKey(i)); });
+        on([&] { lstSelectedFormats2.add(row.data(), row.data(), m_dialog.font()); });
+    }
+    showFilled(on, lstSelectedFormats2);
+}
+
+void PartFormatTab::showFilled(OnError& on, ListView& list) {
+    on([&] { list.setVisible(true); });
+    on([&] { list.refresh(); });
+}
+
+void PartFormatTab::loadAvailableFormats() {
+    OnError on{"UnifrmMORAMConfig:loadAvailableFormats"};
+    std::vector<std::string> names;
+    on([&] { names = listItemNames(g_PartFormatFolder); });
+    if (names.empty()) return;
+    on([&] { lstAvailableFormats.clear(); });
+    for (const std::string& name : names)
+        on([&] { lstAvailableFormats.add(name, name, m_dialog.font()); });
+    if (g_DatasetMode) {
+        for (const auto& [key, format] : g_PartFormats) {
+            const std::string& name = format->Name();
+            if (!IsItemInUniListView(lstAvailableFormats, name))
+                on([&] { lstAvailableFormats.add(name, name, m_dialog.font()); });
+        }
+    }
+    showFilled(on, lstAvailableFormats);
+}
+
+void PartFormatTab::btnAdd_Click() {
     OnError on{"UnifrmMORAMConfig:btnAdd_Click"};
     if (const ListRow* selected = lstAvailableFormats.selectedItem()) {
         const std::string name = selected->text;
@@ -27,12 +116,12 @@ void frmMORAMConfig::btnAdd_Click() {
         if (std::any_of(rows.begin(), rows.end(),
                         [&](const ListRow& row) { return row.text == name; }))
             return;
-        on([&] { lstSelectedFormats2.add(name, name, font()); });
+        on([&] { lstSelectedFormats2.add(name, name, m_dialog.font()); });
     }
     on([&] { lstSelectedFormats2.refresh(); });
 }
 
-void frmMORAMConfig::btnRemove_Click() {
+void PartFormatTab::btnRemove_Click() {
     OnError on{"UnifrmMORAMConfig:btnRemove_Click"};
     if (const ListRow* selected = lstSelectedFormats2.selectedItem()) {
         const std::string key = selected->key;
@@ -41,7 +130,7 @@ void frmMORAMConfig::btnRemove_Click() {
     on([&] { lstSelectedFormats2.refresh(); });
 }
 
-void frmMORAMConfig::UpdateLstSelectedFormats(const std::string& sOld, const std::string& sNew) {
+void PartFormatTab::UpdateLstSelectedFormats(const std::string& sOld, const std::string& sNew) {
     OnError on{"UnifrmMORAMConfig:UpdateLstSelectedFormats"};
     const auto& rows = lstSelectedFormats2.rows();
     const auto row = std::find_if(rows.begin(), rows.end(),
@@ -58,7 +147,7 @@ void frmMORAMConfig::UpdateLstSelectedFormats(const std::string& sOld, const std
     on([&] { lstSelectedFormats2.refresh(); });
 }
 
-void frmMORAMConfig::btnNew_Click() {
+void PartFormatTab::btnNew_Click() {
     frmPartNumberFormat editor;
     editor.init("");
     editor.Show();
@@ -72,7 +161,7 @@ void frmMORAMConfig::btnNew_Click() {
     editor.Unload();
 }
 
-void frmMORAMConfig::btnEdit_Click() {
+void PartFormatTab::btnEdit_Click() {
     OnError on{"UnifrmMORAMConfig:btnEdit_Click"};
     const ListRow* selected = lstAvailableFormats.selectedItem();
     if (!selected) return;
@@ -84,7 +173,7 @@ void frmMORAMConfig::btnEdit_Click() {
     if (on.test([&] { return editor.Result() == 0; })) {
         const std::string& newName = editor.FormatName();
         on([&] { UpdateLstSelectedFormats(name, newName); });
-        on([&] { UpdatePartNumberFormatsInAllMORAMs(name, newName); });
+        on([&] { carryFormatThroughSessions(name, newName); });
         on([&] { loadAvailableFormats(); });
         selectAvailable(on, newName);
     }
@@ -93,7 +182,7 @@ void frmMORAMConfig::btnEdit_Click() {
     on([&] { lstAvailableFormats.setFocus(); });
 }
 
-void frmMORAMConfig::btnCopy_Click() {
+void PartFormatTab::btnCopy_Click() {
     OnError on{"UnifrmMORAMConfig:btnCopy_Click"};
     const ListRow* selected = lstAvailableFormats.selectedItem();
     if (!selected) return;
@@ -111,7 +200,7 @@ void frmMORAMConfig::btnCopy_Click() {
     selectAvailable(on, name);
 }
 
-void frmMORAMConfig::copyInMemory(OnError& on, const std::string& name) {
+void PartFormatTab::copyInMemory(OnError& on, const std::string& name) {
     const std::string copyName = "COPY OF " + UCase(name);
     const auto copy = std::make_shared<Dataset>();
     if (on.test([&] { return IsFactoryPartFormat(name); })) {
@@ -132,7 +221,7 @@ void frmMORAMConfig::copyInMemory(OnError& on, const std::string& name) {
     on([&] { g_PartFormats.Add(copy, copyName); });
 }
 
-void frmMORAMConfig::btnRename_Click() {
+void PartFormatTab::btnRename_Click() {
     OnError on{"UnifrmMORAMConfig:btnRename_Click"};
     const ListRow* selected = lstAvailableFormats.selectedItem();
     if (!selected) return;
@@ -157,7 +246,7 @@ void frmMORAMConfig::btnRename_Click() {
             on([&] { fileSystem().remove(oldFile); });
         }
         on([&] { UpdateLstSelectedFormats(oldName, UCase(newName)); });
-        on([&] { UpdatePartNumberFormatsInAllMORAMs(oldName, UCase(newName)); });
+        on([&] { carryFormatThroughSessions(oldName, UCase(newName)); });
         on([&] { loadAvailableFormats(); });
         selectAvailable(on, newName);
     }
@@ -166,7 +255,7 @@ void frmMORAMConfig::btnRename_Click() {
     on([&] { lstAvailableFormats.setFocus(); });
 }
 
-bool frmMORAMConfig::isNewNameRefused(OnError& on, const std::string& name) {
+bool PartFormatTab::isNewNameRefused(OnError& on, const std::string& name) {
     if (on.test([&] { return IsInvalidName(name); })) {
         m_messages.refuse(on, invalidNameText(on, kForbiddenInNames),
                           "MORAM_CONFIG_MSG_INVALID_CONFIG");
@@ -180,14 +269,14 @@ bool frmMORAMConfig::isNewNameRefused(OnError& on, const std::string& name) {
 }
 
 /// Here the name leads, with a colon behind it, other than in the session's own message.
-void frmMORAMConfig::refuseTakenName(OnError& on, const std::string& name) {
+void PartFormatTab::refuseTakenName(OnError& on, const std::string& name) {
     const std::string exists = fetchString(on, "MORAM_CONFIG_MSG_NAME_EXISTS");
     const std::string reenter = fetchString(on, "MORAM_CONFIG_MSG_REENTER_NAME");
     m_messages.refuse(on, name + ": " + exists + ". " + reenter, "MORAM_CONFIG_MSG_FORMAT_NAME");
 }
 
-bool frmMORAMConfig::renameInMemory(OnError& on, const std::string& oldName,
-                                    const std::string& newName) {
+bool PartFormatTab::renameInMemory(OnError& on, const std::string& oldName,
+                                   const std::string& newName) {
     if (on.test([&] { return IsItemInCollection(g_PartFormats, newName); })) {
         refuseTakenName(on, newName);
         return false;
@@ -198,12 +287,12 @@ bool frmMORAMConfig::renameInMemory(OnError& on, const std::string& oldName,
         on([&] { g_PartFormats.Remove(oldName); });
         on([&] { format->setName(newName); });
         on([&] { g_PartFormats.Add(format, newName); });
-        on([&] { RenamePartNumberFormatsInCurrentMORAM(oldName, newName); });
+        on([&] { carryFormatThroughRecord(m_session(), oldName, newName); });
     }
     return true;
 }
 
-void frmMORAMConfig::btnDelete_Click() {
+void PartFormatTab::btnDelete_Click() {
     OnError on{"UnifrmMORAMConfig:btnDelete_Click"};
     const ListRow* selected = lstAvailableFormats.selectedItem();
     if (!selected) return;
@@ -213,23 +302,23 @@ void frmMORAMConfig::btnDelete_Click() {
     if (!g_DatasetMode) return deleteInFiles(on, name);
     if (isFactoryRefused(on, name)) return;
     on([&] { DeleteUserPartFormat(name); });
-    on([&] { RenamePartNumberFormatsInCurrentMORAM(name, ""); });
+    on([&] { carryFormatThroughRecord(m_session(), name, ""); });
 }
 
-void frmMORAMConfig::deleteInFiles(OnError& on, const std::string& name) {
+void PartFormatTab::deleteInFiles(OnError& on, const std::string& name) {
     std::string session;
-    if (on.test([&] { return CheckForLastPartNumberFormatInAllMORAMs(name, session); })) {
+    if (on.test([&] { return isOnlyFormatOfASession(name, session); })) {
         const std::string text = fetchString(on, "MORAM_CONFIG_MSG_LAST_PART_FORMAT");
         m_messages.tell(on, text + " " + session, boxstyle::OkOnly, "MORAM_CONFIG_TAB_PART_FORMAT");
         return;
     }
     if (!name.empty()) moveToDeleted(on, g_PartFormatFolder, name);
     on([&] { UpdateLstSelectedFormats(name, ""); });
-    on([&] { UpdatePartNumberFormatsInAllMORAMs(name, ""); });
+    on([&] { carryFormatThroughSessions(name, ""); });
     on([&] { loadAvailableFormats(); });
 }
 
-void frmMORAMConfig::DeleteUserPartFormat(const std::string& sName) {
+void PartFormatTab::DeleteUserPartFormat(const std::string& sName) {
     OnError on{"UnifrmMORAMConfig:DeleteUserPartFormat"};
     on([&] { g_PartFormats.Remove(sName); });
     on([&] { loadAvailableFormats(); });
@@ -238,14 +327,14 @@ void frmMORAMConfig::DeleteUserPartFormat(const std::string& sName) {
     on([&] { lstAvailableFormats.setFocus(); });
 }
 
-bool frmMORAMConfig::isFactoryRefused(OnError& on, const std::string& name) {
+bool PartFormatTab::isFactoryRefused(OnError& on, const std::string& name) {
     if (!on.test([&] { return IsFactoryPartFormat(name); })) return false;
     m_messages.refuse(on, fetchString(on, "MORAM_CONFIG_MSG_CANNOT_MODIFY_FACTORY_DEFAULTS"),
                       "MORAM_CONFIG_MSG_ERROR");
     return true;
 }
 
-void frmMORAMConfig::selectAvailable(OnError& on, const std::string& name) {
+void PartFormatTab::selectAvailable(OnError& on, const std::string& name) {
     on([&] { lstAvailableFormats.select(name); });
     on([&] { lstAvailableFormats.refresh(); });
     on([&] { lstAvailableFormats.setFocus(); });

@@ -1,11 +1,13 @@
-// Carrying a part format's new name, or its deletion, through the sessions that refer to it.
-#include "dialogs/session/frmMORAMConfig.h"
+// The walks over the session folder.
+#include "services/format_walks.h"
+
+#include <vector>
+
 #include "platform/files/file_system.h"
 #include "services/item_lists.h"
 #include "services/on_error.h"
 #include "store/config_global_module.h"
 #include "store/session_record.h"
-#include "wynconfig/error.h"
 
 namespace wynconfig {
 
@@ -14,8 +16,7 @@ using namespace ConfigGlobalModule;
 // One record object serves a whole walk. A session that can't be loaded shows a box, and the walk
 // goes on with what the object holds from the session before.
 
-bool frmMORAMConfig::CheckForLastPartNumberFormatInAllMORAMs(const std::string& sPartformat,
-                                                             std::string& sSession) {
+bool isOnlyFormatOfASession(const std::string& format, std::string& session) {
     OnError on{"UnifrmMORAMConfig:CheckForLastPartNumberFormatInAllMORAMs"};
     std::vector<std::string> names;
     on([&] { names = listItemNames(g_SessionFolder); });
@@ -23,20 +24,18 @@ bool frmMORAMConfig::CheckForLastPartNumberFormatInAllMORAMs(const std::string& 
     for (const std::string& name : names) {
         on([&] { record.Load(ItemPath::item(g_SessionFolder, name), 0); });
         bool only = false;
-        // A session whose rows can't be read is passed over in silence.
         OnError skip = OnError::ignoring();
-        skip([&] { only = session::isOnlyFormat(record, sPartformat); });
+        skip([&] { only = session::isOnlyFormat(record, format); });
         if (only) {
-            sSession = name;
+            session = name;
             return true;
         }
     }
-    sSession.clear();
+    session.clear();
     return false;
 }
 
-void frmMORAMConfig::UpdatePartNumberFormatsInAllMORAMs(const std::string& sOldName,
-                                                        const std::string& sNewName) {
+void carryFormatThroughSessions(const std::string& oldName, const std::string& newName) {
     if (g_DatasetMode) return;
     OnError on{"UnifrmMORAMConfig:UpdatePartNumberFormatsInAllMORAMs"};
     std::vector<std::string> names;
@@ -47,17 +46,16 @@ void frmMORAMConfig::UpdatePartNumberFormatsInAllMORAMs(const std::string& sOldN
     for (const std::string& name : names) {
         const ItemPath file = ItemPath::item(g_SessionFolder, name);
         on([&] { record.Load(file, 0); });
-        OnError skip = OnError::ignoring();
-        skip([&] { session::carryFormat(record, sOldName, sNewName); });
+        carryFormatThroughRecord(record, oldName, newName);
         on([&] { record.Save(file); });
     }
     on([&] { batch.commit(); });
 }
 
-void frmMORAMConfig::RenamePartNumberFormatsInCurrentMORAM(const std::string& sOldName,
-                                                           const std::string& sNewName) {
+void carryFormatThroughRecord(Dataset& record, const std::string& oldName,
+                              const std::string& newName) {
     OnError skip = OnError::ignoring();
-    skip([&] { session::carryFormat(*dataset(), sOldName, sNewName); });
+    skip([&] { session::carryFormat(record, oldName, newName); });
 }
 
 }  // namespace wynconfig
