@@ -33,11 +33,11 @@ QString originOf(const StoredItem& item) {
 
 QTreeWidgetItem* addRow(QTreeWidget* list, const QString& name, ItemKind kind,
                         const QString& origin) {
-    constexpr int padding = 6;
+    constexpr int kPadding = 6;
     auto* row = new QTreeWidgetItem(list, {name, wordFor(kind), origin});
     const QFontMetrics metrics = list->fontMetrics();
-    row->setSizeHint(Kind, {metrics.horizontalAdvance(row->text(Kind)) + 2 * padding,
-                            metrics.height() + padding});
+    row->setSizeHint(Kind, {metrics.horizontalAdvance(row->text(Kind)) + 2 * kPadding,
+                            metrics.height() + kPadding});
     row->setToolTip(Origin, origin);
     return row;
 }

@@ -227,14 +227,14 @@ void Tour::performNow(const std::string& operationId, const Outcome& expected) {
 
 void Tour::onHostDialog(const std::string& pictureName, const char* button,
                         const std::function<void(QDialog&)>& act) {
-    constexpr int mostTries = 400;
-    awaitHostDialog(pictureName, button, act, mostTries);
+    constexpr int kMostTries = 400;
+    awaitHostDialog(pictureName, button, act, kMostTries);
 }
 
 void Tour::awaitHostDialog(const std::string& pictureName, const char* button,
                            const std::function<void(QDialog&)>& act, int tries) {
-    constexpr int betweenTries = 25;  // milliseconds
-    QTimer::singleShot(betweenTries, m_window.get(), [=, this] {
+    constexpr int kBetweenTries = 25;  // milliseconds
+    QTimer::singleShot(kBetweenTries, m_window.get(), [=, this] {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (!dialog || dialog->objectName() != kHostDialog) {
             if (tries == 0) return differ("the host's dialog " + pictureName + " did not come up");
@@ -251,8 +251,8 @@ void Tour::awaitHostDialog(const std::string& pictureName, const char* button,
 
 fs::path Tour::nextPicture(const std::string& name) {
     const std::string number = std::to_string(++m_pictures);
-    constexpr std::size_t digits = 3;
-    const std::string zeros(number.size() < digits ? digits - number.size() : 0, '0');
+    constexpr std::size_t kDigits = 3;
+    const std::string zeros(number.size() < kDigits ? kDigits - number.size() : 0, '0');
     const std::string file = zeros + number + "-" + name + ".png";
     say("picture " + file);
     return m_folder / file;

@@ -79,16 +79,16 @@ std::vector<std::string> WYNConfig::GetDatasetFormatsData() {
 long WYNConfig::showMORAMConfigDlgEX(std::string& sName, const std::string& strSessionDataXML,
                                      const std::vector<std::string>& arrayPartFormats) {
     OnError on{"WYNConfig:showMORAMConfigDlgEX"};
-    constexpr long refused = 1;
+    constexpr long kRefusedXml = 1;
     g_DatasetMode = true;
     Document document;
     document.setAsync(false);
     if (!document.loadXML(strSessionDataXML)) {
         refuseText("strSessionDataXML");
-        return refused;
+        return kRefusedXml;
     }
     on([&] { g_Session->Load(document, 0); });
-    if (!takePartFormats(on, document, arrayPartFormats)) return refused;
+    if (!takePartFormats(on, document, arrayPartFormats)) return kRefusedXml;
     frmMORAMConfig form;
     on([&] { form.initEX(UCase(sName), true); });
     return runDialog(on, form, sName);

@@ -6,9 +6,9 @@
 namespace wynconfig {
 
 std::vector<std::string> listItemNames(const std::string& folder) {
-    constexpr std::size_t extension = 4;
+    constexpr std::size_t kExtension = 4;
     std::vector<std::string> names = fileSystem().listItems(folder);
-    for (std::string& name : names) name.resize(name.size() - extension);
+    for (std::string& name : names) name.resize(name.size() - kExtension);
     return names;
 }
 
