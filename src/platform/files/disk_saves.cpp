@@ -37,7 +37,7 @@ std::optional<struct stat> statusOf(const OpenFolder& folder, const std::string&
 /// Where a link leads, or nothing when that is nowhere.
 std::optional<std::string> followed(const std::string& link) {
     const std::unique_ptr<char, void (*)(void*)> path{::realpath(link.c_str(), nullptr), std::free};
-    if (path != nullptr) return std::string{path.get()};
+    if (path) return std::string{path.get()};
     if (errno != ENOENT) throw SystemFailure{errno};
     return std::nullopt;
 }
@@ -239,7 +239,7 @@ void DiskSaves::stage(const std::string& path, std::string_view content) {
 void DiskSaves::unstage(const std::string& path) {
     const PathParts parts = partsOf(path);
     SaveFolder* folder = m_batch ? m_batch->known(parts.folder) : nullptr;
-    if (folder != nullptr) folder->unstage(parts.name);
+    if (folder) folder->unstage(parts.name);
 }
 
 void DiskSaves::commit() {

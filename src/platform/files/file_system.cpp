@@ -10,7 +10,7 @@ namespace wynconfig {
 
 namespace {
 
-constexpr std::string_view ItemExtension = ".vla";
+constexpr std::string_view kItemExtension = ".vla";
 
 bool isSeparator(char c) {
     return c == '/' || c == '\\';
@@ -28,8 +28,8 @@ bool isUsableName(std::string_view name) {
 }
 
 bool isItemName(std::string_view name) {
-    return name.size() >= ItemExtension.size() &&
-           UCase(name.substr(name.size() - ItemExtension.size())) == UCase(ItemExtension);
+    return name.size() >= kItemExtension.size() &&
+           UCase(name.substr(name.size() - kItemExtension.size())) == UCase(kItemExtension);
 }
 
 /// A path in the system's spelling: `/` between the parts, one at a time, none at the end.
@@ -48,8 +48,8 @@ std::string systemPath(std::string_view path) {
 
 /// A path as a message shows it: well-formed, and no longer than a box can hold.
 std::string shown(std::string_view path) {
-    constexpr std::size_t Most = 300;
-    constexpr std::size_t Part = 140;
+    constexpr std::size_t kMost = 300;
+    constexpr std::size_t kPart = 140;
     std::string text{path};
     if (!isUtf8(text)) {
         std::replace_if(
@@ -58,15 +58,15 @@ std::string shown(std::string_view path) {
     }
     std::replace(text.begin(), text.end(), '\0', '?');
     const std::size_t length = charCount(text);
-    if (length <= Most) return text;
-    return text.substr(0, byteOffset(text, Part)) + "\u2026" +
-           text.substr(byteOffset(text, length - Part));
+    if (length <= kMost) return text;
+    return text.substr(0, byteOffset(text, kPart)) + "\u2026" +
+           text.substr(byteOffset(text, length - kPart));
 }
 
 }  // namespace
 
 ItemPath ItemPath::item(std::string_view folder, std::string_view item) {
-    return {std::string{folder}, std::string{item} + std::string{ItemExtension}};
+    return {std::string{folder}, std::string{item} + std::string{kItemExtension}};
 }
 
 ItemPath ItemPath::of(std::string_view path) {
@@ -260,7 +260,7 @@ std::string FileSystem::nameOnDisk(const std::string& folder, const std::string&
                                    Question isWanted, Trust trust) {
     if ((this->*isWanted)(join(folder, name))) return name;
     const Index* index = indexOf(folder, trust);
-    if (index == nullptr) return {};
+    if (!index) return {};
     const std::string key = UCase(name);
     for (auto it = index->names.lower_bound({key, {}});
          it != index->names.end() && it->first == key; ++it) {

@@ -10,8 +10,8 @@ namespace wynconfig {
 namespace {
 
 // The limits that a disk has, in bytes.
-constexpr std::size_t MaxName = 255;
-constexpr std::size_t MaxPath = 4095;
+constexpr std::size_t kMaxName = 255;
+constexpr std::size_t kMaxPath = 4095;
 
 std::string causeOf(std::errc error) {
     return std::make_error_code(error).message();
@@ -39,14 +39,14 @@ Location locationOf(const std::string& path) {
 }
 
 bool isTooLong(const std::string& path, const Location& location) {
-    return path.size() > MaxPath || location.name.size() > MaxName;
+    return path.size() > kMaxPath || location.name.size() > kMaxName;
 }
 
 class MemoryFileSystem : public FileSystem {
   protected:
     bool entriesOf(const std::string& folder, std::vector<Entry>& entries) override {
         const Folder* listed = folderAt(folder);
-        if (listed == nullptr) return false;
+        if (!listed) return false;
         for (const auto& file : listed->files) entries.push_back({file.first, true});
         for (const auto& name : listed->folders) entries.push_back({name, false});
         return true;
@@ -54,7 +54,7 @@ class MemoryFileSystem : public FileSystem {
 
     bool stampOf(const std::string& folder, Stamp& stamp) override {
         const Folder* asked = folderAt(folder);
-        if (asked == nullptr) return false;
+        if (!asked) return false;
         stamp.value = asked->changes;
         stamp.settled = true;
         return true;
@@ -63,7 +63,7 @@ class MemoryFileSystem : public FileSystem {
     bool isPlainFile(const std::string& path) override {
         const Location location = locationOf(path);
         const Folder* folder = folderAt(location.folder);
-        return folder != nullptr && folder->files.count(location.name) != 0;
+        return folder && folder->files.count(location.name) != 0;
     }
 
     bool isFolder(const std::string& path) override { return folderAt(path) != nullptr; }
@@ -75,7 +75,7 @@ class MemoryFileSystem : public FileSystem {
             throw refusal("folder", path, "made", causeOf(error));
         };
         if (isTooLong(path, location)) refuse(std::errc::filename_too_long);
-        if (parent == nullptr) refuse(std::errc::no_such_file_or_directory);
+        if (!parent) refuse(std::errc::no_such_file_or_directory);
         if (isFolder(path) || isPlainFile(path)) refuse(std::errc::file_exists);
         m_folders[keyOf(path)];
         parent->folders.insert(location.name);
@@ -85,7 +85,7 @@ class MemoryFileSystem : public FileSystem {
     std::string readFile(const std::string& path) override {
         const Location location = locationOf(path);
         const Folder* folder = folderAt(location.folder);
-        if (folder == nullptr) throw notFound(path);
+        if (!folder) throw notFound(path);
         const auto file = folder->files.find(location.name);
         if (file == folder->files.end()) throw notFound(path);
         return file->second;
@@ -100,7 +100,7 @@ class MemoryFileSystem : public FileSystem {
     void removeFile(const std::string& path) override {
         const Location location = locationOf(path);
         Folder* folder = folderAt(location.folder);
-        if (folder == nullptr || folder->files.erase(location.name) == 0) throw notFound(path);
+        if (!folder || folder->files.erase(location.name) == 0) throw notFound(path);
         ++folder->changes;
     }
 
@@ -146,7 +146,7 @@ class MemoryFileSystem : public FileSystem {
             throw refusal("file", path, "written", causeOf(error));
         };
         if (isTooLong(path, location)) refuse(std::errc::filename_too_long);
-        if (folder == nullptr) refuse(std::errc::no_such_file_or_directory);
+        if (!folder) refuse(std::errc::no_such_file_or_directory);
         if (isFolder(path)) refuse(std::errc::is_a_directory);
         return *folder;
     }

@@ -19,23 +19,23 @@ namespace wynconfig {
 
 namespace {
 
-constexpr std::string_view Prefix = ".wyn-";
-constexpr std::string_view Suffix = ".tmp";
-constexpr std::string_view Digits = "0123456789";
+constexpr std::string_view kPrefix = ".wyn-";
+constexpr std::string_view kSuffix = ".tmp";
+constexpr std::string_view kDigits = "0123456789";
 
 /// What the names of this process's temporaries begin with. After a fork it is another one.
 std::string ownPrefix() {
     static const unsigned chance = std::random_device{}();
     char writer[32];
     std::snprintf(writer, sizeof writer, "%ld-%08x-", static_cast<long>(::getpid()), chance);
-    return std::string{Prefix} + writer;
+    return std::string{kPrefix} + writer;
 }
 
 /// Takes a number as `std::to_string` writes it off the front of a text.
 bool takeNumber(std::string_view& text) {
-    constexpr std::size_t MostDigits = 10;
-    const std::size_t length = std::min(text.find_first_not_of(Digits), text.size());
-    if (length == 0 || length > MostDigits || text.front() == '0') return false;
+    constexpr std::size_t kMostDigits = 10;
+    const std::size_t length = std::min(text.find_first_not_of(kDigits), text.size());
+    if (length == 0 || length > kMostDigits || text.front() == '0') return false;
     text.remove_prefix(length);
     return true;
 }
@@ -47,26 +47,26 @@ bool takeDash(std::string_view& text) {
 }
 
 bool takeChance(std::string_view& text) {
-    constexpr std::size_t Length = 8;
-    if (text.size() < Length) return false;
-    if (text.find_first_not_of("0123456789abcdef") < Length) return false;
-    text.remove_prefix(Length);
+    constexpr std::size_t kLength = 8;
+    if (text.size() < kLength) return false;
+    if (text.find_first_not_of("0123456789abcdef") < kLength) return false;
+    text.remove_prefix(kLength);
     return true;
 }
 
 /// The temporary by whose lock the one of this name lives, itself or another one; nothing for a
 /// name that is no temporary's.
 std::optional<std::string> leaderOf(std::string_view name) {
-    if (!name.starts_with(Prefix) || !name.ends_with(Suffix)) return std::nullopt;
-    std::string_view rest = name.substr(0, name.size() - Suffix.size());
+    if (!name.starts_with(kPrefix) || !name.ends_with(kSuffix)) return std::nullopt;
+    std::string_view rest = name.substr(0, name.size() - kSuffix.size());
     const std::string_view body = rest;
-    rest.remove_prefix(Prefix.size());
+    rest.remove_prefix(kPrefix.size());
     if (!takeNumber(rest) || !takeDash(rest) || !takeChance(rest) || !takeDash(rest) ||
         !takeNumber(rest)) {
         return std::nullopt;
     }
     std::string leader{body.substr(0, body.size() - rest.size())};
-    leader += Suffix;
+    leader += kSuffix;
     if (!rest.empty() && !(takeDash(rest) && takeNumber(rest) && rest.empty())) return std::nullopt;
     return leader;
 }
@@ -88,17 +88,17 @@ bool leadsToFile(const OpenFolder& folder, const std::string& name,
     struct stat info {};
     return ::fstatat(folder.number(), name.c_str(), &info, AT_SYMLINK_NOFOLLOW) == 0 &&
            S_ISREG(info.st_mode) &&
-           (open == nullptr || (info.st_ino == open->st_ino && info.st_dev == open->st_dev));
+           (!open || (info.st_ino == open->st_ino && info.st_dev == open->st_dev));
 }
 
 /// Opens a temporary for its lock alone; a negative number when that fails. On a file server only
 /// what is open for writing can be locked, here a reader can, too. Without O_NONBLOCK a named pipe
 /// would hold us up.
 Descriptor openToLock(const OpenFolder& folder, const std::string& name) {
-    constexpr int Flags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-    const int file = ::openat(folder.number(), name.c_str(), O_RDWR | Flags);
+    constexpr int kFlags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    const int file = ::openat(folder.number(), name.c_str(), O_RDWR | kFlags);
     if (file >= 0 || errno != EACCES) return Descriptor{file};
-    return Descriptor{::openat(folder.number(), name.c_str(), O_RDONLY | Flags)};
+    return Descriptor{::openat(folder.number(), name.c_str(), O_RDONLY | kFlags)};
 }
 
 /// Deletes a locked temporary whose writer is dead. True when it is gone, by whatever hand.
@@ -119,16 +119,16 @@ bool listTemporaries(const OpenFolder& folder, std::vector<std::string>& names) 
     Descriptor own{::openat(folder.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
     if (own.number() < 0) return false;
     const std::unique_ptr<DIR, int (*)(DIR*)> listing{::fdopendir(own.number()), ::closedir};
-    if (listing == nullptr) return false;
+    if (!listing) return false;
     own.release();
 
     const std::string prefix = ownPrefix();
     for (;;) {
         errno = 0;
         const dirent* entry = ::readdir(listing.get());
-        if (entry == nullptr) return errno == 0;
+        if (!entry) return errno == 0;
         const std::string_view name = entry->d_name;
-        if (name.starts_with(Prefix) && !name.starts_with(prefix) && leaderOf(name)) {
+        if (name.starts_with(kPrefix) && !name.starts_with(prefix) && leaderOf(name)) {
             names.emplace_back(name);
         }
     }
@@ -148,7 +148,7 @@ int LockedTemporary::create(mode_t mode) {
     const std::string prefix = ownPrefix();
     for (;;) {
         m_name = prefix + std::to_string(++counter);
-        m_name += Suffix;
+        m_name += kSuffix;
         Descriptor file{::openat(m_folder.number(), m_name.c_str(),
                                  O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode)};
         if (file.number() < 0) {
@@ -167,10 +167,10 @@ void LockedTemporary::publish(const std::string& target) {
 }
 
 std::string LockedTemporary::follower(unsigned number) const {
-    std::string name = m_name.substr(0, m_name.size() - Suffix.size());
+    std::string name = m_name.substr(0, m_name.size() - kSuffix.size());
     name += '-';
     name += std::to_string(number);
-    name += Suffix;
+    name += kSuffix;
     return name;
 }
 

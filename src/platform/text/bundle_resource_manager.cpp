@@ -27,7 +27,7 @@ namespace fs = std::filesystem;
 
 using Texts = std::unordered_map<std::string, std::string>;
 
-constexpr std::string_view fallbackLanguage = "en";
+constexpr std::string_view kFallbackLanguage = "en";
 
 class BundleResourceManager : public ResourceManager {
   public:
@@ -78,7 +78,7 @@ std::string scriptOf(const std::string& name) {
 /// The bundles that can serve a locale, the most general first: "en", "de", "de_Latn", "de_DE",
 /// "de_Latn_DE". Those of the language in another script don't.
 std::vector<std::string> bundleNames(const std::string& locale) {
-    std::vector<std::string> names{std::string(fallbackLanguage)};
+    std::vector<std::string> names{std::string(kFallbackLanguage)};
     const std::string name = localeName(locale);
     if (name.empty()) return names;
     const std::string language = askIcu(uloc_getLanguage, name);
@@ -154,11 +154,11 @@ std::string ownName(const std::string& name) {
     UErrorCode status = U_ZERO_ERROR;
     const icu::LocalULocaleDisplayNamesPointer names(
         uldn_openForContext(name.c_str(), contexts, std::size(contexts), &status));
-    constexpr std::int32_t capacity = 200;
-    UChar text[capacity] = {};
+    constexpr std::int32_t kCapacity = 200;
+    UChar text[kCapacity] = {};
     const std::int32_t length =
-        uldn_localeDisplayName(names.getAlias(), name.c_str(), text, capacity, &status);
-    if (U_FAILURE(status) || length > capacity) return name;
+        uldn_localeDisplayName(names.getAlias(), name.c_str(), text, kCapacity, &status);
+    if (U_FAILURE(status) || length > kCapacity) return name;
     std::string utf8;
     icu::UnicodeString(false, text, length).toUTF8String(utf8);
     return utf8;
