@@ -20,14 +20,14 @@ namespace wynconfig::desktop {
 
 namespace {
 
-constexpr int buttonsOfStyle = 0xF;
+constexpr int kButtonsOfStyle = 0xF;
 /// The widest column of text in a box, in characters.
-constexpr int widestText = 64;
+constexpr int kWidestText = 64;
 /// No text is wrapped to less than this for the sake of even lines.
-constexpr int leastWrapped = 50;
+constexpr int kLeastWrapped = 50;
 
 bool asksYesNo(int style) {
-    return (style & buttonsOfStyle) == boxstyle::YesNo;
+    return (style & kButtonsOfStyle) == boxstyle::YesNo;
 }
 
 /// Breaks a line between words, and words that are wider than a line anywhere.
@@ -51,11 +51,11 @@ QStringList wrap(const QString& line, const QFont& font, int width) {
 
 /// How many characters of a font a line may have; fewer on a narrow screen.
 int widestLine(const QFontMetrics& metrics) {
-    constexpr int besides = 20;
+    constexpr int kBesides = 20;
     const QScreen* screen = QGuiApplication::primaryScreen();
-    int chars = widestText;
-    while (screen && chars > besides &&
-           charsWide(metrics, chars + besides) > screen->availableSize().width())
+    int chars = kWidestText;
+    while (screen && chars > kBesides &&
+           charsWide(metrics, chars + kBesides) > screen->availableSize().width())
         --chars;
     return chars;
 }
@@ -65,7 +65,7 @@ QStringList wrapEvenly(const QString& line, const QFont& font) {
     const QFontMetrics metrics(font);
     int chars = widestLine(metrics);
     QStringList lines = wrap(line, font, charsWide(metrics, chars));
-    while (lines.size() > 1 && --chars >= leastWrapped) {
+    while (lines.size() > 1 && --chars >= kLeastWrapped) {
         QStringList narrower = wrap(line, font, charsWide(metrics, chars));
         if (narrower.size() > lines.size()) break;
         lines = std::move(narrower);
@@ -168,10 +168,10 @@ void setUp(QFileDialog& dialog, const BrowseRequest& wanted) {
     if (wanted.font) dialog.setFont(toQt(*wanted.font));
     layColumns(dialog);
     for (QPushButton* each : dialog.findChildren<QPushButton*>()) each->setIcon({});
-    constexpr int width = 96;
-    constexpr int lines = 34;
+    constexpr int kWidth = 96;
+    constexpr int kLines = 34;
     dialog.ensurePolished();
-    dialog.resize(charsWide(dialog.fontMetrics(), width), lines * dialog.fontMetrics().height());
+    dialog.resize(charsWide(dialog.fontMetrics(), kWidth), kLines * dialog.fontMetrics().height());
     dialog.layout()->activate();
 }
 

@@ -11,10 +11,10 @@ namespace {
 
 /// The contrast that people with weak eyes need is 4.5; some more, since styles shade the grounds
 /// of groups and pages a little, and those of buttons more than that.
-constexpr double readableContrast = 5.5;
-constexpr double readableOnButtons = 6.5;
+constexpr double kReadableContrast = 5.5;
+constexpr double kReadableOnButtons = 6.5;
 /// The contrast by which a box that is switched off is told from the others.
-constexpr double visibleContrast = 1.12;
+constexpr double kVisibleContrast = 1.12;
 
 /// A colour between two, which has `share` of the first.
 QColor mix(const QColor& one, const QColor& other, double share) {
@@ -42,17 +42,17 @@ double contrast(const QColor& one, const QColor& other) {
 /// The first colour on the way to another with enough contrast to a ground; the other when none
 /// has.
 QColor firstClear(const QColor& from, const QColor& to, const QColor& ground,
-                  double enough = readableContrast) {
-    constexpr int steps = 20;
-    for (int step = 0; step < steps; ++step) {
-        const QColor shade = mix(to, from, static_cast<double>(step) / steps);
+                  double enough = kReadableContrast) {
+    constexpr int kSteps = 20;
+    for (int step = 0; step < kSteps; ++step) {
+        const QColor shade = mix(to, from, static_cast<double>(step) / kSteps);
         if (contrast(shade, ground) >= enough) return shade;
     }
     return to;
 }
 
 void clearText(QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole ground) {
-    const double enough = ground == QPalette::Button ? readableOnButtons : readableContrast;
+    const double enough = ground == QPalette::Button ? kReadableOnButtons : kReadableContrast;
     palette.setColor(
         QPalette::Disabled, text,
         firstClear(palette.color(QPalette::Disabled, text), palette.color(QPalette::Active, text),
@@ -84,7 +84,7 @@ QColor inactiveColour() {
     const QPalette palette = QGuiApplication::palette();
     const QColor grey = palette.color(QPalette::Active, QPalette::Window);
     const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    if (contrast(grey, base) >= visibleContrast) return grey;
+    if (contrast(grey, base) >= kVisibleContrast) return grey;
     return mix(palette.color(QPalette::Active, QPalette::Text), base, 0.15);
 }
 

@@ -13,7 +13,7 @@ namespace wynconfig::desktop {
 
 namespace {
 
-constexpr double twipsPerInch = 1440.0;
+constexpr double kTwipsPerInch = 1440.0;
 
 double dotsPerInch() {
     const QScreen* screen = QGuiApplication::primaryScreen();
@@ -113,21 +113,21 @@ int charsWide(const QFontMetrics& metrics, int chars) {
 }
 
 int titleWidth(const QString& title) {
-    constexpr int frameButtons = 16;
-    constexpr int widest = 74;
+    constexpr int kFrameButtons = 16;
+    constexpr int kWidest = 74;
     QFont font = QApplication::font("QMdiSubWindowTitleBar");
     font.setBold(true);
     const QFontMetrics metrics(font);
-    return std::min(metrics.horizontalAdvance(title) + charsWide(metrics, frameButtons),
-                    charsWide(metrics, widest));
+    return std::min(metrics.horizontalAdvance(title) + charsWide(metrics, kFrameButtons),
+                    charsWide(metrics, kWidest));
 }
 
 int toPixels(int twips) {
-    return static_cast<int>(std::lround(twips * dotsPerInch() / twipsPerInch));
+    return static_cast<int>(std::lround(twips * dotsPerInch() / kTwipsPerInch));
 }
 
 int toTwips(int pixels) {
-    return static_cast<int>(std::lround(pixels * twipsPerInch / dotsPerInch()));
+    return static_cast<int>(std::lround(pixels * kTwipsPerInch / dotsPerInch()));
 }
 
 }  // namespace wynconfig::desktop

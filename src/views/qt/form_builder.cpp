@@ -296,28 +296,28 @@ void FormBuilder::rememberOptions(const Layout& field) {
 }
 
 void FormBuilder::addField(QGridLayout* grid, int row, const Layout& node, const Place& place) {
-    constexpr int labels = 0;
-    constexpr int boxes = 1;
-    constexpr int behind = 2;
+    constexpr int kLabels = 0;
+    constexpr int kBoxes = 1;
+    constexpr int kBehind = 2;
     const bool tall = growsDown(node);
     if (tall || node.grows) grid->setRowStretch(row, 1);
     if (node.label)
-        grid->addWidget(makeLabel(node, place), row, labels,
+        grid->addWidget(makeLabel(node, place), row, kLabels,
                         tall ? Qt::AlignTop : Qt::AlignVCenter);
     QWidget* widget = makeLabelled(node, place);
     if (node.children.empty()) {
-        grid->addWidget(widget, row, boxes, 1, 2);
+        grid->addWidget(widget, row, kBoxes, 1, 2);
         return;
     }
     auto* line = new QHBoxLayout;
     const bool ownWidth = node.children.back().kind == Layout::Kind::Stretch;
     if (isBox(*node.control) && !ownWidth) {
-        grid->addWidget(widget, row, boxes);
-        grid->addLayout(line, row, behind);
+        grid->addWidget(widget, row, kBoxes);
+        grid->addLayout(line, row, kBehind);
         fill(line, node.children, place);
     } else {
         // Options and the like stay together instead of going to the two ends of the row.
-        grid->addLayout(line, row, boxes, 1, 2);
+        grid->addLayout(line, row, kBoxes, 1, 2);
         line->addWidget(widget);
         fill(line, node.children, place);
         if (!ownWidth) line->addStretch(1);

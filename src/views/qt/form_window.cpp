@@ -136,8 +136,8 @@ void FormWindow::showForm() {
 }
 
 void FormWindow::applyLeastWidth() {
-    constexpr int comfortable = 45;
-    const int least = std::max(titleWidth(windowTitle()), charsWide(fontMetrics(), comfortable));
+    constexpr int kComfortable = 45;
+    const int least = std::max(titleWidth(windowTitle()), charsWide(fontMetrics(), kComfortable));
     if (m_leastWidth->sizeHint().width() == least) return;
     m_leastWidth->changeSize(least, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
     layout()->invalidate();

@@ -23,8 +23,8 @@ namespace wynconfig::desktop {
 
 namespace {
 
-constexpr qint64 patienceMs = 200;
-constexpr qsizetype longText = 200;
+constexpr qint64 kPatienceMs = 200;
+constexpr qsizetype kLongText = 200;
 
 void sendMouse(QWidget& widget, QEvent::Type type, const QPoint& at) {
     const bool press = type != QEvent::MouseButtonRelease;
@@ -44,7 +44,7 @@ void bringUp(QWidget& window) {
     QElapsedTimer waited;
     waited.start();
     const QWindow* handle = window.windowHandle();
-    while (handle && !handle->isExposed() && waited.elapsed() < patienceMs)
+    while (handle && !handle->isExposed() && waited.elapsed() < kPatienceMs)
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
     if (window.isActiveWindow()) return;
     window.activateWindow();
@@ -95,7 +95,7 @@ bool shortcut(QWidget& window, const QString& character) {
 }
 
 void typeText(QWidget& window, const QString& text) {
-    if (text.size() <= longText && onKeyboard(text)) {
+    if (text.size() <= kLongText && onKeyboard(text)) {
         for (const QChar each : text)
             keyClick(window, Qt::Key_unknown, Qt::NoModifier, QString(each));
     } else if (QWidget* focused = window.focusWidget()) {

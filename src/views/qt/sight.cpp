@@ -26,7 +26,7 @@ void lookAt(const RowList& list, Sight& sight) {
     const QAbstractItemModel& rows = *list.model();
     for (int i = 0; i < rows.rowCount(); ++i) {
         const QModelIndex row = rows.index(i, 0);
-        sight.rows.push_back({row.data(RowModel::KeyRole).toByteArray().toStdString(),
+        sight.rows.push_back({row.data(RowModel::kKeyRole).toByteArray().toStdString(),
                               fromQt(row.data().toString())});
     }
     sight.selected = list.selected();

@@ -17,10 +17,10 @@ void Typing::stop() {
 }
 
 bool Typing::take(const QKeyEvent& key) {
-    constexpr Qt::KeyboardModifiers others =
+    constexpr Qt::KeyboardModifiers kOthers =
         Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     const QString text = key.text();
-    if (!typed || text.isEmpty() || (key.modifiers() & others)) return false;
+    if (!typed || text.isEmpty() || (key.modifiers() & kOthers)) return false;
     if (!text.front().isPrint() && !text.front().isSurrogate()) return false;
     if (!goesOn()) stop();
     // A blank is a letter only within a name; before that it is the space bar.

@@ -25,12 +25,12 @@ namespace wynconfig::desktop {
 namespace {
 
 /// How many characters a box or value makes room for, in their average width.
-constexpr int usualChars = 25;
+constexpr int kUsualChars = 25;
 /// How many characters of a value are seen at the least.
-constexpr int leastChars = 11;
+constexpr int kLeastChars = 11;
 /// The same of a row in a list.
-constexpr int usualRow = 22;
-constexpr int leastRow = 18;
+constexpr int kUsualRow = 22;
+constexpr int kLeastRow = 18;
 
 }  // namespace
 
@@ -45,7 +45,7 @@ int TextBox::caret() const {
 QSize TextBox::sizeHint() const {
     // Paths and templates are longer than what Qt makes room for.
     const QSize usual = QLineEdit::sizeHint();
-    return {std::max(usual.width(), charsWide(fontMetrics(), usualChars)), usual.height()};
+    return {std::max(usual.width(), charsWide(fontMetrics(), kUsualChars)), usual.height()};
 }
 
 void TextBox::restore(int start, int length) {
@@ -159,8 +159,8 @@ bool ChoiceBox::event(QEvent* event) {
 }
 
 QSize MarkedLabel::withRoom(const QSize& size) const {
-    constexpr int lostKerning = 2;
-    return {size.width() + (text().contains(u'&') ? lostKerning : 0), size.height()};
+    constexpr int kLostKerning = 2;
+    return {size.width() + (text().contains(u'&') ? kLostKerning : 0), size.height()};
 }
 
 QSize MarkedLabel::sizeHint() const {
@@ -177,11 +177,11 @@ ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
 
 QSize ValueLabel::sizeHint() const {
     const QSize whole = QLabel::sizeHint();
-    return {std::min(whole.width(), charsWide(fontMetrics(), usualChars)), whole.height()};
+    return {std::min(whole.width(), charsWide(fontMetrics(), kUsualChars)), whole.height()};
 }
 
 QSize ValueLabel::minimumSizeHint() const {
-    return {charsWide(fontMetrics(), leastChars), QLabel::minimumSizeHint().height()};
+    return {charsWide(fontMetrics(), kLeastChars), QLabel::minimumSizeHint().height()};
 }
 
 void ValueLabel::paintEvent(QPaintEvent*) {
@@ -223,7 +223,7 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     const Row& row = m_rows[static_cast<std::size_t>(index.row())];
     if (role == Qt::DisplayRole) return row.text;
-    if (role == KeyRole) return QByteArray::fromStdString(row.key);
+    if (role == kKeyRole) return QByteArray::fromStdString(row.key);
     if (role == Qt::FontRole && row.font) return toQt(*row.font);
     return {};
 }
@@ -397,13 +397,13 @@ int RowList::heightFor(int rows) const {
 }
 
 QSize RowList::sizeHint() const {
-    const int width = std::max(m_widthHint, charsWide(fontMetrics(), usualRow));
+    const int width = std::max(m_widthHint, charsWide(fontMetrics(), kUsualRow));
     const int bar = verticalScrollBar()->sizeHint().width();
     return {width + bar + 2 * frameWidth(), heightFor(10)};
 }
 
 QSize RowList::minimumSizeHint() const {
-    return {charsWide(fontMetrics(), leastRow), heightFor(8)};
+    return {charsWide(fontMetrics(), kLeastRow), heightFor(8)};
 }
 
 }  // namespace wynconfig::desktop

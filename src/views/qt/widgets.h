@@ -110,7 +110,7 @@ class ValueLabel : public QLabel {
 /// The rows of a list as they were when they were last shown.
 class RowModel : public QAbstractListModel {
   public:
-    static constexpr int KeyRole = Qt::UserRole;
+    static constexpr int kKeyRole = Qt::UserRole;
 
     using QAbstractListModel::QAbstractListModel;
     void setRows(const std::vector<ListRow>& rows);
