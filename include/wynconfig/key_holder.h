@@ -1,8 +1,9 @@
-// Finds what a key of the keyboard belongs to, for the played person of any view.
+// Finds what a key of the keyboard belongs to.
 #pragma once
 
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "wynconfig/layout.h"
 #include "wynconfig/user.h"
@@ -15,8 +16,13 @@ struct KeyHolder {
     int tab = -1;  ///< where the control is a Tabs: the index of the tab
 };
 
-/// The one thing on a form that marks a key and can be used now. Raises `UserError` when there is
-/// none, or more than one.
+/// What marks a key on a form and can be used now, in the order of the layout: for a view whose
+/// toolkit finds none by itself.
+/// @param key  one upper-cased character
+std::vector<KeyHolder> holdersOf(const Layout& body, std::string_view key);
+
+/// The one thing that a played person sees to mark a key and to be of use now. Raises `UserError`
+/// when there is none, or more than one.
 /// @param key   one upper-cased character
 /// @param look  what the person sees of a control
 KeyHolder holderOf(const Layout& body, std::string_view key,

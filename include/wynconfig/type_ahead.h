@@ -24,6 +24,9 @@ class TypeAhead {
                      std::size_t current);
     /// The person paused: what is typed next begins anew.
     void forget() { m_typed.clear(); }
+    /// Whether a beginning stands there already. A blank is a letter only then; before that it is
+    /// the space bar.
+    bool begun() const { return !m_typed.empty(); }
 
   private:
     std::string m_typed;

@@ -1,8 +1,9 @@
-// Finds what a key of the keyboard belongs to, for the played person of any view.
+// Finds what a key of the keyboard belongs to.
 #include "wynconfig/key_holder.h"
 
 #include <string>
-#include <vector>
+
+#include "wynconfig/mnemonic.h"
 
 namespace wynconfig {
 
@@ -14,6 +15,22 @@ bool leadsNowhere(const Layout& body, const Control& control) {
 }
 
 }  // namespace
+
+std::vector<KeyHolder> holdersOf(const Layout& body, std::string_view key) {
+    std::vector<KeyHolder> holders;
+    for (Control* each : controlsOf(body)) {
+        if (!isUsable(body, *each) || leadsNowhere(body, *each)) continue;
+        if (const auto* tabs = dynamic_cast<const Tabs*>(each)) {
+            for (int i = 0; i < tabs->count(); ++i) {
+                if (mnemonicOf(tabs->caption(i)) == key) holders.push_back({each, i});
+            }
+        } else if (const auto* captioned = dynamic_cast<const CaptionedControl*>(each)) {
+            if (marksKey(body, *each) && mnemonicOf(captioned->caption()) == key)
+                holders.push_back({each});
+        }
+    }
+    return holders;
+}
 
 KeyHolder holderOf(const Layout& body, std::string_view key,
                    const std::function<Sight(const Control&)>& look) {

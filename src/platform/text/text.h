@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "wynconfig/characters.h"
+
 namespace wynconfig {
 
 /// One character of a text: its code point, below 0 for a byte that is no UTF-8, and its bytes.
@@ -24,12 +26,6 @@ std::string UCase(std::string_view text);
 
 /// Removes blanks, U+0020 alone, at both ends.
 std::string Trim(std::string_view text);
-
-/// Length of text in characters (code points); a byte that is no UTF-8 counts as one character.
-std::size_t charCount(std::string_view text);
-
-/// Byte offset of character number `chars` (from 0); the length of the text beyond its end.
-std::size_t byteOffset(std::string_view text, std::size_t chars);
 
 /// True when the whole text is well-formed UTF-8.
 bool isUtf8(std::string_view text);

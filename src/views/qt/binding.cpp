@@ -16,6 +16,7 @@
 #include "views/qt/convert.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/error.h"
+#include "wynconfig/keyboard.h"
 
 namespace wynconfig::desktop {
 
@@ -157,21 +158,17 @@ class ListBinding : public ActingBinding {
             rowList().setDeliberate();
         else
             rowList().typing.typed = [this, &door](TypeAhead& ahead, const std::string& letter) {
-                door([&](const UserInput&) { goByLetter(ahead, letter); });
+                door([&](const UserInput&) { typed(ahead, letter); });
             };
     }
 
   private:
     RowList& rowList() const { return static_cast<RowList&>(*widget()); }
-    void goByLetter(TypeAhead& ahead, const std::string& letter) {
+    void typed(TypeAhead& ahead, const std::string& letter) {
         // Rows that are not on the screen yet can't be gone to.
         if (m_list.revision() != m_shownRevision) return;
-        const auto& rows = m_list.rows();
-        const std::size_t number = ahead.next(
-            letter, rows.size(),
-            [&](std::size_t row) { return std::string_view(rows[row - 1].text); },
-            m_list.selectedNumber());
-        if (number > 0) rowList().goTo(number);
+        if (const KeyAct act = actOfLetter(m_list.form(), m_list, ahead, letter))
+            rowList().goTo(act.number);
     }
     void showContent() override {
         if (m_list.revision() != m_shownRevision) {
@@ -207,20 +204,14 @@ class ComboBinding : public ActingBinding {
                 showLater();
         });
         box().typing.typed = [this, &door](TypeAhead& ahead, const std::string& letter) {
-            door([&](const UserInput& input) { goByLetter(input, ahead, letter); });
+            door([&](const UserInput& input) {
+                carryOut(actOfLetter(m_combo.form(), m_combo, ahead, letter), input);
+            });
         };
     }
 
   private:
     ChoiceBox& box() const { return static_cast<ChoiceBox&>(*widget()); }
-    void goByLetter(const UserInput& input, TypeAhead& ahead, const std::string& letter) {
-        const auto& items = m_combo.items();
-        const auto current = static_cast<std::size_t>(m_combo.selectedIndex() + 1);
-        const std::size_t number = ahead.next(
-            letter, items.size(),
-            [&](std::size_t item) { return std::string_view(items[item - 1]); }, current);
-        if (number > 0 && number != current) input.choose(m_combo, static_cast<int>(number) - 1);
-    }
     void showContent() override {
         const QSignalBlocker quiet(&box());
         if (m_combo.revision() != m_shownRevision) {

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "wynconfig/keyboard.h"
+
 namespace wynconfig::desktop {
 
 namespace {
@@ -82,27 +84,31 @@ BuiltForm FormBuilder::build(const Layout& body) {
     } else {
         fill(outer, {body}, place);
     }
-    chainTabStops();
+    orderTabStops(body);
     return std::move(m_built);
 }
 
 /// The Tab key follows the layout, but for the buttons that end the dialog: it follows the order in
 /// which the platform has them.
-void FormBuilder::chainTabStops() {
-    std::vector<QWidget*> chain;
+void FormBuilder::orderTabStops(const Layout& body) {
+    std::unordered_map<const Control*, const QWidget*> widgets;
+    std::unordered_map<const QWidget*, Control*> controls;
     for (const auto& binding : m_built.bindings) {
-        QWidget* stop = binding->focusWidget();
-        const auto* buttons = qobject_cast<QDialogButtonBox*>(stop->parentWidget());
-        if (stop->focusPolicy() == Qt::NoFocus) continue;
-        if (!buttons) {
-            chain.push_back(stop);
-        } else if (std::find(chain.begin(), chain.end(), stop) == chain.end()) {
-            for (int i = 0; i < buttons->layout()->count(); ++i) {
-                if (QWidget* each = buttons->layout()->itemAt(i)->widget()) chain.push_back(each);
+        widgets[&binding->control()] = binding->widget();
+        controls[binding->widget()] = &binding->control();
+    }
+    std::vector<Control*>& order = m_built.tabOrder;
+    for (Control* each : wynconfig::tabOrder(body)) {
+        const auto* row = qobject_cast<QDialogButtonBox*>(widgets.at(each)->parentWidget());
+        if (!row) {
+            order.push_back(each);
+        } else if (std::find(order.begin(), order.end(), each) == order.end()) {
+            for (int i = 0; i < row->layout()->count(); ++i) {
+                const auto found = controls.find(row->layout()->itemAt(i)->widget());
+                if (found != controls.end()) order.push_back(found->second);
             }
         }
     }
-    for (std::size_t i = 1; i < chain.size(); ++i) QWidget::setTabOrder(chain[i - 1], chain[i]);
 }
 
 QWidget* FormBuilder::make(Control& control, const Place& place, const Standing& standing) {
@@ -242,8 +248,6 @@ void FormBuilder::addButtons(QBoxLayout* box, const Layout& node, const Place& p
         QWidget* button = make(*node.children[i].control, {buttons, nullptr});
         buttons->addButton(static_cast<QPushButton*>(button), roles[i]);
     }
-    // Where it passes the focus on, the Tab key would turn round in the buttons below tabs.
-    buttons->setFocusProxy(nullptr);
     box->addWidget(buttons);
     rememberButtons(node.children);
 }

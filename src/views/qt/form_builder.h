@@ -36,6 +36,8 @@ struct Mover {
 /// What came of a layout.
 struct BuiltForm {
     std::vector<std::unique_ptr<Binding>> bindings;  ///< in the order of the layout
+    /// Where the Tab key can stop, in its order.
+    std::vector<Control*> tabOrder;
     std::vector<SpokenName> spokenNames;
     std::vector<LabelledOption> labelledOptions;
     std::vector<Mover> movers;
@@ -78,7 +80,7 @@ class FormBuilder {
     void rememberOptions(const Layout& field);
     void addField(QGridLayout* grid, int row, const Layout& node, const Place& place);
     void rememberButtons(const std::vector<Layout>& nodes);
-    void chainTabStops();
+    void orderTabStops(const Layout& body);
 
     QWidget* m_window;
     Door& m_door;

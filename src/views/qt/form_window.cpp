@@ -10,6 +10,7 @@
 #include <QShortcutEvent>
 #include <QTabBar>
 #include <algorithm>
+#include <optional>
 
 #include "views/qt/colours.h"
 #include "views/qt/convert.h"
@@ -53,7 +54,11 @@ void FormWindow::watch() {
         m_byWidget[binding->focusWidget()] = &binding->control();
         binding->focusWidget()->installEventFilter(this);
         if (auto* list = dynamic_cast<RowList*>(binding->widget()))
-            list->doubleClicked = [this, list] { return actInList(list, &ListActs::activate); };
+            list->doubleClicked = [this, &rows = static_cast<ListView&>(binding->control())] {
+                const KeyAct act = m_form ? actOfDoubleClick(*m_form, rows) : KeyAct{};
+                obey(act);
+                return static_cast<bool>(act);
+            };
     }
 }
 
@@ -282,45 +287,80 @@ void FormWindow::focusFirst() {
     const Control* wanted = m_form->focused();
     const Binding* there = wanted ? binding(*wanted) : nullptr;
     if (there && canFocus(*there->focusWidget())) return;
-    const auto first =
-        std::find_if(m_built.bindings.begin(), m_built.bindings.end(), [this](const auto& each) {
-            return each->control().kind() != ControlKind::Tabs && canFocus(*each->widget()) &&
-                   (each->widget()->focusPolicy() & Qt::TabFocus);
-        });
-    if (first == m_built.bindings.end()) return;
-    m_door([&](const UserInput& input) { input.focus((*first)->control()); });
-    settleFocus();
+    std::vector<Control*> order = tabOrder(m_form->layout().body);
+    std::erase_if(order, [](const Control* each) { return each->kind() == ControlKind::Tabs; });
+    if (const Binding* first = stopAfter(order, nullptr, true)) {
+        m_door([&](const UserInput& input) { input.focus(first->control()); });
+        settleFocus();
+    }
+}
+
+const Binding* FormWindow::stopAfter(const std::vector<Control*>& order, const Control* from,
+                                     bool forward) const {
+    const auto stops = [this](const Control& control) {
+        const QWidget& widget = *binding(control)->focusWidget();
+        return canFocus(widget) && (widget.focusPolicy() & Qt::TabFocus);
+    };
+    const Control* next = nextStop(order, from, forward, stops);
+    return next ? binding(*next) : nullptr;
+}
+
+bool FormWindow::focusNextPrevChild(bool next) {
+    const auto found = m_byWidget.find(focusWidget());
+    const Control* from = found == m_byWidget.end() ? nullptr : found->second;
+    const Binding* to = m_form ? stopAfter(m_built.tabOrder, from, next) : nullptr;
+    if (!to) return false;
+    to->focusWidget()->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
 }
 
 namespace {
 
-/// How many tabs a key goes on; 0 for other keys.
-int tabSteps(const QKeyEvent& key) {
-    if (!(key.modifiers() & Qt::ControlModifier)) return 0;
+std::optional<FormKey> formKey(const QKeyEvent& key) {
+    const bool ctrl = key.modifiers() & Qt::ControlModifier;
+    const bool shift = key.modifiers() & Qt::ShiftModifier;
     switch (key.key()) {
+        case Qt::Key_Enter:
+        case Qt::Key_Return:
+            return FormKey::Enter;
+        case Qt::Key_Escape:
+            return FormKey::Escape;
+        case Qt::Key_Delete:
+            return FormKey::Delete;
+        case Qt::Key_F2:
+            return FormKey::F2;
         case Qt::Key_Tab:
-            return key.modifiers() & Qt::ShiftModifier ? -1 : 1;
+            if (ctrl) return shift ? FormKey::PreviousPane : FormKey::NextPane;
+            break;
         case Qt::Key_PageDown:
-            return 1;
+            if (ctrl) return FormKey::NextPane;
+            break;
         case Qt::Key_Backtab:
         case Qt::Key_PageUp:
-            return -1;
+            if (ctrl) return FormKey::PreviousPane;
+            break;
         default:
-            return 0;
+            break;
     }
+    return std::nullopt;
 }
 
 }  // namespace
 
-bool FormWindow::turnTab(int step) {
-    const auto tabs =
-        std::find_if(m_built.bindings.begin(), m_built.bindings.end(),
-                     [](const auto& each) { return each->control().kind() == ControlKind::Tabs; });
-    if (tabs == m_built.bindings.end()) return false;
-    auto* bar = static_cast<QTabBar*>((*tabs)->focusWidget());
-    if (!bar->isEnabled() || !bar->isVisible() || bar->count() < 2) return false;
-    bar->setCurrentIndex((bar->currentIndex() + step + bar->count()) % bar->count());
-    return true;
+bool FormWindow::takeKey(const QKeyEvent& key) {
+    const std::optional<FormKey> wanted = formKey(key);
+    if (!wanted || !m_form) return false;
+    const auto* list = dynamic_cast<const RowList*>(focusWidget());
+    const KeyAct act = actOfKey(*m_form, *wanted, list ? list->marked() : 0);
+    obey(act);
+    return static_cast<bool>(act);
+}
+
+void FormWindow::obey(const KeyAct& act) {
+    const bool moves = act.takesFocus || act.kind == KeyAct::Kind::Focus;
+    if (const Binding* there = moves ? binding(*act.control) : nullptr)
+        takeFocusTo(*there->focusWidget(), Qt::ShortcutFocusReason);
+    m_door([&](const UserInput& input) { carryOut(act, input); });
 }
 
 /// A key that is marked twice only moves the focus around, which Qt does by itself, and so does a
@@ -328,25 +368,15 @@ bool FormWindow::turnTab(int step) {
 bool FormWindow::followKey(const QObject* marked, const QShortcutEvent& key) {
     const auto found = m_byWidget.find(marked);
     if (!m_form || key.isAmbiguous() || found == m_byWidget.end()) return false;
-    Control* control = found->second;
-    if (control->kind() == ControlKind::Tabs) return false;
-    if (takesFocus(*control)) {
-        pressByKey(*control);
-        return true;
-    }
-    const Control* target = keyTarget(m_form->layout().body, *control);
-    if (const Binding* there = target ? binding(*target) : nullptr)
-        there->focusWidget()->setFocus(Qt::ShortcutFocusReason);
+    if (found->second->kind() == ControlKind::Tabs) return false;
+    obey(actOfMark(*m_form, {found->second}));
     return true;
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        // Here and not by the tab widget, so that it works from the buttons below the tabs and from
-        // lists, which would turn their own pages.
-        const int steps = tabSteps(static_cast<QKeyEvent&>(*event));
-        if (steps != 0 && turnTab(steps)) return true;
-    }
+    // Before the widget takes it: a list would turn its own pages, and a button press itself.
+    if (event->type() == QEvent::KeyPress && takeKey(static_cast<const QKeyEvent&>(*event)))
+        return true;
     if (event->type() == QEvent::Shortcut &&
         followKey(watched, static_cast<const QShortcutEvent&>(*event)))
         return true;
@@ -359,58 +389,17 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     return QDialog::eventFilter(watched, event);
 }
 
+/// Without a control that has the focus a key goes to the window; what it has no use for must not
+/// go on to QDialog, which would press buttons of its own choice.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-    if (!m_form) return;
-    switch (event->key()) {
-        case Qt::Key_Enter:
-        case Qt::Key_Return:
-            if (auto* focused = qobject_cast<QPushButton*>(focusWidget()))
-                focused->click();
-            else if (!actInList(focusWidget(), &ListActs::activate))
-                press(m_form->layout().defaultButton);
-            break;
-        case Qt::Key_Delete:
-            if (!actInList(focusWidget(), &ListActs::del)) event->ignore();
-            break;
-        case Qt::Key_F2:
-            if (!actInList(focusWidget(), &ListActs::rename)) event->ignore();
-            break;
-        case Qt::Key_Escape:
-            press(m_form->layout().cancelButton);
-            break;
-        default:
-            event->ignore();
-    }
+    event->setAccepted(takeKey(*event));
 }
 
-bool FormWindow::actInList(const QWidget* widget, Button* ListActs::*act) {
-    const auto found = m_byWidget.find(widget);
-    if (!m_form || found == m_byWidget.end() || found->second->kind() != ControlKind::ListView)
-        return false;
-    const auto& list = static_cast<const ListView&>(*found->second);
-    const Button* button = buttonFor(m_form->layout().body, list, act);
-    press(button);
-    return button != nullptr;
-}
-
-void FormWindow::press(const Button* button) {
-    const Binding* there = button ? binding(*button) : nullptr;
-    if (there && there->widget()->isVisibleTo(this))
-        static_cast<QAbstractButton*>(there->widget())->click();
-}
-
-void FormWindow::pressByKey(const Control& control) {
-    auto* button = static_cast<QAbstractButton*>(binding(control)->widget());
-    button->setFocus(Qt::ShortcutFocusReason);
-    // Leaving the box before may have changed what can be pressed.
-    if (m_form && canFocus(*button)) button->click();
-}
-
-void FormWindow::takeFocusTo(QWidget& widget) {
+void FormWindow::takeFocusTo(QWidget& widget, Qt::FocusReason reason) {
     const auto found = m_byWidget.find(&widget);
     if (found == m_byWidget.end()) return;
     m_door([&](const UserInput& input) { input.focus(*found->second); });
-    if (m_form) widget.setFocus(Qt::OtherFocusReason);
+    if (m_form) widget.setFocus(reason);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

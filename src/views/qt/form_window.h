@@ -13,6 +13,7 @@
 #include "views/qt/binding.h"
 #include "views/qt/form_builder.h"
 #include "wynconfig/form.h"
+#include "wynconfig/keyboard.h"
 
 class QShortcutEvent;
 
@@ -43,7 +44,7 @@ class FormWindow : public QDialog, private FormObserver {
         m_door([&](const UserInput&) { work(); });
     }
     /// Gives a control's widget the focus, also while another program has the keyboard.
-    void takeFocusTo(QWidget& widget);
+    void takeFocusTo(QWidget& widget, Qt::FocusReason reason = Qt::OtherFocusReason);
     /// Leaves the form the way that changes the least: by its cancel button, else by the frame.
     void giveUp();
 
@@ -52,6 +53,7 @@ class FormWindow : public QDialog, private FormObserver {
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     /// The dialog closes by its form alone.
     void reject() override {}
 
@@ -73,19 +75,18 @@ class FormWindow : public QDialog, private FormObserver {
     /// Has all widgets reckon their sizes anew, which those of a hidden window don't by themselves.
     void measureAnew();
     void markDefaultButton();
-    /// Brings the tab on top that is so many steps on, around the ends.
-    /// @return false when there is nothing to turn
-    bool turnTab(int step);
     bool canFocus(const QWidget& widget) const;
     void settleFocus();
     void focusFirst();
-    void press(const Button* button);
-    /// Presses the button that an act in a list is for; false when there is none to press.
-    bool actInList(const QWidget* widget, Button* ListActs::*act);
+    /// Where the Tab key leads now; null when nowhere.
+    const Binding* stopAfter(const std::vector<Control*>& order, const Control* from,
+                             bool forward) const;
+    /// Has the form answer a key; false when it has no use for it.
+    bool takeKey(const QKeyEvent& key);
     /// The key that a control marks in its caption was pressed. False: Qt shall deal with it.
     bool followKey(const QObject* marked, const QShortcutEvent& key);
-    /// Presses a button, check box or option that its key was pressed for.
-    void pressByKey(const Control& control);
+    /// Does what comes of a key.
+    void obey(const KeyAct& act);
 
     Form* m_form;
     std::string m_name;

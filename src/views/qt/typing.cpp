@@ -23,8 +23,7 @@ bool Typing::take(const QKeyEvent& key) {
     if (!typed || text.isEmpty() || (key.modifiers() & kOthers)) return false;
     if (!text.front().isPrint() && !text.front().isSurrogate()) return false;
     if (!goesOn()) stop();
-    // A blank is a letter only within a name; before that it is the space bar.
-    if (text == u" " && !m_last.isValid()) return false;
+    if (text == u" " && !m_ahead.begun()) return false;
     m_last.start();
     typed(m_ahead, fromQt(text));
     return true;

@@ -282,6 +282,10 @@ void RowList::showSelected(std::size_t number) {
     goTo(number);
 }
 
+std::size_t RowList::marked() const {
+    return static_cast<std::size_t>(currentIndex().row() + 1);
+}
+
 std::size_t RowList::selected() const {
     const QModelIndexList rows = selectionModel()->selectedRows();
     return rows.isEmpty() ? 0 : static_cast<std::size_t>(rows.front().row()) + 1;
@@ -290,7 +294,7 @@ std::size_t RowList::selected() const {
 void RowList::focusInEvent(QFocusEvent* event) {
     QTreeView::focusInEvent(event);
     // However the focus came, there is a row for the space bar and Enter to pick.
-    if (!currentIndex().isValid())
+    if (marked() == 0)
         selectionModel()->setCurrentIndex(m_rows.index(0), QItemSelectionModel::NoUpdate);
 }
 
@@ -315,8 +319,7 @@ void RowList::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void RowList::pickCurrent() {
-    if (currentIndex().isValid() && picked)
-        picked(static_cast<std::size_t>(currentIndex().row()) + 1);
+    if (marked() > 0 && picked) picked(marked());
 }
 
 bool RowList::picksCurrent(const QKeyEvent& event) const {
@@ -324,9 +327,6 @@ bool RowList::picksCurrent(const QKeyEvent& event) const {
         case Qt::Key_Space:
             // As a click does, the space bar also picks the row that is selected already.
             return true;
-        case Qt::Key_Enter:
-        case Qt::Key_Return:
-            return m_deliberate;
         case Qt::Key_Down:
             // While none is selected, the first step down picks the row with the focus mark instead
             // of passing it.
@@ -338,10 +338,7 @@ bool RowList::picksCurrent(const QKeyEvent& event) const {
 
 void RowList::keyPressEvent(QKeyEvent* event) {
     if (typing.take(*event)) return;
-    // These are keys of the form, though they come with a character of their own.
-    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_F2) {
-        event->ignore();
-    } else if (currentIndex().isValid() && picksCurrent(*event)) {
+    if (marked() > 0 && picksCurrent(*event)) {
         pickCurrent();
     } else {
         const QScopedValueRollback moving(m_moving, true);

@@ -142,8 +142,10 @@ class RowList : public QTreeView {
     void showSelected(std::size_t number);
     /// Number of the selected row, or 0.
     std::size_t selected() const;
+    /// Number of the row that the keyboard is at, or 0.
+    std::size_t marked() const;
     void setWidthHint(int pixels) { m_widthHint = pixels; }
-    /// From here on nothing but a click, the space bar and Enter picks.
+    /// From here on nothing but a click and the space bar picks.
     void setDeliberate() { m_deliberate = true; }
     /// Goes to a row as an arrow key does.
     void goTo(std::size_t number);

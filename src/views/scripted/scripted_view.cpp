@@ -6,9 +6,8 @@
 
 #include "platform/text/text.h"
 #include "wynconfig/form.h"
-#include "wynconfig/key_holder.h"
+#include "wynconfig/keyboard.h"
 #include "wynconfig/mnemonic.h"
-#include "wynconfig/type_ahead.h"
 
 namespace wynconfig {
 
@@ -19,7 +18,7 @@ class ScriptedView::Person : public User {
 
     void meet(Form& form) {
         m_forms.push_back(&form);
-        if (!form.focused()) focusNext(nullptr);
+        if (!form.focused()) press(FormKey::Tab);
         formCameUp(std::string(form.name()));
         if (form.loaded()) leaveOpen(form);
         m_forms.pop_back();
@@ -43,32 +42,16 @@ class ScriptedView::Person : public User {
         requirePressable(control);
         press(control);
     }
-    void pressEnter() override {
-        Control* focused = top().focused();
-        if (focused && focused->kind() == ControlKind::Button)
-            pressKeyOf(static_cast<Button*>(focused));
-        else if (!enterInList())
-            pressKeyOf(top().layout().defaultButton);
-    }
-    void pressEscape() override { pressKeyOf(top().layout().cancelButton); }
+    void pressEnter() override { press(FormKey::Enter); }
+    void pressEscape() override { press(FormKey::Escape); }
     void pressDelete() override;
-    void pressF2() override { pressKeyInList(&ListActs::rename); }
-    void pressTab() override { focusNext(top().focused()); }
+    void pressF2() override { press(FormKey::F2); }
+    void pressTab() override { press(FormKey::Tab); }
 
     void pressMnemonic(std::string_view key) override {
         const KeyHolder holder = holderOf(top().layout().body, key,
                                           [this](const Control& control) { return look(control); });
-        switch (holder.control->kind()) {
-            case ControlKind::Tabs:
-                m_input.changeTab(static_cast<Tabs&>(*holder.control), holder.tab);
-                break;
-            case ControlKind::Label:
-            case ControlKind::Frame:
-                m_input.focus(*keyTarget(top().layout().body, *holder.control));
-                break;
-            default:
-                click(holder.control->name());
-        }
+        carryOut(actOfMark(top(), holder), m_input);
     }
     void focus(std::string_view name) override {
         Control& control = usable(name);
@@ -160,37 +143,13 @@ class ScriptedView::Person : public User {
         else
             m_input.choose(static_cast<OptionButton&>(control));
     }
-    void pressKeyOf(Button* button) {
-        if (button && seen(*button) && button->enabled()) m_input.click(*button);
+    /// Presses a key; false when the form has no use for it.
+    bool press(FormKey key) {
+        const KeyAct act = actOfKey(top(), key);
+        carryOut(act, m_input);
+        return static_cast<bool>(act);
     }
-    /// The list that has the focus, or null.
-    ListView* focusedList() const {
-        Control* focused = top().focused();
-        return focused && focused->kind() == ControlKind::ListView ? static_cast<ListView*>(focused)
-                                                                   : nullptr;
-    }
-    /// Presses the button behind a key of the list that has the focus; false when there is none.
-    bool pressKeyInList(Button* ListActs::*act) {
-        const ListView* list = focusedList();
-        Button* button = list ? buttonFor(top().layout().body, *list, act) : nullptr;
-        if (button) m_input.click(*button);
-        return button != nullptr;
-    }
-    bool enterInList();
     static std::size_t rowOf(const ListView& list, const std::string& text);
-    void focusNext(const Control* from) {
-        const std::vector<Control*> order = controlsOf(top().layout().body);
-        const auto at = std::find(order.begin(), order.end(), from);
-        const std::size_t start =
-            at == order.end() ? 0 : static_cast<std::size_t>(at - order.begin()) + 1;
-        for (std::size_t step = 0; step < order.size(); ++step) {
-            Control* next = order[(start + step) % order.size()];
-            if (!takesFocus(*next) || !next->tabStop() || !next->enabled() || !seen(*next))
-                continue;
-            m_input.focus(*next);
-            return;
-        }
-    }
     void leaveOpen(Form& form) {
         blame("the form " + std::string(form.name()) + " was left open");
         if (Button* cancel = form.layout().cancelButton) m_input.click(*cancel);
@@ -210,18 +169,8 @@ std::size_t ScriptedView::Person::rowOf(const ListView& list, const std::string&
     return static_cast<std::size_t>(row - rows.begin()) + 1;
 }
 
-/// Enter in a list does its usual act; where picking acts it picks the row that the focus is on.
-bool ScriptedView::Person::enterInList() {
-    ListView* list = focusedList();
-    if (list && actsOf(top().layout().body, *list).deliberate && list->count() > 0) {
-        m_input.pick(*list, std::max<std::size_t>(list->selectedNumber(), 1));
-        return true;
-    }
-    return pressKeyInList(&ListActs::activate);
-}
-
 void ScriptedView::Person::pressDelete() {
-    if (pressKeyInList(&ListActs::del)) return;
+    if (press(FormKey::Delete)) return;
     Control* focused = top().focused();
     if (!focused || focused->kind() != ControlKind::Edit) return;
     Edit& edit = static_cast<Edit&>(*focused);
@@ -236,34 +185,21 @@ void ScriptedView::Person::pressDelete() {
 void ScriptedView::Person::doubleClick(std::string_view name, const std::string& text) {
     pick(name, text);
     ListView& list = usableAs<ListView>(name, ControlKind::ListView);
-    if (Button* button = buttonFor(top().layout().body, list, &ListActs::activate))
-        m_input.click(*button);
+    if (const KeyAct act = actOfDoubleClick(top(), list))
+        carryOut(act, m_input);
     else
         pick(name, text);
 }
 
 void ScriptedView::Person::typeAhead(std::string_view name, const std::string& letters) {
     Control& control = usable(name);
-    auto* list = dynamic_cast<ListView*>(&control);
-    auto* combo = dynamic_cast<ComboBox*>(&control);
-    if (!list && !combo) throw UserError("nothing is found by letters in " + std::string(name));
+    if (control.kind() != ControlKind::ListView && control.kind() != ControlKind::ComboBox)
+        throw UserError("nothing is found by letters in " + std::string(name));
     m_input.focus(control);
-    if (list && actsOf(top().layout().body, *list).deliberate) return;
     TypeAhead ahead;
     for (std::size_t at = 0; at < letters.size(); at += characterAt(letters, at).length) {
         const std::string letter = letters.substr(at, characterAt(letters, at).length);
-        const std::size_t current =
-            list ? list->selectedNumber() : static_cast<std::size_t>(combo->selectedIndex() + 1);
-        const auto textOf = [&](std::size_t row) -> std::string_view {
-            return list ? list->rows()[row - 1].text : combo->items()[row - 1];
-        };
-        const std::size_t count = list ? list->count() : combo->items().size();
-        const std::size_t row = ahead.next(letter, count, textOf, current);
-        if (row == 0 || row == current) continue;
-        if (list)
-            m_input.pick(*list, row);
-        else
-            m_input.choose(*combo, static_cast<int>(row) - 1);
+        carryOut(actOfLetter(top(), control, ahead, letter), m_input);
     }
 }
 
