@@ -24,8 +24,8 @@ class Document {
 
     /// Takes XML text, UTF-8 (whatever encoding it declares).
     /// @return false when the text is not well-formed, larger than kMaxItemSize, nested more than
-    ///         256 deep, or of more than some ten thousand different names; the document is empty
-    ///         then
+    ///         256 deep, or of more than 256 namespaces or some two thousand different names; the
+    ///         document is empty then
     bool loadXML(const std::string& text);
 
     /// The document's text; empty for a fresh document.

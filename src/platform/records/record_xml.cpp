@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "platform/text/text.h"
 #include "wynconfig/error.h"
@@ -167,9 +168,12 @@ class RecordReader {
     std::string fault;  ///< why the pass was stopped; empty while the text may be what is wanted
     std::string error;  ///< what the parser said first
 
-    void start(std::string_view name, int attributeCount, const xmlChar** attributes) {
+    void start(std::string_view name, int namespaceCount, int attributeCount,
+               const xmlChar** attributes) {
         ++m_depth;
         if (m_depth > kMaxDepth) return blame("its elements are nested too deeply");
+        m_namespaces.push_back(namespaceCount + (m_namespaces.empty() ? 0 : m_namespaces.back()));
+        if (m_namespaces.back() > kMaxNamespaces) return blame("it declares too many namespaces");
         if (!m_collects) return;
         if (m_depth == 1) {
             if (name != "dataset") return blame("its root element is not a dataset");
@@ -183,6 +187,7 @@ class RecordReader {
         }
     }
     void end() {
+        m_namespaces.pop_back();
         if (m_depth-- != 2) return;
         if (m_inRow) record.rows.back()[1] = unescaped();
         if (m_inColumn) record.columns.push_back(unescaped());
@@ -225,9 +230,11 @@ class RecordReader {
     }
 
     static constexpr int kMaxDepth = 256;
+    static constexpr int kMaxNamespaces = 256;  ///< the parser looks a prefix up among all of them
 
     bool m_collects;
     int m_depth = 0;
+    std::vector<int> m_namespaces;  ///< how many are in force within each open element
     bool m_inRow = false;
     bool m_inColumn = false;
     std::string m_text;
@@ -240,15 +247,16 @@ RecordReader& readerOf(void* user) {
 /// The parser compares each attribute of a tag with all others, so that a great many names would
 /// hold it up for hours.
 void onStartDocument(void* user) {
-    constexpr std::size_t bound = std::size_t{64} * 1024;
+    constexpr std::size_t bound = std::size_t{16} * 1024;
     xmlDictSetLimit(readerOf(user).parser->dict, bound);
 }
 
-void onStart(void* user, const xmlChar* name, const xmlChar*, const xmlChar* uri, int,
-             const xmlChar**, int attributeCount, int, const xmlChar** attributes) {
+void onStart(void* user, const xmlChar* name, const xmlChar*, const xmlChar* uri,
+             int namespaceCount, const xmlChar**, int attributeCount, int,
+             const xmlChar** attributes) {
     // The names of the stored form are in no namespace; those of others are unknown here.
-    readerOf(user).start(uri ? "" : reinterpret_cast<const char*>(name), attributeCount,
-                         attributes);
+    readerOf(user).start(uri ? "" : reinterpret_cast<const char*>(name), namespaceCount,
+                         attributeCount, attributes);
 }
 
 void onEnd(void* user, const xmlChar*, const xmlChar*, const xmlChar*) {
@@ -367,7 +375,7 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
                       options);
     const bool wellFormed = context->wellFormed != 0 && reader.fault.empty();
     // What strange texts leave in the context's dictionary would be held against later ones.
-    constexpr std::size_t dictionaryBound = std::size_t{16} * 1024;
+    constexpr std::size_t dictionaryBound = std::size_t{4} * 1024;
     if (!wellFormed || xmlDictGetUsage(context->dict) > dictionaryBound) context.reset();
     return wellFormed;
 }

@@ -31,8 +31,9 @@ enum class XmlSource {
 RecordText readRecord(std::string_view xml, XmlSource source);
 
 /// Whether text is well-formed XML within these bounds: it has no more than kMaxItemSize bytes, its
-/// elements are nested no more than 256 deep, and their names and those of their attributes take no
-/// more than some 64 KiB, each counted once. No entity is expanded and nothing is fetched.
+/// elements are nested no more than 256 deep, with no more than 256 namespaces in force, and their
+/// names and those of their attributes take no more than some 16 KiB, each counted once. No entity
+/// is expanded and nothing is fetched.
 bool isWellFormed(std::string_view xml);
 
 /// Writes a record. Any text can be read back: `_xHHHH_` stands for a character that XML has no

@@ -134,11 +134,22 @@ TEST_F(RecordSize, BoundsTheDepthOfElements) {
 }
 
 TEST_F(RecordSize, HasRoomForTheNamesOfALaterVersion) {
-    const std::string xml = "<dataset" + distinctNames(5000) + "/>";
+    const std::string xml = "<dataset" + distinctNames(2000) + "/>";
     Document document;
     EXPECT_TRUE(document.loadXML(xml));
     EXPECT_NO_THROW(record.Load(document));
     EXPECT_FALSE(document.loadXML("<dataset" + distinctNames(100'000) + "/>"));
+}
+
+TEST_F(RecordSize, BoundsTheNamespacesInForce) {
+    std::string some;
+    for (int i = 0; i < 128; ++i) some += " xmlns:n" + std::to_string(i) + "=\"urn:n\"";
+    const std::string row = "<row key=\"a\"" + some + "/>";
+    const std::string list = "<list" + some + ">" + "<item" + some + "/>";
+    Document document;
+    EXPECT_TRUE(document.loadXML("<dataset" + some + ">" + repeated(row, 10) + "</dataset>"));
+    EXPECT_TRUE(document.loadXML(list + "</list>"));
+    EXPECT_FALSE(document.loadXML(list + "<item" + some + "><one xmlns=\"urn:n\"/></item></list>"));
 }
 
 /// A large session among the sessions of a store.
