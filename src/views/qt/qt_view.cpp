@@ -16,8 +16,8 @@
 #include "views/qt/boxes.h"
 #include "views/qt/convert.h"
 #include "views/qt/form_window.h"
-#include "views/qt/hands.h"
-#include "views/qt/person.h"
+#include "views/qt/person/hands.h"
+#include "views/qt/person/person.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {

@@ -1,5 +1,5 @@
 // The hands of the played person: mouse and key events as a real mouse and keyboard cause them.
-#include "views/qt/hands.h"
+#include "views/qt/person/hands.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,5 +1,5 @@
 // What a person sees of a control: read from its widget, not from the control.
-#include "views/qt/sight.h"
+#include "views/qt/person/sight.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -1,5 +1,5 @@
 // The person who drives the real widgets.
-#include "views/qt/person.h"
+#include "views/qt/person/person.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -15,8 +15,8 @@
 
 #include "views/qt/boxes.h"
 #include "views/qt/convert.h"
-#include "views/qt/hands.h"
-#include "views/qt/sight.h"
+#include "views/qt/person/hands.h"
+#include "views/qt/person/sight.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/key_holder.h"
 
