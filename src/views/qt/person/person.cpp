@@ -13,6 +13,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "platform/forms/named_control.h"
 #include "views/qt/boxes.h"
 #include "views/qt/convert.h"
 #include "views/qt/person/hands.h"
@@ -102,12 +103,7 @@ FormWindow& Person::inHand() const {
 }
 
 Control& Person::there(std::string_view name) const {
-    const Form& form = *top().form();
-    if (Control* control = form.control(name)) return *control;
-    std::string names;
-    for (const Control* each : form.controls()) names += " " + std::string(each->name());
-    throw UserError("there is no " + std::string(name) + " on " + std::string(form.name()) +
-                    "; there are:" + names);
+    return namedControl(*top().form(), name);
 }
 
 template <class W>

@@ -1,0 +1,14 @@
+// How played persons find a control: by its name.
+#pragma once
+
+#include <string_view>
+
+#include "wynconfig/form.h"
+
+namespace wynconfig {
+
+/// The control of a name. Raises `UserError`, which lists the names that there are, when there is
+/// none.
+Control& namedControl(const Form& form, std::string_view name);
+
+}  // namespace wynconfig
