@@ -6,14 +6,14 @@
 #include <optional>
 #include <utility>
 
-#include "appearance.h"
 #include "installed_view.h"
-#include "language.h"
-#include "main_window.h"
-#include "pictures.h"
-#include "sample_store.h"
-#include "tour.h"
-#include "workplace.h"
+#include "sample/sample_store.h"
+#include "tour/pictures.h"
+#include "tour/tour.h"
+#include "window/appearance.h"
+#include "window/language.h"
+#include "window/main_window.h"
+#include "window/workplace.h"
 #include "wynconfig/qt_view.h"
 #include "wynconfig/resource_manager.h"
 

@@ -1,12 +1,12 @@
 // Reading the address of a database.
-#include "address.h"
+#include "database/address.h"
 
 #include <QString>
 #include <QStringList>
 #include <QUrl>
 #include <QUrlQuery>
 
-#include "database_error.h"
+#include "database/database_error.h"
 
 namespace host {
 

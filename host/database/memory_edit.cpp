@@ -1,12 +1,12 @@
 // Comparing what was handed to the component with what came back.
-#include "memory_edit.h"
+#include "database/memory_edit.h"
 
 #include <algorithm>
 #include <map>
 #include <memory>
 #include <utility>
 
-#include "names.h"
+#include "database/names.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/error.h"
 #include "wynconfig/keys.h"

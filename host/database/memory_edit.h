@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "session_database.h"
+#include "database/session_database.h"
 
 namespace host {
 

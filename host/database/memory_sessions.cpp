@@ -1,11 +1,11 @@
 // From the database into the dialogs and back.
-#include "memory_sessions.h"
+#include "database/memory_sessions.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "../installed_view.h"
-#include "names.h"
+#include "database/names.h"
+#include "installed_view.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/keys.h"
 

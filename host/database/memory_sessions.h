@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "memory_edit.h"
-#include "outcome.h"
-#include "session_database.h"
+#include "database/memory_edit.h"
+#include "database/outcome.h"
+#include "database/session_database.h"
 #include "wynconfig/wynconfig.h"
 
 namespace host {

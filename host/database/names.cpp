@@ -1,5 +1,5 @@
 // Upper-casing names, and listing those of a store.
-#include "names.h"
+#include "database/names.h"
 
 #include <QChar>
 #include <QList>

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "address.h"
-#include "database_error.h"
+#include "database/address.h"
+#include "database/database_error.h"
 
 class QSqlDatabase;
 class QSqlQuery;

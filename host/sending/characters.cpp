@@ -1,5 +1,5 @@
 // The lengths of characters in UTF-8.
-#include "characters.h"
+#include "sending/characters.h"
 
 namespace host {
 

@@ -1,5 +1,5 @@
 // Splitting and joining command lines.
-#include "command_line.h"
+#include "sending/command_line.h"
 
 #include <algorithm>
 

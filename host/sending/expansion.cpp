@@ -1,10 +1,10 @@
 // The layout of fields, records and pages.
-#include "expansion.h"
+#include "sending/expansion.h"
 
 #include <algorithm>
 
-#include "characters.h"
-#include "tokens.h"
+#include "sending/characters.h"
+#include "sending/tokens.h"
 
 namespace host {
 

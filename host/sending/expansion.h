@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <string>
 
-#include "part_format.h"
-#include "parts_list.h"
+#include "sending/part_format.h"
+#include "sending/parts_list.h"
 
 namespace host {
 

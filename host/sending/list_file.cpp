@@ -1,5 +1,5 @@
 // Appending to a file and replacing it.
-#include "list_file.h"
+#include "sending/list_file.h"
 
 #include <cerrno>
 #include <fstream>

@@ -1,9 +1,9 @@
 // Reading a part format's record.
-#include "part_format.h"
+#include "sending/part_format.h"
 
 #include <limits>
 
-#include "record_reader.h"
+#include "sending/record_reader.h"
 #include "wynconfig/keys.h"
 
 namespace host {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "stored_number.h"
+#include "sending/stored_number.h"
 #include "wynconfig/dataset.h"
 
 namespace host {

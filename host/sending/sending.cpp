@@ -1,5 +1,5 @@
 // The decisions of sending, and their order.
-#include "sending.h"
+#include "sending/sending.h"
 
 #include <algorithm>
 #include <exception>

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "command_line.h"
-#include "expansion.h"
-#include "list_file.h"
-#include "session.h"
+#include "sending/command_line.h"
+#include "sending/expansion.h"
+#include "sending/list_file.h"
+#include "sending/session.h"
 
 namespace host {
 

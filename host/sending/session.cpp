@@ -1,11 +1,11 @@
 // Reading a session's record.
-#include "session.h"
+#include "sending/session.h"
 
 #include <algorithm>
 #include <limits>
 
-#include "record_reader.h"
-#include "stored_number.h"
+#include "sending/record_reader.h"
+#include "sending/stored_number.h"
 #include "wynconfig/keys.h"
 
 namespace host {

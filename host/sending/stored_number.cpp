@@ -1,12 +1,12 @@
 // The grammar of stored numbers.
-#include "stored_number.h"
+#include "sending/stored_number.h"
 
 #include <algorithm>
 #include <charconv>
 #include <string>
 #include <system_error>
 
-#include "characters.h"
+#include "sending/characters.h"
 
 namespace host {
 

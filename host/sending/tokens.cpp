@@ -1,5 +1,5 @@
 // One pass over a template.
-#include "tokens.h"
+#include "sending/tokens.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // The two rules of a VIN's form.
-#include "vin.h"
+#include "sending/vin.h"
 
-#include "characters.h"
+#include "sending/characters.h"
 
 namespace host {
 

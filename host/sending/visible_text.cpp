@@ -1,7 +1,7 @@
 // Names for control characters.
-#include "visible_text.h"
+#include "sending/visible_text.h"
 
-#include "characters.h"
+#include "sending/characters.h"
 
 namespace host {
 

@@ -14,11 +14,11 @@
 #include <memory>
 #include <string>
 
-#include "catalogue.h"
-#include "main_window.h"
-#include "sample_store.h"
-#include "store_snapshot.h"
-#include "workplace.h"
+#include "sample/sample_store.h"
+#include "sample/store_snapshot.h"
+#include "window/catalogue.h"
+#include "window/main_window.h"
+#include "window/workplace.h"
 #include "wynconfig/resource_manager.h"
 
 namespace host {

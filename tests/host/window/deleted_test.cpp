@@ -5,9 +5,9 @@
 #include <QListWidget>
 #include <QTableWidget>
 
-#include "deleted_items.h"
-#include "session_panel.h"
+#include "sample/deleted_items.h"
 #include "support/host_window.h"
+#include "window/session_panel.h"
 
 namespace host {
 namespace {

@@ -6,8 +6,8 @@
 #include <QLineEdit>
 #include <fstream>
 
-#include "session_panel.h"
 #include "support/host_window.h"
+#include "window/session_panel.h"
 #include "wynconfig/dataset.h"
 
 namespace host {

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <set>
 
-#include "parts/parts.h"
+#include "sample/parts.h"
 #include "support/host_window.h"
 
 namespace host {

@@ -1,0 +1,344 @@
+// The parts of the sample catalogue and their two tables on the screen.
+#include "window/catalogue.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QSplitter>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QVBoxLayout>
+#include <array>
+#include <stdexcept>
+
+#include "sample/parts.h"
+#include "window/heading.h"
+
+namespace host {
+
+namespace {
+
+constexpr const char* kConnection = "catalogue";
+constexpr int kMostPieces = 999;
+
+void run(QSqlQuery& query) {
+    if (!query.exec())
+        throw std::runtime_error("The catalogue can't be made: " +
+                                 query.lastError().text().toStdString());
+}
+
+QSqlDatabase openCatalogue() {
+    QSqlDatabase::removeDatabase(kConnection);  // that of an earlier window
+    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), kConnection);
+    database.setDatabaseName(QStringLiteral(":memory:"));
+    if (!database.open())
+        throw std::runtime_error("The catalogue can't be opened: " +
+                                 database.lastError().text().toStdString());
+    QSqlQuery query(database);
+    query.prepare(
+        QStringLiteral("CREATE TABLE part (number TEXT PRIMARY KEY, description TEXT, "
+                       "part_group TEXT, cents INTEGER, stock INTEGER, quantity INTEGER)"));
+    run(query);
+    query.prepare(QStringLiteral("INSERT INTO part VALUES (?, ?, ?, ?, ?, 0)"));
+    for (const CataloguePart& part : catalogueParts()) {
+        query.addBindValue(part.number);
+        query.addBindValue(part.description);
+        query.addBindValue(part.group);
+        query.addBindValue(part.cents);
+        query.addBindValue(part.stock);
+        run(query);
+    }
+    return database;
+}
+
+QString money(qlonglong cents) {
+    return QLocale().toString(static_cast<double>(cents) / 100.0, 'f', 2);
+}
+
+/// Edits a quantity in a spin box.
+class QuantityDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                          const QModelIndex&) const override {
+        auto* box = new QSpinBox(parent);
+        box->setRange(0, kMostPieces);
+        box->setFrame(false);
+        return box;
+    }
+};
+
+QTableView* makeTable(QAbstractItemModel& model) {
+    auto* table = new QTableView;
+    table->setModel(&model);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setAlternatingRowColors(true);
+    table->setShowGrid(false);
+    table->setTabKeyNavigation(false);
+    table->setItemDelegateForColumn(CatalogueModel::Quantity, new QuantityDelegate(table));
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
+    QHeaderView& header = *table->horizontalHeader();
+    header.setHighlightSections(false);
+    // Both tables get the same widths, so that their columns stand below each other.
+    const auto width = [&](const char* widest) {
+        return table->fontMetrics().horizontalAdvance(QString::fromUtf8(widest)) + 30;
+    };
+    header.resizeSection(CatalogueModel::PartNumber, width("00-0000-W"));
+    header.resizeSection(CatalogueModel::Price, width("Price (EUR)"));
+    header.resizeSection(CatalogueModel::Stock, width("Stock"));
+    header.resizeSection(CatalogueModel::Quantity, width("Quantity"));
+    header.setSectionResizeMode(CatalogueModel::Description, QHeaderView::Stretch);
+    table->hideColumn(CatalogueModel::Group);
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    return table;
+}
+
+}  // namespace
+
+CatalogueModel::CatalogueModel(QObject* parent) : QSqlTableModel(parent, openCatalogue()) {
+    setTable(QStringLiteral("part"));
+    setEditStrategy(OnFieldChange);
+    const std::array<QString, ColumnCount> headings = {tr("Part number"), tr("Description"),
+                                                       tr("Group"),       tr("Price (EUR)"),
+                                                       tr("Stock"),       tr("Quantity")};
+    for (int column = 0; column < ColumnCount; ++column)
+        setHeaderData(column, Qt::Horizontal, headings[static_cast<std::size_t>(column)]);
+    if (!select())
+        throw std::runtime_error("The catalogue can't be read: " +
+                                 lastError().text().toStdString());
+    // The database gives its rows in portions; the parts list is made from all of them.
+    while (canFetchMore()) fetchMore();
+}
+
+QVariant CatalogueModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal)
+        return QVariant::fromValue((section < Price ? Qt::AlignLeft : Qt::AlignRight) |
+                                   Qt::AlignVCenter);
+    return QSqlTableModel::headerData(section, orientation, role);
+}
+
+int CatalogueModel::quantity(int row) const {
+    return QSqlTableModel::data(index(row, Quantity), Qt::EditRole).toInt();
+}
+
+Qt::ItemFlags CatalogueModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags readOnly = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    switch (index.column()) {
+        case PartNumber:
+            return readOnly | Qt::ItemIsUserCheckable;
+        case Quantity:
+            return readOnly | Qt::ItemIsEditable;
+        default:
+            return readOnly;
+    }
+}
+
+QVariant CatalogueModel::data(const QModelIndex& index, int role) const {
+    const int column = index.column();
+    if (role == Qt::CheckStateRole && column == PartNumber)
+        return quantity(index.row()) > 0 ? Qt::Checked : Qt::Unchecked;
+    if (role == Qt::TextAlignmentRole && column >= Price)
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
+    if (role == Qt::DisplayRole && column == Price)
+        return money(QSqlTableModel::data(index, Qt::EditRole).toLongLong());
+    if (role == Qt::DisplayRole && column == Quantity && quantity(index.row()) == 0)
+        return QString();
+    return QSqlTableModel::data(index, role);
+}
+
+bool CatalogueModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    const bool tick = role == Qt::CheckStateRole && index.column() == PartNumber;
+    const int pieces = tick ? (value.toInt() == Qt::Checked ? 1 : 0) : value.toInt();
+    const QModelIndex field = index.siblingAtColumn(Quantity);
+    if (!tick && index != field) return false;
+    if (!QSqlTableModel::setData(field, pieces, Qt::EditRole)) return false;
+    const QModelIndex first = index.siblingAtColumn(PartNumber);
+    emit dataChanged(first, field);
+    emit quantitiesChanged();
+    return true;
+}
+
+void CatalogueModel::clearQuantities() {
+    for (int row = 0; row < rowCount(); ++row) {
+        if (quantity(row) > 0) setData(index(row, Quantity), 0, Qt::EditRole);
+    }
+}
+
+QStringList CatalogueModel::groups() const {
+    QStringList groups;
+    for (int row = 0; row < rowCount(); ++row) groups << group(row);
+    groups.removeDuplicates();
+    return groups;
+}
+
+QString CatalogueModel::group(int row) const {
+    return QSqlTableModel::data(index(row, Group), Qt::EditRole).toString();
+}
+
+void FoundParts::setGroup(const QString& group) {
+    m_group = group;
+    invalidateFilter();
+}
+
+bool FoundParts::filterAcceptsRow(int row, const QModelIndex& parent) const {
+    const auto& parts = *static_cast<const CatalogueModel*>(sourceModel());
+    return (m_group.isEmpty() || parts.group(row) == m_group) &&
+           QSortFilterProxyModel::filterAcceptsRow(row, parent);
+}
+
+bool PickedParts::filterAcceptsRow(int row, const QModelIndex&) const {
+    return static_cast<const CatalogueModel*>(sourceModel())->quantity(row) > 0;
+}
+
+CatalogueWidget::CatalogueWidget(QWidget* parent)
+    : QWidget(parent),
+      m_parts(new CatalogueModel(this)),
+      m_found(new FoundParts(this)),
+      m_picked(new PickedParts(this)) {
+    m_found->setSourceModel(m_parts);
+    m_found->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_found->setFilterKeyColumn(-1);
+    m_found->setSortRole(Qt::EditRole);
+    m_picked->setSourceModel(m_parts);
+
+    auto* splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(makeCatalogue());
+    splitter->addWidget(makePartsList());
+    splitter->setStretchFactor(0, 3);
+    splitter->setStretchFactor(1, 1);
+    splitter->setChildrenCollapsible(false);
+    splitter->setHandleWidth(12);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(splitter);
+
+    connect(m_parts, &CatalogueModel::quantitiesChanged, this, [this] {
+        tell();
+        emit partsListChanged();
+    });
+    tell();
+}
+
+QWidget* CatalogueWidget::makeCatalogue() {
+    m_search = new QLineEdit;
+    m_search->setPlaceholderText(tr("Part number or description"));
+    m_search->setClearButtonEnabled(true);
+    auto* searchLabel = new QLabel(tr("Sea&rch:"));
+    searchLabel->setBuddy(m_search);
+    m_count = new QLabel;
+    m_group = new QComboBox;
+    m_group->addItem(tr("All groups"));
+    m_group->addItems(m_parts->groups());
+    auto* groupLabel = new QLabel(tr("&Group:"));
+    groupLabel->setBuddy(m_group);
+    m_catalogueView = makeTable(*m_found);
+    m_catalogueView->setSortingEnabled(true);
+    m_catalogueView->sortByColumn(CatalogueModel::Description, Qt::AscendingOrder);
+    m_catalogueView->selectRow(0);
+    m_catalogueView->setObjectName(QStringLiteral("catalogue"));
+    QLabel* title = makeHeading(tr("Parts catalog&ue"), *m_catalogueView);
+
+    auto* line = new QHBoxLayout;
+    line->addWidget(searchLabel);
+    line->addWidget(m_search, 1);
+    line->addWidget(groupLabel);
+    line->addWidget(m_group);
+    line->addWidget(m_count);
+    auto* widget = new QWidget;
+    auto* column = new QVBoxLayout(widget);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(title);
+    column->addLayout(line);
+    column->addWidget(m_catalogueView, 1);
+
+    connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_found->setFilterFixedString(text.trimmed());
+        tell();
+    });
+    connect(m_group, &QComboBox::currentIndexChanged, this, [this](int chosen) {
+        m_found->setGroup(chosen == 0 ? QString() : m_group->currentText());
+        tell();
+    });
+    connect(m_search, &QLineEdit::returnPressed, m_catalogueView, [this] {
+        m_catalogueView->selectRow(0);
+        m_catalogueView->setFocus();
+    });
+    return widget;
+}
+
+QWidget* CatalogueWidget::makePartsList() {
+    QTableView* table = makeTable(*m_picked);
+    QLabel* title = makeHeading(tr("Parts l&ist"), *table);
+    m_total = new QLabel;
+    m_clear = new QPushButton(tr("Clear list"));
+    connect(m_clear, &QPushButton::clicked, this, &CatalogueWidget::clearPartsList);
+
+    auto* line = new QHBoxLayout;
+    line->addWidget(m_total, 1);
+    line->addWidget(m_clear);
+    auto* widget = new QWidget;
+    auto* column = new QVBoxLayout(widget);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(title);
+    column->addWidget(table, 1);
+    column->addLayout(line);
+    return widget;
+}
+
+void CatalogueWidget::goToSearch() {
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+bool CatalogueWidget::pick(const QString& partNumber, int pieces) {
+    const QModelIndex first = m_parts->index(0, CatalogueModel::PartNumber);
+    const QModelIndexList found =
+        m_parts->match(first, Qt::EditRole, partNumber, 1, Qt::MatchExactly);
+    return !found.isEmpty() &&
+           m_parts->setData(found.front().siblingAtColumn(CatalogueModel::Quantity), pieces,
+                            Qt::EditRole);
+}
+
+std::vector<PickedPart> CatalogueWidget::partsList() const {
+    std::vector<PickedPart> parts;
+    for (int row = 0; row < m_picked->rowCount(); ++row) {
+        const auto field = [&](int column) {
+            return m_picked->index(row, column).data(Qt::EditRole);
+        };
+        parts.push_back({field(CatalogueModel::PartNumber).toString().toStdString(),
+                         field(CatalogueModel::Quantity).toInt(),
+                         field(CatalogueModel::Description).toString().toStdString()});
+    }
+    return parts;
+}
+
+void CatalogueWidget::clearPartsList() {
+    m_parts->clearQuantities();
+}
+
+void CatalogueWidget::tell() {
+    int pieces = 0;
+    qlonglong cents = 0;
+    for (int row = 0; row < m_parts->rowCount(); ++row) {
+        const int quantity = m_parts->quantity(row);
+        pieces += quantity;
+        cents +=
+            quantity * m_parts->index(row, CatalogueModel::Price).data(Qt::EditRole).toLongLong();
+    }
+    m_count->setText(tr("%1 of %2 parts").arg(m_found->rowCount()).arg(m_parts->rowCount()));
+    m_total->setText(pieces == 0 ? tr("Tick a part, or enter its quantity, to put it here.")
+                                 : tr("Pieces: %1, total: EUR %2").arg(pieces).arg(money(cents)));
+    m_clear->setEnabled(pieces > 0);
+}
+
+}  // namespace host

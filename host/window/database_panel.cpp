@@ -1,0 +1,125 @@
+// The database on the screen.
+#include "window/database_panel.h"
+
+#include <QAction>
+#include <QDateTime>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "database/names.h"
+#include "window/action_buttons.h"
+
+namespace host {
+
+namespace {
+
+enum Column { Name, Kind, Origin, ColumnCount };
+constexpr int kItemRole = Qt::UserRole;  ///< number of the item; factory items have none
+
+QString wordFor(ItemKind kind) {
+    return kind == ItemKind::Session ? DatabasePanel::tr("session")
+                                     : DatabasePanel::tr("part format");
+}
+
+QString originOf(const StoredItem& item) {
+    const auto at = QDateTime::fromString(QString::fromStdString(item.changedAt), Qt::ISODate);
+    return DatabasePanel::tr("%1, %2").arg(at.toLocalTime().toString("yyyy-MM-dd hh:mm"),
+                                           QString::fromStdString(item.changedBy));
+}
+
+QTreeWidgetItem* addRow(QTreeWidget* list, const QString& name, ItemKind kind,
+                        const QString& origin) {
+    constexpr int kPadding = 6;
+    auto* row = new QTreeWidgetItem(list, {name, wordFor(kind), origin});
+    const QFontMetrics metrics = list->fontMetrics();
+    row->setSizeHint(Kind, {metrics.horizontalAdvance(row->text(Kind)) + 2 * kPadding,
+                            metrics.height() + kPadding});
+    row->setToolTip(Origin, origin);
+    return row;
+}
+
+}  // namespace
+
+DatabasePanel::DatabasePanel(Workplace& workplace, const QList<QAction*>& actions,
+                             QAction* configure, QWidget* parent)
+    : QWidget(parent), m_workplace(workplace), m_list(new QTreeWidget), m_place(new QLabel) {
+    m_list->setAccessibleName(tr("Database"));
+    m_list->setColumnCount(ColumnCount);
+    m_list->setHeaderLabels({tr("Name"), tr("Kind"), tr("Last change")});
+    m_list->setRootIsDecorated(false);
+    m_list->setUniformRowHeights(true);
+    m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_place->setTextFormat(Qt::PlainText);
+    m_place->setWordWrap(true);
+    m_place->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    connect(m_list, &QTreeWidget::currentItemChanged, this, &DatabasePanel::selectionChanged);
+    connect(m_list, &QTreeWidget::itemActivated, configure, &QAction::trigger);
+
+    auto* line = new QHBoxLayout;
+    line->addWidget(m_list, 1);
+    line->addLayout(makeActionButtons(actions));
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(line, 1);
+    column->addWidget(m_place);
+}
+
+void DatabasePanel::refresh(const std::string& select) {
+    const auto before = selected();
+    m_list->clear();
+    m_items.clear();
+    try {
+        list();
+        m_place->setText(
+            tr("Database: %1").arg(QString::fromStdString(m_workplace.databaseText())));
+    } catch (const DatabaseError& error) {
+        m_list->clear();
+        m_items.clear();
+        m_place->setText(QString::fromUtf8(error.what()));
+    }
+    m_list->setCurrentItem(m_list->topLevelItem(0));
+    if (before) this->select(before->kind, before->item.name);
+    if (!select.empty()) this->select(ItemKind::Session, select);
+}
+
+void DatabasePanel::list() {
+    for (const ItemKind kind : {ItemKind::Session, ItemKind::Format})
+        for (const StoredItem& item : m_workplace.database().items(kind)) addItem(kind, item);
+    for (const std::string& name : itemNames(m_workplace.store().sessions()))
+        addFactory(ItemKind::Session, name);
+    for (const std::string& name : itemNames(m_workplace.store().formats()))
+        addFactory(ItemKind::Format, name);
+}
+
+void DatabasePanel::addItem(ItemKind kind, const StoredItem& item) {
+    QTreeWidgetItem* row = addRow(m_list, QString::fromStdString(item.name), kind, originOf(item));
+    row->setData(Name, kItemRole, static_cast<int>(m_items.size()));
+    m_items.push_back({kind, item});
+}
+
+void DatabasePanel::addFactory(ItemKind kind, const std::string& name) {
+    QTreeWidgetItem* row =
+        addRow(m_list, QString::fromStdString(name), kind, tr("factory item of the store"));
+    for (int column = 0; column < ColumnCount; ++column)
+        row->setForeground(column, palette().brush(QPalette::PlaceholderText));
+}
+
+std::optional<SelectedItem> DatabasePanel::selected() const {
+    const QTreeWidgetItem* row = m_list->currentItem();
+    const QVariant number = row ? row->data(Name, kItemRole) : QVariant();
+    if (!number.isValid()) return std::nullopt;
+    return m_items[static_cast<std::size_t>(number.toInt())];
+}
+
+void DatabasePanel::select(ItemKind kind, const std::string& name) {
+    for (int i = 0; i < static_cast<int>(m_items.size()); ++i) {
+        const SelectedItem& each = m_items[static_cast<std::size_t>(i)];
+        if (each.kind == kind && each.item.name == name)
+            m_list->setCurrentItem(m_list->topLevelItem(i));
+    }
+}
+
+}  // namespace host

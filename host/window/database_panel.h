@@ -1,0 +1,46 @@
+// The list of the database: its sessions and part formats, and the factory items of the store.
+#pragma once
+
+#include <QList>
+#include <QWidget>
+#include <optional>
+
+#include "window/operations.h"
+
+class QAction;
+class QLabel;
+class QTreeWidget;
+
+namespace host {
+
+class DatabasePanel : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// @param actions    each gets a button
+    /// @param configure  what a double click does
+    DatabasePanel(Workplace& workplace, const QList<QAction*>& actions, QAction* configure,
+                  QWidget* parent = nullptr);
+
+    /// Lists everything anew. A database that can't be reached is told instead.
+    /// @param select  name of the session to select; empty: the item selected so far
+    void refresh(const std::string& select);
+    /// The selected item of the database; none when it is a factory item.
+    std::optional<SelectedItem> selected() const;
+    void select(ItemKind kind, const std::string& name);
+
+  signals:
+    void selectionChanged();
+
+  private:
+    void list();
+    void addItem(ItemKind kind, const StoredItem& item);
+    void addFactory(ItemKind kind, const std::string& name);
+
+    Workplace& m_workplace;
+    QTreeWidget* m_list;
+    QLabel* m_place;
+    std::vector<SelectedItem> m_items;
+};
+
+}  // namespace host

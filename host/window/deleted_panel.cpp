@@ -1,0 +1,101 @@
+// The table of deleted items.
+#include "window/deleted_panel.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <exception>
+
+#include "window/heading.h"
+
+namespace host {
+
+namespace {
+
+enum Column { Name, Kind, ColumnCount };
+
+QTableWidget* makeTable() {
+    auto* table = new QTableWidget(0, ColumnCount);
+    table->setObjectName(QStringLiteral("deletedItems"));
+    table->setHorizontalHeaderLabels({DeletedPanel::tr("Name"), DeletedPanel::tr("Kind")});
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setAlternatingRowColors(true);
+    table->setShowGrid(false);
+    table->setTabKeyNavigation(false);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setSectionResizeMode(Name, QHeaderView::Stretch);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return table;
+}
+
+}  // namespace
+
+DeletedPanel::DeletedPanel(const StoreFolders& store, QWidget* parent)
+    : QWidget(parent),
+      m_store(store),
+      m_table(makeTable()),
+      m_restore(new QPushButton(tr("Res&tore"))),
+      m_outcome(new QLabel) {
+    m_restore->setObjectName(QStringLiteral("restore"));
+    m_restore->setStatusTip(tr("Moves the selected item back into the store"));
+    m_outcome->setObjectName(QStringLiteral("restored"));
+    m_outcome->setTextFormat(Qt::PlainText);
+    m_outcome->setWordWrap(true);
+    auto* line = new QHBoxLayout;
+    line->addWidget(m_outcome, 1);
+    line->addWidget(m_restore, 0, Qt::AlignTop);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(makeHeading(tr("D&eleted sessions and part formats"), *m_table));
+    column->addWidget(m_table, 1);
+    column->addLayout(line);
+    connect(m_restore, &QPushButton::clicked, this, &DeletedPanel::restore);
+    connect(m_table, &QTableWidget::itemActivated, m_restore, &QPushButton::click);
+    readStore();
+}
+
+void DeletedPanel::showEvent(QShowEvent* event) {
+    m_outcome->clear();
+    readStore();
+    QWidget::showEvent(event);
+}
+
+void DeletedPanel::readStore() {
+    const int row = m_table->currentRow();
+    m_items = deletedItems(m_store);
+    m_table->setRowCount(static_cast<int>(m_items.size()));
+    for (int at = 0; at < m_table->rowCount(); ++at) {
+        const DeletedItem& item = m_items[static_cast<std::size_t>(at)];
+        m_table->setItem(at, Name, new QTableWidgetItem(item.name));
+        m_table->setItem(at, Kind, new QTableWidgetItem(wordsFor(item.kind)));
+    }
+    m_table->resizeColumnToContents(Kind);
+    m_table->setCurrentCell(std::clamp(row, 0, std::max(m_table->rowCount() - 1, 0)), Name);
+    m_restore->setEnabled(!m_items.empty());
+    const QString nothing = tr("Nothing lies here.");
+    if (m_items.empty() && m_outcome->text().isEmpty()) m_outcome->setText(nothing);
+    if (!m_items.empty() && m_outcome->text() == nothing) m_outcome->clear();
+}
+
+void DeletedPanel::restore() {
+    const int row = m_table->currentRow();
+    if (row < 0) return;
+    const DeletedItem item = m_items[static_cast<std::size_t>(row)];
+    try {
+        restoreItem(m_store, item);
+        m_outcome->setText(tr("%1 %2 is back.").arg(wordsFor(item.kind), item.name));
+        readStore();
+        emit restored();
+    } catch (const std::exception& failure) {
+        m_outcome->setText(QString::fromUtf8(failure.what()));
+    }
+}
+
+}  // namespace host

@@ -1,0 +1,92 @@
+// The main window and its menus.
+#include "window/main_window.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLayout>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTabWidget>
+
+#include "window/catalogue.h"
+#include "window/deleted_panel.h"
+#include "window/language_menu.h"
+#include "window/send_panel.h"
+#include "window/session_panel.h"
+
+namespace host {
+
+MainWindow::MainWindow(Workplace& workplace)
+    : m_workplace(workplace),
+      m_catalogue(new CatalogueWidget),
+      m_send(new SendPanel(workplace.store())),
+      m_sessions(new SessionPanel(workplace)),
+      m_deleted(new DeletedPanel(workplace.store())),
+      m_place(new QLabel) {
+    setWindowTitle(tr("Parts Catalogue"));
+    auto* splitter = new QSplitter;
+    splitter->addWidget(m_catalogue);
+    splitter->addWidget(makePages());
+    splitter->setStretchFactor(0, 3);
+    splitter->setStretchFactor(1, 2);
+    splitter->setChildrenCollapsible(false);
+    splitter->setHandleWidth(12);
+    auto* central = new QWidget;
+    auto* layout = new QHBoxLayout(central);
+    layout->addWidget(splitter);
+    setCentralWidget(central);
+    makeMenus();
+    m_place->setTextFormat(Qt::PlainText);
+    statusBar()->addPermanentWidget(m_place);
+    connect(m_sessions, &SessionPanel::performed, this, &MainWindow::showStore);
+    showStore();
+    resize(1180, 740);
+}
+
+QWidget* MainWindow::makePages() {
+    m_pages = new QTabWidget;
+    m_pages->addTab(m_send, tr("Se&nd"));
+    m_pages->addTab(m_sessions, tr("Sessi&ons"));
+    m_pages->addTab(m_deleted, tr("&Deleted items"));
+    m_sessions->layout()->setContentsMargins(m_send->layout()->contentsMargins());
+    connect(m_catalogue, &CatalogueWidget::partsListChanged, this,
+            [this] { m_send->setParts(m_catalogue->partsList()); });
+    connect(m_sessions, &SessionPanel::sessionSelected, m_send, &SendPanel::selectSession);
+    connect(m_send, &SendPanel::sessionSelected, this,
+            [this](const QString& name) { m_sessions->selectSession(name.toStdString()); });
+    connect(m_sessions, &SessionPanel::performed, m_send, &SendPanel::readStore);
+    connect(m_sessions, &SessionPanel::performed, m_deleted, &DeletedPanel::readStore);
+    connect(m_deleted, &DeletedPanel::restored, m_sessions, &SessionPanel::refresh);
+    connect(m_deleted, &DeletedPanel::restored, m_send, &SendPanel::readStore);
+    return m_pages;
+}
+
+void MainWindow::showSessions() {
+    m_pages->setCurrentWidget(m_sessions);
+}
+
+void MainWindow::showSending() {
+    m_pages->setCurrentWidget(m_send);
+}
+
+void MainWindow::showStore() {
+    const std::string root = m_workplace.store().root.string();
+    m_place->setText(tr("Store: %1").arg(QString::fromStdString(root)));
+}
+
+void MainWindow::makeMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    QMenu* parts = menuBar()->addMenu(tr("&Parts"));
+    parts->addAction(tr("&Search"), QKeySequence::Find, m_catalogue, &CatalogueWidget::goToSearch);
+    parts->addAction(tr("&Clear list"), m_catalogue, &CatalogueWidget::clearPartsList);
+    parts->addAction(m_send->sendAction());
+    menuBar()->addMenu(tr("&Store"))->addActions(m_sessions->operationActions(Area::Store));
+    menuBar()->addMenu(tr("Data&base"))->addActions(m_sessions->operationActions(Area::Database));
+    QMenu* tools = menuBar()->addMenu(tr("Too&ls"));
+    tools->addActions(m_sessions->operationActions(Area::Tools));
+    tools->addMenu(makeLanguageMenu(m_workplace, this));
+}
+
+}  // namespace host

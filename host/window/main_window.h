@@ -1,0 +1,46 @@
+// The host's main window: the catalogue, and beside it the pages of sending, of the sessions and of
+// what was deleted.
+#pragma once
+
+#include <QMainWindow>
+
+#include "window/workplace.h"
+
+class QLabel;
+class QTabWidget;
+
+namespace host {
+
+class CatalogueWidget;
+class DeletedPanel;
+class SendPanel;
+class SessionPanel;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit MainWindow(Workplace& workplace);
+
+    CatalogueWidget& catalogue() { return *m_catalogue; }
+    SessionPanel& sessions() { return *m_sessions; }
+    SendPanel& sending() { return *m_send; }
+    /// Each brings its page to the front.
+    void showSessions();
+    void showSending();
+
+  private:
+    QWidget* makePages();
+    void makeMenus();
+    void showStore();
+
+    Workplace& m_workplace;
+    CatalogueWidget* m_catalogue;
+    SendPanel* m_send;
+    SessionPanel* m_sessions;
+    DeletedPanel* m_deleted;
+    QTabWidget* m_pages = nullptr;
+    QLabel* m_place;
+};
+
+}  // namespace host

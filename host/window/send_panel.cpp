@@ -1,0 +1,277 @@
+// The choices, the preview, and the sending itself.
+#include "window/send_panel.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <exception>
+#include <stdexcept>
+
+#include "database/names.h"
+#include "sample/store_items.h"
+#include "sending/vin.h"
+#include "sending/visible_text.h"
+#include "window/heading.h"
+#include "window/text_box.h"
+
+namespace host {
+
+namespace {
+
+constexpr int kPlanLines = 8;
+constexpr int kOutcomeLines = 5;
+
+QLabel* makeLabel(const QString& text, QWidget& buddy) {
+    auto* label = new QLabel(text);
+    label->setBuddy(&buddy);
+    return label;
+}
+
+QString fromText(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QString previewOf(const Expansion& list) {
+    return fromText(visibleText(list.text));
+}
+
+QStringList linesOf(const FileStep& step) {
+    const QString what =
+        step.file.append
+            ? SendPanel::tr("  gets %1 bytes behind what it holds, laid out by %2")
+            : SendPanel::tr("  gets %1 bytes in place of what it holds, laid out by %2");
+    return {SendPanel::tr("File: %1").arg(fromText(step.file.path.string())),
+            what.arg(step.list.text.size()).arg(fromText(step.formatName))};
+}
+
+QStringList linesOf(const ProgramStep& step) {
+    constexpr double kMillisecondsPerSecond = 1000;
+    const double seconds = static_cast<double>(step.delay.count()) / kMillisecondsPerSecond;
+    const QString when =
+        seconds > 0 ? SendPanel::tr("after %1 s").arg(seconds) : SendPanel::tr("at once");
+    return {SendPanel::tr("Command line: %1").arg(fromText(textOf(step.command))),
+            SendPanel::tr("  gets %1 bytes on its standard input %2, laid out by %3")
+                .arg(step.list.text.size())
+                .arg(when, fromText(step.formatName))};
+}
+
+QString factsOf(const Session& session) {
+    QStringList lines;
+    for (const auto& [label, value] : furtherFacts(session))
+        lines << SendPanel::tr("%1: %2").arg(fromText(label), fromText(value));
+    lines << QString() << SendPanel::tr("This host looks for no windows: it only shows these.");
+    return lines.join(u'\n');
+}
+
+}  // namespace
+
+SendPanel::SendPanel(const StoreFolders& store, QWidget* parent)
+    : QWidget(parent), m_store(store), m_sendAction(new QAction(tr("S&end list"), this)) {
+    m_sendAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
+    m_sendAction->setStatusTip(tr("Sends the parts list as the chosen session says"));
+    connect(m_sendAction, &QAction::triggered, this, &SendPanel::send);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(makeChoices());
+    layout->addWidget(makePreview(), 1);
+    layout->addWidget(makePlan());
+    connect(&m_starter, &ProcessStarter::told, this,
+            [this](const QString& sentence) { m_outcome->appendPlainText(sentence); });
+    readStore();
+}
+
+QWidget* SendPanel::makeChoices() {
+    m_sessions = new QComboBox;
+    m_sessions->setObjectName(QStringLiteral("session"));
+    m_formats = new QComboBox;
+    m_formats->setObjectName(QStringLiteral("partFormat"));
+    m_formats->setToolTip(tr("Lays the list out for the program"));
+    m_vin = new QLineEdit;
+    m_vin->setObjectName(QStringLiteral("vin"));
+    m_vin->setPlaceholderText(tr("17 characters, or none"));
+    m_vin->setClearButtonEnabled(true);
+    m_vinHint = new QLabel;
+    m_vinHint->setObjectName(QStringLiteral("vinHint"));
+    m_vinHint->setTextFormat(Qt::PlainText);
+    // The hint has its line in any case, so that nothing jumps when it comes.
+    QSizePolicy size = m_vinHint->sizePolicy();
+    size.setRetainSizeWhenHidden(true);
+    m_vinHint->setSizePolicy(size);
+    m_vinHint->setMinimumHeight(m_vinHint->fontMetrics().height());
+
+    auto* widget = new QWidget;
+    auto* grid = new QGridLayout(widget);
+    grid->setContentsMargins(0, 0, 0, 0);
+    int row = 0;
+    const auto add = [&](const QString& label, QWidget& field) {
+        grid->addWidget(makeLabel(label, field), row, 0);
+        grid->addWidget(&field, row++, 1);
+    };
+    add(tr("S&ession:"), *m_sessions);
+    add(tr("Part form&at:"), *m_formats);
+    add(tr("&VIN:"), *m_vin);
+    grid->addWidget(m_vinHint, row, 1);
+    grid->setColumnStretch(1, 1);
+
+    connect(m_sessions, &QComboBox::currentTextChanged, this, [this](const QString& name) {
+        m_wanted = name;
+        readSession();
+        refresh();
+        showList();
+        emit sessionSelected(name);
+    });
+    connect(m_formats, &QComboBox::currentTextChanged, this, &SendPanel::refresh);
+    connect(m_vin, &QLineEdit::textChanged, this, &SendPanel::refresh);
+    return widget;
+}
+
+QWidget* SendPanel::makePreview() {
+    const auto add = [this](const QString& title, const QString& name) {
+        QPlainTextEdit* box = makeTextBox(name);
+        m_preview->addTab(box, title);
+        return box;
+    };
+    m_preview = new QTabWidget;
+    m_preview->setDocumentMode(true);
+    m_programList = add(tr("For the progra&m"), tr("List for the program"));
+    m_programList->setObjectName(QStringLiteral("programList"));
+    m_programList->setPlaceholderText(tr("No program gets the list."));
+    m_fileList = add(tr("For t&he file"), tr("List for the file"));
+    m_fileList->setObjectName(QStringLiteral("fileList"));
+    m_fileList->setPlaceholderText(tr("The session writes no file."));
+    m_facts = add(tr("Onl&y shown"), tr("Settings that this host only shows"));
+    m_facts->setObjectName(QStringLiteral("facts"));
+    letLinesBreak(*m_facts);
+    return m_preview;
+}
+
+QWidget* SendPanel::makePlan() {
+    m_plan = makeTextBox(tr("What sending will do"));
+    m_plan->setObjectName(QStringLiteral("plan"));
+    setLines(*m_plan, kPlanLines);
+    m_outcome = makeTextBox(tr("What came of it"));
+    m_outcome->setObjectName(QStringLiteral("outcome"));
+    m_outcome->setPlaceholderText(tr("Nothing was sent yet."));
+    setLines(*m_outcome, kOutcomeLines);
+    m_send = new QPushButton(tr("Send lis&t"));
+    m_send->setObjectName(QStringLiteral("send"));
+    m_send->setStatusTip(m_sendAction->statusTip());
+    m_send->setToolTip(m_sendAction->shortcut().toString(QKeySequence::NativeText));
+    connect(m_send, &QPushButton::clicked, m_sendAction, &QAction::trigger);
+
+    auto* widget = new QWidget;
+    auto* column = new QVBoxLayout(widget);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(makeLabel(tr("&What sending will do:"), *m_plan));
+    column->addWidget(m_plan);
+    auto* line = new QHBoxLayout;
+    line->addWidget(makeLabel(tr("What &came of it:"), *m_outcome), 1, Qt::AlignBottom);
+    line->addWidget(m_send);
+    column->addLayout(line);
+    column->addWidget(m_outcome);
+    setTabOrder(m_plan, m_send);
+    return widget;
+}
+
+void SendPanel::setParts(std::vector<PickedPart> parts) {
+    m_list.parts = std::move(parts);
+    refresh();
+}
+
+void SendPanel::selectSession(const QString& name) {
+    if (name.isEmpty()) return;
+    m_wanted = name;
+    m_sessions->setCurrentText(name);
+}
+
+void SendPanel::readStore() {
+    {
+        const QSignalBlocker silent(m_sessions);
+        const QString wanted = m_wanted;
+        m_sessions->clear();
+        for (const std::string& name : itemNames(m_store.sessions()))
+            m_sessions->addItem(fromText(name));
+        m_sessions->setCurrentIndex(std::max(m_sessions->findText(wanted), 0));
+        m_wanted = m_sessions->currentText();
+    }
+    readSession();
+    refresh();
+}
+
+void SendPanel::readSession() {
+    m_session.reset();
+    try {
+        if (m_sessions->currentIndex() < 0) throw std::runtime_error("The store holds no session.");
+        m_session = loadSession(m_store, m_sessions->currentText().toStdString());
+    } catch (const std::exception& failure) {
+        m_unreadable = failure.what();
+    }
+    const QSignalBlocker silent(m_formats);
+    const QString chosen = m_formats->currentText();
+    m_formats->clear();
+    if (m_session) {
+        for (const std::string& name : m_session->formats) m_formats->addItem(fromText(name));
+    }
+    m_formats->setCurrentIndex(std::max(m_formats->findText(chosen), 0));
+}
+
+void SendPanel::showList() {
+    const bool forProgram = !m_programList->toPlainText().isEmpty();
+    const bool forFile = !m_fileList->toPlainText().isEmpty();
+    if (m_preview->currentWidget() != m_facts && forProgram != forFile)
+        m_preview->setCurrentWidget(forProgram ? m_programList : m_fileList);
+}
+
+Plan SendPanel::plan() const {
+    if (!m_session) {
+        Plan none;
+        none.problems.push_back(m_unreadable);
+        return none;
+    }
+    return planSending(*m_session, m_formats->currentText().toStdString(), m_list,
+                       [this](const std::string& name) { return loadPartFormat(m_store, name); });
+}
+
+void SendPanel::refresh() {
+    m_list.vin = m_vin->text().trimmed().toStdString();
+    m_vinHint->setText(fromText(vinHint(m_list.vin)));
+    m_vinHint->setVisible(!m_vinHint->text().isEmpty());
+    m_vin->setAccessibleDescription(m_vinHint->text());
+    showPlan(plan());
+}
+
+void SendPanel::showPlan(const Plan& plan) {
+    m_formats->setEnabled(plan.program.has_value());
+    showText(*m_programList, plan.program ? previewOf(plan.program->list) : QString());
+    showText(*m_fileList, plan.file ? previewOf(plan.file->list) : QString());
+    showText(*m_facts, m_session ? factsOf(*m_session) : QString());
+    QStringList lines;
+    for (const std::string& problem : plan.problems) lines << fromText(problem);
+    lines << (plan.file ? linesOf(*plan.file) : QStringList(tr("No file is written.")));
+    lines << (plan.program ? linesOf(*plan.program) : QStringList(tr("No program is started.")));
+    for (const std::string& remark : plan.remarks) lines << fromText(remark);
+    showText(*m_plan, lines.join(u'\n'));
+}
+
+void SendPanel::send() {
+    readSession();
+    const Plan now = plan();
+    showPlan(now);
+    const SendingReport report = carryOut(now, m_starter);
+    QStringList lines;
+    for (const std::string& sentence : report.done) lines << fromText(sentence);
+    if (!report.failure.empty())
+        lines << (report.done.empty() ? tr("Nothing was sent. %1") : tr("But: %1"))
+                     .arg(fromText(report.failure));
+    m_outcome->setPlainText(lines.join(u'\n'));
+}
+
+}  // namespace host

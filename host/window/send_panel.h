@@ -1,0 +1,76 @@
+// The page "Send": how a session would send the parts list, shown live, and the button that does
+// it.
+#pragma once
+
+#include <QWidget>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "sample/sample_store.h"
+#include "sending/sending.h"
+#include "window/process_starter.h"
+
+class QAction;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QTabWidget;
+
+namespace host {
+
+class SendPanel : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// @param store  the folders to read; has to outlive the panel, which follows its changes
+    explicit SendPanel(const StoreFolders& store, QWidget* parent = nullptr);
+
+    /// Does what the button does.
+    QAction* sendAction() const { return m_sendAction; }
+    void setParts(std::vector<PickedPart> parts);
+    /// Chooses a session; one that is not there yet, once the store is read anew.
+    void selectSession(const QString& name);
+    /// Reads the store anew, and keeps what was chosen as far as it is still there.
+    void readStore();
+    /// Sends the list, and says what came of it.
+    void send();
+
+  signals:
+    /// The user chose a session.
+    void sessionSelected(const QString& name);
+
+  private:
+    QWidget* makeChoices();
+    QWidget* makePreview();
+    QWidget* makePlan();
+    void readSession();
+    void refresh();
+    Plan plan() const;
+    void showPlan(const Plan& plan);
+    /// Turns to the list that there is, when there is only one.
+    void showList();
+
+    const StoreFolders& m_store;
+    ProcessStarter m_starter;
+    PartsList m_list;
+    QString m_wanted;  ///< the session to choose
+    std::optional<Session> m_session;
+    std::string m_unreadable;  ///< why there is no session
+    QAction* m_sendAction;
+    QComboBox* m_sessions = nullptr;
+    QComboBox* m_formats = nullptr;
+    QLineEdit* m_vin = nullptr;
+    QLabel* m_vinHint = nullptr;
+    QTabWidget* m_preview = nullptr;
+    QPlainTextEdit* m_programList = nullptr;
+    QPlainTextEdit* m_fileList = nullptr;
+    QPlainTextEdit* m_facts = nullptr;
+    QPlainTextEdit* m_plan = nullptr;
+    QPushButton* m_send = nullptr;
+    QPlainTextEdit* m_outcome = nullptr;
+};
+
+}  // namespace host

@@ -1,0 +1,271 @@
+// Sessions, operations and results on the screen.
+#include "window/session_panel.h"
+
+#include <QAction>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStringList>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <exception>
+
+#include "database/names.h"
+#include "window/action_buttons.h"
+#include "window/database_panel.h"
+#include "window/heading.h"
+
+namespace host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Of several files the one that was written last; deleted ones count before all others.
+const FileChange& lastOf(const std::vector<FileChange>& changes, const fs::path& root) {
+    const auto written = [&](const FileChange& change) {
+        if (change.kind == FileChange::Kind::Deleted) return fs::file_time_type::min();
+        return fs::last_write_time(root / change.path);
+    };
+    return *std::max_element(
+        changes.begin(), changes.end(),
+        [&](const FileChange& a, const FileChange& b) { return written(a) < written(b); });
+}
+
+}  // namespace
+
+SessionPanel::SessionPanel(Workplace& workplace, QWidget* parent)
+    : QWidget(parent), m_workplace(workplace) {
+    makeActions();
+    auto* splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(makeLists());
+    splitter->addWidget(makeResult());
+    splitter->setStretchFactor(0, 2);
+    splitter->setStretchFactor(1, 3);
+    splitter->setChildrenCollapsible(false);
+    splitter->setHandleWidth(12);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(splitter);
+    listSessions({});
+    enableActions();
+}
+
+void SessionPanel::makeActions() {
+    for (const Operation& operation : operations()) {
+        auto* action = new QAction(QString::fromUtf8(operation.caption), this);
+        action->setObjectName(operation.id);
+        action->setStatusTip(QString::fromUtf8(operation.tip));
+        action->setShortcut(QKeySequence(QString::fromUtf8(operation.shortcut)));
+        connect(action, &QAction::triggered, this, [this, &operation] { trigger(operation); });
+        m_actions << action;
+    }
+}
+
+QList<QAction*> SessionPanel::operationActions(Area area) const {
+    QList<QAction*> found;
+    for (std::size_t i = 0; i < operations().size(); ++i) {
+        if (operations()[i].area == area) found << m_actions[static_cast<qsizetype>(i)];
+    }
+    return found;
+}
+
+QList<QAction*> SessionPanel::buttonActions(Area area) const {
+    QList<QAction*> found;
+    for (std::size_t i = 0; i < operations().size(); ++i) {
+        const Operation& operation = operations()[i];
+        if (operation.area == area && operation.button)
+            found << m_actions[static_cast<qsizetype>(i)];
+    }
+    return found;
+}
+
+QWidget* SessionPanel::makeLists() {
+    m_lists = new QTabWidget;
+    m_lists->addTab(makeSessions(), tr("S&essions of the store"));
+    m_database = new DatabasePanel(m_workplace, buttonActions(Area::Database),
+                                   findChild<QAction*>("configure-of-database"));
+    connect(m_database, &DatabasePanel::selectionChanged, this, &SessionPanel::enableActions);
+    m_lists->addTab(m_database, tr("Database"));
+    // A database that can't be reached takes seconds: it is asked when somebody wants to see it.
+    connect(m_lists, &QTabWidget::currentChanged, this, [this] { listDatabase({}); });
+    return m_lists;
+}
+
+QWidget* SessionPanel::makeSessions() {
+    m_sessions = new QListWidget;
+    m_sessions->setAccessibleName(tr("Sessions of the store"));
+    connect(m_sessions, &QListWidget::currentRowChanged, this, &SessionPanel::enableActions);
+    connect(m_sessions, &QListWidget::currentTextChanged, this, &SessionPanel::sessionSelected);
+    connect(m_sessions, &QListWidget::itemActivated, findChild<QAction*>("configure"),
+            &QAction::trigger);
+    auto* widget = new QWidget;
+    auto* line = new QHBoxLayout(widget);
+    line->addWidget(m_sessions, 1);
+    line->addLayout(makeActionButtons(buttonActions(Area::Store)));
+    return widget;
+}
+
+QWidget* SessionPanel::makeResult() {
+    m_result = new QLabel(tr("No operation was called yet."));
+    m_result->setTextFormat(Qt::PlainText);
+    m_result->setWordWrap(true);
+    m_result->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_changes = new QLabel;
+    m_changes->setTextFormat(Qt::PlainText);
+    m_changes->setWordWrap(true);
+    m_changes->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_text = new QPlainTextEdit;
+    m_text->setReadOnly(true);
+    m_text->setTabChangesFocus(true);
+    m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QLabel* title =
+        makeHeading(tr("Las&t operation, and the item file that changed last"), *m_text);
+
+    auto* widget = new QWidget;
+    auto* column = new QVBoxLayout(widget);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(title);
+    column->addWidget(m_result);
+    column->addWidget(m_changes);
+    column->addWidget(m_text, 1);
+    m_changes->hide();
+    return widget;
+}
+
+std::string SessionPanel::selectedSession() const {
+    const QListWidgetItem* item = m_sessions->currentItem();
+    return item ? item->text().toStdString() : std::string();
+}
+
+Selection SessionPanel::selection() {
+    return {selectedSession(), m_database->selected(), window()};
+}
+
+void SessionPanel::selectSession(const std::string& name) {
+    m_lists->setCurrentIndex(0);
+    const auto found = m_sessions->findItems(QString::fromStdString(name), Qt::MatchExactly);
+    if (!found.isEmpty()) m_sessions->setCurrentItem(found.front());
+}
+
+void SessionPanel::refresh() {
+    listSessions(selectedSession());
+}
+
+void SessionPanel::selectInDatabase(ItemKind kind, const std::string& name) {
+    m_lists->setCurrentWidget(m_database);
+    m_database->refresh({});
+    m_database->select(kind, name);
+}
+
+void SessionPanel::listSessions(const std::string& select) {
+    m_sessions->clear();
+    for (const std::string& name : itemNames(m_workplace.store().sessions()))
+        m_sessions->addItem(QString::fromStdString(name));
+    m_sessions->setCurrentRow(0);
+    const auto found = m_sessions->findItems(QString::fromStdString(select), Qt::MatchExactly);
+    if (!found.isEmpty()) m_sessions->setCurrentItem(found.front());
+}
+
+void SessionPanel::listDatabase(const std::string& select) {
+    if (m_lists->currentWidget() == m_database) m_database->refresh(select);
+    enableActions();
+}
+
+void SessionPanel::enableActions() {
+    const Selection now = selection();
+    for (std::size_t i = 0; i < operations().size(); ++i) {
+        using Needs = Operation::Needs;
+        const Needs needs = operations()[i].needs;
+        const bool met = needs == Needs::Nothing ||
+                         (needs == Needs::Session && !now.session.empty()) ||
+                         (needs == Needs::DatabaseItem && now.database) ||
+                         (needs == Needs::DatabaseSession && now.database &&
+                          now.database->kind == ItemKind::Session) ||
+                         (needs == Needs::RefusedEdit && m_workplace.refused);
+        m_actions[static_cast<qsizetype>(i)]->setEnabled(met);
+    }
+}
+
+void SessionPanel::trigger(const Operation& operation) {
+    try {
+        perform(operation);
+    } catch (const std::exception& failure) {
+        // What is listed may be what made it fail.
+        listDatabase({});
+        QMessageBox::critical(this, window()->windowTitle(), QString::fromUtf8(failure.what()));
+    }
+}
+
+Snapshot SessionPanel::snapshot() const {
+    Snapshot files = takeSnapshot(m_workplace.store().root);
+    const std::string database = m_workplace.store().database().filename().string();
+    std::erase_if(files, [&](const auto& file) { return file.first.starts_with(database); });
+    return files;
+}
+
+Outcome SessionPanel::perform(const Operation& operation) {
+    const Selection selected = selection();
+    const auto root = m_workplace.store().root;
+    const Snapshot before = snapshot();
+    if (operation.area != Area::Tools) m_lists->setCurrentIndex(operation.area == Area::Database);
+    Outcome outcome = operation.call(m_workplace, selected);
+    showOutcome(outcome);
+    // The file that changed last gives way to what is shown below.
+    if (!outcome.shown.empty()) m_lastChange.clear();
+    // Of another store nothing is known from before.
+    const Snapshot after = snapshot();
+    showChanges(root == m_workplace.store().root ? before : after, after);
+    if (!outcome.shown.empty()) m_text->setPlainText(QString::fromStdString(outcome.shown));
+    const bool inDatabase = operation.area == Area::Database;
+    listSessions(outcome.name.empty() || inDatabase ? selected.session : outcome.name);
+    listDatabase(inDatabase ? outcome.name : std::string());
+    emit performed();
+    return outcome;
+}
+
+void SessionPanel::showOutcome(const Outcome& outcome) {
+    QStringList told;
+    const QString name = QString::fromStdString(outcome.name);
+    if (outcome.result) told << tr("Result %1").arg(*outcome.result);
+    if (!name.isEmpty()) told << (outcome.result ? tr("name %1") : tr("Name %1")).arg(name);
+    if (outcome.result && name.isEmpty()) told << tr("no name");
+    QString text = told.join(QStringLiteral(", "));
+    if (!outcome.text.empty())
+        text += (text.isEmpty() ? "" : ". ") + QString::fromStdString(outcome.text);
+    m_result->setText(text);
+}
+
+void SessionPanel::showChanges(const Snapshot& before, const Snapshot& after) {
+    const std::vector<FileChange> changes = changesBetween(before, after);
+    m_changes->show();
+    if (changes.empty()) {
+        // The text stays: that file is still the one that changed last.
+        const QString lead = m_lastChange.isEmpty() ? QString() : "\n" + tr("Before: ");
+        m_changes->setText(tr("No file changed.") + lead + m_lastChange);
+        return;
+    }
+    const FileChange& last = lastOf(changes, m_workplace.store().root);
+    QStringList told;
+    const auto tell = [&](const FileChange& change) {
+        told << tr("%1 (%2)").arg(QString::fromStdString(change.path), tr(wordFor(change.kind)));
+    };
+    tell(last);
+    for (const FileChange& change : changes) {
+        if (!(change == last)) tell(change);
+    }
+    m_lastChange = told.front();
+    m_changes->setText(told.join(QStringLiteral("\n")));
+    // Of a deleted file its last content is shown.
+    const Snapshot& source = last.kind == FileChange::Kind::Deleted ? before : after;
+    m_text->setPlainText(QString::fromStdString(source.at(last.path)));
+}
+
+}  // namespace host

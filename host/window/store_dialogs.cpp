@@ -1,0 +1,137 @@
+// The questions as small dialogs.
+#include "window/store_dialogs.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QObject>
+#include <QPushButton>
+#include <functional>
+
+#include "database/names.h"
+#include "window/host_dialog.h"
+#include "wynconfig/keys.h"
+
+namespace host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kFieldWidth = 380;
+
+QString tr(const char* text) {
+    return QObject::tr(text);
+}
+
+/// A form with a box for the folder of a store, and OK and Cancel below.
+class StoreForm {
+  public:
+    StoreForm(QWidget* window, const QString& title, const QString& okCaption)
+        : dialog(window), fields(new QFormLayout(&dialog)), folder(new QLineEdit) {
+        dialog.setObjectName(kHostDialog);
+        dialog.setWindowTitle(title);
+        folder->setObjectName("storeFolder");
+        folder->setMinimumWidth(kFieldWidth);
+        auto* browse = new QPushButton(tr("&Browse…"));
+        auto* line = new QHBoxLayout;
+        line->addWidget(folder);
+        line->addWidget(browse);
+        auto* label = new QLabel(tr("&Folder of the store:"));
+        label->setBuddy(folder);
+        fields->addRow(label, line);
+        QObject::connect(browse, &QPushButton::clicked, &dialog, [this] {
+            const QString path = QFileDialog::getExistingDirectory(
+                &dialog, tr("Folder of the store"), folder->text());
+            if (!path.isEmpty()) folder->setText(path);
+        });
+        m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+        ok()->setText(okCaption);
+        ok()->setObjectName("ok");
+        QObject::connect(m_buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+        QObject::connect(m_buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    }
+
+    QPushButton* ok() const { return m_buttons->button(QDialogButtonBox::Ok); }
+    fs::path path() const { return folder->text().toStdString(); }
+    bool run() {
+        fields->addRow(m_buttons);
+        return dialog.exec() == QDialog::Accepted;
+    }
+
+    QDialog dialog;
+    QFormLayout* fields;
+    QLineEdit* folder;
+
+  private:
+    QDialogButtonBox* m_buttons;
+};
+
+bool isFolder(const fs::path& path) {
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
+
+}  // namespace
+
+std::optional<fs::path> askForStore(QWidget* window, const fs::path& now) {
+    StoreForm form(window, tr("Open another store"), tr("&Open"));
+    auto* note = new QLabel;
+    form.fields->addRow(QString(), note);
+    const auto judge = [&] {
+        const bool there = isFolder(form.path());
+        note->setText(!there ? tr("There is no such folder.")
+                      : isFolder(form.path() / wynconfig::session::kType)
+                          ? tr("This folder holds a store.")
+                          : tr("A new store will be made there."));
+        form.ok()->setEnabled(there);
+    };
+    QObject::connect(form.folder, &QLineEdit::textChanged, &form.dialog, judge);
+    form.folder->setText(QString::fromStdString(now.string()));
+    if (!form.run()) return std::nullopt;
+    return fs::weakly_canonical(fs::absolute(form.path()));
+}
+
+std::optional<TakeOver> askForTakeOver(QWidget* window) {
+    StoreForm form(window, tr("Take over a session from another store"), tr("&Take over"));
+    auto* session = new QComboBox;
+    session->setObjectName("session");
+    auto* name = new QLineEdit;
+    name->setObjectName("name");
+    form.fields->addRow(tr("&Session:"), session);
+    form.fields->addRow(tr("Keep it in the database &as:"), name);
+    QObject::connect(form.folder, &QLineEdit::textChanged, &form.dialog, [&] {
+        session->clear();
+        const fs::path folder = form.path() / wynconfig::session::kType;
+        if (!isFolder(folder)) return;
+        for (const std::string& each : itemNames(folder))
+            session->addItem(QString::fromStdString(each));
+    });
+    QObject::connect(session, &QComboBox::currentTextChanged, name, &QLineEdit::setText);
+    const auto judge = [&] {
+        form.ok()->setEnabled(session->currentIndex() >= 0 && !name->text().trimmed().isEmpty());
+    };
+    QObject::connect(name, &QLineEdit::textChanged, &form.dialog, judge);
+    judge();
+    if (!form.run()) return std::nullopt;
+    return TakeOver{form.path(), session->currentText().toStdString(),
+                    name->text().trimmed().toStdString()};
+}
+
+bool askToRemove(QWidget* window, const std::string& name) {
+    const QString text = tr("Remove %1 from the database?").arg(QString::fromStdString(name));
+    QMessageBox box(QMessageBox::Question, tr("Parts Catalogue"), text,
+                    QMessageBox::Yes | QMessageBox::No, window);
+    box.setObjectName(kHostDialog);
+    box.button(QMessageBox::Yes)->setObjectName("yes");
+    box.setTextFormat(Qt::PlainText);
+    return box.exec() == QMessageBox::Yes;
+}
+
+}  // namespace host

@@ -1,0 +1,68 @@
+// The look of text that is only read.
+#include "window/text_box.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QSyntaxHighlighter>
+#include <QTextDocument>
+#include <QTextOption>
+
+namespace host {
+
+namespace {
+
+/// Colours the names of control characters, so that they can be told from the text.
+class ControlNames : public QSyntaxHighlighter {
+  public:
+    using QSyntaxHighlighter::QSyntaxHighlighter;
+
+  protected:
+    void highlightBlock(const QString& text) override {
+        static const QRegularExpression name(QStringLiteral("‹[0-9A-Z]+›"));
+        QTextCharFormat format;
+        format.setForeground(QGuiApplication::palette().link());
+        for (const QRegularExpressionMatch& match : name.globalMatch(text))
+            setFormat(static_cast<int>(match.capturedStart()),
+                      static_cast<int>(match.capturedLength()), format);
+    }
+};
+
+}  // namespace
+
+QPlainTextEdit* makeTextBox(const QString& name) {
+    auto* box = new QPlainTextEdit;
+    box->setReadOnly(true);
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    box->setTabChangesFocus(true);
+    box->setLineWrapMode(QPlainTextEdit::NoWrap);
+    box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    box->setAccessibleName(name);
+    new ControlNames(box->document());
+    return box;
+}
+
+void letLinesBreak(QPlainTextEdit& box) {
+    box.setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    box.setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+void setLines(QPlainTextEdit& box, int lines) {
+    letLinesBreak(box);
+    const int frame = 2 * box.frameWidth();
+    const auto margin = static_cast<int>(2 * box.document()->documentMargin());
+    box.setFixedHeight(lines * box.fontMetrics().lineSpacing() + margin + frame);
+}
+
+void showText(QPlainTextEdit& box, const QString& text) {
+    if (box.toPlainText() == text) return;
+    const int across = box.horizontalScrollBar()->value();
+    const int down = box.verticalScrollBar()->value();
+    box.setPlainText(text);
+    box.horizontalScrollBar()->setValue(across);
+    box.verticalScrollBar()->setValue(down);
+}
+
+}  // namespace host

@@ -1,0 +1,82 @@
+// Connecting on demand, changing the store, and keeping the session list.
+#include "window/workplace.h"
+
+#include <QSysInfo>
+#include <fstream>
+#include <set>
+#include <stdexcept>
+#include <utility>
+
+#include "database/names.h"
+#include "sample/store_snapshot.h"
+#include "window/language.h"
+
+namespace host {
+
+namespace {
+
+/// Who changes the database here.
+std::string workstation() {
+    const QString user = qEnvironmentVariable("USER", QStringLiteral("somebody"));
+    return (user + '@' + QSysInfo::machineHostName()).toStdString();
+}
+
+}  // namespace
+
+Workplace::Workplace(wynconfig::WYNConfig& component, StoreFolders store,
+                     std::optional<DatabaseAddress> database, std::string resources,
+                     std::string language)
+    : m_component(component),
+      m_store(std::move(store)),
+      m_given(std::move(database)),
+      m_resources(std::move(resources)),
+      m_language(std::move(language)) {}
+
+DatabaseAddress Workplace::address() const {
+    return m_given ? *m_given : DatabaseAddress::file(m_store.database().string());
+}
+
+SessionDatabase& Workplace::database() {
+    if (!m_database) m_database = std::make_unique<SessionDatabase>(address(), workstation());
+    return *m_database;
+}
+
+MemorySessions& Workplace::inMemory() {
+    if (!m_memory)
+        m_memory = std::make_unique<MemorySessions>(m_component, database(), m_store.root);
+    m_memoryModeBegun = true;
+    return *m_memory;
+}
+
+wynconfig::WYNConfig& Workplace::onFiles() {
+    if (std::exchange(m_memoryModeBegun, false)) endInMemoryMode(m_component);
+    return m_component;
+}
+
+void Workplace::openStore(const std::filesystem::path& root) {
+    m_store = StoreFolders(root);
+    m_component.init(m_store.rootText());
+    m_memory.reset();
+    if (!m_given) m_database.reset();
+}
+
+std::string Workplace::sessionList() const {
+    if (std::filesystem::exists(m_store.sessionList())) return readFile(m_store.sessionList());
+    std::string list;
+    for (const std::string& name : itemNames(m_store.sessions()))
+        list += (list.empty() ? "" : ",") + name;
+    return list;
+}
+
+void Workplace::keepSessionList(const std::string& list) const {
+    std::ofstream file(m_store.sessionList(), std::ios::binary);
+    if (!(file << list).flush())
+        throw std::runtime_error(m_store.sessionList().string() + " can't be written");
+}
+
+void Workplace::setLanguage(const std::string& language) {
+    m_component.InitResourceManager(useLanguage(m_resources, language));
+    m_language = language;
+}
+
+}  // namespace host
