@@ -3,12 +3,12 @@
 
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <climits>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -39,11 +39,8 @@ std::optional<unsigned> escapedUnit(std::string_view text) {
     return text.size() > 6 && text[6] == '_' ? openUnit(text) : std::nullopt;
 }
 
-void appendUtf8(std::string& out, UChar32 character) {
-    char buffer[U8_MAX_LENGTH];
-    int length = 0;
-    U8_APPEND_UNSAFE(buffer, length, character);
-    out.append(buffer, static_cast<std::size_t>(length));
+bool isSurrogate(unsigned unit) {
+    return unit >= 0xD800 && unit <= 0xDFFF;
 }
 
 /// Turns `_xHHHH_` back into what it stands for. A unit that stands for nothing stays as it is.
@@ -54,15 +51,15 @@ std::string unescape(std::string_view text) {
     std::size_t from = 0;
     for (; at != std::string_view::npos; at = text.find("_x", at)) {
         const auto unit = escapedUnit(text.substr(at));
-        if (!unit || (U16_IS_SURROGATE(*unit) && (*unit < 0xDC80 || *unit > 0xDCFF))) {
+        if (!unit || (isSurrogate(*unit) && (*unit < 0xDC80 || *unit > 0xDCFF))) {
             ++at;
             continue;
         }
         out.append(text, from, at - from);
-        if (U16_IS_SURROGATE(*unit))
+        if (isSurrogate(*unit))
             out.push_back(static_cast<char>(*unit - 0xDC00));
         else
-            appendUtf8(out, static_cast<UChar32>(*unit));
+            appendCharacter(out, static_cast<std::int32_t>(*unit));
         at += 7;
         from = at;
     }

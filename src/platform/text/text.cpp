@@ -27,14 +27,14 @@ UChar32 upperOf(UChar32 code) {
     return u_tolower(upper) == code ? upper : code;
 }
 
-void append(std::string& text, UChar32 code) {
+}  // namespace
+
+void appendCharacter(std::string& text, std::int32_t code) {
     char bytes[U8_MAX_LENGTH] = {};
     std::size_t length = 0;
     U8_APPEND_UNSAFE(bytes, length, code);
     text.append(bytes, length);
 }
-
-}  // namespace
 
 std::string UCase(std::string_view text) {
     std::string result;
@@ -51,7 +51,7 @@ std::string UCase(std::string_view text) {
         if (upper == character.code) {
             result.append(text.substr(at, character.length));
         } else {
-            append(result, upper);
+            appendCharacter(result, upper);
         }
         at += character.length;
     }

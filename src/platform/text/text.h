@@ -19,6 +19,9 @@ struct Character {
 /// The character that begins at the byte `start`, which lies within the text.
 Character characterAt(std::string_view text, std::size_t start);
 
+/// Appends the character of a code point, which is none of a surrogate.
+void appendCharacter(std::string& text, std::int32_t code);
+
 /// Upper-cases text character by character. A character changes only where its upper-case form is
 /// a single character whose lower-case form is the character again, so that U+00DF, U+0131, U+017F
 /// and U+00B5 stay. Independent of any locale. Bytes that are no UTF-8 stay as they are.
