@@ -30,6 +30,11 @@ struct TourStep;
 /// The rows of a record by their keys.
 using Rows = std::map<std::string, std::string>;
 
+/// The file of a session, from the store's root.
+inline std::string sessionFile(const std::string& name) {
+    return "MORAM/" + name + ".vla";
+}
+
 /// What the steps of the tour share: the window, the user, the pictures, and what is expected of
 /// the store in the end.
 class Tour {

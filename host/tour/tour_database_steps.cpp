@@ -21,7 +21,7 @@ using wynconfig::User;
 constexpr const char* kTaken = "OLD WORKSHOP";
 constexpr const char* kForked = "OLD WORKSHOP 2";
 constexpr const char* kAdded = "NIGHT EXPORT";
-constexpr const char* kFormat = "QUANTITY FIRST";
+constexpr const char* kQuantityFirst = "QUANTITY FIRST";
 constexpr const char* kNewFormat = "PIECES X PART";
 
 void setName(QDialog& dialog, const char* name) {
@@ -42,11 +42,11 @@ void renameFormat(Tour& tour) {
         prompt.type("txtTextBox", "pieces x part");
         prompt.click("OKButton");
     });
-    user.pick("lstAvailableFormats", kFormat);
+    user.pick("lstAvailableFormats", kQuantityFirst);
     user.click("btnRename");
     tour.expectStored(ItemKind::Format, kNewFormat,
-                      tour.expectedStoredRows(ItemKind::Format, kFormat));
-    tour.expectNotStored(ItemKind::Format, kFormat);
+                      tour.expectedStoredRows(ItemKind::Format, kQuantityFirst));
+    tour.expectNotStored(ItemKind::Format, kQuantityFirst);
     expectRow(tour, kTaken, session::formatKey(2), kNewFormat);
 }
 
@@ -101,7 +101,7 @@ void takeSessionOver(Tour& tour) {
     tour.expectStored(ItemKind::Session, kTaken,
                       tour.rowsInOtherStore("MORAM/WORKSHOP COUNTER.vla"));
     tour.say("a part format that the store has too stays a factory item");
-    tour.expectStored(ItemKind::Format, kFormat,
+    tour.expectStored(ItemKind::Format, kQuantityFirst,
                       tour.rowsInOtherStore("PARTFORMAT/QUANTITY FIRST.vla"));
     tour.checkDatabase();
     tour.hostPicture("host-after-take-over");

@@ -23,10 +23,6 @@ constexpr const char* kSelected = "lstSelectedFormats2";
 constexpr const char* kWorkshop = "WORKSHOP COUNTER";
 constexpr const char* kBodyShop = "BODY SHOP QUOTES";
 
-std::string sessionFile(const std::string& name) {
-    return "MORAM/" + name + ".vla";
-}
-
 std::string formatFile(const std::string& name) {
     return "PARTFORMAT/" + name + ".vla";
 }

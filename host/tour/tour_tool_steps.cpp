@@ -21,10 +21,6 @@ constexpr const char* kListed = "lstAvailableTESessions";
 constexpr const char* kMade = "SPARE COUNTER";
 constexpr const char* kListFile = "session-list.txt";
 
-std::string sessionFile(const std::string& name) {
-    return "MORAM/" + name + ".vla";
-}
-
 std::string selectedRow(User& user, const char* list) {
     const wynconfig::Sight seen = user.see(list);
     return seen.selected == 0 ? std::string() : seen.rows[seen.selected - 1].text;

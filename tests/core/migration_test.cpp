@@ -19,7 +19,6 @@ using ConfigGlobalModule::g_Session;
 
 using RowList = std::vector<std::pair<std::string, std::string>>;
 
-const std::string kTag = "WYNConfig:MigrateSession";
 const std::string kFormatsTag = "ConfigGlobalModule:MigratePartFormats";
 const std::string kAddTag = "ConfigGlobalModule:AddFDToConfigPartFormats";
 
@@ -27,6 +26,8 @@ const std::string kAddTag = "ConfigGlobalModule:AddFDToConfigPartFormats";
 /// the session "HELD" and the format "HELD FORMAT".
 class Migration : public ExchangeDesk {
   protected:
+    static inline const std::string kTag = "WYNConfig:MigrateSession";
+
     void SetUp() override {
         ExchangeDesk::SetUp();
         memory->makeFolder("/old");

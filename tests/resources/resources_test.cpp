@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/temporary_folder.h"
 #include "support/text_keys.h"
 #include "wynconfig/error.h"
 #include "wynconfig/resource_manager.h"
@@ -26,29 +27,6 @@ namespace wynconfig {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A folder that goes when the test ends.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string pattern = (fs::temp_directory_path() / "wynconfig-texts-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) {
-            throw std::system_error(errno, std::generic_category(), pattern);
-        }
-        m_path = pattern;
-    }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        fs::remove_all(m_path, ignored);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    const fs::path& path() const { return m_path; }
-
-  private:
-    fs::path m_path;
-};
 
 void writeFile(const fs::path& file, const std::string& content) {
     std::ofstream out(file, std::ios::binary);
@@ -112,32 +90,31 @@ TEST_F(ResourcesTest, theFontIsTheOneGiven) {
 
 TEST_F(ResourcesTest, aFolderWithoutABundleRaises) {
     const TemporaryFolder folder;
-    EXPECT_THROW(makeBundleResourceManager(folder.path().string(), "en"), Error);
-    EXPECT_THROW(makeBundleResourceManager((folder.path() / "none").string(), "en"), Error);
+    EXPECT_THROW(makeBundleResourceManager(folder.path(), "en"), Error);
+    EXPECT_THROW(makeBundleResourceManager((folder / "none").string(), "en"), Error);
     EXPECT_THROW(makeBundleResourceManager("", "en"), Error);
-    fs::create_directory(folder.path() / "en.res");
-    EXPECT_THROW(makeBundleResourceManager(folder.path().string(), "en"), Error);
+    fs::create_directory(folder / "en.res");
+    EXPECT_THROW(makeBundleResourceManager(folder.path(), "en"), Error);
 }
 
 TEST_F(ResourcesTest, aBundleThatComesLaterIsFound) {
     const TemporaryFolder folder;
-    EXPECT_THROW(makeBundleResourceManager(folder.path().string(), "en"), Error);
+    EXPECT_THROW(makeBundleResourceManager(folder.path(), "en"), Error);
     copyEnglish(folder.path());
-    EXPECT_EQ(makeBundleResourceManager(folder.path().string(), "en")->GetString("BUTTON_OK"),
-              "OK");
+    EXPECT_EQ(makeBundleResourceManager(folder.path(), "en")->GetString("BUTTON_OK"), "OK");
 }
 
 TEST_F(ResourcesTest, aFileThatIsNoBundleRaises) {
     const TemporaryFolder folder;
-    writeFile(folder.path() / "en.res", "BUTTON_OK=OK\n");
-    EXPECT_THROW(makeBundleResourceManager(folder.path().string(), "en"), Error);
-    writeFile(folder.path() / "fr.res", "");
-    EXPECT_THROW(makeBundleResourceManager(folder.path().string(), "fr"), Error);
+    writeFile(folder / "en.res", "BUTTON_OK=OK\n");
+    EXPECT_THROW(makeBundleResourceManager(folder.path(), "en"), Error);
+    writeFile(folder / "fr.res", "");
+    EXPECT_THROW(makeBundleResourceManager(folder.path(), "fr"), Error);
 }
 
 TEST_F(ResourcesTest, theFolderMayBeSpeltInAnyWay) {
     const TemporaryFolder parent;
-    const fs::path folder = parent.path() / "texts v1.2";
+    const fs::path folder = parent / "texts v1.2";
     fs::create_directory(folder);
     copyEnglish(folder);
     for (const std::string& spelling :
@@ -173,7 +150,7 @@ TEST_F(ResourcesTest, aLanguageLiesOverEnglishKeyByKey) {
     compileBundle(folder.path(), "de_AT", "BUTTON_COPY { \"Kopie 🧾\" }");
 
     for (const char* locale : {"de", "de-DE", "de_DE", "DE", "de_DE.UTF-8", "de-DE-u-co-phonebk"}) {
-        const auto texts = makeBundleResourceManager(folder.path().string(), locale);
+        const auto texts = makeBundleResourceManager(folder.path(), locale);
         EXPECT_EQ(texts->GetString("BUTTON_APPLY"), "Übernehmen") << locale;
         EXPECT_EQ(texts->GetString("BUTTON_COPY"), "Kopieren") << locale;
         EXPECT_EQ(texts->GetString("BUTTON_NEW"), "") << locale;
@@ -184,20 +161,20 @@ TEST_F(ResourcesTest, aLanguageLiesOverEnglishKeyByKey) {
         }
         descriptionOfFailure(*texts, "NOT_A_TEXT");
     }
-    const auto austrian = makeBundleResourceManager(folder.path().string(), "de-AT");
+    const auto austrian = makeBundleResourceManager(folder.path(), "de-AT");
     EXPECT_EQ(austrian->GetString("BUTTON_COPY"), "Kopie 🧾");
     EXPECT_EQ(austrian->GetString("BUTTON_APPLY"), "Übernehmen");
-    const auto english = makeBundleResourceManager(folder.path().string(), "en-GB");
+    const auto english = makeBundleResourceManager(folder.path(), "en-GB");
     EXPECT_EQ(english->GetString("BUTTON_APPLY"), text("BUTTON_APPLY"));
 }
 
 TEST_F(ResourcesTest, aLanguageServesWithoutEnglish) {
     const TemporaryFolder folder;
     compileBundle(folder.path(), "de", "BUTTON_OK { \"Gut\" }");
-    const auto texts = makeBundleResourceManager(folder.path().string(), "de");
+    const auto texts = makeBundleResourceManager(folder.path(), "de");
     EXPECT_EQ(texts->GetString("BUTTON_OK"), "Gut");
     descriptionOfFailure(*texts, "BUTTON_CANCEL");
-    EXPECT_THROW(makeBundleResourceManager(folder.path().string(), "fr"), Error);
+    EXPECT_THROW(makeBundleResourceManager(folder.path(), "fr"), Error);
 }
 
 TEST_F(ResourcesTest, aLocaleTakesTheNearestLanguageOfItsScript) {
@@ -237,34 +214,33 @@ TEST_F(ResourcesTest, theLanguagesToChooseFromGoByTheirOwnNames) {
 
 TEST_F(ResourcesTest, onlyBundlesThatALocaleCanNameAreLanguages) {
     const TemporaryFolder folder;
-    EXPECT_EQ(bundleLanguages(folder.path().string()), std::vector<Language>{});
-    EXPECT_EQ(bundleLanguages((folder.path() / "none").string()), std::vector<Language>{});
+    EXPECT_EQ(bundleLanguages(folder.path()), std::vector<Language>{});
+    EXPECT_EQ(bundleLanguages((folder / "none").string()), std::vector<Language>{});
     EXPECT_EQ(bundleLanguages(""), std::vector<Language>{});
-    EXPECT_THROW(bundleLanguage(folder.path().string(), "de"), Error);
+    EXPECT_THROW(bundleLanguage(folder.path(), "de"), Error);
     compileBundle(folder.path(), "he", "BUTTON_OK { \"אישור\" }");
     compileBundle(folder.path(), "de_AT", "BUTTON_OK { \"Passt\" }");
     for (const char* other : {"notes.txt", "DE.res", "de-AT.res", "no language.res", ".res", "en"})
-        writeFile(folder.path() / other, "");
-    fs::create_directory(folder.path() / "fr.res");
+        writeFile(folder / other, "");
+    fs::create_directory(folder / "fr.res");
     const std::vector<Language> languages = {{"de-AT", "Österreichisches Deutsch", false},
                                              {"he", "עברית", true}};
-    EXPECT_EQ(bundleLanguages(folder.path().string()), languages);
-    EXPECT_EQ(bundleLanguage(folder.path().string(), "de-AT"), languages[0]);
-    EXPECT_THROW(bundleLanguage(folder.path().string(), "de"), Error);
+    EXPECT_EQ(bundleLanguages(folder.path()), languages);
+    EXPECT_EQ(bundleLanguage(folder.path(), "de-AT"), languages[0]);
+    EXPECT_THROW(bundleLanguage(folder.path(), "de"), Error);
 }
 
 TEST_F(ResourcesTest, theLanguageGivenIsTheOneWhoseTextsAreThere) {
     const TemporaryFolder folder;
     copyEnglish(folder.path());
-    EXPECT_EQ(bundleLanguage(folder.path().string(), "ar-EG").tag, "en");
-    EXPECT_FALSE(bundleLanguage(folder.path().string(), "ar-EG").rightToLeft);
+    EXPECT_EQ(bundleLanguage(folder.path(), "ar-EG").tag, "en");
+    EXPECT_FALSE(bundleLanguage(folder.path(), "ar-EG").rightToLeft);
     compileBundle(folder.path(), "zh_TW", "BUTTON_OK { \"確定\" }");
-    EXPECT_EQ(bundleLanguage(folder.path().string(), "zh-TW").tag, "zh-TW");
-    EXPECT_EQ(bundleLanguage(folder.path().string(), "zh-Hant-TW").tag, "zh-TW");
-    EXPECT_EQ(bundleLanguage(folder.path().string(), "zh-Hans-TW").tag, "en");
-    EXPECT_EQ(
-        makeBundleResourceManager(folder.path().string(), "zh-Hant-TW")->GetString("BUTTON_OK"),
-        "確定");
+    EXPECT_EQ(bundleLanguage(folder.path(), "zh-TW").tag, "zh-TW");
+    EXPECT_EQ(bundleLanguage(folder.path(), "zh-Hant-TW").tag, "zh-TW");
+    EXPECT_EQ(bundleLanguage(folder.path(), "zh-Hans-TW").tag, "en");
+    EXPECT_EQ(makeBundleResourceManager(folder.path(), "zh-Hant-TW")->GetString("BUTTON_OK"),
+              "確定");
 }
 
 }  // namespace

@@ -15,25 +15,9 @@
 #include <string>
 
 #include "database/session_database.h"
+#include "support/temporary_folder.h"
 
 namespace host {
-
-/// A folder for the time of a test.
-class TestFolder {
-  public:
-    TestFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "database.XXXXXX").string();
-        if (!mkdtemp(pattern.data())) throw std::runtime_error("no folder for the test");
-        m_path = pattern;
-    }
-    ~TestFolder() { std::filesystem::remove_all(m_path); }
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
-    const std::filesystem::path& path() const { return m_path; }
-
-  private:
-    std::filesystem::path m_path;
-};
 
 /// The server of this process: starts when a test first asks for it, and ends with the process.
 class PostgresServer {
@@ -73,7 +57,7 @@ class DatabaseDesk : public ::testing::TestWithParam<const char*> {
 
     void makeEmptyDatabase() {
         if (onSqlite()) {
-            address = DatabaseAddress::file((folder.path() / "test.sqlite").string());
+            address = DatabaseAddress::file((folder / "test.sqlite").string());
             std::filesystem::remove(address.name);
             address.options = "QSQLITE_BUSY_TIMEOUT=60000";
         } else {
@@ -114,7 +98,7 @@ class DatabaseDesk : public ::testing::TestWithParam<const char*> {
             throw std::runtime_error(query.lastError().text().toStdString());
     }
 
-    TestFolder folder;
+    wynconfig::TemporaryFolder folder;
     DatabaseAddress address;
 };
 

@@ -67,6 +67,11 @@ class Desk : public ::testing::TestWithParam<const char*> {
     /// Puts a program where a session's path can name it.
     void putProgram(const std::string& path);
 
+    /// A script that presses one button.
+    static User::Script pressing(const std::string& button) {
+        return [button](User& u) { u.click(button); };
+    }
+
     /// The failure box that a tag and description make by these texts.
     static std::string failureText(const std::string& tag, const std::string& description);
     /// Whether the text is that of a failure box with this tag.

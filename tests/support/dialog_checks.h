@@ -16,6 +16,13 @@
 
 namespace wynconfig {
 
+/// What a dialog about one session gives to its caller.
+struct Outcome {
+    long result;
+    std::string name;
+    bool operator==(const Outcome&) const = default;
+};
+
 inline Captions captionsOf(const Form& form) {
     Captions captions;
     for (const Control* each : form.controls()) {

@@ -10,14 +10,11 @@
 
 #include "support/all_dialogs.h"
 #include "support/desk.h"
+#include "support/qt_windows.h"
 #include "wynconfig/form.h"
 #include "wynconfig/mnemonic.h"
 
 namespace wynconfig {
-
-inline QWidget* window() {
-    return QApplication::activeModalWidget();
-}
 
 inline QWidget* widgetOf(const Control& control) {
     return window()->findChild<QWidget*>(QString::fromStdString(std::string(control.name())));

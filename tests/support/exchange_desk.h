@@ -27,11 +27,6 @@ class ExchangeDesk : public FormatDesk {
 
     // Texts to hand in.
 
-    static std::string xmlOf(const Dataset& record) {
-        Document document;
-        record.Save(document);
-        return document.xml();
-    }
     /// A session that can be applied as it is.
     static std::string sessionXml(const std::string& sessionName, const Names& formats) {
         Dataset record;
@@ -104,9 +99,6 @@ class ExchangeDesk : public FormatDesk {
 
     // Scripts.
 
-    static User::Script pressing(const std::string& button) {
-        return [button](User& u) { u.click(button); };
-    }
     /// Does something on the part format tab, then presses OK.
     static User::Script onFormatTab(const User::Script& script) {
         return [script](User& u) {

@@ -1,6 +1,7 @@
 // Views that can't do what they are asked, for tests of what comes after such a failure.
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,12 @@ class BrokenView : public View {
         if (form.name() == failsToRaise) throw Error(errc::InvalidCall, "no window");
     }
     long deviceContext(Form&) override { return 0; }
+};
+
+/// A view in front of a person, whose chooser of files and folders fails.
+class NoChooser : public ScriptedView {
+  public:
+    std::string browse(const BrowseRequest&) override { throw std::runtime_error("no chooser"); }
 };
 
 /// A view in front of a person, whose lists fail on demand: each change of one is carried out, and

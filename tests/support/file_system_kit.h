@@ -5,36 +5,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "platform/files/faulty_file_system.h"
+#include "support/temporary_folder.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {
 
-/// A folder on the disk that goes with the object.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "filesXXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr)
-            throw std::system_error(errno, std::generic_category());
-        m_path = pattern;
-    }
-    ~TemporaryFolder() { std::filesystem::remove_all(m_path); }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    const std::string& path() const { return m_path; }
-
-  private:
-    std::string m_path;
-};
+/// The file systems on which every rule is tested.
+enum class FilesOn { Disk, Memory };
 
 /// Another program at work on the same files: it sees no case, no index, just paths.
 class Stranger : public FaultyFileSystem {

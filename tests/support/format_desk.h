@@ -20,6 +20,12 @@ using Names = std::vector<std::string>;
 
 class FormatDesk : public Desk {
   protected:
+    // The procedures that walk over all sessions, as their failure boxes name them.
+    static inline const std::string kCheckTag =
+        "UnifrmMORAMConfig:CheckForLastPartNumberFormatInAllMORAMs";
+    static inline const std::string kUpdateTag =
+        "UnifrmMORAMConfig:UpdatePartNumberFormatsInAllMORAMs";
+
     /// Opens a session on the part format tab. The script may leave the dialog open: Cancel ends
     /// it.
     void open(const std::string& session, const User::Script& script) {

@@ -1,14 +1,9 @@
 // The rows of part format records, in the order in which they are stored.
 #pragma once
 
-#include <string>
-#include <utility>
-#include <vector>
+#include "support/rows.h"
 
 namespace wynconfig {
-
-/// Rows of a record in their order.
-using Stored = std::vector<std::pair<std::string, std::string>>;
 
 /// No value of these is that of a new part format.
 inline const Stored kOwnFormat{{"Header", "<PageHeader><TAB>"},

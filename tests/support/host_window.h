@@ -8,7 +8,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <filesystem>
 #include <memory>
@@ -16,6 +15,7 @@
 
 #include "sample/sample_store.h"
 #include "sample/store_snapshot.h"
+#include "support/temporary_folder.h"
 #include "window/catalogue.h"
 #include "window/main_window.h"
 #include "window/workplace.h"
@@ -68,8 +68,8 @@ class HostWindow : public testing::Test {
 
     QTabWidget& pages() const { return *window->centralWidget()->findChild<QTabWidget*>(); }
 
-    QTemporaryDir folder;
-    StoreFolders store{std::filesystem::path(folder.path().toStdString()) / "a store"};
+    wynconfig::TemporaryFolder folder;
+    StoreFolders store{folder / "a store"};
     wynconfig::WYNConfig component;
     Workplace workplace{component, store, std::nullopt, WYNCONFIG_RESOURCES};
     std::unique_ptr<MainWindow> window;

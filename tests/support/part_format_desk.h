@@ -63,24 +63,6 @@ inline const std::array<FieldControls, 4> kFields{{
      {"frmVin", "lblVINFieldLength", "lblVINAlignment", "lblVINPad"}},
 }};
 
-/// The rows with the data of one key replaced.
-inline Stored with(Stored rows, const std::string& key, const std::string& data) {
-    bool found = false;
-    for (auto& row : rows) {
-        if (row.first != key) continue;
-        row.second = data;
-        found = true;
-    }
-    EXPECT_TRUE(found) << key;
-    return rows;
-}
-
-/// The rows but for one key.
-inline Stored without(Stored rows, const std::string& key) {
-    EXPECT_EQ(std::erase_if(rows, [&](const auto& row) { return row.first == key; }), 1U) << key;
-    return rows;
-}
-
 /// What the editor shows, put as rows: an alignment is "right", "left", "none" or "both".
 inline Stored shownBy(User& u) {
     Stored shown;
@@ -99,12 +81,6 @@ inline Stored shownBy(User& u) {
         shown.emplace_back(kFirstFormat[i].first, value);
     }
     return shown;
-}
-
-inline Stored rowsOf(const Dataset& record) {
-    Stored rows;
-    for (const DataRow& row : record.Rows()) rows.emplace_back(row[0], row[1]);
-    return rows;
 }
 
 class PartFormatDesk : public Desk {

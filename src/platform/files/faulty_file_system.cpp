@@ -7,14 +7,6 @@
 
 namespace wynconfig {
 
-namespace {
-
-std::string causeOf(std::errc error) {
-    return std::make_error_code(error).message();
-}
-
-}  // namespace
-
 void FaultyFileSystem::failOn(Operation operation, std::string part, int skip, int times) {
     m_faults.push_back({operation, std::move(part), skip, times});
 }
@@ -36,13 +28,13 @@ bool FaultyFileSystem::begin(Operation operation, const std::string& path) {
 
 void FaultyFileSystem::failSave(const std::string& path) {
     if (begin(Operation::Save, path)) {
-        throw refusal("file", path, "written", causeOf(std::errc::no_space_on_device));
+        throw refusal("file", path, "written", std::errc::no_space_on_device);
     }
 }
 
 bool FaultyFileSystem::entriesOf(const std::string& folder, std::vector<Entry>& entries) {
     if (begin(Operation::List, folder)) {
-        throw refusal("folder", folder, "read", causeOf(std::errc::too_many_files_open));
+        throw refusal("folder", folder, "read", std::errc::too_many_files_open);
     }
     return m_wrapped.entriesOf(folder, entries);
 }
@@ -61,14 +53,14 @@ bool FaultyFileSystem::isFolder(const std::string& path) {
 
 void FaultyFileSystem::createFolder(const std::string& path) {
     if (begin(Operation::MakeFolder, path)) {
-        throw refusal("folder", path, "made", causeOf(std::errc::no_space_on_device));
+        throw refusal("folder", path, "made", std::errc::no_space_on_device);
     }
     m_wrapped.createFolder(path);
 }
 
 std::string FaultyFileSystem::readFile(const std::string& path) {
     if (begin(Operation::Read, path)) {
-        throw refusal("file", path, "read", causeOf(std::errc::io_error));
+        throw refusal("file", path, "read", std::errc::io_error);
     }
     return m_wrapped.readFile(path);
 }
@@ -80,7 +72,7 @@ void FaultyFileSystem::replaceFile(const std::string& path, std::string_view con
 
 void FaultyFileSystem::removeFile(const std::string& path) {
     if (begin(Operation::Remove, path)) {
-        throw refusal("file", path, "deleted", causeOf(std::errc::io_error));
+        throw refusal("file", path, "deleted", std::errc::io_error);
     }
     m_wrapped.removeFile(path);
 }
@@ -99,7 +91,7 @@ void FaultyFileSystem::commitStaged() {
     const std::optional<std::string> folder = std::exchange(m_stagedFolder, std::nullopt);
     if (folder && begin(Operation::Commit, *folder)) {
         m_wrapped.discardStaged();
-        throw refusal("files in", *folder, "written", causeOf(std::errc::no_space_on_device));
+        throw refusal("files in", *folder, "written", std::errc::no_space_on_device);
     }
     m_wrapped.commitStaged();
 }

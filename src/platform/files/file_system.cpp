@@ -216,6 +216,11 @@ Error FileSystem::refusal(std::string_view kind, std::string_view path, std::str
     return {errc::FileAccess, text};
 }
 
+Error FileSystem::refusal(std::string_view kind, std::string_view path, std::string_view verb,
+                          std::errc cause) {
+    return refusal(kind, path, verb, std::make_error_code(cause).message());
+}
+
 /// Where a file lies, or nothing for a name that no file can have. Folder and name are glued as
 /// they are, so what stands behind the folder's last separator belongs to the name.
 std::optional<FileSystem::Place> FileSystem::placeOf(const ItemPath& path) {

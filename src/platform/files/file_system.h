@@ -12,6 +12,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -120,6 +121,8 @@ class FileSystem {
     /// The failure "The `kind` `path` can't be `verb`: `cause`."
     static Error refusal(std::string_view kind, std::string_view path, std::string_view verb,
                          std::string_view cause);
+    static Error refusal(std::string_view kind, std::string_view path, std::string_view verb,
+                         std::errc cause);
 
     friend class FaultyFileSystem;
     friend class SaveBatch;

@@ -13,10 +13,6 @@ namespace {
 constexpr std::size_t kMaxName = 255;
 constexpr std::size_t kMaxPath = 4095;
 
-std::string causeOf(std::errc error) {
-    return std::make_error_code(error).message();
-}
-
 /// The one spelling under which a path is kept: without ".", without ".." where it can be resolved,
 /// and "" for the working folder.
 std::string keyOf(const std::string& path) {
@@ -71,9 +67,7 @@ class MemoryFileSystem : public FileSystem {
     void createFolder(const std::string& path) override {
         const Location location = locationOf(path);
         Folder* parent = folderAt(location.folder);
-        const auto refuse = [&](std::errc error) {
-            throw refusal("folder", path, "made", causeOf(error));
-        };
+        const auto refuse = [&](std::errc error) { throw refusal("folder", path, "made", error); };
         if (isTooLong(path, location)) refuse(std::errc::filename_too_long);
         if (!parent) refuse(std::errc::no_such_file_or_directory);
         if (isFolder(path) || isPlainFile(path)) refuse(std::errc::file_exists);
@@ -142,9 +136,7 @@ class MemoryFileSystem : public FileSystem {
     Folder& folderToWrite(const std::string& path) {
         const Location location = locationOf(path);
         Folder* folder = folderAt(location.folder);
-        const auto refuse = [&](std::errc error) {
-            throw refusal("file", path, "written", causeOf(error));
-        };
+        const auto refuse = [&](std::errc error) { throw refusal("file", path, "written", error); };
         if (isTooLong(path, location)) refuse(std::errc::filename_too_long);
         if (!folder) refuse(std::errc::no_such_file_or_directory);
         if (isFolder(path)) refuse(std::errc::is_a_directory);

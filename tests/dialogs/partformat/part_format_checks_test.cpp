@@ -7,7 +7,6 @@
 namespace wynconfig {
 namespace {
 
-const std::string kTag = "frmPartNumberFormat:ValidatePartFormat";
 const std::string kForbiddenLine = "\r\n         \\ / : * ? \" < > | .";
 
 /// A value that a check refuses, and what comes of it.
@@ -43,6 +42,8 @@ const std::vector<Fault> kFaults{
 
 class PartFormatChecks : public PartFormatDesk {
   protected:
+    static inline const std::string kTag = "frmPartNumberFormat:ValidatePartFormat";
+
     /// Opens a new part format in which every check passes, with all flags on.
     long editValid(const User::Script& script) {
         return edit("", [script](User& u) {

@@ -12,8 +12,6 @@ namespace {
 
 using namespace ConfigGlobalModule;
 
-const std::string kTag = "frmPartNumberFormat:init";
-
 /// What opens where nothing could be read.
 Stored nothingRead() {
     Stored rows = kFirstFormat;
@@ -25,6 +23,8 @@ Stored nothingRead() {
 
 class PartFormatEditor : public PartFormatDesk {
   protected:
+    static inline const std::string kTag = "frmPartNumberFormat:init";
+
     static Captions captionsByKey() {
         Captions captions = kVinTexts;
         for (const KeyedText& row : kPartFormatTexts) captions[row.place] = "{" + row.key + "}";

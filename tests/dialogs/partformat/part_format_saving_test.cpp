@@ -10,8 +10,6 @@ using namespace ConfigGlobalModule;
 using Operation = FaultyFileSystem::Operation;
 using Names = std::vector<std::string>;
 
-const std::string kTag = "frmPartNumberFormat:ApplyChanges";
-const std::string kTakenTitle = "{MORAM_CONFIG_MSG_PART_FORMAT}";
 const Stored kNew = with(kFirstFormat, "MaxRecords", "1");
 
 std::string takenText(const std::string& name) {
@@ -20,6 +18,9 @@ std::string takenText(const std::string& name) {
 
 class PartFormatSaving : public PartFormatDesk {
   protected:
+    static inline const std::string kTag = "frmPartNumberFormat:ApplyChanges";
+    static inline const std::string kTakenTitle = "{MORAM_CONFIG_MSG_PART_FORMAT}";
+
     /// Makes a new part format and gives the result.
     long add(const std::string& name) {
         return edit("", [&](User& u) {

@@ -5,19 +5,18 @@
 namespace wynconfig {
 namespace {
 
-const std::string kList = "lstSpecialSymbols2";
 const std::vector<std::string> kSymbols{
     "<Part #>", "<Quantity>", "<Description>", "<PageHeader>", "<PageFooter>",
     "<TAB>",    "<SPACE>",    "<CR>",          "<LF>",         "<ESCAPE>"};
 
 /// What a pick does to the box that was entered last.
-enum class Outcome { Inserted, Replaces, Refused };
-using enum Outcome;
+enum class Effect { Inserted, Replaces, Refused };
+using enum Effect;
 
-/// The boxes that a pick treats alike, and the outcome of each symbol in their order.
+/// The boxes that a pick treats alike, and the effect of each symbol in their order.
 struct Target {
     std::vector<std::string> boxes;
-    std::vector<Outcome> outcomes;
+    std::vector<Effect> effects;
 };
 
 const std::vector<Target> kTargets{
@@ -39,6 +38,8 @@ const std::vector<Target> kTargets{
 
 class SymbolList : public PartFormatDesk {
   protected:
+    static inline const std::string kList = "lstSpecialSymbols2";
+
     /// Opens a part format with all flags on, runs the script, and cancels.
     void open(const User::Script& script, const Stored& rows = kOwnFormat) {
         putFormat("F", rows);
@@ -113,8 +114,8 @@ TEST_P(SymbolList, EachSymbolHasItsOutcomeInEachBox) {
                     const Stored before = shownBy(u);
                     pick(u, symbol);
                     std::string expected = "xy";
-                    if (target.outcomes[i] == Inserted) expected = "x" + symbol + "y";
-                    if (target.outcomes[i] == Replaces) expected = symbol;
+                    if (target.effects[i] == Inserted) expected = "x" + symbol + "y";
+                    if (target.effects[i] == Replaces) expected = symbol;
                     EXPECT_EQ(u.see(box).text, expected) << box << " " << symbol;
                     u.type(box, "xy");
                     EXPECT_EQ(shownBy(u), before) << box << " " << symbol;

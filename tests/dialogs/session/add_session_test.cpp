@@ -17,14 +17,6 @@ namespace {
 
 using namespace ConfigGlobalModule;
 
-const std::string kNone = "{ADD_MORAM_CONFIG_NONE}";
-const std::string kBadName = "{MORAM_CONFIG_MSG_INVALID_CHARS}\r\n         \\ / : * ? \" < > | .";
-const std::string kBadTitle = "{MORAM_CONFIG_MSG_INVALID_CONFIG}";
-
-void pressOk(User& u) {
-    u.click("btnOK");
-}
-
 /// Types a name, chooses a base unless it is empty, and presses OK.
 User::Script making(const std::string& name, const std::string& base = "") {
     return [=](User& u) {
@@ -34,15 +26,13 @@ User::Script making(const std::string& name, const std::string& base = "") {
     };
 }
 
-/// What the dialog gives to its caller.
-struct Outcome {
-    long result;
-    std::string name;
-    bool operator==(const Outcome&) const = default;
-};
-
 class AddSession : public Desk {
   protected:
+    static inline const std::string kNone = "{ADD_MORAM_CONFIG_NONE}";
+    static inline const std::string kBadName =
+        "{MORAM_CONFIG_MSG_INVALID_CHARS}\r\n         \\ / : * ? \" < > | .";
+    static inline const std::string kBadTitle = "{MORAM_CONFIG_MSG_INVALID_CONFIG}";
+
     Outcome show(User::Script script, const std::string& proposal = "") {
         user().onForm("frmAddMORAMConfig", std::move(script));
         frmAddMORAMConfig form;
@@ -429,7 +419,7 @@ TEST_P(AddSession, SharesTheFontAndDoesWithoutIt) {
 }
 
 TEST_P(AddSession, LoadsOnceAndKeepsItsOutcomeOverUnloading) {
-    user().onForm("frmAddMORAMConfig", pressOk);
+    user().onForm("frmAddMORAMConfig", pressing("btnOK"));
     frmAddMORAMConfig form;
     EXPECT_FALSE(form.loaded());
     form.init("NEW");

@@ -13,64 +13,12 @@
 #include "support/caption_tables.h"
 #include "support/desk.h"
 #include "support/dialog_checks.h"
+#include "support/rows.h"
 
 namespace wynconfig {
 namespace {
 
 using namespace ConfigGlobalModule;
-using Stored = std::vector<DataRow>;
-
-const Stored kDefaults{{"WindowTitleSearchType", "contains"},
-                       {"WindowClassSearchType", "contains"},
-                       {"WindowTitle", ""},
-                       {"WindowClass", ""},
-                       {"DisableProgramLaunch", "false"},
-                       {"WindowTitleClassDelay", "0"},
-                       {"ProgramLaunchDelay", "0"},
-                       {"WindowTitleCaseSensitive", "true"},
-                       {"WindowClassCaseSensitive", "false"}};
-
-/// No value of these is a default; the two constants stand the wrong way round.
-const Stored kOwn{{"WindowTitleSearchType", "matches"}, {"WindowClassSearchType", "starts with"},
-                  {"WindowTitle", "Parts Desk"},        {"WindowClass", "PartsMain"},
-                  {"DisableProgramLaunch", "true"},     {"WindowTitleClassDelay", "3"},
-                  {"ProgramLaunchDelay", "7"},          {"WindowTitleCaseSensitive", "false"},
-                  {"WindowClassCaseSensitive", "true"}};
-
-Stored rowsOf(const Dataset& record) {
-    return {record.Rows().begin(), record.Rows().end()};
-}
-
-/// The rows with the data of one key replaced.
-Stored with(Stored rows, const std::string& key, const std::string& data) {
-    for (DataRow& row : rows) {
-        if (row[0] == key) row[1] = data;
-    }
-    return rows;
-}
-
-Stored constantsRight(Stored rows) {
-    return with(with(std::move(rows), "WindowTitleCaseSensitive", "true"),
-                "WindowClassCaseSensitive", "false");
-}
-
-/// The values that the controls show, in the order of the keys that are read.
-std::vector<std::string> shownBy(User& u) {
-    const auto match = [&](const std::string& group) {
-        std::string on;
-        for (const char* kind : {"Contains", "StartsWith", "Matches"}) {
-            if (u.see("btn" + group + kind).value) on += kind;
-        }
-        return on;
-    };
-    return {match("Title"),
-            match("Class"),
-            u.see("txtWindowTitle").text,
-            u.see("txtWindowClass").text,
-            u.see("chkDisableProgramLaunch").value ? "true" : "false",
-            u.see("txtWindowTitleClassDelay").text,
-            u.see("txtProgramLaunchDelay").text};
-}
 
 const std::vector<std::string> kShownDefaults{"Contains", "Contains", "", "", "false", "0", "0"};
 const std::vector<std::string> kShownOwn{"Matches", "StartsWith", "Parts Desk", "PartsMain",
@@ -78,11 +26,43 @@ const std::vector<std::string> kShownOwn{"Matches", "StartsWith", "Parts Desk", 
 
 class AdvancedDialog : public Desk {
   protected:
-    static std::shared_ptr<Dataset> recordOf(const Stored& rows) {
-        auto record = std::make_shared<Dataset>();
-        record->Create("MORAM", "S", "", session::kColumns);
-        for (const DataRow& row : rows) record->AddRow(row);
-        return record;
+    static inline const Stored kDefaults{{"WindowTitleSearchType", "contains"},
+                                         {"WindowClassSearchType", "contains"},
+                                         {"WindowTitle", ""},
+                                         {"WindowClass", ""},
+                                         {"DisableProgramLaunch", "false"},
+                                         {"WindowTitleClassDelay", "0"},
+                                         {"ProgramLaunchDelay", "0"},
+                                         {"WindowTitleCaseSensitive", "true"},
+                                         {"WindowClassCaseSensitive", "false"}};
+    /// No value of these is a default; the two constants stand the wrong way round.
+    static inline const Stored kOwn{
+        {"WindowTitleSearchType", "matches"}, {"WindowClassSearchType", "starts with"},
+        {"WindowTitle", "Parts Desk"},        {"WindowClass", "PartsMain"},
+        {"DisableProgramLaunch", "true"},     {"WindowTitleClassDelay", "3"},
+        {"ProgramLaunchDelay", "7"},          {"WindowTitleCaseSensitive", "false"},
+        {"WindowClassCaseSensitive", "true"}};
+
+    static Stored constantsRight(Stored rows) {
+        return with(with(std::move(rows), "WindowTitleCaseSensitive", "true"),
+                    "WindowClassCaseSensitive", "false");
+    }
+    /// The values that the controls show, in the order of the keys that are read.
+    static std::vector<std::string> shownBy(User& u) {
+        const auto match = [&](const std::string& group) {
+            std::string on;
+            for (const char* kind : {"Contains", "StartsWith", "Matches"}) {
+                if (u.see("btn" + group + kind).value) on += kind;
+            }
+            return on;
+        };
+        return {match("Title"),
+                match("Class"),
+                u.see("txtWindowTitle").text,
+                u.see("txtWindowClass").text,
+                u.see("chkDisableProgramLaunch").value ? "true" : "false",
+                u.see("txtWindowTitleClassDelay").text,
+                u.see("txtProgramLaunchDelay").text};
     }
     /// Shows the dialog and gives its result.
     long show(const std::shared_ptr<Dataset>& record, User::Script script,
@@ -117,7 +97,7 @@ class AdvancedDialog : public Desk {
 ON_EVERY_VIEW(AdvancedDialog);
 
 TEST_P(AdvancedDialog, OpensAtItsDefaultsOnASessionWithoutRows) {
-    show(recordOf({}), [](User& u) {
+    show(sessionOf({}), [](User& u) {
         EXPECT_EQ(shownBy(u), kShownDefaults);
         EXPECT_TRUE(u.see("txtProgramLaunchDelay").enabled);
         EXPECT_EQ(u.see("txtProgramLaunchDelay").background, Background::Window);
@@ -127,14 +107,14 @@ TEST_P(AdvancedDialog, OpensAtItsDefaultsOnASessionWithoutRows) {
 }
 
 TEST_P(AdvancedDialog, UnseenRunGivesANewSessionItsDefaults) {
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     EXPECT_EQ(saveUnseen(record), 0);
     EXPECT_EQ(rowsOf(*record), kDefaults);
     EXPECT_EQ(fileRows("S"), kDefaults);
 }
 
 TEST_P(AdvancedDialog, ShowsTheStoredValues) {
-    show(recordOf(kOwn), [](User& u) {
+    show(sessionOf(kOwn), [](User& u) {
         EXPECT_EQ(shownBy(u), kShownOwn);
         EXPECT_FALSE(u.see("txtProgramLaunchDelay").enabled);
         EXPECT_EQ(u.see("txtProgramLaunchDelay").background, Background::InactiveBorder);
@@ -145,7 +125,7 @@ TEST_P(AdvancedDialog, ShowsTheStoredValues) {
 }
 
 TEST_P(AdvancedDialog, UnseenRunKeepsTheValuesAndSetsTheTwoConstants) {
-    const auto record = recordOf(kOwn);
+    const auto record = sessionOf(kOwn);
     EXPECT_EQ(saveUnseen(record), 0);
     EXPECT_EQ(rowsOf(*record), constantsRight(kOwn));
     EXPECT_EQ(fileRows("S"), constantsRight(kOwn));
@@ -155,10 +135,10 @@ TEST_P(AdvancedDialog, WritesItsNineRowsBehindTheOthers) {
     Stored rows{{"WindowClassCaseSensitive", "true"}, {"ProgramPath", "p.exe"}};
     rows.insert(rows.end(), kOwn.begin(), kOwn.end() - 1);
     rows.push_back({"FileName", "list.txt"});
-    const auto record = recordOf(rows);
+    const auto record = sessionOf(rows);
     saveUnseen(record);
     Stored expected{{"ProgramPath", "p.exe"}, {"FileName", "list.txt"}};
-    for (const DataRow& row : constantsRight(kOwn)) expected.push_back(row);
+    for (const auto& row : constantsRight(kOwn)) expected.push_back(row);
     EXPECT_EQ(rowsOf(*record), expected);
 }
 
@@ -168,8 +148,8 @@ TEST_P(AdvancedDialog, FirstAbsentKeyEndsTheReading) {
         rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(absent));
         std::vector<std::string> expected = kShownDefaults;
         for (std::size_t i = 0; i < absent; ++i) expected[i] = kShownOwn[i];
-        show(recordOf(rows), [&](User& u) {
-            EXPECT_EQ(shownBy(u), expected) << "without " << kOwn[absent][0];
+        show(sessionOf(rows), [&](User& u) {
+            EXPECT_EQ(shownBy(u), expected) << "without " << kOwn[absent].first;
             const bool disabled = expected[4] == "true";
             EXPECT_EQ(u.see("txtProgramLaunchDelay").enabled, !disabled);
             u.click("CancelButton");
@@ -191,16 +171,16 @@ TEST_P(AdvancedDialog, OpeningAnotherRecordStartsFromTheDefaultsAgain) {
         u.click("CancelButton");
     });
     dlgAdvConfig form;
-    form.init(recordOf(kOwn), "S");
+    form.init(sessionOf(kOwn), "S");
     EXPECT_FALSE(form.txtProgramLaunchDelay.enabled());
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     form.Show();
 }
 
 TEST_P(AdvancedDialog, SavingAfterAnAbsentKeyReplacesTheLaterRowsByDefaults) {
     Stored rows = kOwn;
     rows.erase(rows.begin() + 1);
-    const auto record = recordOf(rows);
+    const auto record = sessionOf(rows);
     saveUnseen(record);
     EXPECT_EQ(rowsOf(*record), with(kDefaults, "WindowTitleSearchType", "matches"));
 }
@@ -208,7 +188,7 @@ TEST_P(AdvancedDialog, SavingAfterAnAbsentKeyReplacesTheLaterRowsByDefaults) {
 TEST_P(AdvancedDialog, UnknownSearchTypesCountAsContains) {
     for (const char* stored :
          {"Contains", "Matches", "STARTS WITH", "starts  with", " matches", ""}) {
-        const auto record = recordOf(
+        const auto record = sessionOf(
             with(with(kOwn, "WindowTitleSearchType", stored), "WindowClassSearchType", stored));
         show(record, [&](User& u) {
             EXPECT_EQ(shownBy(u)[0], "Contains") << stored;
@@ -226,7 +206,7 @@ TEST_P(AdvancedDialog, StoresEachKindOfMatch) {
         {"Contains", "contains"}, {"StartsWith", "starts with"}, {"Matches", "matches"}};
     for (const auto& [titleKind, title] : kinds) {
         for (const auto& [classKind, windowClass] : kinds) {
-            const auto record = recordOf(kOwn);
+            const auto record = sessionOf(kOwn);
             show(record, [&, wanted = std::pair(titleKind, classKind)](User& u) {
                 u.tick("btnTitle" + wanted.first);
                 u.tick("btnClass" + wanted.second);
@@ -242,7 +222,7 @@ TEST_P(AdvancedDialog, StoresEachKindOfMatch) {
 
 TEST_P(AdvancedDialog, LaunchIsDisabledByExactlyTrue) {
     for (const char* stored : {"True", "TRUE", " true", "-1", "1", "yes", ""}) {
-        const auto record = recordOf(with(kOwn, "DisableProgramLaunch", stored));
+        const auto record = sessionOf(with(kOwn, "DisableProgramLaunch", stored));
         show(record, [&](User& u) {
             EXPECT_FALSE(u.see("chkDisableProgramLaunch").value) << stored;
             EXPECT_TRUE(u.see("txtProgramLaunchDelay").enabled);
@@ -253,7 +233,7 @@ TEST_P(AdvancedDialog, LaunchIsDisabledByExactlyTrue) {
 }
 
 TEST_P(AdvancedDialog, DelayOfADisabledLaunchIsKeptUnlessTheBoxIsToggled) {
-    const auto record = recordOf(kOwn);
+    const auto record = sessionOf(kOwn);
     show(record, [](User& u) {
         EXPECT_EQ(u.see("txtProgramLaunchDelay").text, "7");
         u.click("OKButton");
@@ -271,7 +251,7 @@ TEST_P(AdvancedDialog, DelayOfADisabledLaunchIsKeptUnlessTheBoxIsToggled) {
 }
 
 TEST_P(AdvancedDialog, LaunchDelayFollowsTheCheckBox) {
-    show(recordOf(with(kOwn, "DisableProgramLaunch", "false")), [](User& u) {
+    show(sessionOf(with(kOwn, "DisableProgramLaunch", "false")), [](User& u) {
         u.click("chkDisableProgramLaunch");
         Sight delay = u.see("txtProgramLaunchDelay");
         EXPECT_FALSE(delay.enabled);
@@ -288,7 +268,7 @@ TEST_P(AdvancedDialog, LaunchDelayFollowsTheCheckBox) {
 }
 
 TEST_P(AdvancedDialog, RefusesATitleDelayThatIsNoNumber) {
-    const auto record = recordOf(kDefaults);
+    const auto record = sessionOf(kDefaults);
     for (const char* text : {"", " ", "5 s", "soon", "--1", "1e"}) {
         user().onBox();
         const long result = show(record, [&](User& u) {
@@ -310,7 +290,7 @@ TEST_P(AdvancedDialog, RefusesATitleDelayThatIsNoNumber) {
 }
 
 TEST_P(AdvancedDialog, RefusesALaunchDelayThatIsNoNumber) {
-    const auto record = recordOf(kDefaults);
+    const auto record = sessionOf(kDefaults);
     for (const char* text : {"", "2 min", "x"}) {
         user().onBox();
         show(record, [&](User& u) {
@@ -330,7 +310,7 @@ TEST_P(AdvancedDialog, RefusesALaunchDelayThatIsNoNumber) {
 TEST_P(AdvancedDialog, ReportsTheTitleDelayFirstAndPassesOnceBothAreMended) {
     user().onBox();
     user().onBox();
-    const auto record = recordOf(kDefaults);
+    const auto record = sessionOf(kDefaults);
     const long result = show(record, [](User& u) {
         u.type("txtProgramLaunchDelay", "later");
         u.type("txtWindowTitleClassDelay", "soon");
@@ -349,7 +329,7 @@ TEST_P(AdvancedDialog, ReportsTheTitleDelayFirstAndPassesOnceBothAreMended) {
 }
 
 TEST_P(AdvancedDialog, AnyLaunchDelayPassesWhileTheLaunchIsDisabled) {
-    const auto record = recordOf(with(kOwn, "ProgramLaunchDelay", "soon"));
+    const auto record = sessionOf(with(kOwn, "ProgramLaunchDelay", "soon"));
     EXPECT_EQ(show(record, [](User& u) { u.click("OKButton"); }), 0);
     EXPECT_EQ(record->GetRow("ProgramLaunchDelay")[1], "soon");
 }
@@ -357,14 +337,14 @@ TEST_P(AdvancedDialog, AnyLaunchDelayPassesWhileTheLaunchIsDisabled) {
 TEST_P(AdvancedDialog, UnseenRunChecksNothing) {
     Stored rows = with(kDefaults, "WindowTitleClassDelay", "soon");
     rows = with(rows, "ProgramLaunchDelay", "");
-    const auto record = recordOf(rows);
+    const auto record = sessionOf(rows);
     EXPECT_EQ(saveUnseen(record), 0);
     EXPECT_EQ(rowsOf(*record), rows);
 }
 
 TEST_P(AdvancedDialog, StoresDelaysAsTyped) {
     for (const char* text : {"1e3", "-5", "2.5", " 7 ", "1,000", "+4", ".5"}) {
-        const auto record = recordOf({});
+        const auto record = sessionOf({});
         const long result = show(record, [&](User& u) {
             u.type("txtWindowTitleClassDelay", text);
             u.type("txtProgramLaunchDelay", text);
@@ -380,7 +360,7 @@ TEST_P(AdvancedDialog, StoresDelaysAsTyped) {
 TEST_P(AdvancedDialog, NumbersAreReadByTheMarksOfTheUser) {
     setNumberLocale("de-DE");
     user().onBox();
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     show(record, [&](User& u) {
         u.type("txtWindowTitleClassDelay", ".5");
         u.click("OKButton");
@@ -399,7 +379,7 @@ TEST_P(AdvancedDialog, NumbersAreReadByTheMarksOfTheUser) {
 }
 
 TEST_P(AdvancedDialog, TitleAndClassAreStoredUntrimmed) {
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     const std::string title = "  部品 😀 \"<&>\" ]]> ";
     show(record, [&](User& u) {
         u.type("txtWindowTitle", title);
@@ -412,7 +392,7 @@ TEST_P(AdvancedDialog, TitleAndClassAreStoredUntrimmed) {
 }
 
 TEST_P(AdvancedDialog, EnterInABoxIsOk) {
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     const long result = show(record, [](User& u) {
         u.type("txtWindowTitle", "Desk");
         u.pressEnter();
@@ -424,7 +404,7 @@ TEST_P(AdvancedDialog, EnterInABoxIsOk) {
 TEST_P(AdvancedDialog, OnlyOkStoresAnything) {
     putSession("S", {{"WindowTitle", "old"}});
     const std::string before = sessionText("S");
-    const auto record = recordOf(kOwn);
+    const auto record = sessionOf(kOwn);
     const auto leaving = [&](void (*leave)(User&)) {
         return show(record, [&](User& u) {
             u.type("txtWindowTitle", "new");
@@ -444,7 +424,7 @@ TEST_P(AdvancedDialog, OnlyOkStoresAnything) {
 
 TEST_P(AdvancedDialog, SavesUnderTheNameAsGiven) {
     show(
-        recordOf({}), [](User& u) { u.click("OKButton"); }, "lower Case");
+        sessionOf({}), [](User& u) { u.click("OKButton"); }, "lower Case");
     EXPECT_EQ(sessionFiles(), std::vector<std::string>{"lower Case.vla"});
     Dataset saved;
     saved.Load(ItemPath::item(sessionFolder, "lower Case"));
@@ -453,7 +433,7 @@ TEST_P(AdvancedDialog, SavesUnderTheNameAsGiven) {
 
 TEST_P(AdvancedDialog, InMemoryNoFileIsWritten) {
     g_DatasetMode = true;
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     EXPECT_EQ(saveUnseen(record), 0);
     EXPECT_EQ(rowsOf(*record), kDefaults);
     EXPECT_EQ(show(record, [](User& u) { u.click("OKButton"); }), 0);
@@ -464,7 +444,7 @@ TEST_P(AdvancedDialog, InMemoryNoFileIsWritten) {
 TEST_P(AdvancedDialog, ASaveThatFailsIsNotTold) {
     disk.failOn(FaultyFileSystem::Operation::Save);
     disk.resetCounts();
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     EXPECT_EQ(saveUnseen(record), 0);
     EXPECT_EQ(show(record, [](User& u) { u.click("OKButton"); }), 0);
     EXPECT_EQ(disk.count(FaultyFileSystem::Operation::Save), 2U);
@@ -475,9 +455,9 @@ TEST_P(AdvancedDialog, ASaveThatFailsIsNotTold) {
 
 TEST_P(AdvancedDialog, AFolderInTheFilesPlaceOrAMissingOneIsNotTold) {
     memory->makeFolder(sessionFolder + "S.vla");
-    EXPECT_EQ(show(recordOf({}), [](User& u) { u.click("OKButton"); }), 0);
+    EXPECT_EQ(show(sessionOf({}), [](User& u) { u.click("OKButton"); }), 0);
     g_SessionFolder = "/nowhere/MORAM\\";
-    EXPECT_EQ(show(recordOf({}), [](User& u) { u.click("OKButton"); }), 0);
+    EXPECT_EQ(show(sessionOf({}), [](User& u) { u.click("OKButton"); }), 0);
     EXPECT_TRUE(user().boxes().empty());
     EXPECT_TRUE(sessionFiles().empty());
 }
@@ -497,7 +477,7 @@ TEST_P(AdvancedDialog, LoadsOnceAtTheFirstTouch) {
     user().onForm("dlgAdvConfig", [](User& u) { u.click("CancelButton"); });
     dlgAdvConfig form;
     EXPECT_FALSE(form.loaded());
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     EXPECT_TRUE(form.loaded());
     EXPECT_TRUE(form.UniCaption1.bound());
     form.Show();
@@ -515,11 +495,11 @@ TEST_P(AdvancedDialog, CaptionsComeByKeyOrAllByDefault) {
 
 TEST_P(AdvancedDialog, SharesTheFontAndDoesWithoutIt) {
     dlgAdvConfig form;
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     expectFontEverywhere(form, texts->font);
     form.Unload();
     texts->fontFailing = true;
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     EXPECT_EQ(form.font(), nullptr);
     EXPECT_EQ(form.OKButton.caption(), "{BUTTON_OK}");
     EXPECT_TRUE(user().boxes().empty());
@@ -529,7 +509,7 @@ TEST_P(AdvancedDialog, MissingOkTextIsToldAndLeavesTheBoxesWithoutCaption) {
     texts->missing = {"BUTTON_OK"};
     user().onBox();
     user().onBox();
-    show(recordOf(kOwn), [](User& u) {
+    show(sessionOf(kOwn), [](User& u) {
         EXPECT_EQ(shownBy(u), kShownOwn);
         EXPECT_EQ(u.formTitle(), "Advanced Configuration");
         EXPECT_EQ(u.see("OKButton").caption, "OK");
@@ -555,7 +535,7 @@ TEST_P(AdvancedDialog, MissingTextsOfARefusalAreToldAndTheRefusalStands) {
             user().finish();
             user().onBox();
             user().onBox();
-            show(recordOf(kDefaults), [&](User& u) {
+            show(sessionOf(kDefaults), [&](User& u) {
                 u.type(offenders[i], "x");
                 u.click("OKButton");
                 EXPECT_TRUE(u.see(offenders[i]).focus);
@@ -573,7 +553,7 @@ TEST_P(AdvancedDialog, MissingTextsOfARefusalAreToldAndTheRefusalStands) {
 TEST_P(AdvancedDialog, WithoutAResourceManagerItOpensInEnglishBehindAnEmptyBox) {
     component.InitResourceManager(nullptr);
     user().onBox();
-    show(recordOf(kOwn), [](User& u) {
+    show(sessionOf(kOwn), [](User& u) {
         EXPECT_EQ(u.formTitle(), "Advanced Configuration");
         EXPECT_EQ(u.see("btnTitleStartsWith").caption, "Starts with");
         EXPECT_EQ(shownBy(u), kShownOwn);
@@ -671,7 +651,7 @@ TEST_P(AdvancedDialog, FromTheSessionDialogANameNotYetAppliedThenExists) {
 TEST_P(AdvancedDialog, FromTheInMemorySessionItWritesIntoTheSharedRecord) {
     g_DatasetMode = true;
     g_Session->Create("MORAM", "HOSTS", sessionFolder, session::kColumns);
-    for (const DataRow& row : kOwn) g_Session->AddRow(row);
+    for (const auto& [key, data] : kOwn) g_Session->AddRow({key, data});
     user().onForm("frmMORAMConfig", [](User& u) {
         u.onForm("dlgAdvConfig", [](User& a) {
             EXPECT_EQ(shownBy(a), kShownOwn);
@@ -698,8 +678,8 @@ TEST_P(AdvancedDialog, ApplyingASessionRunsItUnseen) {
     editSession("S", [](User& u) { u.click("btnOK"); });
     EXPECT_EQ(user().forms(), std::vector<std::string>{"frmMORAMConfig"});
     const Rows rows = sessionRows("S");
-    for (const DataRow& row : with(kDefaults, "WindowTitleSearchType", "matches"))
-        EXPECT_EQ(rows.at(row[0]), row[1]) << row[0];
+    for (const auto& [key, data] : with(kDefaults, "WindowTitleSearchType", "matches"))
+        EXPECT_EQ(rows.at(key), data) << key;
 }
 
 }  // namespace

@@ -14,15 +14,11 @@ namespace {
 
 using namespace ConfigGlobalModule;
 
-const std::string kNone = "<{ADD_MORAM_CONFIG_NONE}>";
-
-void pressCancel(User& u) {
-    u.click("btnCancel");
-}
-
 /// The button of the session dialog that opens the file-writer dialog.
 class FileWriterButton : public Desk {
   protected:
+    static inline const std::string kNone = "<{ADD_MORAM_CONFIG_NONE}>";
+
     void SetUp() override {
         Desk::SetUp();
         putFormat("CSV");
@@ -88,7 +84,7 @@ TEST_P(FileWriterButton, TheNoneRowAndBracketsJoinNothing) {
 
 TEST_P(FileWriterButton, BeforeAnyOkNothingJoins) {
     editSession("S", [](User& u) {
-        open(u, pressCancel);
+        open(u, pressing("btnCancel"));
         EXPECT_EQ(selected(u), std::vector<std::string>{"PLAIN"});
         open(u, [](User& t) { t.closeByFrame(); });
         EXPECT_EQ(selected(u), std::vector<std::string>{"PLAIN"});
@@ -103,7 +99,7 @@ TEST_P(FileWriterButton, CancelAddsTheLastConfirmedFormatAgain) {
         u.pick("lstSelectedFormats2", "CSV");
         u.click("btnRemove");
         EXPECT_EQ(selected(u), std::vector<std::string>{"PLAIN"});
-        open(u, pressCancel);
+        open(u, pressing("btnCancel"));
         EXPECT_EQ(selected(u), (std::vector<std::string>{"PLAIN", "CSV"}));
         u.click("btnCancel");
     });

@@ -14,91 +14,44 @@
 #include "support/caption_tables.h"
 #include "support/desk.h"
 #include "support/dialog_checks.h"
+#include "support/failing_views.h"
+#include "support/rows.h"
+#include "support/temporary_folder.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {
 namespace {
 
 using namespace ConfigGlobalModule;
-using Stored = std::vector<DataRow>;
-
-const std::string kNone = "<{ADD_MORAM_CONFIG_NONE}>";
-const std::string kBadName = "{MORAM_CONFIG_MSG_INVALID_CHARS}\r\n         \\ / : * ? \" < > | ";
-
-const Stored kDefaults{{"PartFormat", kNone},
-                       {"FileName", ""},
-                       {"FileFolder", ""},
-                       {"FileAction", "OverWrite"},
-                       {"WriteFileOnly", "false"}};
-const Stored kOwn{{"PartFormat", "CSV"},
-                  {"FileName", "list.txt"},
-                  {"FileFolder", "C:\\out"},
-                  {"FileAction", "Append"},
-                  {"WriteFileOnly", "true"}};
-
-Stored rowsOf(const Dataset& record) {
-    return {record.Rows().begin(), record.Rows().end()};
-}
-
-Stored with(Stored rows, const std::string& key, const std::string& data) {
-    for (DataRow& row : rows) {
-        if (row[0] == key) row[1] = data;
-    }
-    return rows;
-}
-
-/// The values that the controls show, in the order of the keys.
-std::vector<std::string> shownBy(User& u) {
-    const bool append = u.see("rdoAppend").value;
-    EXPECT_NE(append, u.see("rdoOverWrite").value);
-    return {u.see("cboPartFormat").text, u.see("txtFileName").text, u.see("txtFileFolder").text,
-            append ? "Append" : "OverWrite", u.see("chkWriteFileOnly").value ? "true" : "false"};
-}
-
-std::vector<std::string> dataOf(const Stored& rows) {
-    std::vector<std::string> data;
-    for (const DataRow& row : rows) data.push_back(row[1]);
-    return data;
-}
-
-void pressOk(User& u) {
-    u.click("btnOk");
-}
-void pressCancel(User& u) {
-    u.click("btnCancel");
-}
-
-/// A folder on the disk for as long as the object lives.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string path =
-            (std::filesystem::canonical(std::filesystem::temp_directory_path()) / "filesXXXXXX")
-                .string();
-        if (!mkdtemp(path.data())) throw std::runtime_error("no temporary folder");
-        m_path = path;
-    }
-    ~TemporaryFolder() { std::filesystem::remove_all(m_path); }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    const std::string& path() const { return m_path; }
-
-  private:
-    std::string m_path;
-};
 
 class FileWriterDialog : public Desk {
   protected:
+    static inline const std::string kNone = "<{ADD_MORAM_CONFIG_NONE}>";
+    static inline const std::string kBadName =
+        "{MORAM_CONFIG_MSG_INVALID_CHARS}\r\n         \\ / : * ? \" < > | ";
+    static inline const Stored kDefaults{{"PartFormat", kNone},
+                                         {"FileName", ""},
+                                         {"FileFolder", ""},
+                                         {"FileAction", "OverWrite"},
+                                         {"WriteFileOnly", "false"}};
+    static inline const Stored kOwn{{"PartFormat", "CSV"},
+                                    {"FileName", "list.txt"},
+                                    {"FileFolder", "C:\\out"},
+                                    {"FileAction", "Append"},
+                                    {"WriteFileOnly", "true"}};
+
+    /// The values that the controls show, in the order of the keys.
+    static std::vector<std::string> shownBy(User& u) {
+        const bool append = u.see("rdoAppend").value;
+        EXPECT_NE(append, u.see("rdoOverWrite").value);
+        return {u.see("cboPartFormat").text, u.see("txtFileName").text, u.see("txtFileFolder").text,
+                append ? "Append" : "OverWrite",
+                u.see("chkWriteFileOnly").value ? "true" : "false"};
+    }
     void SetUp() override {
         Desk::SetUp();
         putFormat("CSV");
         putFormat("PLAIN");
-    }
-    static std::shared_ptr<Dataset> recordOf(const Stored& rows) {
-        auto record = std::make_shared<Dataset>();
-        record->Create("MORAM", "S", "", session::kColumns);
-        for (const DataRow& row : rows) record->AddRow(row);
-        return record;
     }
     static void addHostFormat(const std::string& key, const std::string& name) {
         auto format = std::make_shared<Dataset>();
@@ -137,7 +90,7 @@ class FileWriterDialog : public Desk {
                        const std::string& title) {
         user().finish();
         user().onBox();
-        const auto record = recordOf({});
+        const auto record = sessionOf({});
         show(record, [&](User& u) {
             enter(u);
             u.click("btnOk");
@@ -155,7 +108,7 @@ class FileWriterDialog : public Desk {
 ON_EVERY_VIEW(FileWriterDialog);
 
 TEST_P(FileWriterDialog, OpensAtItsDefaultsOnASessionWithoutRows) {
-    show(recordOf({}), [](User& u) {
+    show(sessionOf({}), [](User& u) {
         EXPECT_EQ(shownBy(u), dataOf(kDefaults));
         for (const char* box : {"txtFileName", "txtFileFolder"}) {
             EXPECT_TRUE(u.see(box).enabled);
@@ -167,7 +120,7 @@ TEST_P(FileWriterDialog, OpensAtItsDefaultsOnASessionWithoutRows) {
 }
 
 TEST_P(FileWriterDialog, UnseenRunGivesANewSessionItsDefaults) {
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     EXPECT_EQ(saveUnseen(record), 0);
     EXPECT_EQ(rowsOf(*record), kDefaults);
     EXPECT_EQ(fileRows("S"), kDefaults);
@@ -175,14 +128,14 @@ TEST_P(FileWriterDialog, UnseenRunGivesANewSessionItsDefaults) {
 }
 
 TEST_P(FileWriterDialog, ShowsTheStoredValues) {
-    show(recordOf(kOwn), [](User& u) {
+    show(sessionOf(kOwn), [](User& u) {
         EXPECT_EQ(shownBy(u), dataOf(kOwn));
         u.click("btnCancel");
     });
 }
 
 TEST_P(FileWriterDialog, UnseenRunKeepsTheStoredValues) {
-    const auto record = recordOf(kOwn);
+    const auto record = sessionOf(kOwn);
     EXPECT_EQ(saveUnseen(record), 0);
     EXPECT_EQ(rowsOf(*record), kOwn);
     EXPECT_EQ(fileRows("S"), kOwn);
@@ -190,11 +143,11 @@ TEST_P(FileWriterDialog, UnseenRunKeepsTheStoredValues) {
 }
 
 TEST_P(FileWriterDialog, WritesItsFiveRowsBehindTheOthers) {
-    const auto record = recordOf({{"WriteFileOnly", "true"},
-                                  {"ProgramPath", "p.exe"},
-                                  {"FileFolder", "C:\\out"},
-                                  {"PartFormat", "CSV"},
-                                  {"WindowTitle", "Desk"}});
+    const auto record = sessionOf({{"WriteFileOnly", "true"},
+                                   {"ProgramPath", "p.exe"},
+                                   {"FileFolder", "C:\\out"},
+                                   {"PartFormat", "CSV"},
+                                   {"WindowTitle", "Desk"}});
     saveUnseen(record);
     EXPECT_EQ(rowsOf(*record), (Stored{{"ProgramPath", "p.exe"},
                                        {"WindowTitle", "Desk"},
@@ -210,9 +163,9 @@ TEST_P(FileWriterDialog, AnAbsentKeyReadsAsEmptyAndTheOthersAreRead) {
         Stored rows = kOwn;
         rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(absent));
         std::vector<std::string> expected = dataOf(kOwn);
-        expected[absent] = kDefaults[absent][1];
-        show(recordOf(rows), [&](User& u) {
-            EXPECT_EQ(shownBy(u), expected) << "without " << kOwn[absent][0];
+        expected[absent] = kDefaults[absent].second;
+        show(sessionOf(rows), [&](User& u) {
+            EXPECT_EQ(shownBy(u), expected) << "without " << kOwn[absent].first;
             u.click("btnCancel");
         });
     }
@@ -230,23 +183,23 @@ TEST_P(FileWriterDialog, OpeningAnotherRecordStartsFromTheDefaultsAgain) {
         u.click("btnCancel");
     });
     frmTallyvaneConfig form;
-    form.init(recordOf(kOwn), "S");
+    form.init(sessionOf(kOwn), "S");
     for (Edit* box : {&form.txtFileName, &form.txtFileFolder}) {
         box->setEnabled(false);
         box->setBackground(Background::InactiveBorder);
     }
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     form.Show();
 }
 
 TEST_P(FileWriterDialog, StoredSwitchesCompareExactly) {
     for (const char* action : {"append", "APPEND", " Append", "OverWrite", "no", ""}) {
-        const auto record = recordOf(with(kOwn, "FileAction", action));
+        const auto record = sessionOf(with(kOwn, "FileAction", action));
         saveUnseen(record);
         EXPECT_EQ(record->GetRow("FileAction")[1], "OverWrite") << action;
     }
     for (const char* only : {"True", "TRUE", "1", "-1", " true", ""}) {
-        const auto record = recordOf(with(kOwn, "WriteFileOnly", only));
+        const auto record = sessionOf(with(kOwn, "WriteFileOnly", only));
         saveUnseen(record);
         EXPECT_EQ(record->GetRow("WriteFileOnly")[1], "false") << only;
     }
@@ -254,7 +207,7 @@ TEST_P(FileWriterDialog, StoredSwitchesCompareExactly) {
 
 TEST_P(FileWriterDialog, AFormatThatIsNotListedGivesWayToTheFirstRowAndIsLost) {
     for (const char* format : {"GONE", "csv", "CS", "CSV ", "CSVX"}) {
-        const auto record = recordOf(with(kOwn, "PartFormat", format));
+        const auto record = sessionOf(with(kOwn, "PartFormat", format));
         show(record, [&](User& u) {
             EXPECT_EQ(u.see("cboPartFormat").selected, 1U) << format;
             u.click("btnCancel");
@@ -304,7 +257,7 @@ TEST_P(FileWriterDialog, WithoutFormatsNameAndFolderAreDemanded) {
     expectRefused([](User&) {}, "{TVW_ERR_FILE_NAME_INVALID}\r\n", "{TVW_ERR_TITLE}");
     expectRefused([](User& u) { u.type("txtFileName", "a.txt"); }, "{TVW_ERR_FOLDER_INVALID}\r\n",
                   "{TVW_ERR_TITLE}");
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     const long result = show(record, [](User& u) {
         EXPECT_TRUE(u.see("cboPartFormat").rows.empty());
         u.type("txtFileName", "a.txt");
@@ -318,8 +271,8 @@ TEST_P(FileWriterDialog, WithoutFormatsNameAndFolderAreDemanded) {
 }
 
 TEST_P(FileWriterDialog, NoneRowNeedsNeitherNameNorFolder) {
-    const auto record = recordOf({});
-    EXPECT_EQ(show(record, pressOk), 0);
+    const auto record = sessionOf({});
+    EXPECT_EQ(show(record, pressing("btnOk")), 0);
     EXPECT_EQ(rowsOf(*record), kDefaults);
     EXPECT_EQ(fileRows("S"), kDefaults);
     EXPECT_EQ(g_TallyvanePartFormat, kNone);
@@ -334,7 +287,7 @@ TEST_P(FileWriterDialog, NoneRowNeedsNeitherNameNorFolder) {
 }
 
 TEST_P(FileWriterDialog, NoneRowWithANameAloneStoresTheName) {
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     const long result = show(record, [](User& u) {
         u.type("txtFileName", "list.txt");
         u.click("btnOk");
@@ -352,7 +305,7 @@ TEST_P(FileWriterDialog, AFormatNeedsAFileName) {
         "{TVW_ERR_FILE_NAME_INVALID}\r\n", "{TVW_ERR_TITLE}");
     user().finish();
     user().onBox();
-    show(recordOf({}), [](User& u) {
+    show(sessionOf({}), [](User& u) {
         u.choose("cboPartFormat", "CSV");
         u.type("txtFileFolder", " out ");
         u.type("txtFileName", "   ");
@@ -365,7 +318,7 @@ TEST_P(FileWriterDialog, AFormatNeedsAFileName) {
 
 TEST_P(FileWriterDialog, AFormatNeedsAFolder) {
     user().onBox();
-    show(recordOf({}), [](User& u) {
+    show(sessionOf({}), [](User& u) {
         u.choose("cboPartFormat", "PLAIN");
         u.type("txtFileName", "  my list.txt ");
         u.type("txtFileFolder", "  ");
@@ -394,7 +347,7 @@ TEST_P(FileWriterDialog, RefusesAFileNameThatIsANumber) {
     expectRefused([](User& u) { u.type("txtFileName", ",5"); }, kBadName,
                   "{MORAM_CONFIG_MSG_INVALID_CONFIG}");
     setNumberLocale("en-US");
-    EXPECT_EQ(show(recordOf({}),
+    EXPECT_EQ(show(sessionOf({}),
                    [](User& u) {
                        u.type("txtFileName", ",5");
                        u.click("btnOk");
@@ -409,7 +362,7 @@ TEST_P(FileWriterDialog, WriteFileOnlyNeedsAFormat) {
 
 TEST_P(FileWriterDialog, ChecksInItsOrder) {
     for (int i = 0; i < 4; ++i) user().onBox();
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     const long result = show(record, [](User& u) {
         u.choose("cboPartFormat", "CSV");
         u.tick("chkWriteFileOnly");
@@ -436,7 +389,7 @@ TEST_P(FileWriterDialog, ChecksInItsOrder) {
 
 TEST_P(FileWriterDialog, RefusalMovesNoFocus) {
     user().onBox();
-    show(recordOf({}), [](User& u) {
+    show(sessionOf({}), [](User& u) {
         u.type("txtFileFolder", "out");
         u.type("txtFileName", "a|b");
         u.focus("txtFileFolder");
@@ -448,7 +401,7 @@ TEST_P(FileWriterDialog, RefusalMovesNoFocus) {
 }
 
 TEST_P(FileWriterDialog, AnyFolderPassesAndIsStoredTrimmed) {
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     for (const char* folder : {"/not there/", "C:\\out\\", "a<b>|*?", "123", "部品"}) {
         const long result = show(record, [&](User& u) {
             u.choose("cboPartFormat", "CSV");
@@ -466,7 +419,7 @@ TEST_P(FileWriterDialog, AnyFolderPassesAndIsStoredTrimmed) {
 }
 
 TEST_P(FileWriterDialog, UnseenRunTrimsWhatItStores) {
-    const auto record = recordOf({{"FileName", "  a*b "}, {"FileFolder", " out\t "}});
+    const auto record = sessionOf({{"FileName", "  a*b "}, {"FileFolder", " out\t "}});
     saveUnseen(record);
     EXPECT_EQ(record->GetRow("FileName")[1], "a*b");
     EXPECT_EQ(record->GetRow("FileFolder")[1], "out\t");
@@ -474,7 +427,7 @@ TEST_P(FileWriterDialog, UnseenRunTrimsWhatItStores) {
 
 TEST_P(FileWriterDialog, AFormatNameWithOuterBlanksIsStoredTrimmedAndNotFoundAgain) {
     putFormat(" PAD ");
-    const auto record = recordOf(kOwn);
+    const auto record = sessionOf(kOwn);
     show(record, [](User& u) {
         u.choose("cboPartFormat", " PAD ");
         u.click("btnOk");
@@ -489,7 +442,7 @@ TEST_P(FileWriterDialog, AFormatNameWithOuterBlanksIsStoredTrimmedAndNotFoundAga
 
 TEST_P(FileWriterDialog, AFormatNameWithAnAngleBracketCountsAsNone) {
     putFormat("A<B");
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     EXPECT_EQ(show(record,
                    [](User& u) {
                        u.choose("cboPartFormat", "A<B");
@@ -511,15 +464,15 @@ TEST_P(FileWriterDialog, OnlyOkStoresAnything) {
     putSession("S", {{"FileName", "old"}});
     const std::string before = sessionText("S");
     g_TallyvanePartFormat = "EARLIER";
-    const auto record = recordOf(kOwn);
-    const auto leaving = [&](void (*leave)(User&)) {
+    const auto record = sessionOf(kOwn);
+    const auto leaving = [&](const User::Script& leave) {
         return show(record, [&](User& u) {
             u.choose("cboPartFormat", "PLAIN");
             u.type("txtFileName", "new.txt");
             leave(u);
         });
     };
-    EXPECT_EQ(leaving(pressCancel), 1);
+    EXPECT_EQ(leaving(pressing("btnCancel")), 1);
     EXPECT_EQ(leaving([](User& u) { u.pressEscape(); }), 1);
     EXPECT_EQ(leaving([](User& u) { u.closeByFrame(); }), 0);
     EXPECT_EQ(rowsOf(*record), kOwn);
@@ -532,31 +485,31 @@ TEST_P(FileWriterDialog, OnlyOkStoresAnything) {
 }
 
 TEST_P(FileWriterDialog, SavesUnderTheNameAsGiven) {
-    show(recordOf({}), pressOk, "lower Case");
+    show(sessionOf({}), pressing("btnOk"), "lower Case");
     EXPECT_EQ(sessionFiles(), std::vector<std::string>{"lower Case.vla"});
 }
 
 TEST_P(FileWriterDialog, InMemoryNoFileIsWritten) {
     g_DatasetMode = true;
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     EXPECT_EQ(saveUnseen(record), 0);
-    EXPECT_EQ(show(record, pressOk), 0);
+    EXPECT_EQ(show(record, pressing("btnOk")), 0);
     EXPECT_EQ(rowsOf(*record), kDefaults);
     EXPECT_TRUE(sessionFiles().empty());
     EXPECT_EQ(g_TallyvanePartFormat, kNone);
 }
 
 TEST_P(FileWriterDialog, ASaveThatFailsIsNotTold) {
-    const auto record = recordOf({});
+    const auto record = sessionOf({});
     disk.failOn(FaultyFileSystem::Operation::Save, "", 0, 2);
     disk.resetCounts();
     EXPECT_EQ(saveUnseen(record), 0);
-    EXPECT_EQ(show(record, pressOk), 0);
+    EXPECT_EQ(show(record, pressing("btnOk")), 0);
     EXPECT_EQ(disk.count(FaultyFileSystem::Operation::Save), 2U);
     memory->makeFolder(sessionFolder + "S.vla");
-    EXPECT_EQ(show(record, pressOk), 0);
+    EXPECT_EQ(show(record, pressing("btnOk")), 0);
     g_SessionFolder = "/nowhere/MORAM\\";
-    EXPECT_EQ(show(record, pressOk), 0);
+    EXPECT_EQ(show(record, pressing("btnOk")), 0);
     EXPECT_EQ(rowsOf(*record), kDefaults);
     EXPECT_TRUE(user().boxes().empty());
     EXPECT_TRUE(sessionFiles().empty());
@@ -573,10 +526,10 @@ TEST_P(FileWriterDialog, WithoutARecordNothingHappens) {
 }
 
 TEST_P(FileWriterDialog, LoadsOnceAndReleasesItsCaptionBar) {
-    user().onForm("frmTallyvaneConfig", pressCancel);
+    user().onForm("frmTallyvaneConfig", pressing("btnCancel"));
     frmTallyvaneConfig form;
     EXPECT_FALSE(form.loaded());
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     EXPECT_TRUE(form.UniCaption1.bound());
     form.Show();
     EXPECT_EQ(form.Result(), 1);
@@ -587,7 +540,7 @@ TEST_P(FileWriterDialog, LoadsOnceAndReleasesItsCaptionBar) {
 }
 
 TEST_P(FileWriterDialog, TheTabKeyPassesTheFormatListBy) {
-    show(recordOf({}), [](User& u) {
+    show(sessionOf({}), [](User& u) {
         EXPECT_FALSE(u.see("cboPartFormat").tabStop);
         EXPECT_TRUE(u.see("txtFileName").tabStop);
         EXPECT_TRUE(u.see("txtFileFolder").tabStop);
@@ -607,11 +560,11 @@ TEST_P(FileWriterDialog, CaptionsComeByKeyOrAllByDefault) {
 
 TEST_P(FileWriterDialog, SharesTheFontAndDoesWithoutIt) {
     frmTallyvaneConfig form;
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     expectFontEverywhere(form, texts->font);
     form.Unload();
     texts->fontFailing = true;
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     EXPECT_EQ(form.font(), nullptr);
     EXPECT_EQ(form.cboPartFormat.items().size(), 3U);
 }
@@ -648,7 +601,7 @@ TEST_P(FileWriterDialog, MissingTextsOfARefusalAreToldAndTheRefusalStands) {
             user().finish();
             user().onBox();
             user().onBox();
-            show(recordOf({}), [&](User& u) {
+            show(sessionOf({}), [&](User& u) {
                 each.enter(u);
                 u.click("btnOk");
                 u.click("btnCancel");
@@ -672,7 +625,7 @@ TEST_P(FileWriterDialog, ANameTooLongToCheckIsToldAndRefused) {
         u.click("btnOk");
         u.click("btnCancel");
     });
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     form.Show();
     ASSERT_EQ(user().boxes().size(), 2U);
     EXPECT_TRUE(isFailureOf(user().boxes()[0].text, "frmTallyvaneConfig.ApplyChanges"));
@@ -682,7 +635,7 @@ TEST_P(FileWriterDialog, ANameTooLongToCheckIsToldAndRefused) {
 TEST_P(FileWriterDialog, OpeningFailsToTheCallerWithoutTheOkText) {
     texts->missing = {"BUTTON_OK"};
     frmTallyvaneConfig form;
-    EXPECT_THROW(form.init(recordOf(kOwn), "S"), Error);
+    EXPECT_THROW(form.init(sessionOf(kOwn), "S"), Error);
     EXPECT_FALSE(form.loaded());
     EXPECT_TRUE(user().boxes().empty());
 }
@@ -709,14 +662,14 @@ TEST_P(FileWriterDialog, BrowsesForAFolderAndTakesItUnchanged) {
         EXPECT_EQ(request.font, form.font());
         u.click("btnCancel");
     });
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     form.Show();
 }
 
 TEST_P(FileWriterDialog, BrowseTextsFallBackWhenEmptyOrMissing) {
     user().onBrowse("");
     user().onBrowse("");
-    show(recordOf({}), [&](User& u) {
+    show(sessionOf({}), [&](User& u) {
         texts->texts = {{"GLOBAL_BROWSE_FOLDER", ""}, {"BUTTON_OK", ""}, {"BUTTON_CANCEL", ""}};
         u.click("btnBrowseFolder");
         texts->texts.clear();
@@ -735,13 +688,8 @@ TEST_P(FileWriterDialog, BrowseTextsFallBackWhenEmptyOrMissing) {
 }
 
 /// A view whose browse dialog can't be shown.
-class NoBrowsing : public ScriptedView {
-  public:
-    std::string browse(const BrowseRequest&) override { throw std::runtime_error("no chooser"); }
-};
-
 TEST_P(FileWriterDialog, AFailingBrowseDialogIsToldAndKeepsTheFolder) {
-    const auto view = std::make_shared<NoBrowsing>();
+    const auto view = std::make_shared<NoChooser>();
     installView(view);
     view->user().onBox();
     view->user().onForm("frmTallyvaneConfig", [](User& u) {
@@ -751,7 +699,7 @@ TEST_P(FileWriterDialog, AFailingBrowseDialogIsToldAndKeepsTheFolder) {
         u.click("btnCancel");
     });
     frmTallyvaneConfig form;
-    form.init(recordOf({}), "S");
+    form.init(sessionOf({}), "S");
     form.Show();
     ASSERT_EQ(view->user().boxes().size(), 1U);
     expectFailure(view->user().boxes()[0],

@@ -30,9 +30,6 @@ class FormatButtons : public FormatDesk {
             u.closeByFrame();
         };
     }
-    static User::Script press(const std::string& button) {
-        return [button](User& u) { u.click(button); };
-    }
 };
 ON_EVERY_VIEW(FormatButtons);
 
@@ -257,7 +254,7 @@ TEST_P(FormatButtons, AnEditUnderTheSameNameWritesEverySessionAsItWas) {
     putFullSession("A", {"CSV"});
     putFullSession("B", {"OTHER"});
     const std::string before = sessionText("A");
-    onEditor(press("btnOk"));
+    onEditor(pressing("btnOk"));
     open("A", [this](User& u) {
         disk.resetCounts();
         act(u, "CSV", "btnEdit");
@@ -587,7 +584,7 @@ TEST_P(FormatButtons, InMemoryAnEditorClosedByTheFrameWithoutANameEmptiesTheList
 TEST_P(FormatButtons, InMemoryAFormatInLowerCaseIsShownInUpperCaseBehindAnEdit) {
     putFullFormat("FACTORY");
     addHostFormat("mine");
-    onEditor(press("btnOk"));
+    onEditor(pressing("btnOk"));
     user().onBox();
     openInMemory({"mine"}, [](User& u) {
         act(u, "mine", "btnEdit");

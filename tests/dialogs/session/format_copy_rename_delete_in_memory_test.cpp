@@ -7,12 +7,12 @@ namespace {
 
 using ConfigGlobalModule::g_PartFormats;
 
-const std::string kCopyTag = "UnifrmMORAMConfig:btnCopy_Click";
-const std::string kRenameTag = "UnifrmMORAMConfig:btnRename_Click";
-const std::string kDeleteTag = "UnifrmMORAMConfig:DeleteUserPartFormat";
-
 class FormatsInMemory : public FormatDesk {
   protected:
+    static inline const std::string kCopyTag = "UnifrmMORAMConfig:btnCopy_Click";
+    static inline const std::string kRenameTag = "UnifrmMORAMConfig:btnRename_Click";
+    static inline const std::string kDeleteTag = "UnifrmMORAMConfig:DeleteUserPartFormat";
+
     void SetUp() override {
         FormatDesk::SetUp();
         putFullFormat("FACTORY");

@@ -6,14 +6,12 @@ namespace {
 
 using Operation = FaultyFileSystem::Operation;
 
-const std::string kCopyTag = "UnifrmMORAMConfig:btnCopy_Click";
-const std::string kRenameTag = "UnifrmMORAMConfig:btnRename_Click";
-const std::string kDeleteTag = "UnifrmMORAMConfig:btnDelete_Click";
-const std::string kCheckTag = "UnifrmMORAMConfig:CheckForLastPartNumberFormatInAllMORAMs";
-const std::string kUpdateTag = "UnifrmMORAMConfig:UpdatePartNumberFormatsInAllMORAMs";
-
 class FormatFiles : public FormatDesk {
   protected:
+    static inline const std::string kCopyTag = "UnifrmMORAMConfig:btnCopy_Click";
+    static inline const std::string kRenameTag = "UnifrmMORAMConfig:btnRename_Click";
+    static inline const std::string kDeleteTag = "UnifrmMORAMConfig:btnDelete_Click";
+
     /// In the prompt that comes up next: this text and OK.
     void answerPrompt(const std::string& text) {
         user().onForm("dlgSingleEntry", [text](User& u) {

@@ -10,9 +10,6 @@ namespace {
 
 using Operation = FaultyFileSystem::Operation;
 
-const std::string kCheckTag = "UnifrmMORAMConfig:CheckForLastPartNumberFormatInAllMORAMs";
-const std::string kUpdateTag = "UnifrmMORAMConfig:UpdatePartNumberFormatsInAllMORAMs";
-
 /// What the test for a last format says, and the session that it names.
 struct LastFormat {
     bool isLast;

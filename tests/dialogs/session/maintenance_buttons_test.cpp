@@ -13,13 +13,13 @@ namespace {
 
 using Operation = FaultyFileSystem::Operation;
 
-const SessionRows kRows{"lstAvailableMORAMs2"};
-const std::string kLoadTag = "frmMORAMMaintenance:loadLstAvailableMORAMs";
-const std::string kNewTag = "frmMORAMMaintenance:btnNew_Click";
-const std::string kRemoveTag = "frmMORAMMaintenance:btnRemove_Click";
-
 class MaintenanceButtons : public SessionListDesk {
   protected:
+    static inline const SessionRows kRows{"lstAvailableMORAMs2"};
+    static inline const std::string kLoadTag = "frmMORAMMaintenance:loadLstAvailableMORAMs";
+    static inline const std::string kNewTag = "frmMORAMMaintenance:btnNew_Click";
+    static inline const std::string kRemoveTag = "frmMORAMMaintenance:btnRemove_Click";
+
     /// Deletes sessions in an otherwise fresh dialog, saying Yes each time.
     void confirmDeletions(const Names& sessions) {
         maintain([&](User& u) {

@@ -18,17 +18,10 @@ namespace {
 
 using namespace ConfigGlobalModule;
 
-const std::string kList = "lstAvailableMORAMs2";
-
-/// What the dialog gives to its caller.
-struct Outcome {
-    long result;
-    std::string name;
-    bool operator==(const Outcome&) const = default;
-};
-
 class MaintenanceForm : public Desk {
   protected:
+    static inline const std::string kList = "lstAvailableMORAMs2";
+
     Outcome show(const std::string& name, User::Script script) {
         user().onForm("frmMORAMMaintenance", std::move(script));
         frmMORAMMaintenance form;

@@ -12,14 +12,14 @@ namespace {
 
 using Operation = FaultyFileSystem::Operation;
 
-const SessionRows kRows{"lstAvailableTESessions"};
-const SessionRows kMaintained{"lstAvailableMORAMs2"};
-const std::string kLoadTag = "frmSessionManager:loadLstConfiguredSessions";
-const std::string kNewTag = "frmSessionManager:btnNew_Click";
-const std::string kRemoveTag = "frmSessionManager:btnRemove_Click";
-
 class SessionManagerButtons : public SessionListDesk {
   protected:
+    static inline const SessionRows kRows{"lstAvailableTESessions"};
+    static inline const SessionRows kMaintained{"lstAvailableMORAMs2"};
+    static inline const std::string kLoadTag = "frmSessionManager:loadLstConfiguredSessions";
+    static inline const std::string kNewTag = "frmSessionManager:btnNew_Click";
+    static inline const std::string kRemoveTag = "frmSessionManager:btnRemove_Click";
+
     /// The maintenance dialog that comes up next: this session and OK.
     void announceChoice(const std::string& session) {
         announceMaintenance([session](User& u) {

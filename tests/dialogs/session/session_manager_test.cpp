@@ -14,11 +14,11 @@
 namespace wynconfig {
 namespace {
 
-const SessionRows kRows{"lstAvailableTESessions"};
-const std::string kLoadTag = "frmSessionManager:loadLstConfiguredSessions";
-
 class SessionManager : public SessionListDesk {
   protected:
+    static inline const SessionRows kRows{"lstAvailableTESessions"};
+    static inline const std::string kLoadTag = "frmSessionManager:loadLstConfiguredSessions";
+
     /// The rows that a list of sessions brings up, in a dialog that is cancelled.
     Names shown(const std::string& sessions) {
         Names names;

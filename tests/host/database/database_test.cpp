@@ -404,7 +404,7 @@ TEST_P(HostDatabaseServer, WrongAddressesAreToldClearly) {
     EXPECT_NE(text.find("can't be reached"), std::string::npos) << text;
     EXPECT_NE(text.find("\"nowhere\" does not exist"), std::string::npos) << text;
 
-    wrong.host = folder.path().string();
+    wrong.host = folder.path();
     text = failure([&] { const SessionDatabase none(wrong, "x"); });
     EXPECT_NE(text.find("can't be reached"), std::string::npos) << text;
 }
@@ -433,7 +433,7 @@ TEST_P(HostDatabaseFile, AFileThatAnotherHoldsLockedIsToldAndNothingStored) {
 }
 
 TEST_P(HostDatabaseFile, WrongAddressesAreToldClearly) {
-    const std::string path = (folder.path() / "gone" / "test.sqlite").string();
+    const std::string path = (folder / "gone" / "test.sqlite").string();
     std::string text =
         failure([&] { const SessionDatabase none(DatabaseAddress::file(path), "x"); });
     EXPECT_EQ(text.find("The database " + path + " can't be reached: "), 0U) << text;
@@ -487,13 +487,13 @@ TEST(DatabaseNames, UpperCasingGoesCharacterByCharacter) {
 }
 
 TEST(DatabaseNames, OnlyItemFilesOfTheFolderItselfAreItems) {
-    const TestFolder folder;
-    std::filesystem::create_directories(folder.path() / "deleted");
-    std::filesystem::create_directories(folder.path() / "FOLDER.vla");
+    const wynconfig::TemporaryFolder folder;
+    std::filesystem::create_directories(folder / "deleted");
+    std::filesystem::create_directories(folder / "FOLDER.vla");
     for (const char* name : {"A.vla", "b.VLA", "MORAM.vls", "deleted/C.vla"})
-        QFile(QString::fromStdString((folder.path() / name).string())).open(QIODevice::WriteOnly);
+        QFile(QString::fromStdString((folder / name).string())).open(QIODevice::WriteOnly);
     EXPECT_EQ(itemNames(folder.path()), (std::set<std::string>{"A", "B"}));
-    EXPECT_TRUE(itemNames(folder.path() / "gone").empty());
+    EXPECT_TRUE(itemNames(folder / "gone").empty());
 }
 
 }  // namespace

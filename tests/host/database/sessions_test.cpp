@@ -198,7 +198,7 @@ class HostDatabaseSessions : public DatabaseDesk {
     wynconfig::WYNConfig component;
     std::shared_ptr<wynconfig::ScriptedView> view;
     std::optional<InstalledView> installed;
-    const std::filesystem::path root = folder.path() / "store";
+    const std::filesystem::path root = folder / "store";
     std::optional<SessionDatabase> anna;
     std::optional<SessionDatabase> ben;
     std::optional<MemorySessions> sessions;
@@ -470,7 +470,7 @@ class HostDatabaseTakeOver : public HostDatabaseSessions {
         putFile(other, "PARTFORMAT", "TAG", formatRows("of the other store"));
         putFile(other, "PARTFORMAT", "FACTORY", formatRows("of the other store"));
     }
-    const std::filesystem::path other = folder.path() / "other";
+    const std::filesystem::path other = folder / "other";
 };
 
 TEST_P(HostDatabaseTakeOver, TheSessionAndItsFormatsAreKept) {
@@ -522,7 +522,7 @@ TEST_P(HostDatabaseTakeOver, WhatCantBeReadIsNotKept) {
         EXPECT_EQ(outcome.result, 1);
         EXPECT_FALSE(outcome.text.empty());
     }
-    EXPECT_EQ(sessions->takeOver(folder.path() / "gone", "OLD DESK", "X").result, 1);
+    EXPECT_EQ(sessions->takeOver(folder / "gone", "OLD DESK", "X").result, 1);
     EXPECT_EQ(names(ItemKind::Session), std::vector<std::string>{"NIGHT"});
     EXPECT_EQ(names(ItemKind::Format), (std::vector<std::string>{"LABEL", "ORDER"}));
 }

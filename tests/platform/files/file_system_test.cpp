@@ -31,12 +31,10 @@ using Operation = FaultyFileSystem::Operation;
 // ---------------------------------------------------------------------------------------------
 // Rules that hold on every kind of file system.
 
-enum class Kind { Disk, Memory };
-
-class AnyFileSystem : public testing::TestWithParam<Kind> {
+class AnyFileSystem : public testing::TestWithParam<FilesOn> {
   protected:
     AnyFileSystem() {
-        if (GetParam() == Kind::Disk) {
+        if (GetParam() == FilesOn::Disk) {
             files = makeRealFileSystem();
             root = folder.path() + "/";
         } else {
@@ -63,9 +61,9 @@ class AnyFileSystem : public testing::TestWithParam<Kind> {
     std::unique_ptr<Stranger> stranger;
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, AnyFileSystem, testing::Values(Kind::Disk, Kind::Memory),
+INSTANTIATE_TEST_SUITE_P(Kinds, AnyFileSystem, testing::Values(FilesOn::Disk, FilesOn::Memory),
                          [](const auto& kind) {
-                             return kind.param == Kind::Disk ? "Disk" : "Memory";
+                             return kind.param == FilesOn::Disk ? "Disk" : "Memory";
                          });
 
 TEST_P(AnyFileSystem, readsBackWhatWasSaved) {

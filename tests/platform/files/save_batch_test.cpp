@@ -30,13 +30,11 @@ using Operation = FaultyFileSystem::Operation;
 // ---------------------------------------------------------------------------------------------
 // Rules that hold on every kind of file system.
 
-enum class Kind { Disk, Memory };
-
-class Batch : public testing::TestWithParam<Kind> {
+class Batch : public testing::TestWithParam<FilesOn> {
   protected:
     Batch() {
         saveCalls = SaveCalls{};
-        if (GetParam() == Kind::Disk) {
+        if (GetParam() == FilesOn::Disk) {
             files = makeRealFileSystem();
             root = folder.path() + "/";
         } else {
@@ -63,9 +61,9 @@ class Batch : public testing::TestWithParam<Kind> {
     std::unique_ptr<Stranger> stranger;
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, Batch, testing::Values(Kind::Disk, Kind::Memory),
+INSTANTIATE_TEST_SUITE_P(Kinds, Batch, testing::Values(FilesOn::Disk, FilesOn::Memory),
                          [](const auto& kind) {
-                             return kind.param == Kind::Disk ? "Disk" : "Memory";
+                             return kind.param == FilesOn::Disk ? "Disk" : "Memory";
                          });
 
 TEST_P(Batch, showsTheOldFilesUntilItIsCommitted) {
@@ -259,7 +257,7 @@ TEST_P(Batch, isTakenBackByRemoving) {
     for (const char* name : {"A.vla", "B.vla", "New.vla"}) files->save(at(name), "new");
     files->remove(at("a.VLA"));
     files->remove(at("NEW.vla"));
-    EXPECT_EQ(stranger->names(root).size() - (GetParam() == Kind::Disk ? 2 : 0), 2U)
+    EXPECT_EQ(stranger->names(root).size() - (GetParam() == FilesOn::Disk ? 2 : 0), 2U)
         << "B.vla and C.vla, and on the disk the temporary of B.vla and the mark of the batch";
     EXPECT_EQ(failureOf([&] { files->remove(at("NEW.vla")); }).number(), errc::FileNotFound);
     EXPECT_EQ(failureOf([&] { files->remove(at("A.vla")); }).number(), errc::FileNotFound);

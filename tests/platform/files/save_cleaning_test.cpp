@@ -42,7 +42,7 @@ namespace wynconfig {
 namespace {
 
 namespace fs = std::filesystem;
-using Names = std::set<std::string>;
+using NameSet = std::set<std::string>;
 
 /// Another program, by the same code. It is killed with the object unless it has ended.
 class Program {
@@ -117,8 +117,8 @@ class Leftovers : public testing::Test {
         std::ifstream file{root + name, std::ios::binary};
         return {std::istreambuf_iterator<char>{file}, {}};
     }
-    Names names() const {
-        Names all;
+    NameSet names() const {
+        NameSet all;
         for (const auto& entry : fs::directory_iterator(root)) {
             all.insert(entry.path().filename().string());
         }
@@ -159,12 +159,12 @@ void stopInASave(const std::string& root, const std::function<void()>& stop) {
 TEST_F(Leftovers, ofALivingBatchAreLeftAloneUntilItIsKilled) {
     Program other{[&](const auto& stop) { stopInABatch(root, stop); }};
     other.waitUntilReady();
-    const Names before = names();
+    const NameSet before = names();
     ASSERT_EQ(before.size(), 3U) << "two temporaries and the mark of the batch";
     save("A.vla");
     saveInBatch("B.vla");
     save("A.vla");
-    Names expected = before;
+    NameSet expected = before;
     expected.insert({"A.vla", "B.vla"});
     EXPECT_EQ(names(), expected);
     EXPECT_EQ(files->listItems(root), (std::vector<std::string>{"A.vla", "B.vla"}));
@@ -173,25 +173,25 @@ TEST_F(Leftovers, ofALivingBatchAreLeftAloneUntilItIsKilled) {
     other.kill();
     EXPECT_EQ(names(), expected);
     save("A.vla");
-    EXPECT_EQ(names(), (Names{"A.vla", "B.vla"}));
+    EXPECT_EQ(names(), (NameSet{"A.vla", "B.vla"}));
 }
 
 TEST_F(Leftovers, ofALivingSaveAreLeftAloneUntilItIsKilled) {
     Program other{[&](const auto& stop) { stopInASave(root, stop); }};
     other.waitUntilReady();
-    const Names before = names();
+    const NameSet before = names();
     ASSERT_EQ(before.size(), 1U);
     saveInBatch("B.vla");
     save("A.vla");
     save("A.vla");
-    Names expected = before;
+    NameSet expected = before;
     expected.insert({"A.vla", "B.vla"});
     EXPECT_EQ(names(), expected);
 
     other.kill();
     EXPECT_EQ(names(), expected);
     saveInBatch("A.vla");
-    EXPECT_EQ(names(), (Names{"A.vla", "B.vla"}));
+    EXPECT_EQ(names(), (NameSet{"A.vla", "B.vla"}));
 }
 
 TEST_F(Leftovers, doNotComeOfProgramsThatGoOn) {
@@ -206,18 +206,18 @@ TEST_F(Leftovers, doNotComeOfProgramsThatGoOn) {
         EXPECT_EQ(contentOf("X.vla"), "by the other program");
         fs::remove(root + "X.vla");
         fs::remove(root + "Y.vla");
-        EXPECT_EQ(names(), (Names{"A.vla", "B.vla"}));
+        EXPECT_EQ(names(), (NameSet{"A.vla", "B.vla"}));
     }
 }
 
 TEST_F(Leftovers, areCleanedAwayByTheFirstSave) {
-    const Names left = {".wyn-123-0123abcd-1.tmp",   ".wyn-4194304-ffffffff-4294967295.tmp",
-                        ".wyn-123-0123abcd-2-1.tmp", ".wyn-123-0123abcd-2-77.tmp",
-                        ".wyn-123-0123abcd-3.tmp",   ".wyn-123-0123abcd-3-1.tmp"};
+    const NameSet left = {".wyn-123-0123abcd-1.tmp",   ".wyn-4194304-ffffffff-4294967295.tmp",
+                          ".wyn-123-0123abcd-2-1.tmp", ".wyn-123-0123abcd-2-77.tmp",
+                          ".wyn-123-0123abcd-3.tmp",   ".wyn-123-0123abcd-3-1.tmp"};
     for (const auto& clean : {&Leftovers::save, &Leftovers::saveInBatch}) {
         for (const std::string& name : left) put(name, "left behind");
         (this->*clean)("A.vla");
-        EXPECT_EQ(names(), Names{"A.vla"});
+        EXPECT_EQ(names(), NameSet{"A.vla"});
     }
 }
 
@@ -232,36 +232,36 @@ TEST_F(Leftovers, inTheFolderOfALinksTargetAreCleanedAway) {
 }
 
 TEST_F(Leftovers, areNotWhatMerelyLooksAlike) {
-    const Names foreign = {".wyn-1-1.tmp",
-                           ".wyn-.tmp",
-                           ".wyn-123-0123abcd.tmp",
-                           ".wyn-123-0123abcd-.tmp",
-                           ".wyn-123-0123abcd-1",
-                           ".wyn-123-0123abcd-1.tmp2",
-                           ".wyn-123-0123abcd-1.TMP",
-                           ".WYN-123-0123abcd-1.tmp",
-                           "wyn-123-0123abcd-1.tmp",
-                           "x.wyn-123-0123abcd-1.tmp",
-                           ".wyn-123-0123ABCD-1.tmp",
-                           ".wyn-123-0123abc-1.tmp",
-                           ".wyn-123-0123abcde-1.tmp",
-                           ".wyn-123-0123abcg-1.tmp",
-                           ".wyn-0123-0123abcd-1.tmp",
-                           ".wyn-0-0123abcd-1.tmp",
-                           ".wyn-12345678901-0123abcd-1.tmp",
-                           ".wyn-a-0123abcd-1.tmp",
-                           ".wyn--0123abcd-1.tmp",
-                           ".wyn-123-0123abcd-01.tmp",
-                           ".wyn-123-0123abcd-0.tmp",
-                           ".wyn-123-0123abcd-1-.tmp",
-                           ".wyn-123-0123abcd-1-01.tmp",
-                           ".wyn-123-0123abcd-1-x.tmp",
-                           ".wyn-123-0123abcd-1-2-3.tmp",
-                           ".wyn-123-0123abcd-1 .tmp",
-                           ".wyn-+123-0123abcd-1.tmp",
-                           ".tmp"};
+    const NameSet foreign = {".wyn-1-1.tmp",
+                             ".wyn-.tmp",
+                             ".wyn-123-0123abcd.tmp",
+                             ".wyn-123-0123abcd-.tmp",
+                             ".wyn-123-0123abcd-1",
+                             ".wyn-123-0123abcd-1.tmp2",
+                             ".wyn-123-0123abcd-1.TMP",
+                             ".WYN-123-0123abcd-1.tmp",
+                             "wyn-123-0123abcd-1.tmp",
+                             "x.wyn-123-0123abcd-1.tmp",
+                             ".wyn-123-0123ABCD-1.tmp",
+                             ".wyn-123-0123abc-1.tmp",
+                             ".wyn-123-0123abcde-1.tmp",
+                             ".wyn-123-0123abcg-1.tmp",
+                             ".wyn-0123-0123abcd-1.tmp",
+                             ".wyn-0-0123abcd-1.tmp",
+                             ".wyn-12345678901-0123abcd-1.tmp",
+                             ".wyn-a-0123abcd-1.tmp",
+                             ".wyn--0123abcd-1.tmp",
+                             ".wyn-123-0123abcd-01.tmp",
+                             ".wyn-123-0123abcd-0.tmp",
+                             ".wyn-123-0123abcd-1-.tmp",
+                             ".wyn-123-0123abcd-1-01.tmp",
+                             ".wyn-123-0123abcd-1-x.tmp",
+                             ".wyn-123-0123abcd-1-2-3.tmp",
+                             ".wyn-123-0123abcd-1 .tmp",
+                             ".wyn-+123-0123abcd-1.tmp",
+                             ".tmp"};
     for (const std::string& name : foreign) put(name, "foreign");
-    Names expected = foreign;
+    NameSet expected = foreign;
     expected.insert("A.vla");
     save("A.vla");
     EXPECT_EQ(names(), expected);
@@ -271,9 +271,9 @@ TEST_F(Leftovers, areNotWhatMerelyLooksAlike) {
 }
 
 TEST_F(Leftovers, arePlainFilesOnly) {
-    const Names odd = {".wyn-123-0123abcd-1.tmp", ".wyn-123-0123abcd-2.tmp",
-                       ".wyn-123-0123abcd-3.tmp", ".wyn-123-0123abcd-4-1.tmp",
-                       ".wyn-123-0123abcd-4-2.tmp"};
+    const NameSet odd = {".wyn-123-0123abcd-1.tmp", ".wyn-123-0123abcd-2.tmp",
+                         ".wyn-123-0123abcd-3.tmp", ".wyn-123-0123abcd-4-1.tmp",
+                         ".wyn-123-0123abcd-4-2.tmp"};
     put("precious", "old");
     ASSERT_EQ(mkfifo((root + ".wyn-123-0123abcd-1.tmp").c_str(), 0600), 0);
     fs::create_directory(root + ".wyn-123-0123abcd-2.tmp");
@@ -282,26 +282,26 @@ TEST_F(Leftovers, arePlainFilesOnly) {
     ASSERT_EQ(mkfifo((root + ".wyn-123-0123abcd-4-2.tmp").c_str(), 0600), 0);
     save("A.vla");
     saveInBatch("A.vla");
-    Names expected = odd;
+    NameSet expected = odd;
     expected.insert({"A.vla", "precious"});
     EXPECT_EQ(names(), expected);
     EXPECT_EQ(contentOf("precious"), "old");
 }
 
 TEST_F(Leftovers, areToldByTheLockOfTheirLeader) {
-    const Names left = {".wyn-123-0123abcd-1.tmp", ".wyn-123-0123abcd-1-1.tmp",
-                        ".wyn-123-0123abcd-1-2.tmp"};
+    const NameSet left = {".wyn-123-0123abcd-1.tmp", ".wyn-123-0123abcd-1-1.tmp",
+                          ".wyn-123-0123abcd-1-2.tmp"};
     for (const std::string& name : left) put(name, "left behind");
     const int leader = open((root + ".wyn-123-0123abcd-1.tmp").c_str(), O_RDWR | O_CLOEXEC);
     ASSERT_EQ(flock(leader, LOCK_EX), 0);
     save("A.vla");
     saveInBatch("A.vla");
-    Names expected = left;
+    NameSet expected = left;
     expected.insert("A.vla");
     EXPECT_EQ(names(), expected);
     close(leader);
     save("A.vla");
-    EXPECT_EQ(names(), Names{"A.vla"});
+    EXPECT_EQ(names(), NameSet{"A.vla"});
 }
 
 TEST_F(Leftovers, areNotTheTemporariesOfAnotherObjectOfTheSameProgram) {
@@ -312,7 +312,7 @@ TEST_F(Leftovers, areNotTheTemporariesOfAnotherObjectOfTheSameProgram) {
     saveInBatch("B.vla");
     batch.commit();
     EXPECT_EQ(contentOf("X.vla"), "by the other object");
-    EXPECT_EQ(names(), (Names{"A.vla", "B.vla", "X.vla"}));
+    EXPECT_EQ(names(), (NameSet{"A.vla", "B.vla", "X.vla"}));
 }
 
 TEST_F(Leftovers, areNotLookedForAtEverySave) {
@@ -335,7 +335,7 @@ TEST_F(Leftovers, areNotLookedForAtEverySave) {
 TEST_F(Leftovers, mayBeATemporaryThatIsNotLockedYet) {
     for (const auto& work : {&Leftovers::save, &Leftovers::saveInBatch}) {
         int locks = 0;
-        Names taken;
+        NameSet taken;
         // Another program finds it, and is done with it, before the lock.
         saveCalls.beforeLock = [&] {
             if (++locks > 3) return;
@@ -349,7 +349,7 @@ TEST_F(Leftovers, mayBeATemporaryThatIsNotLockedYet) {
         (this->*work)("A.vla");
         EXPECT_EQ(locks, 4);
         EXPECT_EQ(taken.size(), 3U);
-        EXPECT_EQ(names(), Names{"A.vla"});
+        EXPECT_EQ(names(), NameSet{"A.vla"});
         EXPECT_EQ(contentOf("A.vla"), "saved");
         fs::remove(root + "A.vla");
     }
@@ -367,7 +367,7 @@ TEST_F(Leftovers, mayBeATemporaryThatAnotherProgramIsAboutToDelete) {
         };
         (this->*work)("A.vla");
         EXPECT_EQ(contentOf("A.vla"), "saved");
-        EXPECT_EQ(names(), (Names{name, "A.vla"}));
+        EXPECT_EQ(names(), (NameSet{name, "A.vla"}));
         fs::remove(root + name);
         close(taken);
         fs::remove(root + "A.vla");
@@ -386,7 +386,7 @@ TEST_F(Leftovers, mayBeInPlaceBeforeTheyAreDeleted) {
     };
     save("A.vla");
     EXPECT_EQ(contentOf("X.vla"), "new content");
-    EXPECT_EQ(names(), (Names{"A.vla", "X.vla"}));
+    EXPECT_EQ(names(), (NameSet{"A.vla", "X.vla"}));
 
     put(".wyn-123-0123abcd-1.tmp", "new content");
     locks = 0;
@@ -550,7 +550,7 @@ TEST_F(Killing, aSaveLeavesTheFileWholeAndNothingLyingAbout) {
         EXPECT_EQ(contentOf("A.vla"), before);
         EXPECT_EQ(names().size(), 2U + (atRename ? 1U : 0U));
         save("B.vla");
-        EXPECT_EQ(names(), (Names{"A.vla", "B.vla"}));
+        EXPECT_EQ(names(), (NameSet{"A.vla", "B.vla"}));
     }
 }
 

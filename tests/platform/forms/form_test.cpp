@@ -739,10 +739,9 @@ class WithoutAView : public ::testing::TestWithParam<Dialog> {
         ConfigGlobalModule::reset();
     }
     void expectNothingWritten() {
-        using Operation = FaultyFileSystem::Operation;
-        EXPECT_EQ(disk.count(Operation::Save), 0U);
-        EXPECT_EQ(disk.count(Operation::Remove), 0U);
-        EXPECT_EQ(disk.count(Operation::MakeFolder), 0U);
+        EXPECT_EQ(disk.count(FaultyFileSystem::Operation::Save), 0U);
+        EXPECT_EQ(disk.count(FaultyFileSystem::Operation::Remove), 0U);
+        EXPECT_EQ(disk.count(FaultyFileSystem::Operation::MakeFolder), 0U);
     }
 
     WYNConfig component;

@@ -14,12 +14,12 @@ namespace wynconfig {
 namespace {
 
 using Log = std::vector<std::string>;
-using Kind = KeyAct::Kind;
+using ActKind = KeyAct::Kind;
 
 /// Two tabs: one with boxes and options, one with lists and a combo box.
-class Sample : public Form {
+class KeyedForm : public Form {
   public:
-    Sample() : Form("frmSample") {
+    KeyedForm() : Form("frmSample") {
         for (Control* each : controls()) {
             const std::string name(each->name());
             each->GotFocus = [this, name] { log.push_back("+" + name); };
@@ -107,7 +107,7 @@ class KeyPolicy : public ::testing::Test {
     void TearDown() override { installView(nullptr); }
 
     KeyAct act(FormKey key, std::size_t markedRow = 0) { return actOfKey(form, key, markedRow); }
-    KeyAct press(Button& button) { return {Kind::Press, &button}; }
+    KeyAct press(Button& button) { return {ActKind::Press, &button}; }
     /// Shows the form and lets the person do this; gives the events.
     Log show(const std::function<void(KeyView&)>& person) {
         const auto view = std::make_shared<KeyView>();
@@ -120,7 +120,7 @@ class KeyPolicy : public ::testing::Test {
         return form.log;
     }
 
-    Sample form;
+    KeyedForm form;
     const KeyAct nothing;
 };
 
@@ -175,19 +175,19 @@ TEST_F(KeyPolicy, KeysOfListsAreLeftToOtherControls) {
 TEST_F(KeyPolicy, EnterPicksTheMarkedRowWherePicksAreDeliberate) {
     form.tabs.setTab(1);
     form.lstSymbols.setFocus();
-    EXPECT_EQ(act(FormKey::Enter), (KeyAct{Kind::Pick, &form.lstSymbols, 1}));
+    EXPECT_EQ(act(FormKey::Enter), (KeyAct{ActKind::Pick, &form.lstSymbols, 1}));
     form.lstSymbols.select(2);
-    EXPECT_EQ(act(FormKey::Enter), (KeyAct{Kind::Pick, &form.lstSymbols, 2}));
-    EXPECT_EQ(act(FormKey::Enter, 3), (KeyAct{Kind::Pick, &form.lstSymbols, 3}));
+    EXPECT_EQ(act(FormKey::Enter), (KeyAct{ActKind::Pick, &form.lstSymbols, 2}));
+    EXPECT_EQ(act(FormKey::Enter, 3), (KeyAct{ActKind::Pick, &form.lstSymbols, 3}));
     form.lstSymbols.clear();
     EXPECT_EQ(act(FormKey::Enter), press(form.btnOK));
 }
 
 TEST_F(KeyPolicy, PanesAreTurnedAroundTheEnds) {
-    EXPECT_EQ(act(FormKey::NextPane), (KeyAct{Kind::TurnTab, &form.tabs, 2}));
-    EXPECT_EQ(act(FormKey::PreviousPane), (KeyAct{Kind::TurnTab, &form.tabs, 2}));
+    EXPECT_EQ(act(FormKey::NextPane), (KeyAct{ActKind::TurnTab, &form.tabs, 2}));
+    EXPECT_EQ(act(FormKey::PreviousPane), (KeyAct{ActKind::TurnTab, &form.tabs, 2}));
     form.tabs.setTab(1);
-    EXPECT_EQ(act(FormKey::NextPane), (KeyAct{Kind::TurnTab, &form.tabs, 1}));
+    EXPECT_EQ(act(FormKey::NextPane), (KeyAct{ActKind::TurnTab, &form.tabs, 1}));
     form.tabs.setEnabled(false);
     EXPECT_EQ(act(FormKey::NextPane), nothing);
 }
@@ -199,7 +199,7 @@ TEST_F(KeyPolicy, TabGoesRoundThroughWhatCanBeUsed) {
     Log backward;
     for (int i = 0; i < 5; ++i) {
         const KeyAct next = act(FormKey::Tab);
-        ASSERT_EQ(next.kind, Kind::Focus);
+        ASSERT_EQ(next.kind, ActKind::Focus);
         next.control->setFocus();
         forward.emplace_back(next.control->name());
     }
@@ -235,11 +235,11 @@ TEST_F(KeyPolicy, AStopIsFoundFromWithinAndFromWithout) {
 }
 
 TEST_F(KeyPolicy, AMarkedKeyLeadsOrPresses) {
-    EXPECT_EQ(actOfMark(form, {&form.lblName}), (KeyAct{Kind::Focus, &form.txtName}));
+    EXPECT_EQ(actOfMark(form, {&form.lblName}), (KeyAct{ActKind::Focus, &form.txtName}));
     form.rdoLow.setValue(true);
-    EXPECT_EQ(actOfMark(form, {&form.frmSide}), (KeyAct{Kind::Focus, &form.rdoLow}));
-    EXPECT_EQ(actOfMark(form, {&form.chkAll}), (KeyAct{Kind::Press, &form.chkAll, 0, true}));
-    EXPECT_EQ(actOfMark(form, {&form.tabs, 1}), (KeyAct{Kind::TurnTab, &form.tabs, 2}));
+    EXPECT_EQ(actOfMark(form, {&form.frmSide}), (KeyAct{ActKind::Focus, &form.rdoLow}));
+    EXPECT_EQ(actOfMark(form, {&form.chkAll}), (KeyAct{ActKind::Press, &form.chkAll, 0, true}));
+    EXPECT_EQ(actOfMark(form, {&form.tabs, 1}), (KeyAct{ActKind::TurnTab, &form.tabs, 2}));
     form.txtName.setEnabled(false);
     EXPECT_EQ(actOfMark(form, {&form.lblName}), nothing);
 }
@@ -267,13 +267,14 @@ TEST_F(KeyPolicy, LettersGoToWhatBeginsSo) {
     TypeAhead ahead;
     EXPECT_FALSE(ahead.begun());
     EXPECT_EQ(actOfLetter(form, form.lstItems, ahead, "b"),
-              (KeyAct{Kind::GoTo, &form.lstItems, 2}));
+              (KeyAct{ActKind::GoTo, &form.lstItems, 2}));
     EXPECT_TRUE(ahead.begun());
     EXPECT_EQ(actOfLetter(form, form.lstItems, ahead, "o"),
-              (KeyAct{Kind::GoTo, &form.lstItems, 3}));
+              (KeyAct{ActKind::GoTo, &form.lstItems, 3}));
     EXPECT_EQ(actOfLetter(form, form.lstItems, ahead, "x"), nothing);
     ahead.forget();
-    EXPECT_EQ(actOfLetter(form, form.cboBase, ahead, "S"), (KeyAct{Kind::GoTo, &form.cboBase, 3}));
+    EXPECT_EQ(actOfLetter(form, form.cboBase, ahead, "S"),
+              (KeyAct{ActKind::GoTo, &form.cboBase, 3}));
     ahead.forget();
     EXPECT_EQ(actOfLetter(form, form.lstSymbols, ahead, "b"), nothing);
     EXPECT_EQ(actOfLetter(form, form.txtName, ahead, "b"), nothing);
@@ -307,8 +308,8 @@ TEST_F(KeyPolicy, WhatASelectedRowIsGoneToIsToldNoMore) {
     form.lstItems.select(2);
     form.tabs.setTab(1);
     const Log events = show([&](KeyView& view) {
-        view.carryOutAll({Kind::GoTo, &form.lstItems, 2});
-        view.carryOutAll({Kind::Pick, &form.lstItems, 2});
+        view.carryOutAll({ActKind::GoTo, &form.lstItems, 2});
+        view.carryOutAll({ActKind::Pick, &form.lstItems, 2});
     });
     EXPECT_EQ(events, (Log{"BETA"}));
 }
@@ -317,7 +318,7 @@ TEST_F(KeyPolicy, NothingIsPressedThatLeavingTheBoxBeforeSwitchedOff) {
     form.txtName.setFocus();
     form.txtName.LostFocus = [&] { form.chkAll.setEnabled(false); };
     show([&](KeyView& view) {
-        view.carryOutAll({Kind::Press, &form.chkAll, 0, true});
+        view.carryOutAll({ActKind::Press, &form.chkAll, 0, true});
         EXPECT_FALSE(form.chkAll.value());
     });
 }
@@ -326,7 +327,7 @@ TEST_F(KeyPolicy, NothingIsDoneToAFormThatLeavingTheBoxClosed) {
     form.txtName.setFocus();
     form.txtName.LostFocus = [&] { form.Unload(); };
     show([&](KeyView& view) {
-        view.carryOutAll({Kind::Press, &form.chkAll, 0, true});
+        view.carryOutAll({ActKind::Press, &form.chkAll, 0, true});
         EXPECT_FALSE(form.loaded());
         view.carryOutAll({});
     });

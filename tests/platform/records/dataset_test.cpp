@@ -12,6 +12,7 @@
 #include "platform/files/faulty_file_system.h"
 #include "platform/files/file_system.h"
 #include "support/raised.h"
+#include "support/rows.h"
 #include "support/strange_texts.h"
 
 namespace wynconfig {
@@ -34,12 +35,6 @@ void PrintTo(const Seen& record, std::ostream* out) {
 
 Seen seen(const Dataset& record) {
     return {record.Type(), record.Name(), {record.Rows().begin(), record.Rows().end()}};
-}
-
-std::string xmlOf(const Dataset& record) {
-    Document document;
-    record.Save(document);
-    return document.xml();
 }
 
 void loadText(Dataset& record, const std::string& xml) {

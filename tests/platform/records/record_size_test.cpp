@@ -5,6 +5,7 @@
 #include "support/bad_texts.h"
 #include "support/desk.h"
 #include "support/raised.h"
+#include "support/rows.h"
 
 namespace wynconfig {
 namespace {
@@ -17,11 +18,6 @@ class RecordSize : public ::testing::Test {
     }
     void TearDown() override { setFileSystem(nullptr); }
 
-    static std::string xmlOf(const Dataset& written) {
-        Document document;
-        written.Save(document);
-        return document.xml();
-    }
     /// How many bytes the text of a record may still grow by.
     static std::size_t room(const Dataset& in) { return kMaxItemSize - xmlOf(in).size(); }
 

@@ -10,7 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "support/rows.h"
 #include "support/strange_texts.h"
+#include "support/temporary_folder.h"
 #include "wynconfig/dataset.h"
 
 namespace wynconfig {
@@ -18,23 +20,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string xmlOf(const Dataset& record) {
-    Document document;
-    record.Save(document);
-    return document.xml();
-}
-
 /// Holds stored forms as files, and has them all validated at once.
 class StoredForm : public ::testing::Test {
   protected:
-    void SetUp() override {
-        std::string pattern =
-            (fs::temp_directory_path() / "stored-form-").string() + std::string(6, 'X');
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        m_folder = pattern;
-    }
-    void TearDown() override { fs::remove_all(m_folder); }
-
     void add(const std::string& xml) {
         const fs::path file = m_folder / (std::to_string(++m_count) + ".xml");
         std::ofstream(file, std::ios::binary) << xml;
@@ -72,7 +60,7 @@ class StoredForm : public ::testing::Test {
     }
 
   private:
-    fs::path m_folder;
+    TemporaryFolder m_folder;
     std::string m_files;
     int m_count = 0;
     bool m_failed = false;

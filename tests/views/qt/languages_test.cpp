@@ -14,14 +14,11 @@
 #include "support/all_dialogs.h"
 #include "support/desk.h"
 #include "support/languages.h"
+#include "support/qt_windows.h"
 #include "views/qt/widgets.h"
 
 namespace wynconfig {
 namespace {
-
-QWidget* window() {
-    return QApplication::activeModalWidget();
-}
 
 Qt::LayoutDirection directionOf(const std::string& language) {
     return bundleLanguage(WYNCONFIG_RESOURCES, language).rightToLeft ? Qt::RightToLeft

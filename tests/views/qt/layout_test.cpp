@@ -16,7 +16,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QTreeView>
 #include <algorithm>
 #include <cmath>
@@ -25,6 +24,8 @@
 #include "support/all_dialogs.h"
 #include "support/contrast.h"
 #include "support/desk.h"
+#include "support/qt_windows.h"
+#include "support/temporary_folder.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/form.h"
 #include "wynconfig/qt_view.h"
@@ -35,12 +36,8 @@ namespace {
 using Log = std::vector<std::string>;
 
 // Browse dialogs keep their columns in the user's settings; those of a test start and end with it.
-const QTemporaryDir settings;
-const bool ownSettings = qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
-
-QWidget* window() {
-    return QApplication::activeModalWidget();
-}
+const TemporaryFolder settings;
+const bool ownSettings = qputenv("XDG_CONFIG_HOME", settings.path().c_str());
 
 template <class W>
 W* widget(std::string_view name) {
@@ -491,16 +488,15 @@ TEST_F(QtLayoutTest, AWindowIsAsWideAsItsTitleAlsoWhenThatChanges) {
 }
 
 TEST_F(QtLayoutTest, TheBrowseDialogsHaveRoomForTheirColumns) {
-    QTemporaryDir folder;
-    ASSERT_TRUE(
-        QFile(folder.filePath("a file with a name of some length.txt")).open(QIODevice::WriteOnly));
+    const TemporaryFolder folder;
+    ASSERT_TRUE(QFile(folder / "a file with a name of some length.txt").open(QIODevice::WriteOnly));
     int looked = 0;
     view->onShown([&](const std::string& name) {
         if (name != "browse") return;
         ASSERT_TRUE(ownSettings);
         auto* dialog = qobject_cast<QFileDialog*>(window());
         ASSERT_NE(dialog, nullptr);
-        dialog->setDirectory(folder.path());
+        dialog->setDirectory(QString::fromStdString(folder.path()));
         QCoreApplication::processEvents();
         EXPECT_GE(dialog->width(), 720);
         EXPECT_GE(dialog->height(), 460);

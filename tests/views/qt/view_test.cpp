@@ -13,13 +13,14 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeView>
 #include <algorithm>
 #include <clocale>
 #include <map>
 
+#include "support/qt_windows.h"
+#include "support/temporary_folder.h"
 #include "wynconfig/error.h"
 #include "wynconfig/form.h"
 #include "wynconfig/qt_view.h"
@@ -181,7 +182,6 @@ class QtViewTest : public ::testing::Test {
         user.finish();
         EXPECT_TRUE(ran);
     }
-    static QWidget* window() { return QApplication::activeModalWidget(); }
     template <class W>
     static W* widget(const char* name) {
         return window()->findChild<W*>(QString::fromLatin1(name));
@@ -643,8 +643,8 @@ TEST_F(QtViewTest, ABoxOfAFormThatWasNeverShownStandsOverTheFormOnTop) {
 }
 
 TEST_F(QtViewTest, BrowsingGivesThePathPicked) {
-    QTemporaryDir folder;
-    const std::string dir = folder.path().toStdString();
+    const TemporaryFolder folder;
+    const std::string dir = folder.path();
     const std::string file = dir + "/program.exe";
     ASSERT_TRUE(QFile(QString::fromStdString(file)).open(QIODevice::WriteOnly));
     user.onBrowse(file);
@@ -794,13 +794,13 @@ TEST_F(QtViewTest, TheWatcherSeesWhatCameUpBeforeThePersonActs) {
 }
 
 TEST_F(QtViewTest, APictureIsSaved) {
-    QTemporaryDir folder;
-    const std::string file = folder.filePath("top.png").toStdString();
+    const TemporaryFolder folder;
+    const std::string file = (folder / "top.png").string();
     EXPECT_THROW(view->savePicture(file), UserError);
     show([&](User&) {
         view->savePicture(file);
         EXPECT_GT(QFile(QString::fromStdString(file)).size(), 1000);
-        EXPECT_THROW(view->savePicture(folder.path().toStdString() + "/none/top.png"), UserError);
+        EXPECT_THROW(view->savePicture(folder.path() + "/none/top.png"), UserError);
     });
 }
 
