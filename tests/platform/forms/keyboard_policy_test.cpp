@@ -121,7 +121,7 @@ class KeyPolicy : public ::testing::Test {
     }
 
     KeyedForm form;
-    const KeyAct nothing;
+    const KeyAct nothing{};
 };
 
 TEST_F(KeyPolicy, EnterPressesTheDefaultButtonFromABox) {
