@@ -5,7 +5,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -713,8 +712,6 @@ TEST_F(QtViewTest, TenThousandRowsAreLaidOutOnce) {
         EXPECT_EQ(rows->rowCount(), 10003);
         int resets = 0;
         QObject::connect(rows, &QAbstractItemModel::modelReset, rows, [&] { ++resets; });
-        QElapsedTimer timer;
-        timer.start();
         person.pick("lstItems", "R9999");
         form.lstItems.setEnabled(false);
         form.lstItems.setEnabled(true);
@@ -725,7 +722,6 @@ TEST_F(QtViewTest, TenThousandRowsAreLaidOutOnce) {
         person.canUse("btnAdd");
         EXPECT_EQ(resets, 1);
         EXPECT_EQ(rows->rowCount(), 9903);
-        EXPECT_LT(timer.elapsed(), 1000);
     });
 }
 
