@@ -643,7 +643,7 @@ TEST_F(QtViewTest, ABoxOfAFormThatWasNeverShownStandsOverTheFormOnTop) {
 
 TEST_F(QtViewTest, BrowsingGivesThePathPicked) {
     const TemporaryFolder folder;
-    const std::string dir = folder.path();
+    const std::string& dir = folder.path();
     const std::string file = dir + "/program.exe";
     ASSERT_TRUE(QFile(QString::fromStdString(file)).open(QIODevice::WriteOnly));
     user.onBrowse(file);
