@@ -9,7 +9,7 @@ from desktop import Desktop
 from person import Person
 from screen_reader import ScreenReader
 from store import Store
-from waiting import holds, wait_for
+from waiting import wait_for
 
 SAMPLE_HOST = os.environ["SAMPLE_HOST"]
 SCHEMA = os.environ["DATASET_SCHEMA"]
@@ -143,41 +143,40 @@ class HostTestCase(unittest.TestCase):
 
     def _at_rest(self, find):
         """What is found, as soon as it stands still: a window can move while it comes up."""
+        node = self.wait_for("something to point at", find)
         places = []
 
         def stands():
-            node = find()
             places.append(node.extents)
-            return node if len(places) > 1 and places[-1] == places[-2] else None
-        return self.wait_for("windows to come to rest", stands)
+            return places[-2:] == 2 * places[-1:]
+        self.wait_for("windows to come to rest", stands)
+        return node
 
-    def focus_is_on(self, title, name, group=None):
-        """Whether a control of a window has the keyboard."""
-        window = holds(lambda: self.reader.active(title))
-        focused = window.focused() if window else None
-        if not focused or (group is not None and focused.group != group):
-            return False
-        return name in (focused.labels if focused.role == "combo box" else [focused.name])
+    def focused(self, title):
+        """The control of a window that has the keyboard, or None."""
+        window = self.reader.active(title)
+        return window.focused() if window else None
 
     def wait_for_focus(self, title, name, group=None):
         """Waits until a control of a window has the keyboard."""
         self.wait_for(f'the focus on "{name}" in "{title}"',
-                      lambda: self.focus_is_on(title, name, group))
+                      lambda: _goes_by(self.focused(title), name, group))
 
     def tab_to(self, title, name, group=None, key="Tab"):
         """Presses the Tab key until a control has the keyboard."""
+        focused = self.wait_for(f'the focus in "{title}"', lambda: self.focused(title))
         for _ in range(MOST_STEPS):
-            if self.focus_is_on(title, name, group):
+            if _goes_by(focused, name, group):
                 return
-            place = self.window(title).focused().extents
+            place = focused.extents
             self.person.press(key)
-            self.wait_for("the focus to move", lambda place=place: self._moved(title, place))
+            focused = self.wait_for("the focus to move",
+                                    lambda place=place: self._moved(title, place))
         self.fail(f'the key {key} does not lead to "{name}" in "{title}"')
 
     def _moved(self, title, place):
-        window = self.reader.active(title)
-        focused = window.focused() if window else None
-        return focused and focused.extents != place
+        focused = self.focused(title)
+        return focused if focused and focused.extents != place else None
 
     def enter(self, title, name, text, group=None):
         """Types into the box that has the keyboard, in place of what it holds."""
@@ -185,3 +184,10 @@ class HostTestCase(unittest.TestCase):
         self.person.press("ctrl+a")
         self.person.type(text)
         self.control(title, name, group, lambda box: box.text == text)
+
+
+def _goes_by(node, name, group):
+    """Whether a control, or None, is the one of a name, in a frame if that is given."""
+    if not node or (group is not None and node.group != group):
+        return False
+    return name in (node.labels if node.role == "combo box" else [node.name])

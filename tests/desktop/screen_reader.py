@@ -5,7 +5,10 @@ import functools
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402  pylint: disable=wrong-import-position
+# pylint: disable=wrong-import-position
+from gi.repository import Atspi  # noqa: E402  only for the names that it has for numbers
+
+from accessibility_bus import AccessibilityBus, Object  # noqa: E402
 
 # Objects that only say what they hold or what holds them: nobody works with them by their name.
 PASSIVE = ("label", "panel", "table column header", "filler", "image", "menu item")
@@ -18,61 +21,64 @@ ITEMS = ("list item", "table cell", "menu item", "page tab")
 class Node:
     """One object of the tree; what is below it is read when it is asked for."""
 
-    def __init__(self, accessible, parent=None):
-        self._accessible = accessible
+    def __init__(self, bus, address, facts, parent=None):
+        self._bus = bus
+        self._address = address
+        self._child_count, role, name, self.states = facts
+        self.role = Atspi.role_get_name(role)
+        self.name = plain(name)
         self.parent = parent
-        self.role = accessible.get_role_name()
-        self.name = plain(accessible.get_name())
-        self.states = _states_of(accessible)
 
     @functools.cached_property
     def children(self):
         """The objects right below, as far as a person can see them."""
-        count = self._accessible.get_child_count()
-        below = [self._accessible.get_child_at_index(index) for index in range(count)]
-        return [Node(each, self) for each in below if each and _shows(each)]
+        return nodes_below(self._bus, self._address, self) if self._child_count else []
 
     @functools.cached_property
     def description(self):
         """What is said besides the name."""
-        return self._accessible.get_description()
+        return self._get("Accessible", "Description")
 
     @functools.cached_property
     def labels(self):
         """The names of the objects that it is labelled by."""
-        relations = [each for each in self._accessible.get_relation_set()
-                     if each.get_relation_type() == Atspi.RelationType.LABELLED_BY]
-        return [plain(relation.get_target(index).get_name())
-                for relation in relations for index in range(relation.get_n_targets())]
+        return [plain(self._bus.answer(Object(*each).asks_for("Accessible", "Name")))
+                for kind, targets in self._ask("Accessible", "GetRelationSet")
+                if kind == Atspi.RelationType.LABELLED_BY for each in targets]
 
     @property
     def text(self):
         """The content of a box as it is now."""
-        return Atspi.Text.get_text(self._accessible, 0, -1)
+        return self._ask("Text", "GetText", "(ii)", 0, -1)
 
     def set_text(self, text):
         """Has a box hold a text, as dictation does."""
-        if not Atspi.EditableText.set_text_contents(self._accessible, text):
+        if not self._ask("EditableText", "SetTextContents", "(s)", text):
             raise AssertionError(f'{self.role} "{self.name}" takes no text')
 
     def insert_text(self, place, text):
         """Has a box hold a text more, from a place on."""
-        if not Atspi.EditableText.insert_text(self._accessible, place, text, len(text.encode())):
+        if not self._ask("EditableText", "InsertText", "(isi)", place, text, len(text.encode())):
             raise AssertionError(f'{self.role} "{self.name}" takes no text')
 
     def act(self, name):
         """Does the action of a name, such as "Press" or "Toggle"."""
-        count = Atspi.Action.get_n_actions(self._accessible)
-        names = [Atspi.Action.get_action_name(self._accessible, index) for index in range(count)]
+        names = [self._ask("Action", "GetName", "(i)", index)
+                 for index in range(self._get("Action", "NActions"))]
         if name not in names:
             raise AssertionError(f'{self.role} "{self.name}" has the actions {names} alone')
-        Atspi.Action.do_action(self._accessible, names.index(name))
+        self._ask("Action", "DoAction", "(i)", names.index(name))
 
     @property
     def extents(self):
         """Its place on the screen as it is now: x, y, width, height."""
-        box = Atspi.Component.get_extents(self._accessible, Atspi.CoordType.SCREEN)
-        return box.x, box.y, box.width, box.height
+        return self._ask("Component", "GetExtents", "(u)", Atspi.CoordType.SCREEN)
+
+    def _ask(self, *question):
+        return self._bus.answer(self._address.asks(*question))
+
+    def _get(self, *prop):
+        return self._bus.answer(self._address.asks_for(*prop))
 
     @property
     def group(self):
@@ -85,7 +91,7 @@ class Node:
     def walk(self, rows=False):
         """This object and all below it; what stands in lists and tables only when asked for."""
         yield self
-        if self.role in LISTS and not rows:
+        if not self._child_count or (self.role in LISTS and not rows):
             return
         for child in self.children:
             yield from child.walk(rows)
@@ -151,16 +157,22 @@ def plain(name):
     return " ".join(name.replace("&", "", 1).split())
 
 
-def _states_of(accessible):
-    return {each.value_nick for each in accessible.get_state_set().get_states()}
+def nodes_below(bus, address, parent=None):
+    """The objects right below one, as far as a person can see them."""
+    below = [Object(*each) for each in bus.answer(address.asks("Accessible", "GetChildren"))]
+    states = map(states_of, bus.answers([each.asks("Accessible", "GetState") for each in below]))
+    shown = [(each, said) for each, said in zip(below, states) if "showing" in said]
+    facts = iter(bus.answers([question for each, _ in shown for question in (
+        each.asks_for("Accessible", "ChildCount"), each.asks("Accessible", "GetRole"),
+        each.asks_for("Accessible", "Name"))]))
+    return [Node(bus, each, (next(facts), next(facts), next(facts), said), parent)
+            for each, said in shown]
 
 
-def _active(window):
-    return window.get_state_set().contains(Atspi.StateType.ACTIVE)
-
-
-def _shows(accessible):
-    return accessible.get_state_set().contains(Atspi.StateType.SHOWING)
+def states_of(words):
+    """The names of the states in a set of bits, which comes in two words."""
+    bits = words[0] | words[1] << 32
+    return {Atspi.StateType(bit).value_nick for bit in range(bits.bit_length()) if bits >> bit & 1}
 
 
 class ScreenReader:
@@ -168,40 +180,30 @@ class ScreenReader:
 
     def __init__(self, process_id):
         self._process_id = process_id
-        self._desktop = Atspi.get_desktop(0)
-        # Always as it is now: nobody here listens to what changes.
-        self._desktop.set_cache_mask(Atspi.Cache.NONE)
+        self._bus = AccessibilityBus()
+        self._program = None
 
     def active(self, title):
         """The window of this title, provided that it has the keyboard; or None."""
-        for window in self._windows():
-            if _active(window) and plain(window.get_name()) == title:
-                return Node(window)
-        return None
+        return next((each for each in self._active_windows() if each.name == title), None)
 
     def active_title(self):
         """The title of the window that has the keyboard, or None."""
-        titles = [plain(each.get_name()) for each in self._windows() if _active(each)]
-        return titles[0] if titles else None
+        return next((each.name for each in self._active_windows()), None)
 
     def active_message(self):
         """The message box that has the keyboard, or None."""
-        for window in self._windows():
-            if _active(window) and window.get_role() == Atspi.Role.ALERT:
-                return Node(window)
-        return None
+        return next((each for each in self._active_windows() if each.role == "alert"), None)
 
     def listing(self):
         """The titles of all windows, and the one that has the keyboard as a tree."""
-        windows = self._windows()
-        titles = [f'window "{each.get_name()}"' for each in windows]
-        trees = [Node(each).listing() for each in windows if _active(each)]
+        titles = [f'window "{each.name}"' for each in self._windows()]
+        trees = [each.listing() for each in self._active_windows()]
         return "\n".join(titles + trees)
 
+    def _active_windows(self):
+        return [each for each in self._windows() if "active" in each.states]
+
     def _windows(self):
-        for index in range(self._desktop.get_child_count()):
-            program = self._desktop.get_child_at_index(index)
-            if program and program.get_process_id() == self._process_id:
-                below = [program.get_child_at_index(i) for i in range(program.get_child_count())]
-                return [each for each in below if each and _shows(each)]
-        return []
+        self._program = self._program or self._bus.program_of(self._process_id)
+        return nodes_below(self._bus, self._program) if self._program else []

@@ -5,7 +5,7 @@ import time
 from gi.repository import GLib
 
 SECONDS = 30
-PAUSE = 0.02
+PAUSE = 0.05
 
 
 def holds(condition):
