@@ -28,12 +28,13 @@ class RunTests(unittest.TestCase):
     def add_sample(self, cases, name="sample"):
         self.add(name, SAMPLE, f"--gtest_filter={cases}", LABELS="cases", TIMEOUT=2)
 
-    def run_all(self, *arguments):
+    def run_all(self, *arguments, **environment):
         """Runs what is registered; gives the exit code, the output, and its last line."""
         with open(os.path.join(self.folder, "CTestTestfile.cmake"), "w", encoding="utf-8") as file:
             file.writelines(self.checks)
         done = subprocess.run([RUNNER, self.folder, *arguments], stdout=subprocess.PIPE,
-                              stderr=subprocess.STDOUT, text=True, check=False)
+                              stderr=subprocess.STDOUT, text=True, check=False,
+                              env={**os.environ, **environment})
         return done.returncode, done.stdout, done.stdout.splitlines()[-1]
 
     def told_of(self, output, name):
@@ -161,6 +162,13 @@ class RunTests(unittest.TestCase):
         self.assertEqual(self.run_all()[2], "1 passed, 0 failed")
         with open(seen, encoding="utf-8") as file:
             self.assertFalse(os.path.exists(file.read().strip()))
+
+    def test_puts_temporary_files_where_it_is_told(self):
+        seen = os.path.join(self.folder, "seen")
+        self.add("other", "/bin/sh", "-c", f"echo \"$TMPDIR\" > {seen}")
+        self.assertEqual(self.run_all(TMPDIR=self.folder)[2], "1 passed, 0 failed")
+        with open(seen, encoding="utf-8") as file:
+            self.assertEqual(os.path.dirname(file.read().strip()), self.folder)
 
     def test_keeps_the_order_of_a_seed(self):
         self.add_sample("Sample.Fails:Sample.Skips:Sample.Passes*")
