@@ -49,7 +49,8 @@ Arguments readArguments(const QApplication& application) {
     parser.addOptions({
         {"store", "Folder of the store; a sample store is made there when it has none.", "folder",
          QCoreApplication::applicationDirPath() + "/sample-store"},
-        {"resources", "Folder of the compiled texts.", "folder", HOST_RESOURCES},
+        {"resources", "Folder of the compiled texts.", "folder",
+         QString::fromStdString(wynconfig::bundleFolder())},
         {"language", "Language of the dialogs, such as de; otherwise the user's.", "language"},
         {"dark", "Light text on dark ground."},
         {"database",

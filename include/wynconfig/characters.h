@@ -4,15 +4,17 @@
 #include <cstddef>
 #include <string_view>
 
+#include "wynconfig/export.h"
+
 namespace wynconfig {
 
 /// Length of a text in characters (code points).
 /// @param text  UTF-8; a byte that is no UTF-8 counts as one character
-std::size_t charCount(std::string_view text);
+WYNCONFIG_API std::size_t charCount(std::string_view text);
 
 /// Byte offset of a character; the length of the text beyond its end.
 /// @param text   UTF-8
 /// @param chars  number of the character, from 0
-std::size_t byteOffset(std::string_view text, std::size_t chars);
+WYNCONFIG_API std::size_t byteOffset(std::string_view text, std::size_t chars);
 
 }  // namespace wynconfig

@@ -10,6 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "wynconfig/export.h"
 #include "wynconfig/resource_manager.h"
 
 namespace wynconfig {
@@ -43,7 +44,7 @@ enum class Background {
 
 /// What every control has. Any access to a property loads the control's form first, if it is not
 /// loaded; the name, the kind and the form can be asked without loading.
-class Control {
+class WYNCONFIG_API Control {
   public:
     /// @param form  the form that the control stands on; it registers itself there
     /// @param name  its name; the text must outlive the control (a literal)
@@ -113,7 +114,7 @@ class Control {
 };
 
 /// A control with a caption: the common part of labels, buttons, frames and the like.
-class CaptionedControl : public Control {
+class WYNCONFIG_API CaptionedControl : public Control {
   public:
     CaptionedControl(Form& form, std::string_view name, ControlKind kind,
                      std::string_view designCaption);
@@ -131,20 +132,20 @@ class CaptionedControl : public Control {
     std::string m_caption;
 };
 
-class Label : public CaptionedControl {
+class WYNCONFIG_API Label : public CaptionedControl {
   public:
     Label(Form& form, std::string_view name, std::string_view designCaption = {})
         : CaptionedControl(form, name, ControlKind::Label, designCaption) {}
 };
 
 /// A frame around a group of controls.
-class Frame : public CaptionedControl {
+class WYNCONFIG_API Frame : public CaptionedControl {
   public:
     Frame(Form& form, std::string_view name, std::string_view designCaption = {})
         : CaptionedControl(form, name, ControlKind::Frame, designCaption) {}
 };
 
-class Button : public CaptionedControl {
+class WYNCONFIG_API Button : public CaptionedControl {
   public:
     Button(Form& form, std::string_view name, std::string_view designCaption = {})
         : CaptionedControl(form, name, ControlKind::Button, designCaption) {}
@@ -152,7 +153,7 @@ class Button : public CaptionedControl {
     std::function<void()> Click;
 };
 
-class CheckBox : public CaptionedControl {
+class WYNCONFIG_API CheckBox : public CaptionedControl {
   public:
     CheckBox(Form& form, std::string_view name, std::string_view designCaption = {})
         : CaptionedControl(form, name, ControlKind::CheckBox, designCaption) {}
@@ -171,7 +172,7 @@ class CheckBox : public CaptionedControl {
 
 /// One of several choices. Options within the same frame exclude each other, and so do those that
 /// stand on the form itself.
-class OptionButton : public CaptionedControl {
+class WYNCONFIG_API OptionButton : public CaptionedControl {
   public:
     OptionButton(Form& form, std::string_view name, const Frame& frame,
                  std::string_view designCaption = {})
@@ -192,7 +193,7 @@ class OptionButton : public CaptionedControl {
 };
 
 /// A one-line box for text, without a length limit.
-class Edit : public Control {
+class WYNCONFIG_API Edit : public Control {
   public:
     Edit(Form& form, std::string_view name) : Control(form, name, ControlKind::Edit) {}
 
@@ -228,7 +229,7 @@ struct ListRow {
 
 /// A list of rows, each with a key of its own and a text. Rows stay in the order of insertion; at
 /// most one is selected. Row numbers count from 1.
-class ListView : public Control {
+class WYNCONFIG_API ListView : public Control {
   public:
     ListView(Form& form, std::string_view name) : Control(form, name, ControlKind::ListView) {}
 
@@ -278,7 +279,7 @@ class ListView : public Control {
 };
 
 /// A drop-down list of texts to choose one from. Indexes count from 0, -1 is none.
-class ComboBox : public Control {
+class WYNCONFIG_API ComboBox : public Control {
   public:
     ComboBox(Form& form, std::string_view name) : Control(form, name, ControlKind::ComboBox) {}
 
@@ -304,7 +305,7 @@ class ComboBox : public Control {
 };
 
 /// Tabs by index from 0, each with a caption; which pane belongs to which tab the layout says.
-class Tabs : public Control {
+class WYNCONFIG_API Tabs : public Control {
   public:
     Tabs(Form& form, std::string_view name, std::vector<std::string_view> designCaptions);
 
@@ -332,7 +333,7 @@ class Tabs : public Control {
 };
 
 /// The pane of one tab.
-class Container : public Control {
+class WYNCONFIG_API Container : public Control {
   public:
     Container(Form& form, std::string_view name) : Control(form, name, ControlKind::Container) {}
     /// Puts the pane in front of its siblings. The tab that is on top decides what is seen.
@@ -341,7 +342,7 @@ class Container : public Control {
 
 /// The caption bar of a form: bound at load, released at unload; while bound its caption is the
 /// window's title.
-class FormCaption : public CaptionedControl {
+class WYNCONFIG_API FormCaption : public CaptionedControl {
   public:
     FormCaption(Form& form, std::string_view name)
         : CaptionedControl(form, name, ControlKind::FormCaption, {}) {}
@@ -356,7 +357,7 @@ class FormCaption : public CaptionedControl {
 };
 
 /// Shows the message boxes of a form.
-class MsgBox : public Control {
+class WYNCONFIG_API MsgBox : public Control {
   public:
     MsgBox(Form& form, std::string_view name) : Control(form, name, ControlKind::MsgBox) {}
 
@@ -369,7 +370,7 @@ class MsgBox : public Control {
 };
 
 /// Asks for a path in a browse dialog.
-class BrowseFolder : public Control {
+class WYNCONFIG_API BrowseFolder : public Control {
   public:
     BrowseFolder(Form& form, std::string_view name)
         : Control(form, name, ControlKind::BrowseFolder) {}
@@ -381,7 +382,7 @@ class BrowseFolder : public Control {
 };
 
 /// A file dialog of which only the title is ever set.
-class CommonDialog : public CaptionedControl {
+class WYNCONFIG_API CommonDialog : public CaptionedControl {
   public:
     CommonDialog(Form& form, std::string_view name)
         : CaptionedControl(form, name, ControlKind::CommonDialog, {}) {}

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "wynconfig/export.h"
 #include "wynconfig/item_path.h"
 
 namespace wynconfig {
@@ -16,7 +17,7 @@ namespace wynconfig {
 using DataRow = std::array<std::string, 2>;
 
 /// An XML document in memory, between a `Dataset` and the text that a host keeps.
-class Document {
+class WYNCONFIG_API Document {
   public:
     /// Whether `loadXML` may return before it is done. It never does; the value is only kept.
     bool async() const { return m_async; }
@@ -43,7 +44,7 @@ class Document {
 ///
 /// Text may hold anything: bytes that XML has no room for are written as `_xHHHH_`. Whatever can be
 /// saved can be loaded again, by a file and by a document.
-class Dataset {
+class WYNCONFIG_API Dataset {
   public:
     Dataset();
     Dataset(const Dataset&) = delete;

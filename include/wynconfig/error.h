@@ -4,11 +4,13 @@
 #include <stdexcept>
 #include <string>
 
+#include "wynconfig/export.h"
+
 namespace wynconfig {
 
 /// A failure: a number and a description. Everything that fails inside the component raises this
 /// one type; what a host's own objects throw is turned into it where it enters.
-class Error : public std::runtime_error {
+class WYNCONFIG_API Error : public std::runtime_error {
   public:
     /// @param number       tells kinds of failure apart; no box ever shows it.
     /// @param description  text for the user, UTF-8; an empty one is replaced, never kept.

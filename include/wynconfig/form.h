@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "wynconfig/controls.h"
+#include "wynconfig/export.h"
 #include "wynconfig/layout.h"
 
 namespace wynconfig {
@@ -15,7 +16,7 @@ namespace wynconfig {
 class UserInput;
 
 /// What a view learns about a form that it shows.
-class FormObserver {
+class WYNCONFIG_API FormObserver {
   public:
     virtual ~FormObserver() = default;
     /// A control, or with null the form itself (caption, size), looks different now. Called many
@@ -30,7 +31,7 @@ class FormObserver {
 /// The base of all dialogs. A form loads at the first touch of a control, once, and not again until
 /// it was unloaded; it unloads once, however often it is told to. At unload its controls go back to
 /// their state of design, while the fields of the dialog stay.
-class Form {
+class WYNCONFIG_API Form {
   public:
     /// @param name  the form's name; the text must outlive the form (a literal)
     explicit Form(std::string_view name);

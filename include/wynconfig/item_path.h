@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "wynconfig/export.h"
+
 namespace wynconfig {
 
 /// The most bytes that the text of an item may have, in a file as well as in a document: an item is
@@ -13,7 +15,7 @@ inline constexpr std::size_t kMaxItemSize = std::size_t{64} << 20;
 
 /// A folder, as the host gave it, and one name in it, kept apart so that a name can never lead out
 /// of its folder: a name that holds a separator is not found and can't be saved.
-struct ItemPath {
+struct WYNCONFIG_API ItemPath {
     std::string folder;  ///< with its trailing separator, `\` or `/`; empty: the working folder
     std::string name;    ///< the file's name with its extension, such as "MY SESSION.vla"
 

@@ -5,13 +5,14 @@
 #include <string_view>
 #include <vector>
 
+#include "wynconfig/export.h"
 #include "wynconfig/layout.h"
 #include "wynconfig/user.h"
 
 namespace wynconfig {
 
 /// What marks a key in its caption.
-struct KeyHolder {
+struct WYNCONFIG_API KeyHolder {
     Control* control = nullptr;
     int tab = -1;  ///< where the control is a Tabs: the index of the tab
 };
@@ -19,13 +20,13 @@ struct KeyHolder {
 /// What marks a key on a form and can be used now, in the order of the layout: for a view whose
 /// toolkit finds none by itself.
 /// @param key  one upper-cased character
-std::vector<KeyHolder> holdersOf(const Layout& body, std::string_view key);
+WYNCONFIG_API std::vector<KeyHolder> holdersOf(const Layout& body, std::string_view key);
 
 /// The one thing that a played person sees to mark a key and to be of use now. Raises `UserError`
 /// when there is none, or more than one.
 /// @param key   one upper-cased character
 /// @param look  what the person sees of a control
-KeyHolder holderOf(const Layout& body, std::string_view key,
-                   const std::function<Sight(const Control&)>& look);
+WYNCONFIG_API KeyHolder holderOf(const Layout& body, std::string_view key,
+                                 const std::function<Sight(const Control&)>& look);
 
 }  // namespace wynconfig

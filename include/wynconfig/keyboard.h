@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "wynconfig/controls.h"
+#include "wynconfig/export.h"
 #include "wynconfig/key_holder.h"
 #include "wynconfig/layout.h"
 #include "wynconfig/type_ahead.h"
@@ -31,7 +32,7 @@ enum class FormKey {
 };
 
 /// What comes of a key.
-struct KeyAct {
+struct WYNCONFIG_API KeyAct {
     enum class Kind {
         Nothing,  ///< the form has no use for the key: it is left to the control with the focus
         Focus,    ///< the control gets the focus
@@ -53,26 +54,27 @@ struct KeyAct {
 /// What a key does now. Nothing that can't be seen and used is ever pressed.
 /// @param markedRow  of the list that has the focus, the row that the keyboard is at (its number
 ///                   from 1), where the view tells it from the selected one; 0: it does not
-KeyAct actOfKey(Form& form, FormKey key, std::size_t markedRow = 0);
+WYNCONFIG_API KeyAct actOfKey(Form& form, FormKey key, std::size_t markedRow = 0);
 
 /// What the key does that a control or a tab marks in its caption: see `User::pressMnemonic`.
-KeyAct actOfMark(Form& form, const KeyHolder& holder);
+WYNCONFIG_API KeyAct actOfMark(Form& form, const KeyHolder& holder);
 
 /// What a letter does that is typed in a list or a combo box.
 /// @param ahead   has the letters that were typed just before; the view has it `forget` them after
 ///                a pause, or when the focus moves
 /// @param letter  one character, UTF-8
-KeyAct actOfLetter(Form& form, Control& listOrCombo, TypeAhead& ahead, std::string_view letter);
+WYNCONFIG_API KeyAct actOfLetter(Form& form, Control& listOrCombo, TypeAhead& ahead,
+                                 std::string_view letter);
 
 /// What a double click does in a list once it has picked a row; nothing: it is one more pick.
-KeyAct actOfDoubleClick(Form& form, ListView& list);
+WYNCONFIG_API KeyAct actOfDoubleClick(Form& form, ListView& list);
 
 /// Has the form undergo what comes of a key. A view that has a focus of its own moves that first.
-void carryOut(const KeyAct& act, const UserInput& input);
+WYNCONFIG_API void carryOut(const KeyAct& act, const UserInput& input);
 
 /// Where the Tab key can stop, in its order: the controls that take the focus, and the tabs, at
 /// which a view may stop or not.
-std::vector<Control*> tabOrder(const Layout& body);
+WYNCONFIG_API std::vector<Control*> tabOrder(const Layout& body);
 
 /// Where the Tab key leads, around the ends.
 /// @param order    the places in their order, see `tabOrder`; a view may have the buttons that end
@@ -81,7 +83,7 @@ std::vector<Control*> tabOrder(const Layout& body);
 /// @param forward  false: with Shift
 /// @param stops    whether the key stops at a place now
 /// @return null when there is no such place
-Control* nextStop(const std::vector<Control*>& order, const Control* from, bool forward,
-                  const std::function<bool(const Control&)>& stops);
+WYNCONFIG_API Control* nextStop(const std::vector<Control*>& order, const Control* from,
+                                bool forward, const std::function<bool(const Control&)>& stops);
 
 }  // namespace wynconfig

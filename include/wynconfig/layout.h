@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "wynconfig/controls.h"
+#include "wynconfig/export.h"
 
 namespace wynconfig {
 
@@ -21,7 +22,7 @@ struct ListActs {
 };
 
 /// One node of a layout.
-struct Layout {
+struct WYNCONFIG_API Layout {
     enum class Kind {
         Column,   ///< children from top to bottom; neighbouring `Field`s share their label column
         Row,      ///< children from left to right
@@ -49,7 +50,7 @@ struct Layout {
 };
 
 /// A dialog's layout and the buttons behind its Enter and Escape keys.
-struct FormLayout {
+struct WYNCONFIG_API FormLayout {
     Layout body;
     Button* defaultButton = nullptr;
     Button* cancelButton = nullptr;
@@ -138,35 +139,35 @@ inline Layout acting(Layout list, const ListActs& acts) {
 }  // namespace layout
 
 /// The controls that a layout names, labels included, in its order, which is that of the Tab key.
-std::vector<Control*> controlsOf(const Layout& node);
+WYNCONFIG_API std::vector<Control*> controlsOf(const Layout& node);
 
 /// Whether a person can see a control now: it is visible, and so is each frame around it, and each
 /// pane around it lies on the tab that is on top.
-bool isSeen(const Layout& node, const Control& control);
+WYNCONFIG_API bool isSeen(const Layout& node, const Control& control);
 
 /// Whether a person can use a control now: it is seen and enabled.
-bool isUsable(const Layout& body, const Control& control);
+WYNCONFIG_API bool isUsable(const Layout& body, const Control& control);
 
 /// What the keyboard and the mouse do in a list.
-ListActs actsOf(const Layout& body, const ListView& list);
+WYNCONFIG_API ListActs actsOf(const Layout& body, const ListView& list);
 
 /// The button that an act in a list presses now; null when there is none.
 /// @param act  one of the buttons of `ListActs`
-Button* buttonFor(const Layout& body, const ListView& list, Button* ListActs::*act);
+WYNCONFIG_API Button* buttonFor(const Layout& body, const ListView& list, Button* ListActs::*act);
 
 /// Whether a control is of a kind that can have the focus.
-bool takesFocus(const Control& control);
+WYNCONFIG_API bool takesFocus(const Control& control);
 
 /// Whether the caption of a control is read for a key (see mnemonic.h). That of a label is where it
 /// stands at a box or an option to lead to; a label that stands in the place of a box shows a value
 /// as it is.
-bool marksKey(const Layout& body, const Control& control);
+WYNCONFIG_API bool marksKey(const Layout& body, const Control& control);
 
 /// Whether a control is a label whose words are a value, which is never read for marks.
-bool isValue(const Layout& body, const Control& control);
+WYNCONFIG_API bool isValue(const Layout& body, const Control& control);
 
 /// Where the key of a label or a frame leads: to the label's box, or to the first control in the
 /// frame; among options to the one that is chosen. Null when nothing there can be used now.
-Control* keyTarget(const Layout& body, const Control& labelOrFrame);
+WYNCONFIG_API Control* keyTarget(const Layout& body, const Control& labelOrFrame);
 
 }  // namespace wynconfig

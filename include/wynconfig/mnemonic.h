@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "wynconfig/export.h"
+
 namespace wynconfig {
 
 // In the caption of a control, `&` marks the character behind it as the control's key (with Alt),
@@ -14,10 +16,10 @@ namespace wynconfig {
 /// The words of a caption: without the mark, and without a key that is put behind the words in
 /// brackets.
 /// @param caption  UTF-8
-std::string plainCaption(std::string_view caption);
+WYNCONFIG_API std::string plainCaption(std::string_view caption);
 
 /// The key that a caption marks first, as one upper-cased character; empty when it marks none.
 /// @param caption  UTF-8
-std::string mnemonicOf(std::string_view caption);
+WYNCONFIG_API std::string mnemonicOf(std::string_view caption);
 
 }  // namespace wynconfig

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "wynconfig/export.h"
 #include "wynconfig/user.h"
 #include "wynconfig/view.h"
 
@@ -13,7 +14,7 @@ namespace wynconfig {
 /// A view that shows every form in a real window. Makes a `QApplication` when the process has none
 /// by then, and keeps it until the process ends. Works off screen (QT_QPA_PLATFORM=offscreen). To
 /// be used on the thread of the `QApplication`.
-class QtView : public View {
+class WYNCONFIG_API QtView : public View {
   public:
     /// The person who drives the real widgets by real mouse and key events, instead of the one at
     /// the desk. From the first call on, whatever the view shows is answered by this user.
@@ -27,6 +28,6 @@ class QtView : public View {
     virtual void onShown(std::function<void(const std::string& name)> watcher) = 0;
 };
 
-std::shared_ptr<QtView> makeQtView();
+WYNCONFIG_API std::shared_ptr<QtView> makeQtView();
 
 }  // namespace wynconfig

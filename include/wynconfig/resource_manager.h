@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "wynconfig/export.h"
+
 namespace wynconfig {
 
 /// A font by its properties; a view makes its toolkit's font from it.
@@ -19,7 +21,7 @@ struct Font {
 
 /// Texts by key and the font of the dialogs. A host may bring its own. Both operations report a
 /// failure by raising; any exception will do, the component turns it into `Error`.
-class ResourceManager {
+class WYNCONFIG_API ResourceManager {
   public:
     virtual ~ResourceManager() = default;
 
@@ -31,6 +33,13 @@ class ResourceManager {
     virtual Font GetFont(long handle) = 0;
 };
 
+/// The folder of the texts that come with the component, as it is found where the program runs: the
+/// nearest `share/wynconfig` in a folder above the shared library, or above the program that an
+/// archive became a part of; else where the component was to be installed. A host that puts the
+/// texts elsewhere gives that folder instead, and one that needs no search the macro
+/// `WYNCONFIG_RESOURCES`, which comes with the CMake target.
+WYNCONFIG_API std::string bundleFolder();
+
 /// The resource manager that comes with the component: texts from compiled ICU resource bundles,
 /// one bundle a language. All texts are read once, here.
 /// @param folder  folder of the compiled bundles (`*.res`), as the build makes it
@@ -41,9 +50,8 @@ class ResourceManager {
 /// @param font    what `GetFont` gives
 /// Raises `Error` when the folder has no bundle that serves. `GetString` of an unknown key raises
 /// `Error`.
-std::shared_ptr<ResourceManager> makeBundleResourceManager(const std::string& folder,
-                                                           const std::string& locale = {},
-                                                           const Font& font = {});
+WYNCONFIG_API std::shared_ptr<ResourceManager> makeBundleResourceManager(
+    const std::string& folder, const std::string& locale = {}, const Font& font = {});
 
 /// A language that there are texts in.
 struct Language {
@@ -55,10 +63,10 @@ struct Language {
 };
 
 /// The languages of the bundles in a folder, in the order of their tags; none when there is none.
-std::vector<Language> bundleLanguages(const std::string& folder);
+WYNCONFIG_API std::vector<Language> bundleLanguages(const std::string& folder);
 
 /// The language that `makeBundleResourceManager` gives for the same folder and locale.
 /// Raises `Error` when the folder has no bundle that serves.
-Language bundleLanguage(const std::string& folder, const std::string& locale = {});
+WYNCONFIG_API Language bundleLanguage(const std::string& folder, const std::string& locale = {});
 
 }  // namespace wynconfig

@@ -3,13 +3,14 @@
 
 #include <memory>
 
+#include "wynconfig/export.h"
 #include "wynconfig/user.h"
 #include "wynconfig/view.h"
 
 namespace wynconfig {
 
 /// A view for tests and for hosts without a screen.
-class ScriptedView : public View {
+class WYNCONFIG_API ScriptedView : public View {
   public:
     ScriptedView();
     ~ScriptedView() override;
@@ -24,7 +25,7 @@ class ScriptedView : public View {
     long deviceContext(Form& form) override;
 
   private:
-    class Person;
+    class WYNCONFIG_INSIDE Person;
     std::unique_ptr<Person> m_person;
 };
 

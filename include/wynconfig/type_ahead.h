@@ -6,11 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "wynconfig/export.h"
+
 namespace wynconfig {
 
 /// Letters that follow each other quickly are the beginning of a row's text. One letter typed again
 /// and again goes through the rows that begin with it. Case makes no difference.
-class TypeAhead {
+class WYNCONFIG_API TypeAhead {
   public:
     /// The text of a row by its number from 1.
     using RowText = std::function<std::string_view(std::size_t)>;

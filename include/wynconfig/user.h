@@ -12,12 +12,13 @@
 #include <vector>
 
 #include "wynconfig/controls.h"
+#include "wynconfig/export.h"
 #include "wynconfig/view.h"
 
 namespace wynconfig {
 
 /// What the played person could not do, or what came up without having been announced.
-class UserError : public std::runtime_error {
+class WYNCONFIG_API UserError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
@@ -31,7 +32,7 @@ struct SeenRow {
 };
 
 /// A control as a person sees it. Captions are the words, without the mark of a key.
-struct Sight {
+struct WYNCONFIG_API Sight {
     std::string text;           ///< of an edit or a combo box
     std::string caption;        ///< of a label, button, frame, option, check box or caption bar
     std::string key;            ///< marked by the caption (see mnemonic.h); empty: none
@@ -62,7 +63,7 @@ struct SeenBox {
 /// Controls and forms go by their names. All acts concern the form on top. An act that a person
 /// could not do (a control that is not there, hidden or disabled) raises `UserError`; one that is
 /// raised within an announced script ends the script, cancels the form, and is told by `finish`.
-class User {
+class WYNCONFIG_API User {
   public:
     using Script = std::function<void(User&)>;
     using BoxScript = std::function<int(const SeenBox&)>;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "wynconfig/controls.h"
+#include "wynconfig/export.h"
 
 namespace wynconfig {
 
@@ -47,7 +48,7 @@ struct BrowseRequest {
 /// What only a person may do to a control. Nobody but a view gets one, so that the code of a dialog
 /// can't do these things by accident. Each call raises the events that belong to it; a failure in a
 /// dialog's handler ends that handler and never comes back to the view.
-class UserInput {
+class WYNCONFIG_API UserInput {
   public:
     /// The focus moved to this control: `LostFocus` of the one before, `GotFocus` of this one.
     void focus(Control& control) const;
@@ -75,7 +76,7 @@ class UserInput {
 
 /// A view: everything that the dialogs need of a screen. Five calls; a view renders any form from
 /// its `layout()` and never knows a dialog by name. What a view throws is turned into `Error`.
-class View {
+class WYNCONFIG_API View {
   public:
     virtual ~View() = default;
 
@@ -99,13 +100,13 @@ class View {
 /// answer that changes nothing: a dialog is cancelled, a box answered with No or OK, and browsing
 /// gives no path. May be called while a dialog is up: that one stays with the view that shows it,
 /// which lives until the dialog has closed, and whatever comes up from then on goes to the new one.
-void installView(std::shared_ptr<View> view);
+WYNCONFIG_API void installView(std::shared_ptr<View> view);
 
 /// The installed view, or the one that answers as told above; never null. Hold it for as long as a
 /// call of it lasts, since it may be replaced meanwhile.
-std::shared_ptr<View> installedView();
+WYNCONFIG_API std::shared_ptr<View> installedView();
 
 /// The same, for a call in which nobody installs another one.
-View& currentView();
+WYNCONFIG_API View& currentView();
 
 }  // namespace wynconfig

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "wynconfig/export.h"
 #include "wynconfig/resource_manager.h"
 
 namespace wynconfig {
@@ -21,7 +22,7 @@ namespace wynconfig {
 /// formats that the host hands in as XML text and takes back so; the store's files are then factory
 /// items, which may be used but not changed. The two operations that end in `EX` begin the
 /// in-memory mode, `showAddMORAMConfigDlg` ends it, and no other operation touches it.
-class WYNConfig {
+class WYNCONFIG_API WYNConfig {
   public:
     /// The session held in memory: what the last operation of the in-memory mode, or the last
     /// migration, left.

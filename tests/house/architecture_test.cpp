@@ -127,6 +127,7 @@ const std::map<std::string, std::string> kHomes{
     {"controls.h", "platform/forms"},
     {"dataset.h", "platform/records"},
     {"error.h", "platform/text"},
+    {"export.h", "platform/text"},
     {"form.h", "platform/forms"},
     {"item_path.h", "platform/files"},
     {"key_holder.h", "platform/forms"},
@@ -139,6 +140,7 @@ const std::map<std::string, std::string> kHomes{
     {"scripted_view.h", "views/scripted"},
     {"type_ahead.h", "platform/forms"},
     {"user.h", "platform/forms"},
+    {"version.h", "core"},
     {"view.h", "platform/forms"},
     {"wynconfig.h", "core"},
 };

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "wynconfig/export.h"
 #include "wynconfig/form.h"
 #include "wynconfig/keyboard.h"
 #include "wynconfig/scripted_view.h"
@@ -12,7 +13,7 @@
 namespace wynconfig {
 
 /// Acts on the form on top by the door that every view has, and keeps to what a person could do.
-class ScriptedView::Person : public User {
+class WYNCONFIG_INSIDE ScriptedView::Person : public User {
   public:
     explicit Person(UserInput input) : m_input(input) {}
 

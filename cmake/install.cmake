@@ -1,0 +1,38 @@
+# What is installed, by the components runtime, runtime_qt, development and sample.
+include(CMakePackageConfigHelpers)
+set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/wynconfig)
+set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# A library, with the files by which CMake and pkg-config find it.
+function(wynconfig_install target component)
+  install(TARGETS ${target} EXPORT ${target}Targets
+    LIBRARY COMPONENT ${component} NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development)
+  install(EXPORT ${target}Targets NAMESPACE wynconfig:: DESTINATION ${config_folder}
+    COMPONENT development)
+  # Relative, so that an installation can be moved.
+  file(RELATIVE_PATH prefix /${pkgconfig_folder} /)
+  string(REGEX REPLACE "/$" "" prefix "${prefix}")
+  string(REPLACE "_" "-" name ${target})
+  configure_file(cmake/${name}.pc.in ${name}.pc @ONLY)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc DESTINATION ${pkgconfig_folder}
+    COMPONENT development)
+endfunction()
+
+wynconfig_install(wynconfig runtime)
+set(headers_left_out "")
+if(with_qt)
+  wynconfig_install(wynconfig_qt runtime_qt)
+else()
+  set(headers_left_out PATTERN qt_view.h EXCLUDE)
+endif()
+install(DIRECTORY include/wynconfig TYPE INCLUDE COMPONENT development ${headers_left_out})
+configure_package_config_file(cmake/wynconfigConfig.cmake.in wynconfigConfig.cmake
+  INSTALL_DESTINATION ${config_folder} PATH_VARS CMAKE_INSTALL_DATADIR)
+write_basic_package_version_file(wynconfigConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/wynconfigConfig.cmake
+              ${CMAKE_CURRENT_BINARY_DIR}/wynconfigConfigVersion.cmake
+        DESTINATION ${config_folder} COMPONENT development)
+install(FILES docs/dataset.xsd TYPE DATA RENAME wynconfig/dataset.xsd COMPONENT development)
+install(FILES LICENSE TYPE DOC COMPONENT runtime)
+install(FILES README.md CHANGELOG.md docs/sending.md TYPE DOC COMPONENT development)
