@@ -58,19 +58,27 @@ class HostTestCase(unittest.TestCase):
         folder = tempfile.mkdtemp(dir=self.desktop.folder)
         self.store = Store(os.path.join(folder, "store"))
         # Not in the store, whose files are compared.
-        self.host = self.desktop.start(SAMPLE_HOST, "--store", self.store.folder,
-                                       "--database", os.path.join(folder, "catalogue.sqlite"))
+        self.start(SAMPLE_HOST, "--store", self.store.folder,
+                   "--database", os.path.join(folder, "catalogue.sqlite"))
+        self.window(HOST)
+
+    def start(self, *command):
+        """Starts a host, and sits down in front of it."""
+        self.host = self.desktop.start(*command)
         self.addCleanup(self.host.end)
         self.person = Person()
         self.reader = ScreenReader(self.host.process_id)
-        self.window(HOST)
 
     def quit_host(self):
         """Leaves the host as a person does: it must end well, and leave a store in good form."""
         self.window(HOST)
         self.person.press("ctrl+q")
+        self.wait_for_end(0)
+
+    def wait_for_end(self, exit_code):
+        """Waits until the host has ended, which must be by this exit code."""
         wait_for("the host to end", lambda: self.host.exit_code is not None, self.reader.listing)
-        self.assertEqual(self.host.exit_code, 0, self.host.printed())
+        self.assertEqual(self.host.exit_code, exit_code, self.host.printed())
         self.store.check(SCHEMA)
 
     def wait_for(self, what, condition):
