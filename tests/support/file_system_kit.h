@@ -1,22 +1,27 @@
-// What the tests of the file layer share: a folder of their own on the disk, another
-// program's hand on the files, and a look at what a call raises.
+// What the tests of the file layer share: a folder of their own on the disk, every file system to
+// run on, another program's hand on the files, and a look at what a call raises.
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <functional>
+#include <iterator>
+#include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "platform/files/faulty_file_system.h"
+#include "platform/files/file_system.h"
+#include "support/save_calls.h"
 #include "support/temporary_folder.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {
-
-/// The file systems on which every rule is tested.
-enum class FilesOn { Disk, Memory };
 
 /// Another program at work on the same files: it sees no case, no index, just paths.
 class Stranger : public FaultyFileSystem {
@@ -40,6 +45,71 @@ class Stranger : public FaultyFileSystem {
         std::sort(names.begin(), names.end());
         return names;
     }
+};
+
+/// The file systems on which every rule is tested.
+enum class FilesOn { Disk, Memory };
+
+/// The fixture of rules that hold on all of them: an empty folder, and a stranger in it.
+class OnEveryFileSystem : public testing::TestWithParam<FilesOn> {
+  protected:
+    OnEveryFileSystem() {
+        if (GetParam() == FilesOn::Disk) {
+            files = makeRealFileSystem();
+            root = folder.path() + "/";
+        } else {
+            files = makeMemoryFileSystem();
+            root = "/store/";
+            files->makeFolder(root);
+        }
+        stranger = std::make_unique<Stranger>(*files);
+    }
+
+    ItemPath at(const std::string& name) const { return {root, name}; }
+
+    TemporaryFolder folder;
+    std::string root;
+    std::unique_ptr<FileSystem> files;
+    std::unique_ptr<Stranger> stranger;
+};
+
+/// Runs the tests of a fixture on every file system.
+#define ON_EVERY_FILE_SYSTEM(Fixture)                                    \
+    INSTANTIATE_TEST_SUITE_P(                                            \
+        Kinds, Fixture, testing::Values(FilesOn::Disk, FilesOn::Memory), \
+        [](const auto& kind) { return kind.param == FilesOn::Disk ? "Disk" : "Memory"; })
+
+/// The fixture of what is only so on the disk: an empty folder there, and short ways to its files
+/// that go past the file layer.
+class OnTheDisk : public testing::Test {
+  protected:
+    OnTheDisk() { saveCalls = SaveCalls{}; }
+    ~OnTheDisk() override { saveCalls = SaveCalls{}; }
+
+    ItemPath at(const std::string& name) const { return {root, name}; }
+    void put(const std::string& name, const std::string& content) const {
+        std::ofstream{root + name, std::ios::binary} << content;
+    }
+    std::string contentOf(const std::string& name) const {
+        std::ifstream file{root + name, std::ios::binary};
+        return {std::istreambuf_iterator<char>{file}, {}};
+    }
+    std::set<std::string> names() const {
+        std::set<std::string> all;
+        for (const auto& entry : std::filesystem::directory_iterator(root)) {
+            all.insert(entry.path().filename().string());
+        }
+        return all;
+    }
+    mode_t modeOf(const std::string& name) const {
+        struct stat info {};
+        EXPECT_EQ(lstat((root + name).c_str(), &info), 0);
+        return info.st_mode & 07777;
+    }
+
+    TemporaryFolder folder;
+    std::string root = folder.path() + "/";
+    std::unique_ptr<FileSystem> files = makeRealFileSystem();
 };
 
 /// Runs a call that must fail, and gives back what it raises.

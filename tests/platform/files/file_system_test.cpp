@@ -31,21 +31,8 @@ using Operation = FaultyFileSystem::Operation;
 // ---------------------------------------------------------------------------------------------
 // Rules that hold on every kind of file system.
 
-class AnyFileSystem : public testing::TestWithParam<FilesOn> {
+class AnyFileSystem : public OnEveryFileSystem {
   protected:
-    AnyFileSystem() {
-        if (GetParam() == FilesOn::Disk) {
-            files = makeRealFileSystem();
-            root = folder.path() + "/";
-        } else {
-            files = makeMemoryFileSystem();
-            root = "/store/";
-            files->makeFolder(root);
-        }
-        stranger = std::make_unique<Stranger>(*files);
-    }
-
-    ItemPath at(const std::string& name) const { return {root, name}; }
     void expectRefused(const ItemPath& path, const std::string& cause) {
         const Names before = stranger->names(root);
         const Error error = failureOf([&] { files->save(path, "new"); });
@@ -54,17 +41,8 @@ class AnyFileSystem : public testing::TestWithParam<FilesOn> {
         EXPECT_TRUE(holds(error.description(), cause)) << error.description();
         EXPECT_EQ(stranger->names(root), before);
     }
-
-    TemporaryFolder folder;
-    std::string root;
-    std::unique_ptr<FileSystem> files;
-    std::unique_ptr<Stranger> stranger;
 };
-
-INSTANTIATE_TEST_SUITE_P(Kinds, AnyFileSystem, testing::Values(FilesOn::Disk, FilesOn::Memory),
-                         [](const auto& kind) {
-                             return kind.param == FilesOn::Disk ? "Disk" : "Memory";
-                         });
+ON_EVERY_FILE_SYSTEM(AnyFileSystem);
 
 TEST_P(AnyFileSystem, readsBackWhatWasSaved) {
     const std::string every = "\0\r\n\t\xFF\xFE plain \xC3\x84"s;

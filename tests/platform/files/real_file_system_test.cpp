@@ -11,10 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
-#include <memory>
 #include <set>
 #include <string>
 #include <thread>
@@ -34,36 +31,7 @@ namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 using Operation = FaultyFileSystem::Operation;
 
-class Disk : public testing::Test {
-  protected:
-    Disk() { saveCalls = SaveCalls{}; }
-    ~Disk() override { saveCalls = SaveCalls{}; }
-
-    ItemPath at(const std::string& name) const { return {root, name}; }
-    void put(const std::string& name, const std::string& content) const {
-        std::ofstream{root + name, std::ios::binary} << content;
-    }
-    std::string contentOf(const std::string& name) const {
-        std::ifstream file{root + name, std::ios::binary};
-        return {std::istreambuf_iterator<char>{file}, {}};
-    }
-    std::set<std::string> names() const {
-        std::set<std::string> all;
-        for (const auto& entry : fs::directory_iterator(root)) {
-            all.insert(entry.path().filename().string());
-        }
-        return all;
-    }
-    mode_t modeOf(const std::string& name) const {
-        struct stat info {};
-        EXPECT_EQ(lstat((root + name).c_str(), &info), 0);
-        return info.st_mode & 07777;
-    }
-
-    TemporaryFolder folder;
-    std::string root = folder.path() + "/";
-    std::unique_ptr<FileSystem> files = makeRealFileSystem();
-};
+class Disk : public OnTheDisk {};
 
 /// Runs a call with the rights of an ordinary user, who owns these paths.
 void asOrdinaryUser(const Names& owned, const std::function<void()>& call) {

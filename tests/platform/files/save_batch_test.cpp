@@ -6,8 +6,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <optional>
 #include <set>
@@ -30,41 +28,22 @@ using Operation = FaultyFileSystem::Operation;
 // ---------------------------------------------------------------------------------------------
 // Rules that hold on every kind of file system.
 
-class Batch : public testing::TestWithParam<FilesOn> {
+class Batch : public OnEveryFileSystem {
   protected:
     Batch() {
         saveCalls = SaveCalls{};
-        if (GetParam() == FilesOn::Disk) {
-            files = makeRealFileSystem();
-            root = folder.path() + "/";
-        } else {
-            files = makeMemoryFileSystem();
-            root = "/store/";
-            files->makeFolder(root);
-        }
-        stranger = std::make_unique<Stranger>(*files);
         for (const char* name : {"A.vla", "B.vla", "C.vla"}) files->save(at(name), "old");
     }
     ~Batch() override { saveCalls = SaveCalls{}; }
 
-    ItemPath at(const std::string& name) const { return {root, name}; }
     /// Contents of the files of those names, glued.
     std::string contents(const Names& names) {
         std::string all;
         for (const std::string& name : names) all += files->read(at(name)) + ' ';
         return all;
     }
-
-    TemporaryFolder folder;
-    std::string root;
-    std::unique_ptr<FileSystem> files;
-    std::unique_ptr<Stranger> stranger;
 };
-
-INSTANTIATE_TEST_SUITE_P(Kinds, Batch, testing::Values(FilesOn::Disk, FilesOn::Memory),
-                         [](const auto& kind) {
-                             return kind.param == FilesOn::Disk ? "Disk" : "Memory";
-                         });
+ON_EVERY_FILE_SYSTEM(Batch);
 
 TEST_P(Batch, showsTheOldFilesUntilItIsCommitted) {
     SaveBatch batch{*files};
@@ -347,36 +326,7 @@ TEST_F(FaultyBatch, countsNoCommitOfNothing) {
 // ---------------------------------------------------------------------------------------------
 // The disk.
 
-class DiskBatch : public testing::Test {
-  protected:
-    DiskBatch() { saveCalls = SaveCalls{}; }
-    ~DiskBatch() override { saveCalls = SaveCalls{}; }
-
-    ItemPath at(const std::string& name) const { return {root, name}; }
-    void put(const std::string& name, const std::string& content) const {
-        std::ofstream{root + name, std::ios::binary} << content;
-    }
-    std::string contentOf(const std::string& name) const {
-        std::ifstream file{root + name, std::ios::binary};
-        return {std::istreambuf_iterator<char>{file}, {}};
-    }
-    std::set<std::string> names() const {
-        std::set<std::string> all;
-        for (const auto& entry : fs::directory_iterator(root)) {
-            all.insert(entry.path().filename().string());
-        }
-        return all;
-    }
-    mode_t modeOf(const std::string& name) const {
-        struct stat info {};
-        EXPECT_EQ(lstat((root + name).c_str(), &info), 0);
-        return info.st_mode & 07777;
-    }
-
-    TemporaryFolder folder;
-    std::string root = folder.path() + "/";
-    std::unique_ptr<FileSystem> files = makeRealFileSystem();
-};
+class DiskBatch : public OnTheDisk {};
 
 TEST_F(DiskBatch, syncsTwiceForAThousandFiles) {
     SaveBatch batch{*files};

@@ -12,10 +12,8 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <iostream>
-#include <iterator>
 #include <memory>
 #include <random>
 #include <set>
@@ -101,29 +99,10 @@ class Program {
     int m_goOn[2] = {-1, -1};
 };
 
-class Leftovers : public testing::Test {
+class Leftovers : public OnTheDisk {
   public:
-    Leftovers() {
-        saveCalls = SaveCalls{};
-        listings = 0;
-    }
-    ~Leftovers() override { saveCalls = SaveCalls{}; }
+    Leftovers() { listings = 0; }
 
-    ItemPath at(const std::string& name) const { return {root, name}; }
-    void put(const std::string& name, const std::string& content) const {
-        std::ofstream{root + name, std::ios::binary} << content;
-    }
-    std::string contentOf(const std::string& name) const {
-        std::ifstream file{root + name, std::ios::binary};
-        return {std::istreambuf_iterator<char>{file}, {}};
-    }
-    NameSet names() const {
-        NameSet all;
-        for (const auto& entry : fs::directory_iterator(root)) {
-            all.insert(entry.path().filename().string());
-        }
-        return all;
-    }
     /// A save alone, and one in a batch of its own.
     void save(const std::string& name) const { files->save(at(name), "saved"); }
     void saveInBatch(const std::string& name) const {
@@ -131,10 +110,6 @@ class Leftovers : public testing::Test {
         files->save(at(name), "saved");
         batch.commit();
     }
-
-    TemporaryFolder folder;
-    std::string root = folder.path() + "/";
-    std::unique_ptr<FileSystem> files = makeRealFileSystem();
 };
 
 /// Saves two files in a batch and stops before its commit.
