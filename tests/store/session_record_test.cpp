@@ -43,10 +43,9 @@ class SessionRecord : public Desk {
     }
 
     std::vector<std::string> storedKeys(const std::string& name) {
-        Dataset record;
-        record.Load(ItemPath::item(sessionFolder, name));
+        const auto record = sessionRecord(name);
         std::vector<std::string> keys;
-        for (const DataRow& row : record.Rows()) keys.push_back(row[0]);
+        for (const DataRow& row : record->Rows()) keys.push_back(row[0]);
         return keys;
     }
 
@@ -81,11 +80,10 @@ class SessionRecord : public Desk {
     std::vector<std::pair<std::string, std::string>> fullRowsWithout(
         const std::set<std::string>& absent) {
         putFullSession("PATTERN", {"CSV"});
-        Dataset pattern;
-        pattern.Load(ItemPath::item(sessionFolder, "PATTERN"));
+        const auto pattern = sessionRecord("PATTERN");
         memory->remove(ItemPath::item(sessionFolder, "PATTERN"));
         std::vector<std::pair<std::string, std::string>> rows;
-        for (const DataRow& row : pattern.Rows()) {
+        for (const DataRow& row : pattern->Rows()) {
             if (!absent.contains(row[0])) rows.emplace_back(row[0], row[1]);
         }
         return rows;
@@ -169,10 +167,9 @@ TEST_P(SessionRecord, ANewSessionWithOneFormatHoldsTheDefaults) {
 TEST_P(SessionRecord, IsOfTheSessionTypeUnderItsUpperCasedName) {
     addSession("new one");
     EXPECT_EQ(sessionFiles(), (std::vector<std::string>{"NEW ONE.vla"}));
-    Dataset record;
-    record.Load(ItemPath::item(sessionFolder, "NEW ONE"));
-    EXPECT_EQ(record.Type(), "MORAM");
-    EXPECT_EQ(record.Name(), "NEW ONE");
+    const auto record = sessionRecord("NEW ONE");
+    EXPECT_EQ(record->Type(), "MORAM");
+    EXPECT_EQ(record->Name(), "NEW ONE");
 }
 
 TEST_P(SessionRecord, AnApplyWithoutAnyChangeKeepsEveryValue) {
@@ -321,9 +318,7 @@ TEST_P(SessionRecord, AFileNamedInLowerCaseIsFoundAndKeepsItsSpellingAndItsName)
         u.type("txtCommandLineArgs", "/changed");
     });
     EXPECT_EQ(sessionFiles(), (std::vector<std::string>{"desk.vla"}));
-    Dataset record;
-    record.Load(ItemPath::item(sessionFolder, "DESK"));
-    EXPECT_EQ(record.Name(), "desk");
+    EXPECT_EQ(sessionRecord("DESK")->Name(), "desk");
     EXPECT_EQ(sessionRows("DESK")["CommandLineArgs"], "/changed");
 }
 

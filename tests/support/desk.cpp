@@ -109,11 +109,23 @@ void Desk::putFullSession(const std::string& name, const std::vector<std::string
     putSession(name, fullSession(formats));
 }
 
+void Desk::changeSession(const std::string& name,
+                         const std::vector<std::pair<std::string, std::string>>& rows) {
+    const auto record = sessionRecord(name);
+    for (const auto& [key, data] : rows) record->UpdateRow({key, ""}, {key, data});
+    record->Save(ItemPath::item(sessionFolder, name));
+}
+
+std::shared_ptr<Dataset> Desk::sessionRecord(const std::string& name) {
+    auto record = std::make_shared<Dataset>();
+    record->Load(ItemPath::item(sessionFolder, name));
+    return record;
+}
+
 Rows Desk::sessionRows(const std::string& name) {
-    Dataset record;
-    record.Load(ItemPath::item(sessionFolder, name));
+    const auto record = sessionRecord(name);
     Rows rows;
-    for (const DataRow& row : record.Rows()) rows.emplace(row[0], row[1]);
+    for (const DataRow& row : record->Rows()) rows.emplace(row[0], row[1]);
     return rows;
 }
 

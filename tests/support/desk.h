@@ -58,7 +58,11 @@ class Desk : public ::testing::TestWithParam<const char*> {
     static std::vector<std::pair<std::string, std::string>> fullSession(
         const std::vector<std::string>& formats);
     void putFullSession(const std::string& name, const std::vector<std::string>& formats);
-    /// The rows of an item file, straight from the store.
+    /// Replaces the data of rows that a session has.
+    void changeSession(const std::string& name,
+                       const std::vector<std::pair<std::string, std::string>>& rows);
+    /// A record and its rows, straight from the item file.
+    std::shared_ptr<Dataset> sessionRecord(const std::string& name);
     Rows sessionRows(const std::string& name);
     std::string sessionText(const std::string& name);
     bool sessionExists(const std::string& name);

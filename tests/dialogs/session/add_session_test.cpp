@@ -57,11 +57,6 @@ class AddSession : public Desk {
         ASSERT_EQ(user().boxes().size(), 1U) << name;
         expectRefusal(user().boxes()[0], text, title);
     }
-    std::shared_ptr<Dataset> saved(const std::string& name) {
-        auto record = std::make_shared<Dataset>();
-        record->Load(ItemPath::item(sessionFolder, name));
-        return record;
-    }
     static Rows rowsOf(const Dataset& record) {
         Rows rows;
         for (const DataRow& row : record.Rows()) rows.emplace(row[0], row[1]);
@@ -150,8 +145,8 @@ TEST_P(AddSession, FromNothingMakesASessionWithoutRows) {
     putFullSession("BASE", {"CSV"});
     EXPECT_EQ(show(making(" my list ")), (Outcome{0, "MY LIST"}));
     EXPECT_EQ(sessionFiles(), (std::vector<std::string>{"BASE.vla", "MY LIST.vla"}));
-    EXPECT_EQ(saved("MY LIST")->Type(), "MORAM");
-    EXPECT_EQ(saved("MY LIST")->Name(), "MY LIST");
+    EXPECT_EQ(sessionRecord("MY LIST")->Type(), "MORAM");
+    EXPECT_EQ(sessionRecord("MY LIST")->Name(), "MY LIST");
     EXPECT_TRUE(sessionRows("MY LIST").empty());
     EXPECT_TRUE(user().boxes().empty());
 }
@@ -163,8 +158,8 @@ TEST_P(AddSession, FromABaseTakesItsRowsUnderTheNewName) {
     EXPECT_EQ(sessionFiles(), (std::vector<std::string>{"base.vla", "NEW.vla"}));
     EXPECT_EQ(sessionRows("NEW"), sessionRows("base"));
     EXPECT_EQ(sessionRows("NEW").size(), 22U);
-    EXPECT_EQ(saved("NEW")->Type(), "MORAM");
-    EXPECT_EQ(saved("NEW")->Name(), "NEW");
+    EXPECT_EQ(sessionRecord("NEW")->Type(), "MORAM");
+    EXPECT_EQ(sessionRecord("NEW")->Name(), "NEW");
     EXPECT_EQ(sessionText("base"), before);
 }
 
@@ -200,7 +195,7 @@ TEST_P(AddSession, TakesNamesOfAnyScript) {
     for (const auto& [typed, name] : names) {
         EXPECT_EQ(show(making(typed)), (Outcome{0, name}));
         EXPECT_TRUE(sessionExists(name)) << name;
-        EXPECT_EQ(saved(name)->Name(), name);
+        EXPECT_EQ(sessionRecord(name)->Name(), name);
     }
     EXPECT_EQ(sessionFiles().size(), names.size());
     EXPECT_TRUE(user().boxes().empty());
@@ -355,7 +350,7 @@ TEST_P(AddSession, ABaseThatVanishedIsToldAndTheDialogStillCloses) {
         EXPECT_NE(user().boxes()[0].text.find("BASE.vla"), std::string::npos);
         EXPECT_EQ(user().boxes()[0].style, 4112);
         EXPECT_EQ(sessionExists("NEW"), !inMemory);
-        const auto made = inMemory ? g_Session : saved("NEW");
+        const auto made = inMemory ? g_Session : sessionRecord("NEW");
         EXPECT_EQ(made->Name(), "NEW");
         EXPECT_TRUE(made->Rows().empty());
         if (!inMemory) memory->remove(ItemPath::item(sessionFolder, "NEW"));

@@ -426,9 +426,7 @@ TEST_P(AdvancedDialog, SavesUnderTheNameAsGiven) {
     show(
         sessionOf({}), [](User& u) { u.click("OKButton"); }, "lower Case");
     EXPECT_EQ(sessionFiles(), std::vector<std::string>{"lower Case.vla"});
-    Dataset saved;
-    saved.Load(ItemPath::item(sessionFolder, "lower Case"));
-    EXPECT_EQ(saved.Name(), "S");
+    EXPECT_EQ(sessionRecord("lower Case")->Name(), "S");
 }
 
 TEST_P(AdvancedDialog, InMemoryNoFileIsWritten) {
@@ -590,10 +588,7 @@ TEST_P(AdvancedDialog, FromTheSessionDialogOkStoresAtOnce) {
 
 TEST_P(AdvancedDialog, FromTheSessionDialogOkAllowsTheLaunchAgain) {
     putFullSession("S", {"CSV"});
-    Dataset record;
-    record.Load(ItemPath::item(sessionFolder, "S"));
-    record.UpdateRow({"DisableProgramLaunch", ""}, {"DisableProgramLaunch", "true"});
-    record.Save(ItemPath::item(sessionFolder, "S"));
+    changeSession("S", {{"DisableProgramLaunch", "true"}});
     editSession("S", [](User& u) {
         EXPECT_FALSE(u.see("txtProgramPath").enabled);
         u.onForm("dlgAdvConfig", [](User& a) {

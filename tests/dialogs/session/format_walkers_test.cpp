@@ -37,11 +37,7 @@ class FormatWalkers : public FormatDesk {
             all[file] = memory->read(ItemPath{sessionFolder, file});
         return all;
     }
-    std::string nameIn(const std::string& session) {
-        Dataset record;
-        record.Load(ItemPath::item(sessionFolder, session));
-        return record.Name();
-    }
+    std::string nameIn(const std::string& session) { return sessionRecord(session)->Name(); }
 };
 ON_EVERY_VIEW(FormatWalkers);
 
