@@ -36,6 +36,9 @@ class TestTexts : public ResourceManager {
     Font GetFont(long handle) override;
 };
 
+/// Names of sessions, part formats or files, in the order of their listing.
+using Names = std::vector<std::string>;
+
 /// The rows of a record, by key.
 using Rows = std::map<std::string, std::string>;
 

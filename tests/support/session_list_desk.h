@@ -12,8 +12,6 @@
 
 namespace wynconfig {
 
-using Names = std::vector<std::string>;
-
 /// The store holds the sessions "A", "B" and "C", each of which can be applied as it is.
 class SessionListDesk : public Desk {
   protected:

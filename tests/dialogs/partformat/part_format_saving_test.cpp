@@ -8,7 +8,6 @@ namespace {
 
 using namespace ConfigGlobalModule;
 using Operation = FaultyFileSystem::Operation;
-using Names = std::vector<std::string>;
 
 const Stored kNew = with(kFirstFormat, "MaxRecords", "1");
 
