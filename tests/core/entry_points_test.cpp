@@ -1,21 +1,14 @@
 // The host's way to a session in file mode: opening one and adding one.
 #include <algorithm>
 
-#include "support/desk.h"
 #include "support/failing_views.h"
+#include "support/session_dialog_desk.h"
 
 namespace wynconfig {
 namespace {
 
-class EntryPoints : public Desk {
+class EntryPoints : public FullSessionDesk {
   protected:
-    void SetUp() override {
-        Desk::SetUp();
-        putProgram("/programs/parts.exe");
-        putFormat("CSV");
-        putFullSession("DESK", {"CSV"});
-    }
-
     /// Announces an add dialog in which the person makes a session on the base of "DESK".
     void announceAdding(const std::string& typedName) {
         user().onForm("frmAddMORAMConfig", [typedName](User& u) {

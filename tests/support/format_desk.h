@@ -8,17 +8,14 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/session/frmMORAMConfig.h"
 #include "store/session_record.h"
-#include "support/desk.h"
 #include "support/dialog_checks.h"
 #include "support/format_rows.h"
+#include "support/session_dialog_desk.h"
 
 namespace wynconfig {
 
-using Names = std::vector<std::string>;
-
-class FormatDesk : public Desk {
+class FormatDesk : public SessionDialogDesk {
   protected:
     // The procedures that walk over all sessions, as their failure boxes name them.
     static inline const std::string kCheckTag =
@@ -29,28 +26,15 @@ class FormatDesk : public Desk {
     /// Opens a session on the part format tab. The script may leave the dialog open: Cancel ends
     /// it.
     void open(const std::string& session, const User::Script& script) {
-        ConfigGlobalModule::g_DatasetMode = false;
-        frmMORAMConfig dialog;
-        m_dialog = &dialog;
-        announce(script);
-        dialog.init(session);
-        dialog.Show();
-        m_dialog = nullptr;
+        SessionDialogDesk::open(session, onTheTab(script));
     }
     /// The same on a session of these formats in memory.
     void openInMemory(const Names& formats, const User::Script& script) {
-        ConfigGlobalModule::g_DatasetMode = true;
         ConfigGlobalModule::g_Session = std::make_shared<Dataset>();
         ConfigGlobalModule::g_Session->setName("MINE");
         fill(*ConfigGlobalModule::g_Session, std::to_string(formats.size()), formats);
-        frmMORAMConfig dialog;
-        m_dialog = &dialog;
-        announce(script);
-        dialog.initEX("MINE");
-        dialog.Show();
-        m_dialog = nullptr;
+        openHeld("MINE", onTheTab(script));
     }
-    frmMORAMConfig& dialog() { return *m_dialog; }
 
     static Names available(User& u) { return u.see("lstAvailableFormats").rowTexts(); }
     static std::vector<SeenRow> selected(User& u) { return u.see("lstSelectedFormats2").rows; }
@@ -90,10 +74,10 @@ class FormatDesk : public Desk {
         return names;
     }
     Names formatsOf(const std::string& sessionName) {
-        return formatsOf(*recordOf(sessionFolder, sessionName));
+        return formatsOf(*sessionRecord(sessionName));
     }
     std::string countOf(const std::string& sessionName) {
-        return recordOf(sessionFolder, sessionName)->GetRow(session::kFormatCount)[1];
+        return sessionRecord(sessionName)->GetRow(session::kFormatCount)[1];
     }
     static Names formatsInMemory() { return formatsOf(*ConfigGlobalModule::g_Session); }
     static std::string countInMemory() {
@@ -150,12 +134,11 @@ class FormatDesk : public Desk {
     }
 
   private:
-    void announce(const User::Script& script) {
-        user().onForm("frmMORAMConfig", [this, script](User& u) {
+    static User::Script onTheTab(const User::Script& script) {
+        return [script](User& u) {
             u.changeTab("SSTab2", 1);
             script(u);
-            if (dialog().loaded()) u.click("btnCancel");
-        });
+        };
     }
     static void fill(Dataset& record, const std::string& count, const Names& formats) {
         record.AddRow({session::kFormatCount, count});
@@ -168,8 +151,6 @@ class FormatDesk : public Desk {
         record->Load(ItemPath::item(folder, name));
         return record;
     }
-
-    frmMORAMConfig* m_dialog = nullptr;
 };
 
 }  // namespace wynconfig

@@ -1,5 +1,5 @@
-// A desk for tests of the session dialog as a whole: a store with one full session, and short ways
-// to open the dialog in either mode.
+// Desks for tests of the session dialog: short ways to open it in either mode, and a store with one
+// full session.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,32 +13,22 @@
 
 namespace wynconfig {
 
-/// The store holds the session "DESK", which has the part format "CSV" and a program that exists.
-/// A script may leave the dialog open: Cancel ends it.
+/// Opens the session dialog, in file mode or on `g_Session` as it is, in the in-memory mode.
 class SessionDialogDesk : public Desk {
   protected:
-    void SetUp() override {
-        Desk::SetUp();
-        putProgram("/programs/parts.exe");
-        putFormat("CSV");
-        putFullSession("DESK", {"CSV"});
-    }
-
-    /// Opens a session in file mode.
-    void open(const std::string& name, const User::Script& script) {
+    /// The script must close the dialog.
+    void edit(const std::string& name, const User::Script& script) {
+        ConfigGlobalModule::g_DatasetMode = false;
         show(script, [&](frmMORAMConfig& dialog) { dialog.init(name); });
     }
-    /// Opens `g_Session` as it is, in the in-memory mode.
-    void openHeld(const std::string& name, const User::Script& script) {
+    void editHeld(const std::string& name, const User::Script& script) {
         ConfigGlobalModule::g_DatasetMode = true;
         show(script, [&](frmMORAMConfig& dialog) { dialog.initEX(name); });
     }
-    /// Opens `g_Session`, filled with the rows of the session "DESK", under a name of its own.
-    void openInMemory(const std::string& name, const User::Script& script) {
-        ConfigGlobalModule::g_Session = std::make_shared<Dataset>();
-        ConfigGlobalModule::g_Session->Load(ItemPath::item(sessionFolder, "DESK"));
-        ConfigGlobalModule::g_Session->setName(name);
-        openHeld(name, script);
+    /// The script may leave the dialog open: Cancel ends it.
+    void open(const std::string& name, const User::Script& script) { edit(name, ending(script)); }
+    void openHeld(const std::string& name, const User::Script& script) {
+        editHeld(name, ending(script));
     }
     /// The dialog that is open.
     frmMORAMConfig& dialog() { return *m_dialog; }
@@ -47,13 +37,16 @@ class SessionDialogDesk : public Desk {
     const std::string& sessionName() const { return m_name; }
 
   private:
+    User::Script ending(const User::Script& script) {
+        return [this, script](User& u) {
+            script(u);
+            if (m_dialog->loaded()) u.click("btnCancel");
+        };
+    }
     void show(const User::Script& script, const std::function<void(frmMORAMConfig&)>& init) {
         frmMORAMConfig dialog;
         m_dialog = &dialog;
-        user().onForm("frmMORAMConfig", [this, script](User& u) {
-            script(u);
-            if (m_dialog->loaded()) u.click("btnCancel");
-        });
+        user().onForm("frmMORAMConfig", script);
         init(dialog);
         dialog.Show();
         m_result = dialog.Result();
@@ -64,6 +57,23 @@ class SessionDialogDesk : public Desk {
     frmMORAMConfig* m_dialog = nullptr;
     long m_result = -1;
     std::string m_name;
+};
+
+/// The store holds the session "DESK", which has the part format "CSV" and a program that exists.
+class FullSessionDesk : public SessionDialogDesk {
+  protected:
+    void SetUp() override {
+        SessionDialogDesk::SetUp();
+        putProgram("/programs/parts.exe");
+        putFormat("CSV");
+        putFullSession("DESK", {"CSV"});
+    }
+    /// Opens `g_Session`, filled with the rows of the session "DESK", under a name of its own.
+    void openInMemory(const std::string& name, const User::Script& script) {
+        ConfigGlobalModule::g_Session = sessionRecord("DESK");
+        ConfigGlobalModule::g_Session->setName(name);
+        openHeld(name, script);
+    }
 };
 
 }  // namespace wynconfig

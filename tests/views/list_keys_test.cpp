@@ -228,7 +228,7 @@ TEST_P(ListKeys, FindLettersInTenThousandRowsAtOnce) {
     });
 }
 
-class FormatTabKeys : public SessionDialogDesk {};
+class FormatTabKeys : public FullSessionDesk {};
 ON_EVERY_VIEW(FormatTabKeys);
 
 TEST_P(FormatTabKeys, MoveFormatsBetweenTheLists) {

@@ -12,13 +12,12 @@ const std::string kForbidden = "{MORAM_CONFIG_MSG_INVALID_CHARS}\r\n         \\ 
 const std::string kFileTag = "UnifrmMORAMConfig:ApplyChanges";
 const std::string kMemoryTag = "UnifrmMORAMConfig:ApplyChangesEX";
 
-class ApplyFailures : public SessionDialogDesk {
+class ApplyFailures : public FullSessionDesk {
   protected:
     /// Opens the session "DESK" in file mode, then in the in-memory mode.
     void openInBothModes(const std::function<void(User&)>& script) {
         for (const bool inMemory : {false, true}) {
             SCOPED_TRACE(inMemory ? "in memory" : "in file mode");
-            ConfigGlobalModule::g_DatasetMode = false;
             inMemory ? openInMemory("MINE", script) : open("DESK", script);
         }
     }
@@ -48,12 +47,7 @@ class ApplyFailures : public SessionDialogDesk {
             return answer::Ok;
         });
     }
-    void disableLaunch() {
-        Dataset record;
-        record.Load(ItemPath::item(sessionFolder, "DESK"));
-        record.UpdateRow({"DisableProgramLaunch", ""}, {"DisableProgramLaunch", "true"});
-        record.Save(ItemPath::item(sessionFolder, "DESK"));
-    }
+    void disableLaunch() { changeSession("DESK", {{"DisableProgramLaunch", "true"}}); }
 
     static void removeAllFormats(User& u) {
         u.changeTab("SSTab2", 1);
@@ -360,7 +354,6 @@ TEST_P(ApplyFailures, ARefusalWithoutItsTextsIsShownBehindTheFailures) {
                 u.click("btnApply");
                 texts->missing.clear();
             };
-            ConfigGlobalModule::g_DatasetMode = false;
             inMemory ? openInMemory("MINE", script) : open("DESK", script);
             EXPECT_EQ(result(), 1);
         }

@@ -13,18 +13,14 @@ const std::string kJapanese = "部品リスト";
 const std::string kCombining = "CAFE\xCC\x81 \xC3\x85";
 const std::string kEmoji = "TOOLS \xF0\x9F\x94\xA7";
 
-class ApplySession : public SessionDialogDesk {
+class ApplySession : public FullSessionDesk {
   protected:
     void SetUp() override {
-        SessionDialogDesk::SetUp();
+        FullSessionDesk::SetUp();
         putFormat("PLAIN");
     }
 
-    std::string storedName(const std::string& file) {
-        Dataset record;
-        record.Load(ItemPath::item(sessionFolder, file));
-        return record.Name();
-    }
+    std::string storedName(const std::string& file) { return sessionRecord(file)->Name(); }
     static std::string row(const std::string& key) {
         return ConfigGlobalModule::g_Session->GetRow(key)[1];
     }
@@ -299,11 +295,7 @@ TEST_P(ApplySession, ThePathIsLookedUpExactlyAsTyped) {
 TEST_P(ApplySession, WithTheLaunchDisabledNeitherAnEmptyNorAnInvalidPathIsRefused) {
     for (const char* path : {"", "/no/such.exe", "\""}) {
         putFullSession("OFF", {"CSV"});
-        Dataset record;
-        record.Load(ItemPath::item(sessionFolder, "OFF"));
-        record.UpdateRow({"DisableProgramLaunch", ""}, {"DisableProgramLaunch", "true"});
-        record.UpdateRow({"ProgramPath", ""}, {"ProgramPath", path});
-        record.Save(ItemPath::item(sessionFolder, "OFF"));
+        changeSession("OFF", {{"DisableProgramLaunch", "true"}, {"ProgramPath", path}});
         open("OFF", [](User& u) { u.click("btnOK"); });
         EXPECT_EQ(result(), 0) << path;
         EXPECT_EQ(sessionRows("OFF")["ProgramPath"], path);

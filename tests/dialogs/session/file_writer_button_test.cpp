@@ -5,9 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "dialogs/session/frmMORAMConfig.h"
-#include "support/desk.h"
 #include "support/dialog_checks.h"
+#include "support/session_dialog_desk.h"
 
 namespace wynconfig {
 namespace {
@@ -15,21 +14,15 @@ namespace {
 using namespace ConfigGlobalModule;
 
 /// The button of the session dialog that opens the file-writer dialog.
-class FileWriterButton : public Desk {
+class FileWriterButton : public SessionDialogDesk {
   protected:
     static inline const std::string kNone = "<{ADD_MORAM_CONFIG_NONE}>";
 
     void SetUp() override {
-        Desk::SetUp();
+        SessionDialogDesk::SetUp();
         putFormat("CSV");
         putFormat("PLAIN");
         putFullSession("S", {"PLAIN"});
-    }
-    void editSession(const std::string& name, User::Script script) {
-        user().onForm("frmMORAMConfig", std::move(script));
-        frmMORAMConfig form;
-        form.init(name);
-        form.Show();
     }
     /// Opens the file-writer dialog from the session dialog on top.
     static void open(User& u, User::Script script) {
@@ -52,26 +45,23 @@ class FileWriterButton : public Desk {
 ON_EVERY_VIEW(FileWriterButton);
 
 TEST_P(FileWriterButton, AConfirmedFormatJoinsTheSelectedOnesWithoutAFontOfItsOwn) {
-    frmMORAMConfig form;
-    user().onForm("frmMORAMConfig", [&](User& u) {
+    edit("S", [this](User& u) {
         open(u, choosing("CSV"));
         EXPECT_EQ(u.see("lstSelectedFormats2").rows,
                   (std::vector<SeenRow>{{"PLAIN", "PLAIN"}, {"CSV", "CSV"}}));
-        EXPECT_EQ(form.formatTab.lstSelectedFormats2.row(1).font, form.font());
-        EXPECT_EQ(form.formatTab.lstSelectedFormats2.row(2).font, nullptr);
+        EXPECT_EQ(dialog().formatTab.lstSelectedFormats2.row(1).font, dialog().font());
+        EXPECT_EQ(dialog().formatTab.lstSelectedFormats2.row(2).font, nullptr);
         open(u, choosing("PLAIN"));
         EXPECT_EQ(selected(u), (std::vector<std::string>{"PLAIN", "CSV"}));
         u.click("btnCancel");
     });
-    form.init("S");
-    form.Show();
     EXPECT_EQ(sessionRows("S")["PartFormat"], "PLAIN") << "OK there stores at once";
     EXPECT_EQ(sessionRows("S")["FormatCount"], "1");
 }
 
 TEST_P(FileWriterButton, TheNoneRowAndBracketsJoinNothing) {
     putFormat("A<B");
-    editSession("S", [](User& u) {
+    edit("S", [](User& u) {
         open(u, choosing(kNone));
         EXPECT_EQ(g_TallyvanePartFormat, kNone);
         EXPECT_EQ(selected(u), std::vector<std::string>{"PLAIN"});
@@ -83,7 +73,7 @@ TEST_P(FileWriterButton, TheNoneRowAndBracketsJoinNothing) {
 }
 
 TEST_P(FileWriterButton, BeforeAnyOkNothingJoins) {
-    editSession("S", [](User& u) {
+    edit("S", [](User& u) {
         open(u, pressing("btnCancel"));
         EXPECT_EQ(selected(u), std::vector<std::string>{"PLAIN"});
         open(u, [](User& t) { t.closeByFrame(); });
@@ -94,7 +84,7 @@ TEST_P(FileWriterButton, BeforeAnyOkNothingJoins) {
 }
 
 TEST_P(FileWriterButton, CancelAddsTheLastConfirmedFormatAgain) {
-    editSession("S", [](User& u) {
+    edit("S", [](User& u) {
         open(u, choosing("CSV"));
         u.pick("lstSelectedFormats2", "CSV");
         u.click("btnRemove");
@@ -107,11 +97,11 @@ TEST_P(FileWriterButton, CancelAddsTheLastConfirmedFormatAgain) {
 
 TEST_P(FileWriterButton, TheLastConfirmedFormatReachesTheNextSession) {
     putFullSession("T", {"PLAIN"});
-    editSession("S", [](User& u) {
+    edit("S", [](User& u) {
         open(u, choosing("CSV"));
         u.click("btnCancel");
     });
-    editSession("T", [](User& u) {
+    edit("T", [](User& u) {
         open(u, [](User& t) { t.closeByFrame(); });
         EXPECT_EQ(selected(u), (std::vector<std::string>{"PLAIN", "CSV"}));
         u.click("btnCancel");
@@ -120,7 +110,7 @@ TEST_P(FileWriterButton, TheLastConfirmedFormatReachesTheNextSession) {
 
 TEST_P(FileWriterButton, ARowOfAnotherCaseIsAnotherRow) {
     putFullSession("S", {"csv"});
-    editSession("S", [](User& u) {
+    edit("S", [](User& u) {
         open(u, choosing("CSV"));
         EXPECT_EQ(selected(u), (std::vector<std::string>{"csv", "CSV"}));
         u.click("btnCancel");
@@ -129,7 +119,7 @@ TEST_P(FileWriterButton, ARowOfAnotherCaseIsAnotherRow) {
 
 TEST_P(FileWriterButton, SavesUnderTheNameInTheBox) {
     const std::string before = sessionText("S");
-    editSession("S", [](User& u) {
+    edit("S", [](User& u) {
         u.type("txtDisplayName", "  other ");
         u.onForm("frmTallyvaneConfig", choosing("PLAIN"));
         u.bareClick("btnTallyvane");
@@ -140,27 +130,23 @@ TEST_P(FileWriterButton, SavesUnderTheNameInTheBox) {
 }
 
 TEST_P(FileWriterButton, InMemoryItWritesIntoTheSharedRecord) {
-    g_DatasetMode = true;
     auto host = std::make_shared<Dataset>();
     host->setName("HOST");
     g_PartFormats.Add(host, "HOST");
     g_Session->Load(ItemPath::item(sessionFolder, "S"));
     const std::string before = sessionText("S");
-    user().onForm("frmMORAMConfig", [](User& u) {
+    editHeld("S", [](User& u) {
         open(u, choosing("HOST"));
         EXPECT_EQ(selected(u), (std::vector<std::string>{"PLAIN", "HOST"}));
         u.click("btnCancel");
     });
-    frmMORAMConfig form;
-    form.initEX("S");
-    form.Show();
     EXPECT_EQ(g_Session->GetRow("PartFormat")[1], "HOST");
     EXPECT_EQ(g_Session->GetRow("WriteFileOnly")[1], "false");
     EXPECT_EQ(sessionText("S"), before);
 }
 
 TEST_P(FileWriterButton, WithoutTheOkTextItDoesNothing) {
-    editSession("S", [this](User& u) {
+    edit("S", [this](User& u) {
         g_TallyvanePartFormat = "CSV";
         texts->missing = {"BUTTON_OK"};
         u.click("btnTallyvane");
@@ -176,7 +162,7 @@ TEST_P(FileWriterButton, WithoutTheOkTextItDoesNothing) {
 
 TEST_P(FileWriterButton, ApplyingASessionRunsItUnseen) {
     putProgram("/programs/parts.exe");
-    editSession("S", [](User& u) { u.click("btnOK"); });
+    edit("S", [](User& u) { u.click("btnOK"); });
     EXPECT_EQ(user().forms(), std::vector<std::string>{"frmMORAMConfig"});
     const Rows rows = sessionRows("S");
     EXPECT_EQ(rows.at("PartFormat"), "PLAIN");
@@ -188,7 +174,7 @@ TEST_P(FileWriterButton, ApplyingASessionRunsItUnseen) {
 
 TEST_P(FileWriterButton, ApplyingWithoutTheOkTextLosesTheFileWriterRows) {
     putProgram("/programs/parts.exe");
-    editSession("S", [this](User& u) {
+    edit("S", [this](User& u) {
         texts->missing = {"BUTTON_OK"};
         u.onBox();
         u.onBox();

@@ -63,7 +63,7 @@ class RaisingView : public View {
     long deviceContext(Form&) override { return 0; }
 };
 
-class SessionDialog : public SessionDialogDesk {
+class SessionDialog : public FullSessionDesk {
   protected:
     void expectStops(User& u, const Texts& controls, bool stops) {
         for (const std::string& each : controls) EXPECT_EQ(u.see(each).tabStop, stops) << each;

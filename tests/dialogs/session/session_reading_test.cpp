@@ -1,8 +1,7 @@
 // What the session dialog shows of a record: full ones, ones with keys missing or odd values, in
 // file mode and in the in-memory mode.
-#include "dialogs/session/frmMORAMConfig.h"
 #include "platform/text/numbers.h"
-#include "support/desk.h"
+#include "support/session_dialog_desk.h"
 
 namespace wynconfig {
 namespace {
@@ -71,10 +70,10 @@ Pairs with(const Rows& changed) {
     return rows;
 }
 
-class SessionReading : public Desk {
+class SessionReading : public SessionDialogDesk {
   protected:
     void SetUp() override {
-        Desk::SetUp();
+        SessionDialogDesk::SetUp();
         putFormat("CSV");
         putFormat("PLAIN");
     }
@@ -83,22 +82,19 @@ class SessionReading : public Desk {
     void inBothModes(const Pairs& rows, const User::Script& look) {
         for (const bool inMemory : {false, true}) {
             SCOPED_TRACE(inMemory ? "in memory" : "in file mode");
-            ConfigGlobalModule::g_DatasetMode = inMemory;
-            frmMORAMConfig dialog;
-            user().onForm("frmMORAMConfig", [&](User& u) {
+            const User::Script script = [&](User& u) {
                 look(u);
                 u.click("btnCancel");
-            });
+            };
             if (inMemory) {
                 auto session = std::make_shared<Dataset>();
                 for (const auto& [key, value] : rows) session->AddRow({key, value});
                 ConfigGlobalModule::g_Session = session;
-                dialog.initEX("DESK");
+                editHeld("DESK", script);
             } else {
                 putSession("DESK", rows);
-                dialog.init("DESK");
+                edit("DESK", script);
             }
-            dialog.Show();
         }
     }
     void expectSeen(const Pairs& rows, const Seen& expected) {
