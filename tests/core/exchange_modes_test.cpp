@@ -1,6 +1,7 @@
 // The two modes side by side, as a host sees them through the operations: what each step of the
 // dialogs reads and writes, and how the in-memory mode clings to the operations after it.
 #include "support/exchange_desk.h"
+#include "support/session_keys.h"
 
 namespace wynconfig {
 namespace {
@@ -143,8 +144,7 @@ TEST_P(ExchangeModes, TheTwoSubDialogsInMemoryChangeTheRecordAlone) {
         u.click("OKButton");
     });
     user().onForm("frmTallyvaneConfig", [](User& u) {
-        EXPECT_EQ(u.see("cboPartFormat").rowTexts(),
-                  (Names{"<{ADD_MORAM_CONFIG_NONE}>", "CSV", "TSV", "TAPE"}));
+        EXPECT_EQ(u.see("cboPartFormat").rowTexts(), (Names{kNoneRow, "CSV", "TSV", "TAPE"}));
         u.choose("cboPartFormat", "TAPE");
         u.type("txtFileName", "bench.txt");
         u.click("btnOk");

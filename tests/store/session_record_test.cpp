@@ -9,29 +9,7 @@
 namespace wynconfig {
 namespace {
 
-const Rows kDefaultsOfANewSession{
-    {"ProgramPath", "/programs/parts.exe"},
-    {"CommandLineArgs", ""},
-    {"ReverseList", "true"},
-    {"AutoResize", "true"},
-    {"Orientation", "top"},
-    {"FormatCount", "1"},
-    {"FORMAT1", "CSV"},
-    {"WindowTitleSearchType", "contains"},
-    {"WindowClassSearchType", "contains"},
-    {"WindowTitle", ""},
-    {"WindowClass", ""},
-    {"DisableProgramLaunch", "false"},
-    {"WindowTitleClassDelay", "0"},
-    {"ProgramLaunchDelay", "0"},
-    {"WindowTitleCaseSensitive", "true"},
-    {"WindowClassCaseSensitive", "false"},
-    {"PartFormat", "<{ADD_MORAM_CONFIG_NONE}>"},
-    {"FileName", ""},
-    {"FileFolder", ""},
-    {"FileAction", "OverWrite"},
-    {"WriteFileOnly", "false"},
-};
+const Rows kDefaultsOfANewSession(kNewSession.begin(), kNewSession.end());
 
 class SessionRecord : public Desk {
   protected:
@@ -43,10 +21,7 @@ class SessionRecord : public Desk {
     }
 
     std::vector<std::string> storedKeys(const std::string& name) {
-        const auto record = sessionRecord(name);
-        std::vector<std::string> keys;
-        for (const DataRow& row : record->Rows()) keys.push_back(row[0]);
-        return keys;
+        return keysOf(rowsOf(*sessionRecord(name)));
     }
 
     /// Makes a session from nothing and confirms it with one format and a program.
@@ -137,26 +112,17 @@ TEST_P(SessionRecord, ThePublicWordsAreSpelledAsTheyAreStored) {
 }
 
 TEST_P(SessionRecord, EachDialogWritesItsOwnKeys) {
-    const auto keysOf = [](const Dataset& record) {
-        std::vector<std::string> keys;
-        for (const DataRow& row : record.Rows()) keys.push_back(row[0]);
-        return keys;
-    };
-    const auto keysFrom = [](std::size_t first, std::size_t end) {
-        return std::vector<std::string>(kSessionKeys.begin() + static_cast<std::ptrdiff_t>(first),
-                                        kSessionKeys.begin() + static_cast<std::ptrdiff_t>(end));
-    };
     ConfigGlobalModule::g_DatasetMode = true;
     const auto advancedRecord = std::make_shared<Dataset>();
     dlgAdvConfig advanced;
     advanced.init(advancedRecord, "S");
     advanced.SaveAdvancedChanges();
-    EXPECT_EQ(keysOf(*advancedRecord), keysFrom(7, 16));
+    EXPECT_EQ(keysOf(rowsOf(*advancedRecord)), keysOf(kAdvancedDefaults));
     const auto fileRecord = std::make_shared<Dataset>();
     frmTallyvaneConfig fileWriter;
     fileWriter.init(fileRecord, "S");
     fileWriter.SaveAdvancedChanges();
-    EXPECT_EQ(keysOf(*fileRecord), keysFrom(16, 21));
+    EXPECT_EQ(keysOf(rowsOf(*fileRecord)), keysOf(kFileWriterDefaults));
 }
 
 TEST_P(SessionRecord, ANewSessionWithOneFormatHoldsTheDefaults) {
@@ -264,23 +230,11 @@ TEST_P(SessionRecord, FormatsAreNumberedFromOneInTheOrderOfTheList) {
 }
 
 TEST_P(SessionRecord, TheAdvancedKeysBehindAnAbsentOneAreReplacedByTheirDefaults) {
-    const std::vector<std::pair<std::string, std::string>> defaults{
-        {"WindowTitleSearchType", "contains"},
-        {"WindowClassSearchType", "contains"},
-        {"WindowTitle", ""},
-        {"WindowClass", ""},
-        {"DisableProgramLaunch", "false"},
-        {"WindowTitleClassDelay", "0"},
-        {"ProgramLaunchDelay", "0"}};
-    const std::vector<std::pair<std::string, std::string>> set{
-        {"WindowTitleSearchType", "matches"}, {"WindowClassSearchType", "starts with"},
-        {"WindowTitle", "Parts Desk"},        {"WindowClass", "PartsMain"},
-        {"DisableProgramLaunch", "true"},     {"WindowTitleClassDelay", "3"},
-        {"ProgramLaunchDelay", "7"}};
+    // The last two are constants, which no reader asks for.
+    const Stored set(kOwnAdvanced.begin(), kOwnAdvanced.end() - 2);
+    const std::vector<std::string> keys = keysOf(set);
     for (std::size_t absent = 0; absent < set.size(); ++absent) {
-        auto rows = fullRowsWithout({"WindowTitleSearchType", "WindowClassSearchType",
-                                     "WindowTitle", "WindowClass", "DisableProgramLaunch",
-                                     "WindowTitleClassDelay", "ProgramLaunchDelay"});
+        auto rows = fullRowsWithout({keys.begin(), keys.end()});
         for (std::size_t i = 0; i < set.size(); ++i) {
             if (i != absent) rows.push_back(set[i]);
         }
@@ -288,19 +242,15 @@ TEST_P(SessionRecord, TheAdvancedKeysBehindAnAbsentOneAreReplacedByTheirDefaults
         applyOnce("FULL");
         const Rows now = sessionRows("FULL");
         for (std::size_t i = 0; i < set.size(); ++i) {
-            EXPECT_EQ(now.at(set[i].first), i < absent ? set[i].second : defaults[i].second)
+            EXPECT_EQ(now.at(set[i].first),
+                      i < absent ? set[i].second : kAdvancedDefaults[i].second)
                 << set[i].first << " without " << set[absent].first;
         }
     }
 }
 
 TEST_P(SessionRecord, AnAbsentFileWriterKeyAloneIsReplacedByItsDefault) {
-    for (const auto& [absent, byDefault] :
-         std::map<std::string, std::string>{{"PartFormat", "<{ADD_MORAM_CONFIG_NONE}>"},
-                                            {"FileName", ""},
-                                            {"FileFolder", ""},
-                                            {"FileAction", "OverWrite"},
-                                            {"WriteFileOnly", "false"}}) {
+    for (const auto& [absent, byDefault] : kFileWriterDefaults) {
         putFullSession("FULL", {"CSV"});
         Rows expected = sessionRows("FULL");
         expected[absent] = byDefault;

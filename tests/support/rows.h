@@ -47,6 +47,12 @@ inline std::string xmlOf(const Dataset& record) {
     return document.xml();
 }
 
+inline std::vector<std::string> keysOf(const Stored& rows) {
+    std::vector<std::string> keys;
+    for (const auto& row : rows) keys.push_back(row.first);
+    return keys;
+}
+
 inline std::vector<std::string> dataOf(const Stored& rows) {
     std::vector<std::string> data;
     for (const auto& row : rows) data.push_back(row.second);

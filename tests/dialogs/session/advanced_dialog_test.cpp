@@ -14,6 +14,7 @@
 #include "support/desk.h"
 #include "support/dialog_checks.h"
 #include "support/rows.h"
+#include "support/session_keys.h"
 
 namespace wynconfig {
 namespace {
@@ -26,23 +27,6 @@ const std::vector<std::string> kShownOwn{"Matches", "StartsWith", "Parts Desk", 
 
 class AdvancedDialog : public Desk {
   protected:
-    static inline const Stored kDefaults{{"WindowTitleSearchType", "contains"},
-                                         {"WindowClassSearchType", "contains"},
-                                         {"WindowTitle", ""},
-                                         {"WindowClass", ""},
-                                         {"DisableProgramLaunch", "false"},
-                                         {"WindowTitleClassDelay", "0"},
-                                         {"ProgramLaunchDelay", "0"},
-                                         {"WindowTitleCaseSensitive", "true"},
-                                         {"WindowClassCaseSensitive", "false"}};
-    /// No value of these is a default; the two constants stand the wrong way round.
-    static inline const Stored kOwn{
-        {"WindowTitleSearchType", "matches"}, {"WindowClassSearchType", "starts with"},
-        {"WindowTitle", "Parts Desk"},        {"WindowClass", "PartsMain"},
-        {"DisableProgramLaunch", "true"},     {"WindowTitleClassDelay", "3"},
-        {"ProgramLaunchDelay", "7"},          {"WindowTitleCaseSensitive", "false"},
-        {"WindowClassCaseSensitive", "true"}};
-
     static Stored constantsRight(Stored rows) {
         return with(with(std::move(rows), "WindowTitleCaseSensitive", "true"),
                     "WindowClassCaseSensitive", "false");
@@ -109,12 +93,12 @@ TEST_P(AdvancedDialog, OpensAtItsDefaultsOnASessionWithoutRows) {
 TEST_P(AdvancedDialog, UnseenRunGivesANewSessionItsDefaults) {
     const auto record = sessionOf({});
     EXPECT_EQ(saveUnseen(record), 0);
-    EXPECT_EQ(rowsOf(*record), kDefaults);
-    EXPECT_EQ(fileRows("S"), kDefaults);
+    EXPECT_EQ(rowsOf(*record), kAdvancedDefaults);
+    EXPECT_EQ(fileRows("S"), kAdvancedDefaults);
 }
 
 TEST_P(AdvancedDialog, ShowsTheStoredValues) {
-    show(sessionOf(kOwn), [](User& u) {
+    show(sessionOf(kOwnAdvanced), [](User& u) {
         EXPECT_EQ(shownBy(u), kShownOwn);
         EXPECT_FALSE(u.see("txtProgramLaunchDelay").enabled);
         EXPECT_EQ(u.see("txtProgramLaunchDelay").background, Background::InactiveBorder);
@@ -125,31 +109,31 @@ TEST_P(AdvancedDialog, ShowsTheStoredValues) {
 }
 
 TEST_P(AdvancedDialog, UnseenRunKeepsTheValuesAndSetsTheTwoConstants) {
-    const auto record = sessionOf(kOwn);
+    const auto record = sessionOf(kOwnAdvanced);
     EXPECT_EQ(saveUnseen(record), 0);
-    EXPECT_EQ(rowsOf(*record), constantsRight(kOwn));
-    EXPECT_EQ(fileRows("S"), constantsRight(kOwn));
+    EXPECT_EQ(rowsOf(*record), constantsRight(kOwnAdvanced));
+    EXPECT_EQ(fileRows("S"), constantsRight(kOwnAdvanced));
 }
 
 TEST_P(AdvancedDialog, WritesItsNineRowsBehindTheOthers) {
     Stored rows{{"WindowClassCaseSensitive", "true"}, {"ProgramPath", "p.exe"}};
-    rows.insert(rows.end(), kOwn.begin(), kOwn.end() - 1);
+    rows.insert(rows.end(), kOwnAdvanced.begin(), kOwnAdvanced.end() - 1);
     rows.push_back({"FileName", "list.txt"});
     const auto record = sessionOf(rows);
     saveUnseen(record);
     Stored expected{{"ProgramPath", "p.exe"}, {"FileName", "list.txt"}};
-    for (const auto& row : constantsRight(kOwn)) expected.push_back(row);
+    for (const auto& row : constantsRight(kOwnAdvanced)) expected.push_back(row);
     EXPECT_EQ(rowsOf(*record), expected);
 }
 
 TEST_P(AdvancedDialog, FirstAbsentKeyEndsTheReading) {
     for (std::size_t absent = 0; absent < kShownOwn.size(); ++absent) {
-        Stored rows = kOwn;
+        Stored rows = kOwnAdvanced;
         rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(absent));
         std::vector<std::string> expected = kShownDefaults;
         for (std::size_t i = 0; i < absent; ++i) expected[i] = kShownOwn[i];
         show(sessionOf(rows), [&](User& u) {
-            EXPECT_EQ(shownBy(u), expected) << "without " << kOwn[absent].first;
+            EXPECT_EQ(shownBy(u), expected) << "without " << kOwnAdvanced[absent].first;
             const bool disabled = expected[4] == "true";
             EXPECT_EQ(u.see("txtProgramLaunchDelay").enabled, !disabled);
             u.click("CancelButton");
@@ -171,25 +155,25 @@ TEST_P(AdvancedDialog, OpeningAnotherRecordStartsFromTheDefaultsAgain) {
         u.click("CancelButton");
     });
     dlgAdvConfig form;
-    form.init(sessionOf(kOwn), "S");
+    form.init(sessionOf(kOwnAdvanced), "S");
     EXPECT_FALSE(form.txtProgramLaunchDelay.enabled());
     form.init(sessionOf({}), "S");
     form.Show();
 }
 
 TEST_P(AdvancedDialog, SavingAfterAnAbsentKeyReplacesTheLaterRowsByDefaults) {
-    Stored rows = kOwn;
+    Stored rows = kOwnAdvanced;
     rows.erase(rows.begin() + 1);
     const auto record = sessionOf(rows);
     saveUnseen(record);
-    EXPECT_EQ(rowsOf(*record), with(kDefaults, "WindowTitleSearchType", "matches"));
+    EXPECT_EQ(rowsOf(*record), with(kAdvancedDefaults, "WindowTitleSearchType", "matches"));
 }
 
 TEST_P(AdvancedDialog, UnknownSearchTypesCountAsContains) {
     for (const char* stored :
          {"Contains", "Matches", "STARTS WITH", "starts  with", " matches", ""}) {
-        const auto record = sessionOf(
-            with(with(kOwn, "WindowTitleSearchType", stored), "WindowClassSearchType", stored));
+        const auto record = sessionOf(with(with(kOwnAdvanced, "WindowTitleSearchType", stored),
+                                           "WindowClassSearchType", stored));
         show(record, [&](User& u) {
             EXPECT_EQ(shownBy(u)[0], "Contains") << stored;
             EXPECT_EQ(shownBy(u)[1], "Contains") << stored;
@@ -206,7 +190,7 @@ TEST_P(AdvancedDialog, StoresEachKindOfMatch) {
         {"Contains", "contains"}, {"StartsWith", "starts with"}, {"Matches", "matches"}};
     for (const auto& [titleKind, title] : kinds) {
         for (const auto& [classKind, windowClass] : kinds) {
-            const auto record = sessionOf(kOwn);
+            const auto record = sessionOf(kOwnAdvanced);
             show(record, [&, wanted = std::pair(titleKind, classKind)](User& u) {
                 u.tick("btnTitle" + wanted.first);
                 u.tick("btnClass" + wanted.second);
@@ -222,7 +206,7 @@ TEST_P(AdvancedDialog, StoresEachKindOfMatch) {
 
 TEST_P(AdvancedDialog, LaunchIsDisabledByExactlyTrue) {
     for (const char* stored : {"True", "TRUE", " true", "-1", "1", "yes", ""}) {
-        const auto record = sessionOf(with(kOwn, "DisableProgramLaunch", stored));
+        const auto record = sessionOf(with(kOwnAdvanced, "DisableProgramLaunch", stored));
         show(record, [&](User& u) {
             EXPECT_FALSE(u.see("chkDisableProgramLaunch").value) << stored;
             EXPECT_TRUE(u.see("txtProgramLaunchDelay").enabled);
@@ -233,7 +217,7 @@ TEST_P(AdvancedDialog, LaunchIsDisabledByExactlyTrue) {
 }
 
 TEST_P(AdvancedDialog, DelayOfADisabledLaunchIsKeptUnlessTheBoxIsToggled) {
-    const auto record = sessionOf(kOwn);
+    const auto record = sessionOf(kOwnAdvanced);
     show(record, [](User& u) {
         EXPECT_EQ(u.see("txtProgramLaunchDelay").text, "7");
         u.click("OKButton");
@@ -251,7 +235,7 @@ TEST_P(AdvancedDialog, DelayOfADisabledLaunchIsKeptUnlessTheBoxIsToggled) {
 }
 
 TEST_P(AdvancedDialog, LaunchDelayFollowsTheCheckBox) {
-    show(sessionOf(with(kOwn, "DisableProgramLaunch", "false")), [](User& u) {
+    show(sessionOf(with(kOwnAdvanced, "DisableProgramLaunch", "false")), [](User& u) {
         u.click("chkDisableProgramLaunch");
         Sight delay = u.see("txtProgramLaunchDelay");
         EXPECT_FALSE(delay.enabled);
@@ -268,7 +252,7 @@ TEST_P(AdvancedDialog, LaunchDelayFollowsTheCheckBox) {
 }
 
 TEST_P(AdvancedDialog, RefusesATitleDelayThatIsNoNumber) {
-    const auto record = sessionOf(kDefaults);
+    const auto record = sessionOf(kAdvancedDefaults);
     for (const char* text : {"", " ", "5 s", "soon", "--1", "1e"}) {
         user().onBox();
         const long result = show(record, [&](User& u) {
@@ -285,12 +269,12 @@ TEST_P(AdvancedDialog, RefusesATitleDelayThatIsNoNumber) {
                       "{ADV_CONFIG_MSG_TITLE_DELAY}");
     }
     EXPECT_EQ(user().boxes().size(), 6U);
-    EXPECT_EQ(rowsOf(*record), kDefaults);
+    EXPECT_EQ(rowsOf(*record), kAdvancedDefaults);
     EXPECT_TRUE(sessionFiles().empty());
 }
 
 TEST_P(AdvancedDialog, RefusesALaunchDelayThatIsNoNumber) {
-    const auto record = sessionOf(kDefaults);
+    const auto record = sessionOf(kAdvancedDefaults);
     for (const char* text : {"", "2 min", "x"}) {
         user().onBox();
         show(record, [&](User& u) {
@@ -303,14 +287,14 @@ TEST_P(AdvancedDialog, RefusesALaunchDelayThatIsNoNumber) {
         expectRefusal(user().boxes().back(), "{ADV_CONFIG_MSG_ENTER_VALID_LAUNCH_DELAY}",
                       "{ADV_CONFIG_MSG_LAUNCH_DELAY}");
     }
-    EXPECT_EQ(rowsOf(*record), kDefaults);
+    EXPECT_EQ(rowsOf(*record), kAdvancedDefaults);
     EXPECT_TRUE(sessionFiles().empty());
 }
 
 TEST_P(AdvancedDialog, ReportsTheTitleDelayFirstAndPassesOnceBothAreMended) {
     user().onBox();
     user().onBox();
-    const auto record = sessionOf(kDefaults);
+    const auto record = sessionOf(kAdvancedDefaults);
     const long result = show(record, [](User& u) {
         u.type("txtProgramLaunchDelay", "later");
         u.type("txtWindowTitleClassDelay", "soon");
@@ -324,18 +308,18 @@ TEST_P(AdvancedDialog, ReportsTheTitleDelayFirstAndPassesOnceBothAreMended) {
     ASSERT_EQ(user().boxes().size(), 2U);
     EXPECT_EQ(user().boxes()[0].title, "{ADV_CONFIG_MSG_TITLE_DELAY}");
     EXPECT_EQ(user().boxes()[1].title, "{ADV_CONFIG_MSG_LAUNCH_DELAY}");
-    EXPECT_EQ(fileRows("S"),
-              with(with(kDefaults, "WindowTitleClassDelay", "1"), "ProgramLaunchDelay", "2"));
+    EXPECT_EQ(fileRows("S"), with(with(kAdvancedDefaults, "WindowTitleClassDelay", "1"),
+                                  "ProgramLaunchDelay", "2"));
 }
 
 TEST_P(AdvancedDialog, AnyLaunchDelayPassesWhileTheLaunchIsDisabled) {
-    const auto record = sessionOf(with(kOwn, "ProgramLaunchDelay", "soon"));
+    const auto record = sessionOf(with(kOwnAdvanced, "ProgramLaunchDelay", "soon"));
     EXPECT_EQ(show(record, [](User& u) { u.click("OKButton"); }), 0);
     EXPECT_EQ(record->GetRow("ProgramLaunchDelay")[1], "soon");
 }
 
 TEST_P(AdvancedDialog, UnseenRunChecksNothing) {
-    Stored rows = with(kDefaults, "WindowTitleClassDelay", "soon");
+    Stored rows = with(kAdvancedDefaults, "WindowTitleClassDelay", "soon");
     rows = with(rows, "ProgramLaunchDelay", "");
     const auto record = sessionOf(rows);
     EXPECT_EQ(saveUnseen(record), 0);
@@ -386,7 +370,8 @@ TEST_P(AdvancedDialog, TitleAndClassAreStoredUntrimmed) {
         u.type("txtWindowClass", "  ");
         u.click("OKButton");
     });
-    const Stored expected = with(with(kDefaults, "WindowTitle", title), "WindowClass", "  ");
+    const Stored expected =
+        with(with(kAdvancedDefaults, "WindowTitle", title), "WindowClass", "  ");
     EXPECT_EQ(rowsOf(*record), expected);
     EXPECT_EQ(fileRows("S"), expected);
 }
@@ -404,7 +389,7 @@ TEST_P(AdvancedDialog, EnterInABoxIsOk) {
 TEST_P(AdvancedDialog, OnlyOkStoresAnything) {
     putSession("S", {{"WindowTitle", "old"}});
     const std::string before = sessionText("S");
-    const auto record = sessionOf(kOwn);
+    const auto record = sessionOf(kOwnAdvanced);
     const auto leaving = [&](void (*leave)(User&)) {
         return show(record, [&](User& u) {
             u.type("txtWindowTitle", "new");
@@ -415,7 +400,7 @@ TEST_P(AdvancedDialog, OnlyOkStoresAnything) {
     EXPECT_EQ(leaving([](User& u) { u.click("CancelButton"); }), 1);
     EXPECT_EQ(leaving([](User& u) { u.pressEscape(); }), 1);
     EXPECT_EQ(leaving([](User& u) { u.closeByFrame(); }), 0);
-    EXPECT_EQ(rowsOf(*record), kOwn);
+    EXPECT_EQ(rowsOf(*record), kOwnAdvanced);
     EXPECT_EQ(sessionText("S"), before);
     EXPECT_EQ(leaving([](User& u) { u.click("OKButton"); }), 0);
     EXPECT_EQ(fileRows("S"), rowsOf(*record));
@@ -433,9 +418,9 @@ TEST_P(AdvancedDialog, InMemoryNoFileIsWritten) {
     g_DatasetMode = true;
     const auto record = sessionOf({});
     EXPECT_EQ(saveUnseen(record), 0);
-    EXPECT_EQ(rowsOf(*record), kDefaults);
+    EXPECT_EQ(rowsOf(*record), kAdvancedDefaults);
     EXPECT_EQ(show(record, [](User& u) { u.click("OKButton"); }), 0);
-    EXPECT_EQ(rowsOf(*record), kDefaults);
+    EXPECT_EQ(rowsOf(*record), kAdvancedDefaults);
     EXPECT_TRUE(sessionFiles().empty());
 }
 
@@ -446,7 +431,7 @@ TEST_P(AdvancedDialog, ASaveThatFailsIsNotTold) {
     EXPECT_EQ(saveUnseen(record), 0);
     EXPECT_EQ(show(record, [](User& u) { u.click("OKButton"); }), 0);
     EXPECT_EQ(disk.count(FaultyFileSystem::Operation::Save), 2U);
-    EXPECT_EQ(rowsOf(*record), kDefaults);
+    EXPECT_EQ(rowsOf(*record), kAdvancedDefaults);
     EXPECT_TRUE(user().boxes().empty());
     EXPECT_TRUE(sessionFiles().empty());
 }
@@ -507,7 +492,7 @@ TEST_P(AdvancedDialog, MissingOkTextIsToldAndLeavesTheBoxesWithoutCaption) {
     texts->missing = {"BUTTON_OK"};
     user().onBox();
     user().onBox();
-    show(sessionOf(kOwn), [](User& u) {
+    show(sessionOf(kOwnAdvanced), [](User& u) {
         EXPECT_EQ(shownBy(u), kShownOwn);
         EXPECT_EQ(u.formTitle(), "Advanced Configuration");
         EXPECT_EQ(u.see("OKButton").caption, "OK");
@@ -533,7 +518,7 @@ TEST_P(AdvancedDialog, MissingTextsOfARefusalAreToldAndTheRefusalStands) {
             user().finish();
             user().onBox();
             user().onBox();
-            show(sessionOf(kDefaults), [&](User& u) {
+            show(sessionOf(kAdvancedDefaults), [&](User& u) {
                 u.type(offenders[i], "x");
                 u.click("OKButton");
                 EXPECT_TRUE(u.see(offenders[i]).focus);
@@ -551,7 +536,7 @@ TEST_P(AdvancedDialog, MissingTextsOfARefusalAreToldAndTheRefusalStands) {
 TEST_P(AdvancedDialog, WithoutAResourceManagerItOpensInEnglishBehindAnEmptyBox) {
     component.InitResourceManager(nullptr);
     user().onBox();
-    show(sessionOf(kOwn), [](User& u) {
+    show(sessionOf(kOwnAdvanced), [](User& u) {
         EXPECT_EQ(u.formTitle(), "Advanced Configuration");
         EXPECT_EQ(u.see("btnTitleStartsWith").caption, "Starts with");
         EXPECT_EQ(shownBy(u), kShownOwn);
@@ -646,7 +631,7 @@ TEST_P(AdvancedDialog, FromTheSessionDialogANameNotYetAppliedThenExists) {
 TEST_P(AdvancedDialog, FromTheInMemorySessionItWritesIntoTheSharedRecord) {
     g_DatasetMode = true;
     g_Session->Create("MORAM", "HOSTS", sessionFolder, session::kColumns);
-    for (const auto& [key, data] : kOwn) g_Session->AddRow({key, data});
+    for (const auto& [key, data] : kOwnAdvanced) g_Session->AddRow({key, data});
     user().onForm("frmMORAMConfig", [](User& u) {
         u.onForm("dlgAdvConfig", [](User& a) {
             EXPECT_EQ(shownBy(a), kShownOwn);
@@ -659,7 +644,7 @@ TEST_P(AdvancedDialog, FromTheInMemorySessionItWritesIntoTheSharedRecord) {
     frmMORAMConfig form;
     form.initEX("HOSTS");
     form.Show();
-    EXPECT_EQ(rowsOf(*g_Session), constantsRight(with(kOwn, "WindowClass", "NewClass")));
+    EXPECT_EQ(rowsOf(*g_Session), constantsRight(with(kOwnAdvanced, "WindowClass", "NewClass")));
     EXPECT_TRUE(sessionFiles().empty());
 }
 
@@ -673,7 +658,7 @@ TEST_P(AdvancedDialog, ApplyingASessionRunsItUnseen) {
     editSession("S", [](User& u) { u.click("btnOK"); });
     EXPECT_EQ(user().forms(), std::vector<std::string>{"frmMORAMConfig"});
     const Rows rows = sessionRows("S");
-    for (const auto& [key, data] : with(kDefaults, "WindowTitleSearchType", "matches"))
+    for (const auto& [key, data] : with(kAdvancedDefaults, "WindowTitleSearchType", "matches"))
         EXPECT_EQ(rows.at(key), data) << key;
 }
 

@@ -1,6 +1,7 @@
 // What applying a session refuses, in which order and with which box, and what becomes of steps
 // that fail.
 #include "support/session_dialog_desk.h"
+#include "support/session_keys.h"
 
 namespace wynconfig {
 namespace {
@@ -400,7 +401,7 @@ TEST_P(ApplyFailures, WithoutTheOkTextTheHiddenFileWriterPassLosesItsValues) {
     EXPECT_EQ(result(), 0);
     Rows rows = sessionRows("DESK");
     EXPECT_EQ(rows["WindowTitle"], "Parts Desk");
-    EXPECT_EQ(rows["PartFormat"], "<{ADD_MORAM_CONFIG_NONE}>");
+    EXPECT_EQ(rows["PartFormat"], kNoneRow);
     EXPECT_EQ(rows["FileName"], "");
     EXPECT_EQ(rows["FileAction"], "OverWrite");
     EXPECT_EQ(rows["WriteFileOnly"], "false");

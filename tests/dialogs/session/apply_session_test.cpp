@@ -540,7 +540,7 @@ TEST_P(ApplySession, InMemoryAllKeysComeToExist) {
     EXPECT_EQ(keys.front(), "ProgramPath");
     EXPECT_EQ(keys.back(), "WriteFileOnly");
     EXPECT_EQ(row("WindowTitleSearchType"), "contains");
-    EXPECT_EQ(row("PartFormat"), "<{ADD_MORAM_CONFIG_NONE}>");
+    EXPECT_EQ(row("PartFormat"), kNoneRow);
 }
 
 TEST_P(ApplySession, InMemoryAUsersSessionIsFreelyRenamed) {

@@ -7,6 +7,7 @@
 
 #include "support/dialog_checks.h"
 #include "support/session_dialog_desk.h"
+#include "support/session_keys.h"
 
 namespace wynconfig {
 namespace {
@@ -16,8 +17,6 @@ using namespace ConfigGlobalModule;
 /// The button of the session dialog that opens the file-writer dialog.
 class FileWriterButton : public SessionDialogDesk {
   protected:
-    static inline const std::string kNone = "<{ADD_MORAM_CONFIG_NONE}>";
-
     void SetUp() override {
         SessionDialogDesk::SetUp();
         putFormat("CSV");
@@ -62,8 +61,8 @@ TEST_P(FileWriterButton, AConfirmedFormatJoinsTheSelectedOnesWithoutAFontOfItsOw
 TEST_P(FileWriterButton, TheNoneRowAndBracketsJoinNothing) {
     putFormat("A<B");
     edit("S", [](User& u) {
-        open(u, choosing(kNone));
-        EXPECT_EQ(g_TallyvanePartFormat, kNone);
+        open(u, choosing(kNoneRow));
+        EXPECT_EQ(g_TallyvanePartFormat, kNoneRow);
         EXPECT_EQ(selected(u), std::vector<std::string>{"PLAIN"});
         open(u, choosing("A<B"));
         EXPECT_EQ(g_TallyvanePartFormat, "A<B");
@@ -185,7 +184,7 @@ TEST_P(FileWriterButton, ApplyingWithoutTheOkTextLosesTheFileWriterRows) {
     EXPECT_EQ(user().boxes()[1].text,
               failureText("UnifrmMORAMConfig:ApplyChanges", "no text for BUTTON_OK"));
     const Rows rows = sessionRows("S");
-    EXPECT_EQ(rows.at("PartFormat"), kNone);
+    EXPECT_EQ(rows.at("PartFormat"), kNoneRow);
     EXPECT_EQ(rows.at("FileName"), "");
     EXPECT_EQ(rows.at("FileFolder"), "");
     EXPECT_EQ(rows.at("FileAction"), "OverWrite");

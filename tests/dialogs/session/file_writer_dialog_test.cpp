@@ -16,6 +16,7 @@
 #include "support/dialog_checks.h"
 #include "support/failing_views.h"
 #include "support/rows.h"
+#include "support/session_keys.h"
 #include "support/temporary_folder.h"
 #include "wynconfig/error.h"
 
@@ -26,14 +27,8 @@ using namespace ConfigGlobalModule;
 
 class FileWriterDialog : public Desk {
   protected:
-    static inline const std::string kNone = "<{ADD_MORAM_CONFIG_NONE}>";
     static inline const std::string kBadName =
         "{MORAM_CONFIG_MSG_INVALID_CHARS}\r\n         \\ / : * ? \" < > | ";
-    static inline const Stored kDefaults{{"PartFormat", kNone},
-                                         {"FileName", ""},
-                                         {"FileFolder", ""},
-                                         {"FileAction", "OverWrite"},
-                                         {"WriteFileOnly", "false"}};
     static inline const Stored kOwn{{"PartFormat", "CSV"},
                                     {"FileName", "list.txt"},
                                     {"FileFolder", "C:\\out"},
@@ -109,7 +104,7 @@ ON_EVERY_VIEW(FileWriterDialog);
 
 TEST_P(FileWriterDialog, OpensAtItsDefaultsOnASessionWithoutRows) {
     show(sessionOf({}), [](User& u) {
-        EXPECT_EQ(shownBy(u), dataOf(kDefaults));
+        EXPECT_EQ(shownBy(u), dataOf(kFileWriterDefaults));
         for (const char* box : {"txtFileName", "txtFileFolder"}) {
             EXPECT_TRUE(u.see(box).enabled);
             EXPECT_EQ(u.see(box).background, Background::Window);
@@ -122,8 +117,8 @@ TEST_P(FileWriterDialog, OpensAtItsDefaultsOnASessionWithoutRows) {
 TEST_P(FileWriterDialog, UnseenRunGivesANewSessionItsDefaults) {
     const auto record = sessionOf({});
     EXPECT_EQ(saveUnseen(record), 0);
-    EXPECT_EQ(rowsOf(*record), kDefaults);
-    EXPECT_EQ(fileRows("S"), kDefaults);
+    EXPECT_EQ(rowsOf(*record), kFileWriterDefaults);
+    EXPECT_EQ(fileRows("S"), kFileWriterDefaults);
     EXPECT_EQ(g_TallyvanePartFormat, "");
 }
 
@@ -163,7 +158,7 @@ TEST_P(FileWriterDialog, AnAbsentKeyReadsAsEmptyAndTheOthersAreRead) {
         Stored rows = kOwn;
         rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(absent));
         std::vector<std::string> expected = dataOf(kOwn);
-        expected[absent] = kDefaults[absent].second;
+        expected[absent] = kFileWriterDefaults[absent].second;
         show(sessionOf(rows), [&](User& u) {
             EXPECT_EQ(shownBy(u), expected) << "without " << kOwn[absent].first;
             u.click("btnCancel");
@@ -175,7 +170,7 @@ TEST_P(FileWriterDialog, AnAbsentKeyReadsAsEmptyAndTheOthersAreRead) {
 
 TEST_P(FileWriterDialog, OpeningAnotherRecordStartsFromTheDefaultsAgain) {
     user().onForm("frmTallyvaneConfig", [](User& u) {
-        EXPECT_EQ(shownBy(u), dataOf(kDefaults));
+        EXPECT_EQ(shownBy(u), dataOf(kFileWriterDefaults));
         for (const char* box : {"txtFileName", "txtFileFolder"}) {
             EXPECT_TRUE(u.see(box).enabled) << box;
             EXPECT_EQ(u.see(box).background, Background::Window) << box;
@@ -216,7 +211,7 @@ TEST_P(FileWriterDialog, AFormatThatIsNotListedGivesWayToTheFirstRowAndIsLost) {
         frmTallyvaneConfig form;
         form.init(record, "S");
         form.SaveAdvancedChanges();
-        EXPECT_EQ(record->GetRow("PartFormat")[1], kNone);
+        EXPECT_EQ(record->GetRow("PartFormat")[1], kNoneRow);
     }
 }
 
@@ -227,12 +222,12 @@ TEST_P(FileWriterDialog, ListsTheNoneRowThenTheFilesInTheirOrder) {
     memory->makeFolder(formatFolder + "FOLDER.vla");
     memory->save(ItemPath{formatFolder, "note.txt"}, "");
     EXPECT_EQ(listed(),
-              (std::vector<std::string>{kNone, ".hidden", "Alpha two", "beta", "CSV", "PLAIN"}));
+              (std::vector<std::string>{kNoneRow, ".hidden", "Alpha two", "beta", "CSV", "PLAIN"}));
 }
 
 TEST_P(FileWriterDialog, FileModeListsNoFormatsOfTheHost) {
     addHostFormat("HOST", "HOST");
-    EXPECT_EQ(listed(), (std::vector<std::string>{kNone, "CSV", "PLAIN"}));
+    EXPECT_EQ(listed(), (std::vector<std::string>{kNoneRow, "CSV", "PLAIN"}));
 }
 
 TEST_P(FileWriterDialog, InMemoryTheHostsFormatsFollowDoublesIncluded) {
@@ -241,7 +236,8 @@ TEST_P(FileWriterDialog, InMemoryTheHostsFormatsFollowDoublesIncluded) {
     addHostFormat("X", "");
     addHostFormat("CSV", "CSV");
     addHostFormat("a", "APE");
-    EXPECT_EQ(listed(), (std::vector<std::string>{kNone, "CSV", "PLAIN", "ZEBRA", "CSV", "APE"}));
+    EXPECT_EQ(listed(),
+              (std::vector<std::string>{kNoneRow, "CSV", "PLAIN", "ZEBRA", "CSV", "APE"}));
 }
 
 TEST_P(FileWriterDialog, InMemoryWithoutFilesThereIsNoNoneRow) {
@@ -273,9 +269,9 @@ TEST_P(FileWriterDialog, WithoutFormatsNameAndFolderAreDemanded) {
 TEST_P(FileWriterDialog, NoneRowNeedsNeitherNameNorFolder) {
     const auto record = sessionOf({});
     EXPECT_EQ(show(record, pressing("btnOk")), 0);
-    EXPECT_EQ(rowsOf(*record), kDefaults);
-    EXPECT_EQ(fileRows("S"), kDefaults);
-    EXPECT_EQ(g_TallyvanePartFormat, kNone);
+    EXPECT_EQ(rowsOf(*record), kFileWriterDefaults);
+    EXPECT_EQ(fileRows("S"), kFileWriterDefaults);
+    EXPECT_EQ(g_TallyvanePartFormat, kNoneRow);
     EXPECT_TRUE(user().boxes().empty());
     // In another language the stored text is not found; the first row is the none row all the same.
     texts->texts["ADD_MORAM_CONFIG_NONE"] = "keines";
@@ -293,7 +289,7 @@ TEST_P(FileWriterDialog, NoneRowWithANameAloneStoresTheName) {
         u.click("btnOk");
     });
     EXPECT_EQ(result, 0);
-    EXPECT_EQ(rowsOf(*record), with(kDefaults, "FileName", "list.txt"));
+    EXPECT_EQ(rowsOf(*record), with(kFileWriterDefaults, "FileName", "list.txt"));
 }
 
 TEST_P(FileWriterDialog, AFormatNeedsAFileName) {
@@ -370,7 +366,7 @@ TEST_P(FileWriterDialog, ChecksInItsOrder) {
         u.type("txtFileName", "a:b");
         u.click("btnOk");
         u.type("txtFileFolder", "out");
-        u.choose("cboPartFormat", kNone);
+        u.choose("cboPartFormat", kNoneRow);
         u.click("btnOk");
         u.type("txtFileName", "ab");
         u.click("btnOk");
@@ -435,7 +431,7 @@ TEST_P(FileWriterDialog, AFormatNameWithOuterBlanksIsStoredTrimmedAndNotFoundAga
     EXPECT_EQ(record->GetRow("PartFormat")[1], "PAD");
     EXPECT_EQ(g_TallyvanePartFormat, " PAD ");
     show(record, [](User& u) {
-        EXPECT_EQ(u.see("cboPartFormat").text, kNone);
+        EXPECT_EQ(u.see("cboPartFormat").text, kNoneRow);
         u.click("btnCancel");
     });
 }
@@ -494,9 +490,9 @@ TEST_P(FileWriterDialog, InMemoryNoFileIsWritten) {
     const auto record = sessionOf({});
     EXPECT_EQ(saveUnseen(record), 0);
     EXPECT_EQ(show(record, pressing("btnOk")), 0);
-    EXPECT_EQ(rowsOf(*record), kDefaults);
+    EXPECT_EQ(rowsOf(*record), kFileWriterDefaults);
     EXPECT_TRUE(sessionFiles().empty());
-    EXPECT_EQ(g_TallyvanePartFormat, kNone);
+    EXPECT_EQ(g_TallyvanePartFormat, kNoneRow);
 }
 
 TEST_P(FileWriterDialog, ASaveThatFailsIsNotTold) {
@@ -510,7 +506,7 @@ TEST_P(FileWriterDialog, ASaveThatFailsIsNotTold) {
     EXPECT_EQ(show(record, pressing("btnOk")), 0);
     g_SessionFolder = "/nowhere/MORAM\\";
     EXPECT_EQ(show(record, pressing("btnOk")), 0);
-    EXPECT_EQ(rowsOf(*record), kDefaults);
+    EXPECT_EQ(rowsOf(*record), kFileWriterDefaults);
     EXPECT_TRUE(user().boxes().empty());
     EXPECT_TRUE(sessionFiles().empty());
 }

@@ -10,6 +10,7 @@
 #include "database/memory_sessions.h"
 #include "installed_view.h"
 #include "support/database_kit.h"
+#include "support/session_keys.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/resource_manager.h"
 #include "wynconfig/scripted_view.h"
@@ -46,26 +47,13 @@ Rows rowsOf(const std::string& xml) {
 }
 
 Rows sessionRows(const std::vector<std::string>& formats) {
-    Rows rows{{"ProgramPath", "/bin/sh"},
-              {"CommandLineArgs", "--first"},
-              {"ReverseList", "false"},
-              {"AutoResize", "true"},
-              {"Orientation", "top"},
-              {"FormatCount", std::to_string(formats.size())},
-              {"WindowTitleSearchType", "contains"},
-              {"WindowClassSearchType", "contains"},
-              {"WindowTitle", ""},
-              {"WindowClass", ""},
-              {"DisableProgramLaunch", "false"},
-              {"WindowTitleClassDelay", "0"},
-              {"ProgramLaunchDelay", "0"},
-              {"WindowTitleCaseSensitive", "true"},
-              {"WindowClassCaseSensitive", "false"},
-              {"PartFormat", "<none>"},
-              {"FileName", ""},
-              {"FileFolder", ""},
-              {"FileAction", "OverWrite"},
+    Rows rows{{"ProgramPath", "/bin/sh"}, {"CommandLineArgs", "--first"},
+              {"ReverseList", "false"},   {"AutoResize", "true"},
+              {"Orientation", "top"},     {"FormatCount", std::to_string(formats.size())},
+              {"PartFormat", "<none>"},   {"FileName", ""},
+              {"FileFolder", ""},         {"FileAction", "OverWrite"},
               {"WriteFileOnly", "false"}};
+    rows.insert(wynconfig::kAdvancedDefaults.begin(), wynconfig::kAdvancedDefaults.end());
     for (std::size_t i = 0; i < formats.size(); ++i)
         rows["FORMAT" + std::to_string(i + 1)] = formats[i];
     return rows;
