@@ -7,14 +7,13 @@
 #include <vector>
 
 #include "dialogs/session/dlgAdvConfig.h"
-#include "dialogs/session/frmMORAMConfig.h"
 #include "platform/text/numbers.h"
 #include "store/session_record.h"
 #include "support/caption_tables.h"
-#include "support/desk.h"
 #include "support/dialog_checks.h"
 #include "support/rows.h"
 #include "support/session_keys.h"
+#include "support/sub_dialog_desk.h"
 
 namespace wynconfig {
 namespace {
@@ -25,7 +24,7 @@ const std::vector<std::string> kShownDefaults{"Contains", "Contains", "", "", "f
 const std::vector<std::string> kShownOwn{"Matches", "StartsWith", "Parts Desk", "PartsMain",
                                          "true",    "3",          "7"};
 
-class AdvancedDialog : public Desk {
+class AdvancedDialog : public SubDialogDesk<dlgAdvConfig> {
   protected:
     static Stored constantsRight(Stored rows) {
         return with(with(std::move(rows), "WindowTitleCaseSensitive", "true"),
@@ -47,35 +46,6 @@ class AdvancedDialog : public Desk {
                 u.see("chkDisableProgramLaunch").value ? "true" : "false",
                 u.see("txtWindowTitleClassDelay").text,
                 u.see("txtProgramLaunchDelay").text};
-    }
-    /// Shows the dialog and gives its result.
-    long show(const std::shared_ptr<Dataset>& record, User::Script script,
-              const std::string& name = "S") {
-        user().onForm("dlgAdvConfig", std::move(script));
-        dlgAdvConfig form;
-        form.init(record, name);
-        form.Show();
-        return form.Result();
-    }
-    long saveUnseen(const std::shared_ptr<Dataset>& record, const std::string& name = "S") {
-        dlgAdvConfig form;
-        form.init(record, name);
-        const long status = form.SaveAdvancedChanges();
-        form.Unload();
-        EXPECT_TRUE(user().forms().empty());
-        return status;
-    }
-    /// Opens the session dialog, which the script must close.
-    void editSession(const std::string& name, User::Script script) {
-        user().onForm("frmMORAMConfig", std::move(script));
-        frmMORAMConfig form;
-        form.init(name);
-        form.Show();
-    }
-    Stored fileRows(const std::string& name) {
-        Dataset record;
-        record.Load(ItemPath::item(sessionFolder, name));
-        return rowsOf(record);
     }
 };
 ON_EVERY_VIEW(AdvancedDialog);
@@ -551,7 +521,7 @@ TEST_P(AdvancedDialog, WithoutAResourceManagerItOpensInEnglishBehindAnEmptyBox) 
 TEST_P(AdvancedDialog, FromTheSessionDialogOkStoresAtOnce) {
     putFormat("CSV");
     putFullSession("S", {"CSV"});
-    editSession("S", [this](User& u) {
+    edit("S", [this](User& u) {
         EXPECT_TRUE(u.see("txtProgramPath").enabled);
         u.onForm("dlgAdvConfig", [](User& a) {
             EXPECT_EQ(a.see("txtWindowTitle").text, "Parts Desk");
@@ -574,7 +544,7 @@ TEST_P(AdvancedDialog, FromTheSessionDialogOkStoresAtOnce) {
 TEST_P(AdvancedDialog, FromTheSessionDialogOkAllowsTheLaunchAgain) {
     putFullSession("S", {"CSV"});
     changeSession("S", {{"DisableProgramLaunch", "true"}});
-    editSession("S", [](User& u) {
+    edit("S", [](User& u) {
         EXPECT_FALSE(u.see("txtProgramPath").enabled);
         u.onForm("dlgAdvConfig", [](User& a) {
             a.tick("chkDisableProgramLaunch", false);
@@ -593,7 +563,7 @@ TEST_P(AdvancedDialog, FromTheSessionDialogOtherWaysOutChangeNothing) {
     putFullSession("S", {"CSV"});
     const std::string before = sessionText("S");
     for (const bool byFrame : {false, true}) {
-        editSession("S", [&](User& u) {
+        edit("S", [&](User& u) {
             u.onForm("dlgAdvConfig", [&](User& a) {
                 a.tick("chkDisableProgramLaunch");
                 byFrame ? a.closeByFrame() : a.click("CancelButton");
@@ -612,7 +582,7 @@ TEST_P(AdvancedDialog, FromTheSessionDialogANameNotYetAppliedThenExists) {
     putProgram("/programs/parts.exe");
     putFullSession("S", {"CSV"});
     const std::string before = sessionText("S");
-    editSession("S", [](User& u) {
+    edit("S", [](User& u) {
         u.type("txtDisplayName", "  other ");
         u.onForm("dlgAdvConfig", [](User& a) { a.click("OKButton"); });
         u.bareClick("btnAdvanced");
@@ -629,10 +599,9 @@ TEST_P(AdvancedDialog, FromTheSessionDialogANameNotYetAppliedThenExists) {
 }
 
 TEST_P(AdvancedDialog, FromTheInMemorySessionItWritesIntoTheSharedRecord) {
-    g_DatasetMode = true;
     g_Session->Create("MORAM", "HOSTS", sessionFolder, session::kColumns);
     for (const auto& [key, data] : kOwnAdvanced) g_Session->AddRow({key, data});
-    user().onForm("frmMORAMConfig", [](User& u) {
+    editHeld("HOSTS", [](User& u) {
         u.onForm("dlgAdvConfig", [](User& a) {
             EXPECT_EQ(shownBy(a), kShownOwn);
             a.type("txtWindowClass", "NewClass");
@@ -641,9 +610,6 @@ TEST_P(AdvancedDialog, FromTheInMemorySessionItWritesIntoTheSharedRecord) {
         u.click("btnAdvanced");
         u.click("btnCancel");
     });
-    frmMORAMConfig form;
-    form.initEX("HOSTS");
-    form.Show();
     EXPECT_EQ(rowsOf(*g_Session), constantsRight(with(kOwnAdvanced, "WindowClass", "NewClass")));
     EXPECT_TRUE(sessionFiles().empty());
 }
@@ -655,7 +621,7 @@ TEST_P(AdvancedDialog, ApplyingASessionRunsItUnseen) {
                      {"WindowTitleSearchType", "matches"},
                      {"FormatCount", "1"},
                      {"FORMAT1", "CSV"}});
-    editSession("S", [](User& u) { u.click("btnOK"); });
+    edit("S", [](User& u) { u.click("btnOK"); });
     EXPECT_EQ(user().forms(), std::vector<std::string>{"frmMORAMConfig"});
     const Rows rows = sessionRows("S");
     for (const auto& [key, data] : with(kAdvancedDefaults, "WindowTitleSearchType", "matches"))

@@ -12,11 +12,11 @@
 #include "platform/text/numbers.h"
 #include "store/session_record.h"
 #include "support/caption_tables.h"
-#include "support/desk.h"
 #include "support/dialog_checks.h"
 #include "support/failing_views.h"
 #include "support/rows.h"
 #include "support/session_keys.h"
+#include "support/sub_dialog_desk.h"
 #include "support/temporary_folder.h"
 #include "wynconfig/error.h"
 
@@ -25,7 +25,7 @@ namespace {
 
 using namespace ConfigGlobalModule;
 
-class FileWriterDialog : public Desk {
+class FileWriterDialog : public SubDialogDesk<frmTallyvaneConfig> {
   protected:
     static inline const std::string kBadName =
         "{MORAM_CONFIG_MSG_INVALID_CHARS}\r\n         \\ / : * ? \" < > | ";
@@ -44,7 +44,7 @@ class FileWriterDialog : public Desk {
                 u.see("chkWriteFileOnly").value ? "true" : "false"};
     }
     void SetUp() override {
-        Desk::SetUp();
+        SubDialogDesk::SetUp();
         putFormat("CSV");
         putFormat("PLAIN");
     }
@@ -53,32 +53,10 @@ class FileWriterDialog : public Desk {
         format->setName(name);
         g_PartFormats.Add(format, key);
     }
-    long show(const std::shared_ptr<Dataset>& record, User::Script script,
-              const std::string& name = "S") {
-        user().onForm("frmTallyvaneConfig", std::move(script));
-        frmTallyvaneConfig form;
-        form.init(record, name);
-        form.Show();
-        form.Unload();
-        return form.Result();
-    }
-    long saveUnseen(const std::shared_ptr<Dataset>& record, const std::string& name = "S") {
-        frmTallyvaneConfig form;
-        form.init(record, name);
-        const long status = form.SaveAdvancedChanges();
-        form.Unload();
-        EXPECT_TRUE(user().forms().empty());
-        return status;
-    }
     std::vector<std::string> listed() {
         frmTallyvaneConfig form;
         EXPECT_EQ(form.cboPartFormat.selectedIndex(), form.cboPartFormat.items().empty() ? -1 : 0);
         return form.cboPartFormat.items();
-    }
-    Stored fileRows(const std::string& name) {
-        Dataset record;
-        record.Load(ItemPath::item(sessionFolder, name));
-        return rowsOf(record);
     }
     /// Enters what a script types and presses OK, which must refuse it with this box; then cancels.
     void expectRefused(const User::Script& enter, const std::string& text,
