@@ -9,8 +9,6 @@
 namespace wynconfig {
 namespace {
 
-using Operation = FaultyFileSystem::Operation;
-
 const std::string kTag = "some form:some procedure";
 
 class DeletedItems : public SessionListDesk {

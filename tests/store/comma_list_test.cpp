@@ -9,10 +9,11 @@
 #include <string_view>
 #include <vector>
 
+#include "support/short_names.h"
+
 namespace wynconfig {
 namespace {
 
-using Names = std::vector<std::string>;
 using Parts = std::vector<std::string_view>;
 
 std::string joined(const Parts& parts) {

@@ -7,7 +7,6 @@ namespace wynconfig {
 namespace {
 
 using namespace ConfigGlobalModule;
-using Operation = FaultyFileSystem::Operation;
 
 const std::string kTag = "Class_Initialize: WYN config folders not available";
 

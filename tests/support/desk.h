@@ -14,6 +14,7 @@
 #include "platform/files/faulty_file_system.h"
 #include "platform/files/file_system.h"
 #include "store/config_global_module.h"
+#include "support/short_names.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/qt_view.h"
 #include "wynconfig/resource_manager.h"
@@ -35,9 +36,6 @@ class TestTexts : public ResourceManager {
     std::string GetString(const std::string& key) override;
     Font GetFont(long handle) override;
 };
-
-/// Names of sessions, part formats or files, in the order of their listing.
-using Names = std::vector<std::string>;
 
 /// The rows of a record, by key.
 using Rows = std::map<std::string, std::string>;

@@ -18,6 +18,7 @@
 #include "platform/files/faulty_file_system.h"
 #include "platform/files/file_system.h"
 #include "support/save_calls.h"
+#include "support/short_names.h"
 #include "support/temporary_folder.h"
 #include "wynconfig/error.h"
 

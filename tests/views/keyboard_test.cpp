@@ -10,8 +10,6 @@
 namespace wynconfig {
 namespace {
 
-using Log = std::vector<std::string>;
-
 /// A form with a key on everything that can have one.
 class KeyForm : public Form {
   public:

@@ -12,8 +12,6 @@
 namespace wynconfig {
 namespace {
 
-using Log = std::vector<std::string>;
-
 /// A list with acts, one without, and one where a pick acts.
 class ListForm : public Form {
   public:

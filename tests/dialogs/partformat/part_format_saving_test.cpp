@@ -7,7 +7,6 @@ namespace wynconfig {
 namespace {
 
 using namespace ConfigGlobalModule;
-using Operation = FaultyFileSystem::Operation;
 
 const Stored kNew = with(kFirstFormat, "MaxRecords", "1");
 

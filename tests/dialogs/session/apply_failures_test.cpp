@@ -6,9 +6,6 @@
 namespace wynconfig {
 namespace {
 
-using Texts = std::vector<std::string>;
-using Operation = FaultyFileSystem::Operation;
-
 const std::string kForbidden = "{MORAM_CONFIG_MSG_INVALID_CHARS}\r\n         \\ / : * ? \" < > | .";
 const std::string kFileTag = "UnifrmMORAMConfig:ApplyChanges";
 const std::string kMemoryTag = "UnifrmMORAMConfig:ApplyChangesEX";
@@ -79,7 +76,7 @@ TEST_P(ApplyFailures, ANameOfBlanksIsEmptyOnceItsBoxIsLeft) {
 }
 
 TEST_P(ApplyFailures, ForbiddenCharactersAndNumbersAreRefusedAsNames) {
-    const Texts names{"A\\B", "A/B",   "A:B", "A*B",   "A?B", "A\"B",    "A<B",
+    const Names names{"A\\B", "A/B",   "A:B", "A*B",   "A?B", "A\"B",    "A<B",
                       "A>B",  "A|B",   "A.B", ".",     "123", "-4",      "1E5",
                       "12.5", " 123 ", "$12", "1,000", "..",  "..\\DESK"};
     openInBothModes([&](User& u) {
@@ -92,7 +89,7 @@ TEST_P(ApplyFailures, ForbiddenCharactersAndNumbersAreRefusedAsNames) {
         }
     });
     EXPECT_EQ(user().boxes().size(), 2 * names.size());
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla"}));
 }
 
 TEST_P(ApplyFailures, ASessionWithoutFormatsIsRefused) {
@@ -119,7 +116,7 @@ TEST_P(ApplyFailures, AnExistingNameIsRefusedAsTyped) {
         u.click("btnOK");
         EXPECT_TRUE(u.see("txtDisplayName").focus);
     });
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla", "OTHER.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla", "OTHER.vla"}));
     EXPECT_TRUE(sessionRows("OTHER").empty());
 }
 
@@ -172,19 +169,19 @@ TEST_P(ApplyFailures, AnEmptyPathIsRefused) {
 
 TEST_P(ApplyFailures, APathThatNamesNoFileIsRefused) {
     memory->makeFolder("/programs/folder");
-    const Texts paths{"/no/such.exe",
-                      "/programs/folder",
-                      "/programs",
-                      "/programs/parts.exe/",
-                      "/programs/PARTS.EXE",
-                      " /programs/parts.exe",
-                      "\"",
-                      "\"\"",
-                      "\"/programs/parts.exe",
-                      "/programs/parts.exe\"",
-                      "/programs/*.exe",
-                      "/programs/parts.ex?",
-                      "\" /programs/parts.exe\""};
+    const std::vector<std::string> paths{"/no/such.exe",
+                                         "/programs/folder",
+                                         "/programs",
+                                         "/programs/parts.exe/",
+                                         "/programs/PARTS.EXE",
+                                         " /programs/parts.exe",
+                                         "\"",
+                                         "\"\"",
+                                         "\"/programs/parts.exe",
+                                         "/programs/parts.exe\"",
+                                         "/programs/*.exe",
+                                         "/programs/parts.ex?",
+                                         "\" /programs/parts.exe\""};
     openInBothModes([&](User& u) {
         for (const std::string& path : paths) {
             SCOPED_TRACE(path);
@@ -248,7 +245,7 @@ TEST_P(ApplyFailures, TheChecksBeforeTheRenameWriteNothing) {
         removeAllFormats(u);
         u.click("btnOK");
     });
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla", "OTHER.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla", "OTHER.vla"}));
     EXPECT_EQ(sessionText("DESK"), before);
 }
 
@@ -418,7 +415,7 @@ TEST_P(ApplyFailures, ANameOf32768CharactersOverflowsAndIsRefused) {
     });
     EXPECT_EQ(user().boxes().size(), 2U);
     EXPECT_EQ(result(), 1);
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla"}));
 }
 
 TEST_P(ApplyFailures, InMemoryTheOverflowBearsItsOwnTag) {
@@ -451,7 +448,7 @@ TEST_P(ApplyFailures, ANameOf32767CharactersIsNoFileAndStillCostsTheOldOne) {
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), name);
-    EXPECT_EQ(sessionFiles(), Texts{});
+    EXPECT_EQ(sessionFiles(), Names{});
 }
 
 TEST_P(ApplyFailures, ANameWhosePathIsTooLongIsToldAndStillCostsTheOldFile) {
@@ -465,7 +462,7 @@ TEST_P(ApplyFailures, ANameWhosePathIsTooLongIsToldAndStillCostsTheOldFile) {
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), name);
-    EXPECT_EQ(sessionFiles(), Texts{});
+    EXPECT_EQ(sessionFiles(), Names{});
 }
 
 // Saves and deletions that fail.
@@ -527,7 +524,7 @@ TEST_P(ApplyFailures, WithTheLaunchDisabledOnlyTheSaveOfTheRenameIsTold) {
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), "BENCH");
-    EXPECT_EQ(sessionFiles(), Texts{});
+    EXPECT_EQ(sessionFiles(), Names{});
 }
 
 TEST_P(ApplyFailures, AfterASilentApplyTheNextOneTellsItsFailuresAgain) {
@@ -555,7 +552,7 @@ TEST_P(ApplyFailures, TheOldFileIsDeletedThoughTheNewOneCouldNotBeSaved) {
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), "BENCH");
-    EXPECT_EQ(sessionFiles(), Texts{});
+    EXPECT_EQ(sessionFiles(), Names{});
 }
 
 TEST_P(ApplyFailures, AFailedSaveOfTheRenameIsMadeUpForByTheLaterOnes) {
@@ -565,7 +562,7 @@ TEST_P(ApplyFailures, AFailedSaveOfTheRenameIsMadeUpForByTheLaterOnes) {
         u.type("txtDisplayName", "BENCH");
         u.click("btnOK");
     });
-    EXPECT_EQ(sessionFiles(), (Texts{"BENCH.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"BENCH.vla"}));
     EXPECT_EQ(sessionRows("BENCH")["CommandLineArgs"], "/list /quiet");
 }
 
@@ -578,7 +575,7 @@ TEST_P(ApplyFailures, AnOldFileThatCannotBeDeletedIsToldAndStays) {
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), "BENCH");
-    EXPECT_EQ(sessionFiles(), (Texts{"BENCH.vla", "DESK.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"BENCH.vla", "DESK.vla"}));
 }
 
 TEST_P(ApplyFailures, AFolderInTheFilesPlaceIsNoExistingNameButCannotBeSavedOnto) {
@@ -591,7 +588,7 @@ TEST_P(ApplyFailures, AFolderInTheFilesPlaceIsNoExistingNameButCannotBeSavedOnto
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), "BENCH");
-    EXPECT_EQ(sessionFiles(), Texts{});
+    EXPECT_EQ(sessionFiles(), Names{});
     EXPECT_TRUE(memory->folderExists("/store/MORAM/BENCH.vla"));
 }
 
@@ -619,7 +616,7 @@ TEST_P(ApplyFailures, ASessionOpenedWithoutANameHasNoOldFileToDelete) {
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), "NEW");
     EXPECT_EQ(user().boxes().size(), 1U);
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla", "NEW.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla", "NEW.vla"}));
     EXPECT_EQ(sessionRows("NEW")["FORMAT1"], "CSV");
 }
 
@@ -634,7 +631,7 @@ TEST_P(ApplyFailures, ASessionOpenedWithoutANameTakesAFileOfTheExtensionAloneAwa
         u.click("btnOK");
     });
     EXPECT_EQ(result(), 0);
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla", "NEW.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla", "NEW.vla"}));
 }
 
 TEST_P(ApplyFailures, ASessionWhoseFileVanishedMeanwhileIsWrittenAgain) {

@@ -6,9 +6,6 @@
 namespace wynconfig {
 namespace {
 
-using Texts = std::vector<std::string>;
-using Operation = FaultyFileSystem::Operation;
-
 const std::string kJapanese = "部品リスト";
 const std::string kCombining = "CAFE\xCC\x81 \xC3\x85";
 const std::string kEmoji = "TOOLS \xF0\x9F\x94\xA7";
@@ -146,16 +143,16 @@ TEST_P(ApplySession, RowsAreWrittenAnewBehindThoseThatNobodyWrites) {
     record.Save(ItemPath::item(sessionFolder, "DESK"));
     open("DESK", [](User& u) { u.click("btnOK"); });
     record.Load(ItemPath::item(sessionFolder, "DESK"));
-    Texts keys;
+    Names keys;
     for (const DataRow& each : record.Rows()) keys.push_back(each[0]);
-    Texts expected{"Remark"};
+    Names expected{"Remark"};
     expected.insert(expected.end(), kSessionKeys.begin(), kSessionKeys.end());
     EXPECT_EQ(keys, expected);
 }
 
 TEST_P(ApplySession, TheHiddenPassesAreNeverShown) {
     open("DESK", [](User& u) { u.click("btnOK"); });
-    EXPECT_EQ(user().forms(), (Texts{"frmMORAMConfig"}));
+    EXPECT_EQ(user().forms(), (Names{"frmMORAMConfig"}));
 }
 
 TEST_P(ApplySession, TheHiddenPassesLeaveTheLastChosenFormatOfTheFileWriterAlone) {
@@ -171,7 +168,7 @@ TEST_P(ApplySession, EachApplyWithoutARenameSavesThreeTimesToTheOneFile) {
         EXPECT_EQ(disk.count(Operation::Save), 3U);
         EXPECT_EQ(disk.count(Operation::Remove), 0U);
     });
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla"}));
 }
 
 TEST_P(ApplySession, WithoutAnOrientationLeftIsWritten) {
@@ -197,7 +194,7 @@ TEST_P(ApplySession, AnAbsentFormatRowLeavesTheCountAndTheLaterRowsAsTheyWere) {
                        {"FORMAT3", "C"}});
     open("ODD", [](User& u) {
         u.changeTab("SSTab2", 1);
-        EXPECT_EQ(u.see("lstSelectedFormats2").rowTexts(), (Texts{"A", "C"}));
+        EXPECT_EQ(u.see("lstSelectedFormats2").rowTexts(), (Names{"A", "C"}));
         u.click("btnOK");
     });
     Rows rows = sessionRows("ODD");
@@ -325,7 +322,7 @@ TEST_P(ApplySession, ANewNameMovesTheFileAndBecomesTheSessionName) {
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), "MY BENCH");
-    EXPECT_EQ(sessionFiles(), (Texts{"MY BENCH.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"MY BENCH.vla"}));
     EXPECT_EQ(storedName("MY BENCH"), "MY BENCH");
     EXPECT_EQ(sessionRows("MY BENCH")["CommandLineArgs"], "/list /quiet");
 }
@@ -340,7 +337,7 @@ TEST_P(ApplySession, ANameThatDiffersInCaseAloneIsNoRename) {
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), "DESK");
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla"}));
     EXPECT_EQ(storedName("DESK"), "DESK");
 }
 
@@ -353,7 +350,7 @@ TEST_P(ApplySession, ASecondApplyRenamesOnFromTheNewName) {
         u.type("txtDisplayName", "DESK");
         u.click("btnOK");
     });
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla"}));
 }
 
 TEST_P(ApplySession, ARefusedPathLeavesTheRenameAndTheNewValuesOnDisk) {
@@ -363,7 +360,7 @@ TEST_P(ApplySession, ARefusedPathLeavesTheRenameAndTheNewValuesOnDisk) {
         u.type("txtProgramPath", "/no/such.exe");
         u.type("txtCommandLineArgs", "/changed");
         u.click("btnApply");
-        EXPECT_EQ(sessionFiles(), (Texts{"BENCH.vla"}));
+        EXPECT_EQ(sessionFiles(), (Names{"BENCH.vla"}));
         EXPECT_EQ(sessionRows("BENCH")["ProgramPath"], "/no/such.exe");
         EXPECT_EQ(sessionRows("BENCH")["CommandLineArgs"], "/changed");
         u.click("btnCancel");
@@ -406,7 +403,7 @@ TEST_P(ApplySession, ANameWithOuterBlanksOnEnterGoesToTwoFiles) {
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), " MINE ");
-    EXPECT_EQ(sessionFiles(), (Texts{" MINE .vla", "MINE.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{" MINE .vla", "MINE.vla"}));
     EXPECT_EQ(storedName(" MINE "), " MINE ");
     EXPECT_EQ(sessionRows("MINE"), sessionRows(" MINE "));
 }
@@ -419,7 +416,7 @@ TEST_P(ApplySession, TheFirstHiddenPassSavesUnderTheNameAsTyped) {
         u.type("txtDisplayName", " mine ");
         u.pressEnter();
     });
-    EXPECT_EQ(sessionFiles(), (Texts{" MINE .vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{" MINE .vla"}));
     EXPECT_EQ(sessionRows(" MINE ")["CommandLineArgs"], "/changed");
 }
 
@@ -431,7 +428,7 @@ TEST_P(ApplySession, TheLastSaveGoesToTheNameAsTyped) {
         u.pressEnter();
     });
     EXPECT_EQ(result(), 0);
-    EXPECT_EQ(sessionFiles(), (Texts{" mine .vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{" mine .vla"}));
     EXPECT_EQ(storedName(" mine "), " MINE ");
 }
 
@@ -453,7 +450,7 @@ TEST_P(ApplySession, ALoneBlankOnEnterIsAName) {
     });
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), " ");
-    EXPECT_EQ(sessionFiles(), (Texts{" .vla", ".vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{" .vla", ".vla"}));
 }
 
 TEST_P(ApplySession, AHandCopiedFileCanOnlyBeAppliedUnderAnotherNameAndTakesTheOriginalAway) {
@@ -464,12 +461,12 @@ TEST_P(ApplySession, AHandCopiedFileCanOnlyBeAppliedUnderAnotherNameAndTakesTheO
     });
     open("COPY", [this](User& u) {
         u.click("btnApply");
-        EXPECT_EQ(sessionFiles(), (Texts{"COPY.vla", "DESK.vla"}));
+        EXPECT_EQ(sessionFiles(), (Names{"COPY.vla", "DESK.vla"}));
         u.type("txtDisplayName", "THIRD");
         u.click("btnOK");
     });
     EXPECT_EQ(result(), 0);
-    EXPECT_EQ(sessionFiles(), (Texts{"COPY.vla", "THIRD.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"COPY.vla", "THIRD.vla"}));
 }
 
 TEST_P(ApplySession, NamesInAnyScriptAreFileNames) {
@@ -480,14 +477,14 @@ TEST_P(ApplySession, NamesInAnyScriptAreFileNames) {
         });
         EXPECT_EQ(result(), 0);
         EXPECT_EQ(sessionName(), name);
-        EXPECT_EQ(sessionFiles(), (Texts{name + ".vla"}));
+        EXPECT_EQ(sessionFiles(), (Names{name + ".vla"}));
         EXPECT_EQ(storedName(name), name);
         open(name, [&](User& u) {
             EXPECT_EQ(u.see("txtDisplayName").text, name);
             u.type("txtDisplayName", "DESK");
             u.click("btnOK");
         });
-        EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla"}));
+        EXPECT_EQ(sessionFiles(), (Names{"DESK.vla"}));
     }
 }
 
@@ -525,7 +522,7 @@ TEST_P(ApplySession, InMemoryNothingIsSaved) {
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(sessionName(), "MINE");
     EXPECT_EQ(row("CommandLineArgs"), "/changed");
-    EXPECT_EQ(sessionFiles(), (Texts{"DESK.vla"}));
+    EXPECT_EQ(sessionFiles(), (Names{"DESK.vla"}));
     EXPECT_EQ(sessionText("DESK"), before);
 }
 
@@ -534,7 +531,7 @@ TEST_P(ApplySession, InMemoryAllKeysComeToExist) {
         ConfigGlobalModule::g_Session->ClearRows();
         u.click("btnOK");
     });
-    Texts keys;
+    Names keys;
     for (const DataRow& each : ConfigGlobalModule::g_Session->Rows()) keys.push_back(each[0]);
     EXPECT_EQ(keys.size(), 21U);
     EXPECT_EQ(keys.front(), "ProgramPath");

@@ -4,8 +4,6 @@
 namespace wynconfig {
 namespace {
 
-using Operation = FaultyFileSystem::Operation;
-
 class FormatFiles : public FormatDesk {
   protected:
     static inline const std::string kCopyTag = "UnifrmMORAMConfig:btnCopy_Click";

@@ -4,8 +4,6 @@
 namespace wynconfig {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class FormatLists : public FormatDesk {
   protected:
     void SetUp() override {
@@ -33,16 +31,16 @@ TEST_P(FormatLists, AvailableAreTheItemFilesByUpperCasedNames) {
     memory->makeFolder("/store/PARTFORMAT/deleted");
     memory->makeFolder("/store/PARTFORMAT/Q.vla");
     memory->save(ItemPath{"/store/PARTFORMAT/deleted/", "GONE.vla"}, "");
-    open("", [](User& u) { EXPECT_EQ(available(u), (Texts{"A", "b", "C", "D"})); });
+    open("", [](User& u) { EXPECT_EQ(available(u), (Names{"A", "b", "C", "D"})); });
 }
 
 TEST_P(FormatLists, AFileOfTheExtensionAloneIsAFormatWithoutAName) {
     putFormat("CSV");
     putFormat("");
     open("", [](User& u) {
-        EXPECT_EQ(available(u), (Texts{"", "CSV"}));
+        EXPECT_EQ(available(u), (Names{"", "CSV"}));
         add(u, "");
-        EXPECT_EQ(selectedNames(u), (Texts{""}));
+        EXPECT_EQ(selectedNames(u), (Names{""}));
     });
 }
 
@@ -83,7 +81,7 @@ TEST_P(FormatLists, ARowAddedByTheFileWriterDialogTakesNoFont) {
         });
         u.changeTab("SSTab2", 0);
         u.click("btnTallyvane");
-        EXPECT_EQ(selectedNames(u), (Texts{"CSV", "PLAIN"}));
+        EXPECT_EQ(selectedNames(u), (Names{"CSV", "PLAIN"}));
         EXPECT_EQ(dialog().formatTab.lstSelectedFormats2.row(2).font, nullptr);
     });
 }
@@ -92,9 +90,9 @@ TEST_P(FormatLists, AnEmptyFormatFolderLeavesTheAvailableListHidden) {
     putFullSession("DESK", {"CSV"});
     open("DESK", [](User& u) {
         EXPECT_FALSE(u.see("lstAvailableFormats").visible);
-        EXPECT_EQ(available(u), Texts{});
+        EXPECT_EQ(available(u), Names{});
         EXPECT_TRUE(u.see("lstSelectedFormats2").visible);
-        EXPECT_EQ(selectedNames(u), (Texts{"CSV"}));
+        EXPECT_EQ(selectedNames(u), (Names{"CSV"}));
     });
 }
 
@@ -102,8 +100,8 @@ TEST_P(FormatLists, AnEmptyFormatFolderShowsNoFormatsOfTheHostEither) {
     addHostFormat("HOSTED");
     openInMemory({"HOSTED"}, [](User& u) {
         EXPECT_FALSE(u.see("lstAvailableFormats").visible);
-        EXPECT_EQ(available(u), Texts{});
-        EXPECT_EQ(selectedNames(u), (Texts{"HOSTED"}));
+        EXPECT_EQ(available(u), Names{});
+        EXPECT_EQ(selectedNames(u), (Names{"HOSTED"}));
     });
 }
 
@@ -136,32 +134,32 @@ TEST_P(FormatLists, HostFormatsFollowTheFactoryOnesInTheirOrder) {
     putFormat("B");
     addHostFormat("Z");
     addHostFormat("A");
-    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Texts{"B", "M", "Z", "A"})); });
+    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Names{"B", "M", "Z", "A"})); });
 }
 
 TEST_P(FormatLists, AHostFormatOfAFactoryNameCountsOnce) {
     putFormat("B");
     addHostFormat("B");
     addHostFormat("C");
-    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Texts{"B", "C"})); });
+    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Names{"B", "C"})); });
 }
 
 TEST_P(FormatLists, NamesThatDifferInCaseCountTwice) {
     putFormat("B");
     addHostFormat("b");
-    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Texts{"B", "b"})); });
+    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Names{"B", "b"})); });
 }
 
 TEST_P(FormatLists, AHostFormatGoesByItsNameNotByItsKey) {
     putFormat("B");
     addHostFormat("NAME", "KEY");
-    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Texts{"B", "NAME"})); });
+    openInMemory({}, [](User& u) { EXPECT_EQ(available(u), (Names{"B", "NAME"})); });
 }
 
 TEST_P(FormatLists, InFileModeTheHostFormatsAreNotLookedAt) {
     putFormat("B");
     addHostFormat("HOSTED");
-    open("", [](User& u) { EXPECT_EQ(available(u), (Texts{"B"})); });
+    open("", [](User& u) { EXPECT_EQ(available(u), (Names{"B"})); });
 }
 
 // Moving formats.
@@ -172,8 +170,8 @@ TEST_P(FormatLists, AddPutsTheFormatAtTheEndAndKeepsItAvailable) {
     open("DESK", [](User& u) {
         add(u, "B");
         add(u, "A");
-        EXPECT_EQ(selectedNames(u), (Texts{"C", "B", "A"}));
-        EXPECT_EQ(available(u), (Texts{"A", "B", "C"}));
+        EXPECT_EQ(selectedNames(u), (Names{"C", "B", "A"}));
+        EXPECT_EQ(available(u), (Names{"A", "B", "C"}));
         EXPECT_EQ(u.see("lstAvailableFormats").selected, 1U);
     });
 }
@@ -184,7 +182,7 @@ TEST_P(FormatLists, AddOfAFormatAlreadySelectedChangesNothing) {
     open("DESK", [](User& u) {
         add(u, "A");
         add(u, "A");
-        EXPECT_EQ(selectedNames(u), (Texts{"A"}));
+        EXPECT_EQ(selectedNames(u), (Names{"A"}));
     });
 }
 
@@ -193,7 +191,7 @@ TEST_P(FormatLists, AddWithoutASelectionChangesNothing) {
     putFullSession("DESK", {});
     open("DESK", [](User& u) {
         u.click("btnAdd");
-        EXPECT_EQ(selectedNames(u), Texts{});
+        EXPECT_EQ(selectedNames(u), Names{});
     });
 }
 
@@ -202,8 +200,8 @@ TEST_P(FormatLists, RemoveTakesTheSelectedRowAlone) {
     putFullSession("DESK", {"A", "B", "C"});
     open("DESK", [](User& u) {
         remove(u, "B");
-        EXPECT_EQ(selectedNames(u), (Texts{"A", "C"}));
-        EXPECT_EQ(available(u), (Texts{"A"}));
+        EXPECT_EQ(selectedNames(u), (Names{"A", "C"}));
+        EXPECT_EQ(available(u), (Names{"A"}));
     });
 }
 
@@ -211,7 +209,7 @@ TEST_P(FormatLists, RemoveWithoutASelectionChangesNothing) {
     putFullSession("DESK", {"A", "B"});
     open("DESK", [](User& u) {
         u.click("btnRemove");
-        EXPECT_EQ(selectedNames(u), (Texts{"A", "B"}));
+        EXPECT_EQ(selectedNames(u), (Names{"A", "B"}));
     });
 }
 
@@ -219,7 +217,7 @@ TEST_P(FormatLists, TheLastFormatMayBeRemoved) {
     putFullSession("DESK", {"A"});
     open("DESK", [](User& u) {
         remove(u, "A");
-        EXPECT_EQ(selectedNames(u), Texts{});
+        EXPECT_EQ(selectedNames(u), Names{});
     });
 }
 
@@ -229,7 +227,7 @@ TEST_P(FormatLists, ARemovedFormatMayBeAddedAgainAtTheEnd) {
     open("DESK", [](User& u) {
         remove(u, "A");
         add(u, "A");
-        EXPECT_EQ(selectedNames(u), (Texts{"B", "A"}));
+        EXPECT_EQ(selectedNames(u), (Names{"B", "A"}));
     });
 }
 
@@ -241,7 +239,7 @@ TEST_P(FormatLists, ARowWhoseTextWasChangedIsKnownByItsTextToAddAndByItsKeyToRem
         add(u, "NEW");
         EXPECT_EQ(u.see("lstSelectedFormats2").rows, (std::vector<SeenRow>{{"OLD", "NEW"}}));
         remove(u, "NEW");
-        EXPECT_EQ(selectedNames(u), Texts{});
+        EXPECT_EQ(selectedNames(u), Names{});
     });
 }
 
@@ -289,7 +287,7 @@ TEST_P(FormatLists, AnApplyAfterARemovalMovesTheLaterRowsUp) {
 TEST_P(FormatLists, TwoRowsOfOneNameAreWrittenBackAsOne) {
     putFullSession("DESK", {"A", "A"});
     open("DESK", [](User& u) {
-        EXPECT_EQ(selectedNames(u), (Texts{"A"}));
+        EXPECT_EQ(selectedNames(u), (Names{"A"}));
         u.click("btnOK");
     });
     Rows rows = sessionRows("DESK");
@@ -329,7 +327,7 @@ TEST_P(FormatLists, TheFormatTabCanBeWorkedByTheKeyboard) {
         u.pick("lstAvailableFormats", "A");
         u.focus("btnAdd");
         u.pressEnter();
-        EXPECT_EQ(selectedNames(u), (Texts{"B", "A"}));
+        EXPECT_EQ(selectedNames(u), (Names{"B", "A"}));
     });
 }
 

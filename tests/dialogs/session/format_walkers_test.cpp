@@ -8,8 +8,6 @@
 namespace wynconfig {
 namespace {
 
-using Operation = FaultyFileSystem::Operation;
-
 /// What the test for a last format says, and the session that it names.
 struct LastFormat {
     bool isLast;

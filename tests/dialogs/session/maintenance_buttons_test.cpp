@@ -11,8 +11,6 @@
 namespace wynconfig {
 namespace {
 
-using Operation = FaultyFileSystem::Operation;
-
 class MaintenanceButtons : public SessionListDesk {
   protected:
     static inline const SessionRows kRows{"lstAvailableMORAMs2"};

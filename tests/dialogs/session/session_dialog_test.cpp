@@ -10,13 +10,11 @@
 namespace wynconfig {
 namespace {
 
-using Texts = std::vector<std::string>;
-
-const Texts kLaunchStops{
+const Names kLaunchStops{
     "txtCommandLineArgs", "txtDisplayName", "txtProgramPath", "rdoBottom",      "rdoLeft",
     "rdoRight",           "rdoTop",         "chkAutoResize",  "chkReverseList", "btnBrowseFile",
     "btnAdvanced",        "btnTallyvane"};
-const Texts kFormatStops{"btnAdd", "btnCopy",   "btnDelete", "btnEdit",
+const Names kFormatStops{"btnAdd", "btnCopy",   "btnDelete", "btnEdit",
                          "btnNew", "btnRemove", "btnRename"};
 
 /// A program on the real disk, where a browse dialog looks for it.
@@ -65,7 +63,7 @@ class RaisingView : public View {
 
 class SessionDialog : public FullSessionDesk {
   protected:
-    void expectStops(User& u, const Texts& controls, bool stops) {
+    void expectStops(User& u, const Names& controls, bool stops) {
         for (const std::string& each : controls) EXPECT_EQ(u.see(each).tabStop, stops) << each;
     }
     void expectDefaults(User& u) {
@@ -89,8 +87,8 @@ TEST_P(SessionDialog, AnEmptyNameOpensOnNothingButTheFormats) {
             EXPECT_FALSE(u.see(option).value) << option;
         EXPECT_TRUE(u.canUse("txtProgramPath"));
         u.changeTab("SSTab2", 1);
-        EXPECT_EQ(u.see("lstAvailableFormats").rowTexts(), (Texts{"CSV"}));
-        EXPECT_EQ(u.see("lstSelectedFormats2").rowTexts(), Texts{});
+        EXPECT_EQ(u.see("lstAvailableFormats").rowTexts(), (Names{"CSV"}));
+        EXPECT_EQ(u.see("lstSelectedFormats2").rowTexts(), Names{});
     });
     EXPECT_EQ(result(), 1);
     EXPECT_EQ(sessionName(), "");
@@ -114,7 +112,7 @@ TEST_P(SessionDialog, AMissingFileOpensOnEmptyFieldsAndUnfilledLists) {
             EXPECT_FALSE(u.see(option).value) << option;
         u.changeTab("SSTab2", 1);
         for (const char* list : {"lstAvailableFormats", "lstSelectedFormats2"}) {
-            EXPECT_EQ(u.see(list).rowTexts(), Texts{});
+            EXPECT_EQ(u.see(list).rowTexts(), Names{});
             EXPECT_FALSE(u.see(list).visible);
         }
     });
@@ -162,7 +160,7 @@ TEST_P(SessionDialog, AFileThatIsNoRecordIsToldAndTheDialogOpensOnDefaults) {
         EXPECT_TRUE(u.see("chkAutoResize").value);
         EXPECT_TRUE(u.see("rdoTop").value);
         u.changeTab("SSTab2", 1);
-        EXPECT_EQ(u.see("lstAvailableFormats").rowTexts(), (Texts{"CSV"}));
+        EXPECT_EQ(u.see("lstAvailableFormats").rowTexts(), (Names{"CSV"}));
         EXPECT_TRUE(u.see("lstSelectedFormats2").visible);
     });
     EXPECT_EQ(user().boxes().size(), 1U);
@@ -430,7 +428,7 @@ TEST_P(SessionDialog, AResizeOnTheFormatTabTakesItsButtonsOutOfTheTabOrder) {
 
         u.pick("lstSelectedFormats2", "CSV");
         u.click("btnRemove");
-        EXPECT_EQ(u.see("lstSelectedFormats2").rowTexts(), Texts{});
+        EXPECT_EQ(u.see("lstSelectedFormats2").rowTexts(), Names{});
 
         u.changeTab("SSTab2", 0);
         u.changeTab("SSTab2", 1);

@@ -10,8 +10,6 @@
 namespace wynconfig {
 namespace {
 
-using Operation = FaultyFileSystem::Operation;
-
 class SessionManagerButtons : public SessionListDesk {
   protected:
     static inline const SessionRows kRows{"lstAvailableTESessions"};

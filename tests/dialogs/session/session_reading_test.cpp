@@ -7,7 +7,6 @@ namespace wynconfig {
 namespace {
 
 using Pairs = std::vector<std::pair<std::string, std::string>>;
-using Texts = std::vector<std::string>;
 
 /// The launch tab and the selected list, as a person sees them.
 struct Seen {
@@ -16,7 +15,7 @@ struct Seen {
     bool reverse = false;
     bool resize = false;
     std::string orientation;  ///< caption of the option that is on, empty for none
-    Texts formats;
+    Names formats;
     bool operator==(const Seen&) const = default;
 };
 

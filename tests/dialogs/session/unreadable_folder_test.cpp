@@ -5,8 +5,6 @@
 namespace wynconfig {
 namespace {
 
-using Operation = FaultyFileSystem::Operation;
-
 const std::string kDialog = "UnifrmMORAMConfig:";
 /// The failure box keeps a hidden form, which lists the sessions when the first box comes up.
 const std::string kFirstBox = "frmMORAMMaintenance:loadLstAvailableMORAMs";

@@ -25,8 +25,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
-using Names = std::vector<std::string>;
-using Operation = FaultyFileSystem::Operation;
 
 // ---------------------------------------------------------------------------------------------
 // Rules that hold on every kind of file system.

@@ -28,8 +28,6 @@ namespace wynconfig {
 namespace {
 
 namespace fs = std::filesystem;
-using Names = std::vector<std::string>;
-using Operation = FaultyFileSystem::Operation;
 
 class Disk : public OnTheDisk {};
 

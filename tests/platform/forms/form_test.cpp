@@ -13,8 +13,6 @@
 namespace wynconfig {
 namespace {
 
-using Log = std::vector<std::string>;
-
 /// A form with one control of each kind, which notes what happens to it.
 class Sample : public Form {
   public:

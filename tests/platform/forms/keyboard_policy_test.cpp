@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "support/short_names.h"
 #include "wynconfig/characters.h"
 #include "wynconfig/form.h"
 #include "wynconfig/keyboard.h"
@@ -13,7 +14,6 @@
 namespace wynconfig {
 namespace {
 
-using Log = std::vector<std::string>;
 using ActKind = KeyAct::Kind;
 
 /// Two tabs: one with boxes and options, one with lists and a combo box.

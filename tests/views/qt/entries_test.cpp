@@ -29,8 +29,6 @@
 namespace wynconfig {
 namespace {
 
-using Log = std::vector<std::string>;
-
 QAccessibleInterface* accessOf(QWidget* widget) {
     return QAccessible::queryAccessibleInterface(widget);
 }

@@ -33,8 +33,6 @@
 namespace wynconfig {
 namespace {
 
-using Log = std::vector<std::string>;
-
 // Browse dialogs keep their columns in the user's settings; those of a test start and end with it.
 const TemporaryFolder settings;
 const bool ownSettings = qputenv("XDG_CONFIG_HOME", settings.path().c_str());

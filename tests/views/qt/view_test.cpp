@@ -19,6 +19,7 @@
 #include <map>
 
 #include "support/qt_windows.h"
+#include "support/short_names.h"
 #include "support/temporary_folder.h"
 #include "wynconfig/error.h"
 #include "wynconfig/form.h"
@@ -27,8 +28,6 @@
 namespace {
 
 using namespace wynconfig;
-
-using Log = std::vector<std::string>;
 
 class SampleForm : public Form {
   public:
