@@ -30,6 +30,21 @@ class SessionDialogDesk : public Desk {
     void openHeld(const std::string& name, const User::Script& script) {
         editHeld(name, ending(script));
     }
+    /// Turns to the part format tab, and adds these formats to the selected ones or removes them.
+    static void addFormats(User& u, const Names& formats) {
+        u.changeTab("SSTab2", 1);
+        for (const std::string& format : formats) {
+            u.pick("lstAvailableFormats", format);
+            u.click("btnAdd");
+        }
+    }
+    static void removeFormats(User& u, const Names& formats) {
+        u.changeTab("SSTab2", 1);
+        for (const std::string& format : formats) {
+            u.pick("lstSelectedFormats2", format);
+            u.click("btnRemove");
+        }
+    }
     /// The dialog that is open.
     frmMORAMConfig& dialog() { return *m_dialog; }
     /// Of the dialog that was closed last.
@@ -67,6 +82,12 @@ class FullSessionDesk : public SessionDialogDesk {
         putProgram("/programs/parts.exe");
         putFormat("CSV");
         putFullSession("DESK", {"CSV"});
+    }
+    /// Makes a new session fit to be applied.
+    static void fillIn(User& u, const std::string& name) {
+        u.type("txtDisplayName", name);
+        u.type("txtProgramPath", "/programs/parts.exe");
+        addFormats(u, {"CSV"});
     }
     /// Opens `g_Session`, filled with the rows of the session "DESK", under a name of its own.
     void openInMemory(const std::string& name, const User::Script& script) {

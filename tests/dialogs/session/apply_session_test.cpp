@@ -174,11 +174,7 @@ TEST_P(ApplySession, EachApplyWithoutARenameSavesThreeTimesToTheOneFile) {
 TEST_P(ApplySession, WithoutAnOrientationLeftIsWritten) {
     open("", [this](User& u) {
         user().onBox();
-        u.type("txtDisplayName", "NEW");
-        u.type("txtProgramPath", "/programs/parts.exe");
-        u.changeTab("SSTab2", 1);
-        u.pick("lstAvailableFormats", "CSV");
-        u.click("btnAdd");
+        fillIn(u, "NEW");
         u.click("btnOK");
     });
     Rows rows = sessionRows("NEW");
@@ -208,11 +204,7 @@ TEST_P(ApplySession, ACountThatIsNoNumberLeavesTheOldRowsAsTheyWere) {
     putSession("ODD",
                {{"ProgramPath", "/programs/parts.exe"}, {"FormatCount", "two"}, {"FORMAT1", "A"}});
     open("ODD", [](User& u) {
-        u.changeTab("SSTab2", 1);
-        u.pick("lstAvailableFormats", "CSV");
-        u.click("btnAdd");
-        u.pick("lstAvailableFormats", "PLAIN");
-        u.click("btnAdd");
+        addFormats(u, {"CSV", "PLAIN"});
         u.click("btnOK");
     });
     Rows rows = sessionRows("ODD");
@@ -227,9 +219,7 @@ TEST_P(ApplySession, WithoutACountTheOldFormatRowsStay) {
                        {"FORMAT1", "A"},
                        {"FORMAT2", "B"}});
     open("ODD", [](User& u) {
-        u.changeTab("SSTab2", 1);
-        u.pick("lstAvailableFormats", "CSV");
-        u.click("btnAdd");
+        addFormats(u, {"CSV"});
         u.click("btnOK");
     });
     Rows rows = sessionRows("ODD");
@@ -241,11 +231,7 @@ TEST_P(ApplySession, WithoutACountTheOldFormatRowsStay) {
 TEST_P(ApplySession, FewerFormatsLeaveNoRowsBehind) {
     putFullSession("MANY", {"A", "B", "C"});
     open("MANY", [](User& u) {
-        u.changeTab("SSTab2", 1);
-        for (const char* format : {"A", "C"}) {
-            u.pick("lstSelectedFormats2", format);
-            u.click("btnRemove");
-        }
+        removeFormats(u, {"A", "C"});
         u.click("btnOK");
     });
     Rows rows = sessionRows("MANY");
@@ -574,11 +560,7 @@ TEST_P(ApplySession, InMemoryFactoryFormatsAreBroughtToTheHost) {
     hosted->setName("HOSTED");
     ConfigGlobalModule::g_PartFormats.Add(hosted, "HOSTED");
     openInMemory("MINE", [](User& u) {
-        u.changeTab("SSTab2", 1);
-        for (const char* format : {"PLAIN", "HOSTED"}) {
-            u.pick("lstAvailableFormats", format);
-            u.click("btnAdd");
-        }
+        addFormats(u, {"PLAIN", "HOSTED"});
         u.click("btnOK");
     });
     EXPECT_EQ(result(), 0);
