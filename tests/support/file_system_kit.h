@@ -1,5 +1,5 @@
 // What the tests of the file layer share: a folder of their own on the disk, every file system to
-// run on, another program's hand on the files, and a look at what a call raises.
+// run on, and another program's hand on the files.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <memory>
 #include <set>
@@ -17,10 +16,10 @@
 
 #include "platform/files/faulty_file_system.h"
 #include "platform/files/file_system.h"
+#include "support/raised.h"
 #include "support/save_calls.h"
 #include "support/short_names.h"
 #include "support/temporary_folder.h"
-#include "wynconfig/error.h"
 
 namespace wynconfig {
 
@@ -112,17 +111,6 @@ class OnTheDisk : public testing::Test {
     std::string root = folder.path() + "/";
     std::unique_ptr<FileSystem> files = makeRealFileSystem();
 };
-
-/// Runs a call that must fail, and gives back what it raises.
-inline Error failureOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const Error& error) {
-        return error;
-    }
-    ADD_FAILURE() << "nothing was raised";
-    return {0, "nothing"};
-}
 
 inline bool holds(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;

@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "wynconfig/error.h"
+#include "wynconfig/user.h"
 
 namespace wynconfig {
 
@@ -17,6 +20,17 @@ Error raisedBy(const Statement& statement) {
     }
     ADD_FAILURE() << "nothing was raised";
     return {0, "nothing was raised"};
+}
+
+/// What the played person says to a statement that asks for what can't be done; empty for nothing.
+template <class Statement>
+std::string refusalOf(const Statement& statement) {
+    try {
+        statement();
+    } catch (const UserError& error) {
+        return error.what();
+    }
+    return {};
 }
 
 }  // namespace wynconfig

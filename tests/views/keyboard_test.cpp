@@ -85,15 +85,6 @@ class Keyboard : public Desk {
         form.Show();
         user().finish();
     }
-    template <class Act>
-    static std::string refusal(const Act& act) {
-        try {
-            act();
-        } catch (const UserError& error) {
-            return error.what();
-        }
-        return {};
-    }
     KeyForm form;
 };
 ON_EVERY_VIEW(Keyboard);
@@ -212,19 +203,19 @@ TEST_P(Keyboard, TheKeyOfATabTurnsToIt) {
 
 TEST_P(Keyboard, AKeyOfNothingOrOfTwoThingsIsRefused) {
     show([&](User& u) {
-        EXPECT_NE(refusal([&] { u.pressMnemonic("X"); }), "");
-        EXPECT_NE(refusal([&] { u.pressMnemonic(""); }), "");
+        EXPECT_NE(refusalOf([&] { u.pressMnemonic("X"); }), "");
+        EXPECT_NE(refusalOf([&] { u.pressMnemonic(""); }), "");
         form.btnBrowse.setEnabled(false);
-        EXPECT_NE(refusal([&] { u.pressMnemonic("B"); }), "");
+        EXPECT_NE(refusalOf([&] { u.pressMnemonic("B"); }), "");
         form.btnBrowse.setEnabled(true);
         form.btnPlain.setCaption("A&bout");
-        const std::string two = refusal([&] { u.pressMnemonic("B"); });
+        const std::string two = refusalOf([&] { u.pressMnemonic("B"); });
         EXPECT_NE(two.find("btnBrowse btnPlain"), std::string::npos) << two;
         form.btnBrowse.setVisible(false);
         u.pressMnemonic("B");
         EXPECT_EQ(form.log.back(), "click btnPlain");
         form.txtPath.setEnabled(false);
-        EXPECT_NE(refusal([&] { u.pressMnemonic("P"); }), "");
+        EXPECT_NE(refusalOf([&] { u.pressMnemonic("P"); }), "");
     });
 }
 

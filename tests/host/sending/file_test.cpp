@@ -29,7 +29,7 @@ class ListFileTest : public testing::Test {
             std::distance(fs::directory_iterator(m_folder.path()), fs::directory_iterator()));
     }
 
-    static std::string failureOf(const ListFile& file) {
+    static std::string raisedBy(const ListFile& file) {
         try {
             writeListFile(file, "new");
         } catch (const std::runtime_error& failure) {
@@ -87,7 +87,7 @@ TEST_F(ListFileTest, BehindALinkIsReplacedWithoutTheLink) {
 
 TEST_F(ListFileTest, TellsThatItsFolderIsNotThere) {
     for (const bool append : {false, true}) {
-        EXPECT_EQ(failureOf({at("gone/list.txt"), append}),
+        EXPECT_EQ(raisedBy({at("gone/list.txt"), append}),
                   "The file " + at("gone/list.txt").string() +
                       " can't be written: its folder is not there.");
     }
@@ -96,7 +96,7 @@ TEST_F(ListFileTest, TellsThatItsFolderIsNotThere) {
 TEST_F(ListFileTest, TellsThatAFolderStandsInItsPlace) {
     fs::create_directory(at("list.txt"));
     for (const bool append : {false, true}) {
-        EXPECT_EQ(failureOf({at("list.txt"), append}),
+        EXPECT_EQ(raisedBy({at("list.txt"), append}),
                   "The file " + at("list.txt").string() + " can't be written: it is a folder.");
     }
 }
@@ -104,7 +104,7 @@ TEST_F(ListFileTest, TellsThatAFolderStandsInItsPlace) {
 TEST_F(ListFileTest, StaysAsItWasWhenTheNewOneCantBeWritten) {
     writeListFile({at("list.txt")}, "old");
     fs::create_directory(at("list.txt.new"));
-    const std::string failure = failureOf({at("list.txt")});
+    const std::string failure = raisedBy({at("list.txt")});
     EXPECT_NE(failure.find(at("list.txt").string() + " can't be written"), std::string::npos)
         << failure;
     EXPECT_EQ(content(at("list.txt")), "old");
@@ -115,7 +115,7 @@ TEST_F(ListFileTest, StaysAsItWasWhenTheDiskIsFull) {
     writeListFile({at("list.txt")}, "old");
     if (!fs::exists("/dev/full")) FAIL() << "this system has no /dev/full";
     fs::create_symlink("/dev/full", at("list.txt.new"));
-    const std::string failure = failureOf({at("list.txt")});
+    const std::string failure = raisedBy({at("list.txt")});
     EXPECT_NE(failure.find("No space left"), std::string::npos) << failure;
     EXPECT_EQ(content(at("list.txt")), "old");
 }

@@ -33,7 +33,7 @@ class AnyFileSystem : public OnEveryFileSystem {
   protected:
     void expectRefused(const ItemPath& path, const std::string& cause) {
         const Names before = stranger->names(root);
-        const Error error = failureOf([&] { files->save(path, "new"); });
+        const Error error = raisedBy([&] { files->save(path, "new"); });
         EXPECT_EQ(error.number(), errc::FileAccess);
         EXPECT_TRUE(holds(error.description(), "can't be written")) << error.description();
         EXPECT_TRUE(holds(error.description(), cause)) << error.description();
@@ -91,20 +91,20 @@ TEST_P(AnyFileSystem, removesInAnyCase) {
     files->remove(at("GONE.VLA"));
     EXPECT_TRUE(stranger->names(root).empty());
     EXPECT_EQ(files->find(at("Gone.vla")), "");
-    const Error error = failureOf([&] { files->remove(at("GONE.VLA")); });
+    const Error error = raisedBy([&] { files->remove(at("GONE.VLA")); });
     EXPECT_EQ(error.number(), errc::FileNotFound);
     EXPECT_TRUE(holds(error.description(), root + "GONE.VLA")) << error.description();
 }
 
 TEST_P(AnyFileSystem, namesTheFileThatIsNotThere) {
-    const Error error = failureOf([&] { files->read(at("None.vla")); });
+    const Error error = raisedBy([&] { files->read(at("None.vla")); });
     EXPECT_EQ(error.number(), errc::FileNotFound);
     EXPECT_EQ(error.description(), "The file " + root + "None.vla was not found.");
-    EXPECT_EQ(failureOf([&] {
+    EXPECT_EQ(raisedBy([&] {
                   files->read({root + "none\\", "A.vla"});
               }).number(),
               errc::FileNotFound);
-    EXPECT_EQ(failureOf([&] {
+    EXPECT_EQ(raisedBy([&] {
                   files->remove({root + "none\\", "A.vla"});
               }).number(),
               errc::FileNotFound);
@@ -122,8 +122,8 @@ TEST_P(AnyFileSystem, keepsNamesInsideTheirFolder) {
         SCOPED_TRACE(name);
         const ItemPath path{inner, name};
         EXPECT_EQ(files->find(path), "");
-        EXPECT_EQ(failureOf([&] { files->read(path); }).number(), errc::FileNotFound);
-        EXPECT_EQ(failureOf([&] { files->remove(path); }).number(), errc::FileNotFound);
+        EXPECT_EQ(raisedBy([&] { files->read(path); }).number(), errc::FileNotFound);
+        EXPECT_EQ(raisedBy([&] { files->remove(path); }).number(), errc::FileNotFound);
         expectRefused(path, "its name is not allowed");
         EXPECT_EQ(stranger->names(root + "inner"), Names{"deleted"});
         EXPECT_EQ(stranger->names(root + "inner/deleted"), Names{"X"});
@@ -149,7 +149,7 @@ TEST_P(AnyFileSystem, refusesANulInAFolder) {
     EXPECT_EQ(files->find({cut, "A.vla"}), "");
     EXPECT_FALSE(files->folderExists(cut));
     EXPECT_TRUE(files->listItems(cut).empty());
-    EXPECT_EQ(failureOf([&] { files->makeFolder(root + "B\0C"s); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { files->makeFolder(root + "B\0C"s); }).number(), errc::FileAccess);
     expectRefused({cut, "B.vla"}, "its name is not allowed");
 }
 
@@ -159,7 +159,7 @@ TEST_P(AnyFileSystem, takesWildcardsAsPlainLetters) {
          {"A*.vla"s, "A?.vla"s, "*"s, "[A]B.vla"s, "{AB,C}.vla"s, "!AB.vla"s, "A[!C].vla"s}) {
         SCOPED_TRACE(name);
         EXPECT_EQ(files->find(at(name)), "");
-        EXPECT_EQ(failureOf([&] { files->read(at(name)); }).number(), errc::FileNotFound);
+        EXPECT_EQ(raisedBy([&] { files->read(at(name)); }).number(), errc::FileNotFound);
         files->save(at(name), "letters");
         EXPECT_EQ(files->find(at(name)), name);
         EXPECT_EQ(files->read(at(name)), "letters");
@@ -202,8 +202,8 @@ TEST_P(AnyFileSystem, takesNoFolderForAFile) {
     stranger->makeExactly(root + "Q.vla");
     for (const char* name : {"Q.vla", "q.VLA"}) {
         EXPECT_EQ(files->find(at(name)), "");
-        EXPECT_EQ(failureOf([&] { files->read(at(name)); }).number(), errc::FileNotFound);
-        EXPECT_EQ(failureOf([&] { files->remove(at(name)); }).number(), errc::FileNotFound);
+        EXPECT_EQ(raisedBy([&] { files->read(at(name)); }).number(), errc::FileNotFound);
+        EXPECT_EQ(raisedBy([&] { files->remove(at(name)); }).number(), errc::FileNotFound);
         expectRefused(at(name), "a folder of that name is there");
     }
     EXPECT_TRUE(files->folderExists(root + "Q.vla"));
@@ -220,7 +220,7 @@ TEST_P(AnyFileSystem, refusesToSaveIntoAFolderThatIsNotThere) {
     stranger->write(root + "FILE", "x");
     expectRefused({root + "FILE\\", "A.vla"}, "its folder is not there");
     EXPECT_EQ(files->find({root + "FILE\\", "A.vla"}), "");
-    const Error error = failureOf([&] { files->save({root + "None\\", "A.vla"}, ""); });
+    const Error error = raisedBy([&] { files->save({root + "None\\", "A.vla"}, ""); });
     EXPECT_EQ(error.description(),
               "The file " + root + "None/A.vla can't be written: its folder is not there.");
 }
@@ -235,9 +235,9 @@ TEST_P(AnyFileSystem, refusesNamesThatAreTooLong) {
     for (const std::size_t length : {256U, 300U, 32'768U}) {
         const std::string name(length, 'n');
         EXPECT_EQ(files->find(at(name)), "");
-        EXPECT_EQ(failureOf([&] { files->read(at(name)); }).number(), errc::FileNotFound);
+        EXPECT_EQ(raisedBy([&] { files->read(at(name)); }).number(), errc::FileNotFound);
         expectRefused(at(name), "File name too long");
-        const Error error = failureOf([&] { files->makeFolder(root + name); });
+        const Error error = raisedBy([&] { files->makeFolder(root + name); });
         EXPECT_EQ(error.number(), errc::FileAccess);
         EXPECT_LT(error.description().size(), 500U);
         EXPECT_FALSE(files->folderExists(root + name));
@@ -248,7 +248,7 @@ TEST_P(AnyFileSystem, refusesNamesThatAreTooLong) {
 TEST_P(AnyFileSystem, refusesContentThatItWouldNotReadBack) {
     files->save(at("BIG.vla"), "old");
     const std::string big((std::size_t{64} << 20) + 1, 'x');
-    const Error error = failureOf([&] { files->save(at("BIG.vla"), big); });
+    const Error error = raisedBy([&] { files->save(at("BIG.vla"), big); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_EQ(files->read(at("BIG.vla")), "old");
 }
@@ -294,7 +294,7 @@ TEST_P(AnyFileSystem, takesEitherSeparator) {
 }
 
 TEST_P(AnyFileSystem, makesOneFolderAtATime) {
-    const Error missing = failureOf([&] { files->makeFolder(root + "A\\B\\"); });
+    const Error missing = raisedBy([&] { files->makeFolder(root + "A\\B\\"); });
     EXPECT_EQ(missing.number(), errc::FileAccess);
     EXPECT_TRUE(holds(missing.description(), root + "A/B")) << missing.description();
     EXPECT_FALSE(files->folderExists(root + "A"));
@@ -303,14 +303,14 @@ TEST_P(AnyFileSystem, makesOneFolderAtATime) {
     EXPECT_EQ(stranger->names(root), Names{"Aa"});
     EXPECT_EQ(stranger->names(root + "Aa"), Names{"b"});
     for (const std::string& there : {"Aa"s, "AA\\"s, "aa/"s, "Aa\\B\\"s, "."s, ".."s, ""s}) {
-        const Error error = failureOf([&] { files->makeFolder(root + there); });
+        const Error error = raisedBy([&] { files->makeFolder(root + there); });
         EXPECT_EQ(error.number(), errc::FileAccess) << there;
         EXPECT_TRUE(holds(error.description(), "can't be made")) << error.description();
     }
     stranger->write(root + "file", "x");
-    EXPECT_EQ(failureOf([&] { files->makeFolder(root + "FILE\\"); }).number(), errc::FileAccess);
-    EXPECT_EQ(failureOf([&] { files->makeFolder(root + "file\\X"); }).number(), errc::FileAccess);
-    EXPECT_EQ(failureOf([&] { files->makeFolder(""); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { files->makeFolder(root + "FILE\\"); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { files->makeFolder(root + "file\\X"); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { files->makeFolder(""); }).number(), errc::FileAccess);
     EXPECT_EQ(stranger->names(root), (Names{"Aa", "file"}));
 }
 
@@ -356,7 +356,7 @@ TEST_P(AnyFileSystem, keepsBytesThatAreNoText) {
     EXPECT_EQ(files->read(at(name)), "new");
     EXPECT_EQ(stranger->names(root), Names{name});
     files->remove(at(name));
-    const Error error = failureOf([&] { files->read(at(name)); });
+    const Error error = raisedBy([&] { files->read(at(name)); });
     EXPECT_TRUE(isUtf8(error.description())) << error.description();
     EXPECT_TRUE(holds(error.description(), "caf? ?.vla")) << error.description();
 }
@@ -501,7 +501,7 @@ TEST_F(Faulty, passesEverythingOn) {
 
 TEST_F(Faulty, keepsTheOldFileWhenASaveFails) {
     files.failOn(Operation::Save, "ONE");
-    const Error error = failureOf([&] { files.save({"A\\", "one.vla"}, "new"); });
+    const Error error = raisedBy([&] { files.save({"A\\", "one.vla"}, "new"); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_EQ(error.description(), "The file A/ONE.vla can't be written: No space left on device.");
     EXPECT_EQ(files.read({"A\\", "ONE.vla"}), "1");
@@ -529,7 +529,7 @@ TEST_F(Faulty, failsEveryKindOfOperation) {
                                                                    files.remove({"A\\", "ONE.vla"});
                                                                },
                                                                [&] { files.makeFolder("A\\B"); }}) {
-        EXPECT_EQ(failureOf(call).number(), errc::FileAccess);
+        EXPECT_EQ(raisedBy(call).number(), errc::FileAccess);
     }
     EXPECT_EQ(memory->read({"A\\", "ONE.vla"}), "1");
     EXPECT_FALSE(memory->folderExists("A\\B"));

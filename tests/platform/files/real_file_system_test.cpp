@@ -58,7 +58,7 @@ void withoutFreeFileNumbers(const std::function<void()>& call) {
 
 void expectUnreadable(const std::string& what, const std::string& cause,
                       const std::function<void()>& call) {
-    const Error error = failureOf(call);
+    const Error error = raisedBy(call);
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_EQ(error.description(), "The " + what + ": " + cause + ".");
 }
@@ -167,8 +167,8 @@ TEST_F(Disk, keepsTheOldFileWhenWritingFails) {
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit small{1000, before.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const Error error = failureOf([&] { files->save(at("a.VLA"), std::string(5000, 'x')); });
-    const Error fresh = failureOf([&] { files->save(at("NEW.vla"), std::string(5000, 'x')); });
+    const Error error = raisedBy([&] { files->save(at("a.VLA"), std::string(5000, 'x')); });
+    const Error fresh = raisedBy([&] { files->save(at("NEW.vla"), std::string(5000, 'x')); });
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
     std::signal(SIGXFSZ, handler);
     EXPECT_EQ(error.number(), errc::FileAccess);
@@ -181,7 +181,7 @@ TEST_F(Disk, keepsTheOldFileWhenWritingFails) {
 TEST_F(Disk, keepsTheOldFileWhenSyncingFails) {
     put("A.vla", "old");
     saveCalls.failingSync = 1;
-    const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
+    const Error error = raisedBy([&] { files->save(at("A.vla"), "new"); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_EQ(error.description(),
               "The file " + root + "A.vla can't be written: No space left on device.");
@@ -192,7 +192,7 @@ TEST_F(Disk, keepsTheOldFileWhenSyncingFails) {
 TEST_F(Disk, keepsTheOldFileWhenRenamingFails) {
     put("A.vla", "old");
     saveCalls.failingName = "A.vla";
-    const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
+    const Error error = raisedBy([&] { files->save(at("A.vla"), "new"); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_TRUE(holds(error.description(), "Input/output error")) << error.description();
     EXPECT_EQ(contentOf("A.vla"), "old");
@@ -202,7 +202,7 @@ TEST_F(Disk, keepsTheOldFileWhenRenamingFails) {
 TEST_F(Disk, tellsWhenTheNewNameIsNotConfirmed) {
     put("A.vla", "old");
     saveCalls.failingSync = 2;
-    const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
+    const Error error = raisedBy([&] { files->save(at("A.vla"), "new"); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_TRUE(holds(error.description(), "though it is written")) << error.description();
     EXPECT_EQ(contentOf("A.vla"), "new");
@@ -225,7 +225,7 @@ TEST_F(Disk, leavesWriteProtectedFilesAlone) {
     fs::permissions(root + "A.vla", fs::perms{0444});
     Error error{0, ""};
     asOrdinaryUser({root, root + "A.vla"}, [&] {
-        error = failureOf([&] { files->save(at("a.vla"), "new"); });
+        error = raisedBy([&] { files->save(at("a.vla"), "new"); });
         EXPECT_NO_THROW(files->save(at("B.vla"), "new"));
     });
     EXPECT_EQ(error.number(), errc::FileAccess);
@@ -313,7 +313,7 @@ TEST_F(Disk, refusesFilesThatAreTooLarge) {
     fs::resize_file(root + "MOST.vla", std::uintmax_t{64} << 20);
     EXPECT_EQ(files->read(at("MOST.vla")).size(), std::size_t{64} << 20);
     fs::resize_file(root + "MOST.vla", (std::uintmax_t{64} << 20) + 1);
-    const Error error = failureOf([&] { files->read(at("MOST.vla")); });
+    const Error error = raisedBy([&] { files->read(at("MOST.vla")); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_TRUE(holds(error.description(), root + "MOST.vla can't be read: it is too large"))
         << error.description();
@@ -342,8 +342,8 @@ TEST_F(Disk, followsLinksToPlainFiles) {
     files->save(at("LINK.VLA"), "new");
     EXPECT_TRUE(fs::is_symlink(root + "Link.vla"));
     EXPECT_EQ(contentOf("elsewhere/real"), "new");
-    EXPECT_EQ(failureOf([&] { files->save(at("Folder.vla"), "x"); }).number(), errc::FileAccess);
-    EXPECT_EQ(failureOf([&] { files->save(at("Loop.vla"), "x"); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { files->save(at("Folder.vla"), "x"); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { files->save(at("Loop.vla"), "x"); }).number(), errc::FileAccess);
     files->save(at("Dangling.vla"), "x");
     EXPECT_EQ(contentOf("Dangling.vla"), "x");
     files->remove(at("LINK.VLA"));
@@ -368,11 +368,11 @@ TEST_F(Disk, refusesWhatIsNoPlainFile) {
     EXPECT_TRUE(files->listItems(root).empty());
     EXPECT_EQ(files->find(at("Pipe.vla")), "");
     EXPECT_FALSE(files->existsExactly(root + "Pipe.vla"));
-    EXPECT_EQ(failureOf([&] { files->read(at("Pipe.vla")); }).number(), errc::FileNotFound);
-    EXPECT_EQ(failureOf([&] { files->save(at("Pipe.vla"), "x"); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { files->read(at("Pipe.vla")); }).number(), errc::FileNotFound);
+    EXPECT_EQ(raisedBy([&] { files->save(at("Pipe.vla"), "x"); }).number(), errc::FileAccess);
     EXPECT_TRUE(fs::is_fifo(root + "Pipe.vla"));
     // Put there behind our back, it must not hold up the program either.
-    const Error error = failureOf([&] { Stranger{*files}.readExactly(root + "Pipe.vla"); });
+    const Error error = raisedBy([&] { Stranger{*files}.readExactly(root + "Pipe.vla"); });
     EXPECT_TRUE(holds(error.description(), "it is no plain file")) << error.description();
     EXPECT_EQ(names(), std::set<std::string>{"Pipe.vla"});
 }

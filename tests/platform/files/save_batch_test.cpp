@@ -51,7 +51,7 @@ TEST_P(Batch, showsTheOldFilesUntilItIsCommitted) {
     EXPECT_EQ(contents({"A.vla", "B.vla", "C.vla"}), "old old old ");
     EXPECT_EQ(files->find(at("NEW.vla")), "");
     EXPECT_EQ(files->find(at("new.VLA")), "");
-    EXPECT_EQ(failureOf([&] { files->read(at("NEW.vla")); }).number(), errc::FileNotFound);
+    EXPECT_EQ(raisedBy([&] { files->read(at("NEW.vla")); }).number(), errc::FileNotFound);
     EXPECT_EQ(files->listItems(root), (Names{"A.vla", "B.vla", "C.vla"}));
 
     batch.commit();
@@ -119,11 +119,11 @@ TEST_P(Batch, goesOnBehindFilesThatFail) {
     SaveBatch batch{*files};
     files->save(at("A.vla"), "new");
     const std::string big((std::size_t{64} << 20) + 1, 'x');
-    EXPECT_EQ(failureOf([&] { files->save(at("B.vla"), big); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { files->save(at("B.vla"), big); }).number(), errc::FileAccess);
     for (const ItemPath& path :
          {at("Q.vla"), at("q.VLA"), at("..\\A.vla"), at(""), ItemPath{root + "NONE\\", "A.vla"},
           at(std::string(300, 'n') + ".vla")}) {
-        const Error error = failureOf([&] { files->save(path, "new"); });
+        const Error error = raisedBy([&] { files->save(path, "new"); });
         EXPECT_EQ(error.number(), errc::FileAccess) << path.text();
         EXPECT_TRUE(holds(error.description(), "can't be written")) << error.description();
     }
@@ -138,7 +138,7 @@ TEST_P(Batch, triesAllFilesAndRaisesTheFirstFailure) {
     for (const char* name : {"A.vla", "B1.vla", "B2.vla", "C.vla"}) files->save(at(name), "new");
     stranger->makeExactly(root + "B1.vla");
     stranger->makeExactly(root + "B2.vla");
-    const Error error = failureOf([&] { batch.commit(); });
+    const Error error = raisedBy([&] { batch.commit(); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_EQ(error.description(), "The file " + root + "B1.vla can't be written: Is a directory.");
     EXPECT_EQ(contents({"A.vla", "B.vla", "C.vla"}), "new old new ");
@@ -236,8 +236,8 @@ TEST_P(Batch, isTakenBackByRemoving) {
     files->remove(at("NEW.vla"));
     EXPECT_EQ(stranger->names(root).size() - (GetParam() == FilesOn::Disk ? 2 : 0), 2U)
         << "B.vla and C.vla, and on the disk the temporary of B.vla and the mark of the batch";
-    EXPECT_EQ(failureOf([&] { files->remove(at("NEW.vla")); }).number(), errc::FileNotFound);
-    EXPECT_EQ(failureOf([&] { files->remove(at("A.vla")); }).number(), errc::FileNotFound);
+    EXPECT_EQ(raisedBy([&] { files->remove(at("NEW.vla")); }).number(), errc::FileNotFound);
+    EXPECT_EQ(raisedBy([&] { files->remove(at("A.vla")); }).number(), errc::FileNotFound);
     batch.commit();
     EXPECT_EQ(stranger->names(root), (Names{"B.vla", "C.vla"}));
     EXPECT_EQ(contents({"B.vla"}), "new ");
@@ -272,7 +272,7 @@ class FaultyBatch : public testing::Test {
 TEST_F(FaultyBatch, failsTheStatementOfASave) {
     files.failOn(Operation::Save, "A");
     SaveBatch batch{files};
-    const Error error = failureOf([&] { files.save({"", "A.vla"}, "new"); });
+    const Error error = raisedBy([&] { files.save({"", "A.vla"}, "new"); });
     EXPECT_EQ(error.description(), "The file A.vla can't be written: No space left on device.");
     files.save({"", "B.vla"}, "new");
     batch.commit();
@@ -287,7 +287,7 @@ TEST_F(FaultyBatch, failsTheCommit) {
     SaveBatch batch{files};
     files.save({"", "A.vla"}, "new");
     files.save({"", "NEW.vla"}, "new");
-    const Error error = failureOf([&] { batch.commit(); });
+    const Error error = raisedBy([&] { batch.commit(); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_TRUE(holds(error.description(), "No space left on device")) << error.description();
     EXPECT_EQ(memory->read({"", "A.vla"}), "old");
@@ -310,7 +310,7 @@ TEST_F(FaultyBatch, failsTheCommitOfOneFolder) {
     EXPECT_EQ(memory->read({"", "A.vla"}), "new");
     SaveBatch batch{files};
     files.save({"X\\", "A.vla"}, "new");
-    EXPECT_EQ(failureOf([&] { batch.commit(); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { batch.commit(); }).number(), errc::FileAccess);
     EXPECT_TRUE(memory->listItems("X").empty());
 }
 
@@ -369,7 +369,7 @@ TEST_F(DiskBatch, changesNothingWhenTheSyncFails) {
     files->save(at("A.vla"), "new");
     files->save({root + "X/", "B.vla"}, "new");
     saveCalls.failingSync = 1;
-    const Error error = failureOf([&] { batch.commit(); });
+    const Error error = raisedBy([&] { batch.commit(); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_EQ(error.description(),
               "The files in " + root + " can't be written: No space left on device.");
@@ -386,7 +386,7 @@ TEST_F(DiskBatch, keepsTheOldFileWhoseRenameFails) {
     saveCalls.failingName = "B.vla";
     SaveBatch batch{*files};
     for (const char* name : {"C.vla", "B.vla", "A.vla"}) files->save(at(name), "new");
-    const Error error = failureOf([&] { batch.commit(); });
+    const Error error = raisedBy([&] { batch.commit(); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_EQ(error.description(),
               "The file " + root + "B.vla can't be written: Input/output error.");
@@ -399,7 +399,7 @@ TEST_F(DiskBatch, tellsWhenTheNewNamesAreNotConfirmed) {
     SaveBatch batch{*files};
     files->save(at("A.vla"), "new");
     saveCalls.failingSync = 2;
-    const Error error = failureOf([&] { batch.commit(); });
+    const Error error = raisedBy([&] { batch.commit(); });
     EXPECT_EQ(error.number(), errc::FileAccess);
     EXPECT_TRUE(holds(error.description(), "though they are written")) << error.description();
     EXPECT_EQ(contentOf("A.vla"), "new");
@@ -416,8 +416,8 @@ TEST_F(DiskBatch, goesOnBehindAFullDisk) {
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit small{1000, before.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const Error again = failureOf([&] { files->save(at("B.vla"), std::string(5000, 'x')); });
-    const Error fresh = failureOf([&] { files->save(at("C.vla"), std::string(5000, 'x')); });
+    const Error again = raisedBy([&] { files->save(at("B.vla"), std::string(5000, 'x')); });
+    const Error fresh = raisedBy([&] { files->save(at("C.vla"), std::string(5000, 'x')); });
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
     std::signal(SIGXFSZ, handler);
     EXPECT_TRUE(holds(again.description(), "File too large")) << again.description();
@@ -454,7 +454,7 @@ TEST_F(DiskBatch, followsLinks) {
     files->save(at("Near.vla"), "first");
     files->save(at("B.vla"), "second");
     files->save(at("Dangling.vla"), "new");
-    EXPECT_EQ(failureOf([&] { files->save(at("Loop.vla"), "x"); }).number(), errc::FileAccess);
+    EXPECT_EQ(raisedBy([&] { files->save(at("Loop.vla"), "x"); }).number(), errc::FileAccess);
     EXPECT_EQ(contentOf("Link.vla"), "old");
     batch.commit();
     EXPECT_TRUE(fs::is_symlink(root + "Link.vla"));
@@ -498,7 +498,7 @@ TEST_F(DiskBatch, leavesWriteProtectedFilesAlone) {
         ASSERT_EQ(seteuid(Nobody), 0);
     }
     SaveBatch batch{*files};
-    const Error error = failureOf([&] { files->save(at("A.vla"), "new"); });
+    const Error error = raisedBy([&] { files->save(at("A.vla"), "new"); });
     files->save(at("B.vla"), "new");
     batch.commit();
     if (privileged) {
@@ -514,10 +514,10 @@ TEST_F(DiskBatch, tellsWhenItsFolderIsGone) {
     SaveBatch batch{*files};
     files->save({root + "X/", "A.vla"}, "new");
     fs::remove_all(root + "X");
-    const Error save = failureOf([&] { files->save({root + "X/", "B.vla"}, "new"); });
+    const Error save = raisedBy([&] { files->save({root + "X/", "B.vla"}, "new"); });
     EXPECT_TRUE(holds(save.description(), "its folder is not there")) << save.description();
     files->save(at("B.vla"), "new");
-    const Error error = failureOf([&] { batch.commit(); });
+    const Error error = raisedBy([&] { batch.commit(); });
     EXPECT_TRUE(holds(error.description(), root + "X/A.vla can't be written"))
         << error.description();
     EXPECT_EQ(contentOf("B.vla"), "new");

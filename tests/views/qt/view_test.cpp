@@ -19,6 +19,7 @@
 #include <map>
 
 #include "support/qt_windows.h"
+#include "support/raised.h"
 #include "support/short_names.h"
 #include "support/temporary_folder.h"
 #include "wynconfig/error.h"
@@ -185,21 +186,7 @@ class QtViewTest : public ::testing::Test {
         return window()->findChild<W*>(QString::fromLatin1(name));
     }
     static std::string faultsOf(User& person) {
-        try {
-            person.finish();
-        } catch (const UserError& error) {
-            return error.what();
-        }
-        return {};
-    }
-    template <class Act>
-    static std::string refusal(const Act& act) {
-        try {
-            act();
-        } catch (const UserError& error) {
-            return error.what();
-        }
-        return {};
+        return refusalOf([&] { person.finish(); });
     }
 
     static std::shared_ptr<QtView> view;
@@ -545,23 +532,23 @@ TEST_F(QtViewTest, AHeadingIsShownOnceOnly) {
 
 TEST_F(QtViewTest, RefusedActsSayWhatIsThere) {
     show([&](User& person) {
-        const std::string missing = refusal([&] { person.click("btnNone"); });
+        const std::string missing = refusalOf([&] { person.click("btnNone"); });
         EXPECT_TRUE(contains(missing, "btnNone")) << missing;
         EXPECT_TRUE(contains(missing, "txtName") && contains(missing, "btnApply")) << missing;
         form.btnApply.setEnabled(false);
         form.btnBrowse.setVisible(false);
-        EXPECT_EQ(refusal([&] { person.click("btnApply"); }), "btnApply is disabled");
-        EXPECT_EQ(refusal([&] { person.bareClick("btnApply"); }), "btnApply is disabled");
-        EXPECT_EQ(refusal([&] { person.click("btnBrowse"); }), "btnBrowse is hidden");
-        EXPECT_EQ(refusal([&] { person.pick("lstItems", "ALPHA"); }), "lstItems is hidden");
-        EXPECT_EQ(refusal([&] { person.choose("cboBase", "THIRD"); }),
+        EXPECT_EQ(refusalOf([&] { person.click("btnApply"); }), "btnApply is disabled");
+        EXPECT_EQ(refusalOf([&] { person.bareClick("btnApply"); }), "btnApply is disabled");
+        EXPECT_EQ(refusalOf([&] { person.click("btnBrowse"); }), "btnBrowse is hidden");
+        EXPECT_EQ(refusalOf([&] { person.pick("lstItems", "ALPHA"); }), "lstItems is hidden");
+        EXPECT_EQ(refusalOf([&] { person.choose("cboBase", "THIRD"); }),
                   "cboBase has no item \"THIRD\"");
-        EXPECT_EQ(refusal([&] { person.changeTab("SSTab", 2); }), "SSTab has no tab 2");
-        EXPECT_NE(refusal([&] { person.type("chkReverse", "x"); }), "");
-        EXPECT_NE(refusal([&] { person.click("txtName"); }), "");
-        EXPECT_NE(refusal([&] { person.focus("lblName"); }), "");
+        EXPECT_EQ(refusalOf([&] { person.changeTab("SSTab", 2); }), "SSTab has no tab 2");
+        EXPECT_NE(refusalOf([&] { person.type("chkReverse", "x"); }), "");
+        EXPECT_NE(refusalOf([&] { person.click("txtName"); }), "");
+        EXPECT_NE(refusalOf([&] { person.focus("lblName"); }), "");
         person.changeTab("SSTab", 1);
-        EXPECT_EQ(refusal([&] { person.pick("lstItems", "OMEGA"); }),
+        EXPECT_EQ(refusalOf([&] { person.pick("lstItems", "OMEGA"); }),
                   "lstItems has no row \"OMEGA\"");
     });
 }
@@ -572,7 +559,7 @@ TEST_F(QtViewTest, FormsNest) {
         form.btnApply.Click = [&] { small.Show(); };
         user.onForm("frmSmall", [&](User&) {
             EXPECT_EQ(person.formName(), "frmSmall");
-            EXPECT_NE(refusal([&] { person.see("txtName"); }), "");
+            EXPECT_NE(refusalOf([&] { person.see("txtName"); }), "");
             person.type("txtText", "abc");
             EXPECT_EQ(small.txtText.text(), "abc");
             person.click("btnOK");
