@@ -4,16 +4,16 @@
 #include <string>
 #include <vector>
 
-#include "support/desk.h"
-#include "wynconfig/form.h"
+#include "support/raised.h"
+#include "support/test_form.h"
 
 namespace wynconfig {
 namespace {
 
 /// A form with a key on everything that can have one.
-class KeyForm : public Form {
+class KeyForm : public TestForm {
   public:
-    KeyForm() : Form("frmKeys") {
+    KeyForm() : TestForm("frmKeys") {
         for (Button* each : {&btnBrowse, &btnPlain})
             each->Click = [this, each] { log.push_back("click " + std::string(each->name())); };
         btnOK.Click = [this] { Unload(); };
@@ -22,10 +22,6 @@ class KeyForm : public Form {
         txtName.LostFocus = [this] { log.push_back("-txtName"); };
     }
 
-    Log log;
-    FormCaption UniCaption1{*this, "UniCaption1"};
-    MsgBox UniMsgBox1{*this, "UniMsgBox1"};
-    BrowseFolder UniBrowse{*this, "UniBrowse"};
     Tabs tabAll{*this, "tabAll", {"&First", "&Second (R&&D)"}};
     Container paneFirst{*this, "paneFirst"};
     Container paneSecond{*this, "paneSecond"};
@@ -74,19 +70,7 @@ class KeyForm : public Form {
     }
 };
 
-class Keyboard : public Desk {
-  protected:
-    void show(const User::Script& script) {
-        user().onForm("frmKeys", [&](User& u) {
-            form.log.clear();
-            script(u);
-            if (form.loaded()) u.click("btnOK");
-        });
-        form.Show();
-        user().finish();
-    }
-    KeyForm form;
-};
+class Keyboard : public TestFormDesk<KeyForm> {};
 ON_EVERY_VIEW(Keyboard);
 
 TEST_P(Keyboard, CaptionsAreSeenWithoutTheirMarks) {

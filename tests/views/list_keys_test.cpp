@@ -7,15 +7,15 @@
 #include "dialogs/session/frmMORAMMaintenance.h"
 #include "support/part_format_desk.h"
 #include "support/session_dialog_desk.h"
-#include "wynconfig/form.h"
+#include "support/test_form.h"
 
 namespace wynconfig {
 namespace {
 
 /// A list with acts, one without, and one where a pick acts.
-class ListForm : public Form {
+class ListForm : public TestForm {
   public:
-    ListForm() : Form("frmLists") {
+    ListForm() : TestForm("frmLists") {
         for (Button* each : {&btnDelete, &btnRename, &btnOpen})
             each->Click = [this, each] { log.push_back(std::string(each->name())); };
         for (ListView* each : {&lstActs, &lstPlain, &lstTokens})
@@ -23,7 +23,6 @@ class ListForm : public Form {
         btnOK.Click = [this] { Unload(); };
     }
 
-    Log log;
     std::vector<std::string> rows{"ALPHA", "BALL", "BETA", "beta two", "Öl", "部品"};
     Edit txtName{*this, "txtName"};
     ListView lstActs{*this, "lstActs"};
@@ -55,19 +54,7 @@ class ListForm : public Form {
     }
 };
 
-class ListKeys : public Desk {
-  protected:
-    void show(const User::Script& script) {
-        user().onForm("frmLists", [&](User& u) {
-            form.log.clear();
-            script(u);
-            if (form.loaded()) u.click("btnOK");
-        });
-        form.Show();
-        user().finish();
-    }
-    ListForm form;
-};
+class ListKeys : public TestFormDesk<ListForm> {};
 ON_EVERY_VIEW(ListKeys);
 
 TEST_P(ListKeys, PressTheButtonsBehindThem) {

@@ -23,11 +23,10 @@
 
 #include "support/all_dialogs.h"
 #include "support/contrast.h"
-#include "support/desk.h"
 #include "support/qt_windows.h"
 #include "support/temporary_folder.h"
+#include "support/test_form.h"
 #include "views/qt/widgets.h"
-#include "wynconfig/form.h"
 #include "wynconfig/qt_view.h"
 
 namespace wynconfig {
@@ -301,14 +300,10 @@ INSTANTIATE_TEST_SUITE_P(Views, EachDialog, ::testing::Values("Qt"),
                          [](const auto& each) { return std::string(each.param); });
 
 /// A form with what the keyboard and long texts are tried on.
-class KeyForm : public Form {
+class KeyForm : public TestForm {
   public:
-    KeyForm() : Form("frmKeys") {}
+    KeyForm() : TestForm("frmKeys") {}
 
-    Log log;
-    FormCaption UniCaption1{*this, "UniCaption1"};
-    MsgBox UniMsgBox1{*this, "UniMsgBox1"};
-    BrowseFolder UniBrowse{*this, "UniBrowse"};
     Tabs tabAll{*this, "tabAll", {"First", "Second", "Third"}};
     Container paneFirst{*this, "paneFirst"};
     Container paneSecond{*this, "paneSecond"};

@@ -20,26 +20,21 @@
 
 #include "support/qt_windows.h"
 #include "support/raised.h"
-#include "support/short_names.h"
 #include "support/temporary_folder.h"
+#include "support/test_form.h"
 #include "wynconfig/error.h"
-#include "wynconfig/form.h"
 #include "wynconfig/qt_view.h"
 
 namespace {
 
 using namespace wynconfig;
 
-class SampleForm : public Form {
+class SampleForm : public TestForm {
   public:
-    explicit SampleForm(std::string_view formName = "frmSample") : Form(formName) {}
+    explicit SampleForm(std::string_view formName = "frmSample") : TestForm(formName) {}
 
-    Log log;
     std::function<void()> onResize;
 
-    FormCaption UniCaption1{*this, "UniCaption1"};
-    MsgBox UniMsgBox1{*this, "UniMsgBox1"};
-    BrowseFolder UniBrowse{*this, "UniBrowse"};
     Tabs SSTab{*this, "SSTab", {"Launch", "Formats"}};
     Container paneLaunch{*this, "paneLaunch"};
     Container paneFormats{*this, "paneFormats"};
