@@ -56,6 +56,24 @@ class PartFormatChecks : public PartFormatDesk {
             script(u);
         });
     }
+    /// Meets a fault while a text can't be had: that is told, and then the refusal by what is left.
+    void expectRefusedWithout(const std::string& key, const Fault& fault, const std::string& text,
+                              const std::string& title) {
+        user().onBox();
+        user().onBox();
+        editValid([&](User& u) {
+            texts->missing = {key};
+            u.type(fault.box, fault.value);
+            u.click("btnOk");
+            EXPECT_TRUE(u.see(fault.box).focus);
+            texts->missing.clear();
+            u.click("btnCancel");
+        });
+        ASSERT_EQ(user().boxes().size(), 2U);
+        expectFailure(user().boxes()[0], failureText(kTag, "no text for " + key));
+        expectRefusal(user().boxes()[1], text, title);
+        user().finish();
+    }
     /// Opens a valid part format, spoils one box, and presses OK and then Cancel.
     void expectRefused(const std::string& box, const std::string& value, const Fault& fault) {
         user().onBox();
@@ -336,42 +354,14 @@ TEST_P(PartFormatChecks, TextsAreFetchedWhenTheyAreShown) {
 }
 
 TEST_P(PartFormatChecks, MessageWithoutItsTextIsShownEmpty) {
-    for (const Fault& fault : kFaults) {
-        user().onBox();
-        user().onBox();
-        editValid([&](User& u) {
-            texts->missing = {fault.messageKey};
-            u.type(fault.box, fault.value);
-            u.click("btnOk");
-            EXPECT_TRUE(u.see(fault.box).focus);
-            texts->missing.clear();
-            u.click("btnCancel");
-        });
-        ASSERT_EQ(user().boxes().size(), 2U);
-        expectFailure(user().boxes()[0], failureText(kTag, "no text for " + fault.messageKey));
-        expectRefusal(user().boxes()[1], fault.secondLine, fault.title());
-        user().finish();
-    }
+    for (const Fault& fault : kFaults)
+        expectRefusedWithout(fault.messageKey, fault, fault.secondLine, fault.title());
     EXPECT_TRUE(formatFiles().empty());
 }
 
 TEST_P(PartFormatChecks, MessageWithoutItsTitleIsShownWithoutOne) {
-    for (const Fault& fault : kFaults) {
-        user().onBox();
-        user().onBox();
-        editValid([&](User& u) {
-            texts->missing = {fault.titleKey};
-            u.type(fault.box, fault.value);
-            u.click("btnOk");
-            EXPECT_TRUE(u.see(fault.box).focus);
-            texts->missing.clear();
-            u.click("btnCancel");
-        });
-        ASSERT_EQ(user().boxes().size(), 2U);
-        expectFailure(user().boxes()[0], failureText(kTag, "no text for " + fault.titleKey));
-        expectRefusal(user().boxes()[1], fault.text(), "");
-        user().finish();
-    }
+    for (const Fault& fault : kFaults)
+        expectRefusedWithout(fault.titleKey, fault, fault.text(), "");
     EXPECT_TRUE(formatFiles().empty());
 }
 
