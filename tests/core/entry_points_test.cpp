@@ -17,9 +17,6 @@ class EntryPoints : public FullSessionDesk {
             u.click("btnOK");
         });
     }
-    void announceConfiguring(const User::Script& script) {
-        user().onForm("frmMORAMConfig", script);
-    }
     static void cancel(User& u) { u.click("btnCancel"); }
 
     std::string name;

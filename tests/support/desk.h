@@ -72,6 +72,10 @@ class Desk : public ::testing::TestWithParam<const char*> {
     /// Puts a program where a session's path can name it.
     void putProgram(const std::string& path);
 
+    /// The session dialog is to come up next.
+    void announceConfiguring(const User::Script& script) {
+        user().onForm("frmMORAMConfig", script);
+    }
     /// A script that presses one button.
     static User::Script pressing(const std::string& button) {
         return [button](User& u) { u.click(button); };

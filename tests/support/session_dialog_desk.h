@@ -61,7 +61,7 @@ class SessionDialogDesk : public Desk {
     void show(const User::Script& script, const std::function<void(frmMORAMConfig&)>& init) {
         frmMORAMConfig dialog;
         m_dialog = &dialog;
-        user().onForm("frmMORAMConfig", script);
+        announceConfiguring(script);
         init(dialog);
         dialog.Show();
         m_result = dialog.Result();

@@ -43,9 +43,6 @@ class SessionListDesk : public Desk {
     void announceMaintenance(const User::Script& script) {
         user().onForm("frmMORAMMaintenance", script);
     }
-    void announceConfiguring(const User::Script& script) {
-        user().onForm("frmMORAMConfig", script);
-    }
     /// The session dialog that comes up next: another name, and OK.
     void announceRenaming(const std::string& newName) {
         announceConfiguring([newName](User& u) {
