@@ -38,7 +38,7 @@ TEST_P(PartFormatRecord, NewOneWithANameAndALimitHoldsAllRows) {
                        u.click("btnOk");
                    }),
               0);
-    const auto record = formatFile("N");
+    const auto record = formatRecord("N");
     EXPECT_EQ(rowsOf(*record), with(kFirstFormat, "MaxRecords", "1"));
     EXPECT_EQ(record->Rows().size(), 21U);
     EXPECT_EQ(record->Type(), "PARTFORMAT");
@@ -136,7 +136,7 @@ TEST_P(PartFormatRecord, NameIsStoredInCapitalsWithoutOuterBlanks) {
         u.click("btnOk");
     });
     EXPECT_EQ(formatFiles(), (std::vector<std::string>{"ABC.vla"}));
-    EXPECT_EQ(formatFile("ABC")->Name(), "ABC");
+    EXPECT_EQ(formatRecord("ABC")->Name(), "ABC");
     EXPECT_EQ(formatName, "ABC");
 }
 

@@ -63,6 +63,12 @@ void put(const std::string& type, const std::string& folder, const std::string& 
     record.Save(ItemPath::item(folder, name));
 }
 
+std::shared_ptr<Dataset> recordOf(const std::string& folder, const std::string& name) {
+    auto record = std::make_shared<Dataset>();
+    record->Load(ItemPath::item(folder, name));
+    return record;
+}
+
 }  // namespace
 
 void Desk::putSession(const std::string& name,
@@ -117,9 +123,7 @@ void Desk::changeSession(const std::string& name,
 }
 
 std::shared_ptr<Dataset> Desk::sessionRecord(const std::string& name) {
-    auto record = std::make_shared<Dataset>();
-    record->Load(ItemPath::item(sessionFolder, name));
-    return record;
+    return recordOf(sessionFolder, name);
 }
 
 Rows Desk::sessionRows(const std::string& name) {
@@ -141,8 +145,22 @@ std::vector<std::string> Desk::sessionFiles() {
     return memory->listItems(sessionFolder);
 }
 
+std::shared_ptr<Dataset> Desk::formatRecord(const std::string& name) {
+    return recordOf(formatFolder, name);
+}
+
+std::string Desk::formatText(const std::string& name) {
+    return memory->read(ItemPath::item(formatFolder, name));
+}
+
 std::vector<std::string> Desk::formatFiles() {
     return memory->listItems(formatFolder);
+}
+
+Names Desk::hostKeys() {
+    Names keys;
+    for (const auto& [key, format] : ConfigGlobalModule::g_PartFormats) keys.push_back(key);
+    return keys;
 }
 
 void Desk::putProgram(const std::string& path) {

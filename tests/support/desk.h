@@ -68,7 +68,11 @@ class Desk : public ::testing::TestWithParam<const char*> {
     std::string sessionText(const std::string& name);
     bool sessionExists(const std::string& name);
     std::vector<std::string> sessionFiles();
+    std::shared_ptr<Dataset> formatRecord(const std::string& name);
+    std::string formatText(const std::string& name);
     std::vector<std::string> formatFiles();
+    /// The keys of the part formats that the host holds, in their order.
+    static Names hostKeys();
     /// Puts a program where a session's path can name it.
     void putProgram(const std::string& path);
 

@@ -102,22 +102,12 @@ class FormatDesk : public SessionDialogDesk {
         ConfigGlobalModule::g_PartFormats.Add(fullFormat(name), key);
     }
     void addHostFormat(const std::string& name) { addHostFormat(name, name); }
-    std::shared_ptr<Dataset> formatRecord(const std::string& name) {
-        return recordOf(formatFolder, name);
-    }
-    std::string formatText(const std::string& name) {
-        return memory->read(ItemPath::item(formatFolder, name));
-    }
     std::shared_ptr<Dataset> deletedFormat(const std::string& name) {
-        return recordOf(formatFolder + "deleted\\", name);
+        auto record = std::make_shared<Dataset>();
+        record->Load(ItemPath::item(formatFolder + "deleted\\", name));
+        return record;
     }
     static std::string headerOf(const Dataset& format) { return format.GetRow("Header")[1]; }
-    /// The keys of the host's formats, in their order.
-    static Names hostKeys() {
-        Names keys;
-        for (const auto& [key, format] : ConfigGlobalModule::g_PartFormats) keys.push_back(key);
-        return keys;
-    }
 
     /// How often the disk was written to since the last `disk.resetCounts`.
     std::size_t saves() const { return disk.count(FaultyFileSystem::Operation::Save); }
@@ -145,11 +135,6 @@ class FormatDesk : public SessionDialogDesk {
         int number = 0;
         for (const std::string& format : formats)
             record.AddRow({session::formatKey(++number), format});
-    }
-    static std::shared_ptr<Dataset> recordOf(const std::string& folder, const std::string& name) {
-        auto record = std::make_shared<Dataset>();
-        record->Load(ItemPath::item(folder, name));
-        return record;
     }
 };
 

@@ -100,16 +100,8 @@ class PartFormatDesk : public Desk {
         u.type("txtFormatName", name);
         u.type("txtMaxRecords", "1");
     }
-    /// A stored record, straight from its file.
-    std::unique_ptr<Dataset> formatFile(const std::string& name) {
-        auto record = std::make_unique<Dataset>();
-        record->Load(ItemPath::item(formatFolder, name));
-        return record;
-    }
-    Stored formatRows(const std::string& name) { return rowsOf(*formatFile(name)); }
-    std::string formatText(const std::string& name) {
-        return memory->read(ItemPath::item(formatFolder, name));
-    }
+    /// The rows of a stored record, straight from its file.
+    Stored formatRows(const std::string& name) { return rowsOf(*formatRecord(name)); }
 
     /// From here on the editor works in memory.
     void workInMemory() { ConfigGlobalModule::g_DatasetMode = true; }
@@ -124,12 +116,6 @@ class PartFormatDesk : public Desk {
     }
     std::shared_ptr<Dataset> hold(const std::string& name, const Stored& rows) {
         return hold(name, rows, name);
-    }
-    /// The keys of the host's records in their order.
-    static std::vector<std::string> heldKeys() {
-        std::vector<std::string> keys;
-        for (const auto& item : ConfigGlobalModule::g_PartFormats) keys.push_back(item.first);
-        return keys;
     }
 
     std::string formatName;

@@ -320,7 +320,7 @@ TEST_P(PartFormatEditor, NameThatTheHostDoesNotHoldIsToldOnce) {
     });
     ASSERT_EQ(user().boxes().size(), 1U);
     expectFailure(user().boxes()[0], failureText(kTag, "There is no item of the key \"csv\"."));
-    EXPECT_EQ(heldKeys(), (std::vector<std::string>{"OTHER"}));
+    EXPECT_EQ(hostKeys(), (std::vector<std::string>{"OTHER"}));
 }
 
 // ---- Flags and alignments ----
@@ -479,7 +479,7 @@ TEST_P(PartFormatEditor, CancelledInMemoryItLeavesTheHostsRecordAlone) {
               1);
     EXPECT_EQ(rowsOf(*record), kOwnFormat);
     EXPECT_EQ(record->Name(), "F");
-    EXPECT_EQ(heldKeys(), (std::vector<std::string>{"F"}));
+    EXPECT_EQ(hostKeys(), (std::vector<std::string>{"F"}));
 }
 
 TEST_P(PartFormatEditor, NameLosesItsBlanksOnlyWhenItsBoxLosesTheFocus) {

@@ -83,7 +83,7 @@ TEST_P(PartFormatSaving, NewOneWhoseSecondWriteFailsIsLeftWithoutRows) {
     disk.failOn(Operation::Save, "NEW.vla", 1, 1);
     user().onBox();
     EXPECT_EQ(add("NEW"), 0);
-    const auto record = formatFile("NEW");
+    const auto record = formatRecord("NEW");
     EXPECT_TRUE(rowsOf(*record).empty());
     EXPECT_EQ(record->Name(), "NEW");
     ASSERT_EQ(user().boxes().size(), 1U);
@@ -186,7 +186,7 @@ TEST_P(PartFormatSaving, RenamedOneIsWrittenTwiceAndTheOldFileDeleted) {
     EXPECT_EQ(formatName, "NEW");
     EXPECT_EQ(formatFiles(), (Names{"NEW.vla"}));
     EXPECT_EQ(formatRows("NEW"), kOwnFormat);
-    EXPECT_EQ(formatFile("NEW")->Name(), "NEW");
+    EXPECT_EQ(formatRecord("NEW")->Name(), "NEW");
     EXPECT_EQ(disk.count(Operation::Save), 2U);
     EXPECT_EQ(disk.count(Operation::Remove), 1U);
 }
@@ -311,7 +311,7 @@ TEST_P(PartFormatSaving, AnotherCaseOfTheNameIsNoRename) {
     EXPECT_EQ(rename("MIXED", " mixeD "), 0);
     EXPECT_EQ(formatFiles(), (Names{"Mixed.vla"}));
     EXPECT_EQ(formatRows("MIXED"), kOwnFormat);
-    EXPECT_EQ(formatFile("MIXED")->Name(), "Mixed");
+    EXPECT_EQ(formatRecord("MIXED")->Name(), "Mixed");
     EXPECT_TRUE(user().boxes().empty());
 }
 
@@ -370,7 +370,7 @@ TEST_P(PartFormatSaving, MissingFileIsWrittenAndTheOneWithoutANameMissed) {
         if (row.first.ends_with("FieldLength")) row.second.clear();
     }
     EXPECT_EQ(formatRows("GONE"), expected);
-    EXPECT_EQ(formatFile("GONE")->Name(), "GONE");
+    EXPECT_EQ(formatRecord("GONE")->Name(), "GONE");
     EXPECT_EQ(formatFiles(), (Names{"GONE.vla"}));
     ASSERT_EQ(user().boxes().size(), 2U);
     EXPECT_TRUE(isFailureOf(user().boxes()[0].text, "frmPartNumberFormat:init"));
@@ -394,7 +394,7 @@ TEST_P(PartFormatSaving, NewOneInMemoryJoinsTheHostsRecords) {
     disk.resetCounts();
     EXPECT_EQ(add(" new one "), 0);
     EXPECT_EQ(formatName, "NEW ONE");
-    EXPECT_EQ(heldKeys(), (Names{"Z", "NEW ONE"}));
+    EXPECT_EQ(hostKeys(), (Names{"Z", "NEW ONE"}));
     const auto record = g_PartFormats.Item("NEW ONE");
     EXPECT_EQ(record->Name(), "NEW ONE");
     EXPECT_EQ(record->Type(), "PARTFORMAT");
@@ -417,9 +417,9 @@ TEST_P(PartFormatSaving, NewOneInMemoryUnderAHeldNameIsRefusedWithoutRegardToCas
     hold("A", kOwnFormat);
     const auto record = hold("csv", kOwnFormat);
     hold("Z", kOwnFormat);
-    const Names before = heldKeys();
+    const Names before = hostKeys();
     expectTaken("", "Csv", "CSV");
-    EXPECT_EQ(heldKeys(), before);
+    EXPECT_EQ(hostKeys(), before);
     EXPECT_EQ(g_PartFormats.Item("CSV"), record);
     EXPECT_EQ(rowsOf(*record), kOwnFormat);
 }
@@ -444,7 +444,7 @@ TEST_P(PartFormatSaving, RenamedOneInMemoryIsTheSameRecordAtTheEnd) {
                    }),
               0);
     EXPECT_EQ(formatName, "NEW");
-    EXPECT_EQ(heldKeys(), (Names{"Z", "NEW"}));
+    EXPECT_EQ(hostKeys(), (Names{"Z", "NEW"}));
     EXPECT_EQ(g_PartFormats.Item("NEW"), record);
     EXPECT_EQ(record->Name(), "NEW");
     EXPECT_EQ(rowsOf(*record), with(kOwnFormat, "Header", "other"));
@@ -460,7 +460,7 @@ TEST_P(PartFormatSaving, RenamingInMemoryToATakenNameChangesNothing) {
     disk.resetCounts();
     expectTaken("OLD", "factory", "FACTORY");
     expectTaken("OLD", "csv", "CSV");
-    EXPECT_EQ(heldKeys(), (Names{"OLD", "CSV"}));
+    EXPECT_EQ(hostKeys(), (Names{"OLD", "CSV"}));
     EXPECT_EQ(record->Name(), "OLD");
     EXPECT_EQ(rowsOf(*record), kOwnFormat);
     expectNoFileTouched();
@@ -480,7 +480,7 @@ TEST_P(PartFormatSaving, UnchangedNameInMemoryReplacesTheRowsInPlace) {
                        u.click("btnOk");
                    }),
               0);
-    EXPECT_EQ(heldKeys(), (Names{"F", "Z"}));
+    EXPECT_EQ(hostKeys(), (Names{"F", "Z"}));
     EXPECT_EQ(g_PartFormats.Item("F"), record);
     EXPECT_EQ(rowsOf(*record), with(kOwnFormat, "Header", "other"));
     expectNoFileTouched();
@@ -497,7 +497,7 @@ TEST_P(PartFormatSaving, NameThatTheHostDoesNotHoldJoinsWithOneMoreBox) {
                        u.click("btnOk");
                    }),
               0);
-    EXPECT_EQ(heldKeys(), (Names{"GONE"}));
+    EXPECT_EQ(hostKeys(), (Names{"GONE"}));
     EXPECT_EQ(g_PartFormats.Item("GONE")->Rows().size(), 21U);
     EXPECT_EQ(g_PartFormats.Item("GONE")->Name(), "GONE");
     ASSERT_EQ(user().boxes().size(), 2U);
@@ -510,7 +510,7 @@ TEST_P(PartFormatSaving, RecordHeldUnderAnotherKeyIsRenamedByItsOwnName) {
     expectTaken("COPY", "COPY", "COPY");
     user().onBox();
     EXPECT_EQ(rename("COPY", "THIRD"), 0);
-    EXPECT_EQ(heldKeys(), (Names{"COPY", "THIRD"}));
+    EXPECT_EQ(hostKeys(), (Names{"COPY", "THIRD"}));
     EXPECT_EQ(g_PartFormats.Item("COPY"), record);
     EXPECT_EQ(g_PartFormats.Item("THIRD"), record);
     expectFailure(user().boxes().back(),
