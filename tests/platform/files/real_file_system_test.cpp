@@ -238,6 +238,8 @@ TEST_F(Disk, takesNoFolderForEmptyThatItCantOpen) {
     put("A.vla", "x");
     const std::string unreadable = "folder " + folder.path() + " can't be read";
     const std::string cause = "Too many open files";
+    // The sanitizer that looks at objects needs a free number itself for the first of a class.
+    EXPECT_FALSE(makeRealFileSystem()->folderExists(root + "none"));
     withoutFreeFileNumbers([&] {
         expectUnreadable(unreadable, cause, [&] { files->listItems(root); });
         expectUnreadable(unreadable, cause, [&] { files->find(at("a.vla")); });
