@@ -80,6 +80,9 @@ class WYNCONFIG_API View {
   public:
     virtual ~View() = default;
 
+    /// Is called on the thread that is about to install the view. Raises `Error` when the view
+    /// can't serve that thread; most can.
+    virtual void joinThread() {}
     /// Shows a form and returns once it is no longer loaded. May be called again, for another form,
     /// before it returned.
     virtual void showModal(Form& form) = 0;
@@ -96,10 +99,11 @@ class WYNCONFIG_API View {
     static UserInput userInput() { return {}; }
 };
 
-/// Installs the view of this process; null takes it away. Without a view every question gets the
+/// Installs the view of this thread; null takes it away. Without a view every question gets the
 /// answer that changes nothing: a dialog is cancelled, a box answered with No or OK, and browsing
 /// gives no path. May be called while a dialog is up: that one stays with the view that shows it,
 /// which lives until the dialog has closed, and whatever comes up from then on goes to the new one.
+/// Raises what the view raises when it can't serve this thread; the one before then stays.
 WYNCONFIG_API void installView(std::shared_ptr<View> view);
 
 /// The installed view, or the one that answers as told above; never null. Hold it for as long as a

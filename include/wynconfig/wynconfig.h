@@ -11,12 +11,13 @@
 namespace wynconfig {
 
 /// The operations that a host calls, one per action of its user. An object has no state of its own:
-/// all objects of a process share the store, the resource manager, the mode of working, and the
-/// session and part formats that are held in memory.
+/// all objects on a thread share the view, the store, the resource manager, the mode of working,
+/// and the session and part formats that are held in memory.
 ///
-/// Call `InitResourceManager`, then `init`, then anything, on one thread; an operation may be
-/// called from within another. A failure comes up as a box in the installed view (see
-/// `installView`) and the operation goes on; no operation throws.
+/// Call `InitResourceManager`, then `init`, then anything; an operation may be called from within
+/// another. A failure comes up as a box in the installed view (see `installView`) and the operation
+/// goes on; no operation throws. Another thread starts with nothing and has all of this for itself,
+/// the view included; nothing is locked.
 ///
 /// **File mode** works on the store's files. **The in-memory mode** works on a session and part
 /// formats that the host hands in as XML text and takes back so; the store's files are then factory

@@ -14,7 +14,7 @@ namespace wynconfig {
 namespace {
 
 std::unique_ptr<frmMORAMMaintenance>& sharedForm() {
-    static std::unique_ptr<frmMORAMMaintenance> form;
+    thread_local std::unique_ptr<frmMORAMMaintenance> form;
     return form;
 }
 

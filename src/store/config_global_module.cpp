@@ -3,13 +3,13 @@
 
 namespace wynconfig::ConfigGlobalModule {
 
-std::string g_SessionFolder;
-std::string g_PartFormatFolder;
-std::shared_ptr<ResourceManager> g_ResMgr;
-std::shared_ptr<Dataset> g_Session = std::make_shared<Dataset>();
-Collection<Dataset> g_PartFormats;
-std::string g_TallyvanePartFormat;
-bool g_DatasetMode = false;
+thread_local std::string g_SessionFolder;
+thread_local std::string g_PartFormatFolder;
+thread_local std::shared_ptr<ResourceManager> g_ResMgr;
+thread_local std::shared_ptr<Dataset> g_Session = std::make_shared<Dataset>();
+thread_local Collection<Dataset> g_PartFormats;
+thread_local std::string g_TallyvanePartFormat;
+thread_local bool g_DatasetMode = false;
 
 void reset() {
     g_SessionFolder.clear();

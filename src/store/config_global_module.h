@@ -1,5 +1,5 @@
-// What the component remembers between the calls of its host. It exists once per process, all
-// instances of `WYNConfig` share it, and nothing ever resets it.
+// What the component remembers between the calls of its host. Each thread has its own, which all
+// instances of `WYNConfig` on it share, and nothing ever resets it.
 #pragma once
 
 #include <memory>
@@ -12,19 +12,19 @@
 namespace wynconfig::ConfigGlobalModule {
 
 /// Root & "MORAM\", with its trailing backslash. Empty until `WYNConfig::init` ran.
-extern std::string g_SessionFolder;
+extern thread_local std::string g_SessionFolder;
 /// Root & "PARTFORMAT\", with its trailing backslash. Empty until `WYNConfig::init` ran.
-extern std::string g_PartFormatFolder;
+extern thread_local std::string g_PartFormatFolder;
 /// The host's resource manager; null until it sets one, and used without any test.
-extern std::shared_ptr<ResourceManager> g_ResMgr;
+extern thread_local std::shared_ptr<ResourceManager> g_ResMgr;
 /// The session record of the in-memory exchange; never null.
-extern std::shared_ptr<Dataset> g_Session;
+extern thread_local std::shared_ptr<Dataset> g_Session;
 /// The part format records of the in-memory exchange, by name.
-extern Collection<Dataset> g_PartFormats;
+extern thread_local Collection<Dataset> g_PartFormats;
 /// The part format chosen last in the file-writer dialog.
-extern std::string g_TallyvanePartFormat;
+extern thread_local std::string g_TallyvanePartFormat;
 /// Whether the dialogs work in memory. Keeps its value between calls.
-extern bool g_DatasetMode;
+extern thread_local bool g_DatasetMode;
 
 /// Everything as it was when the component was loaded. For tests.
 void reset();

@@ -375,7 +375,7 @@ void FileSystem::updateIndex(const std::string& folder, const std::string& name,
 namespace {
 
 FileSystem*& replacementFileSystem() {
-    static FileSystem* replacement = nullptr;
+    thread_local FileSystem* replacement = nullptr;
     return replacement;
 }
 
@@ -383,7 +383,7 @@ FileSystem*& replacementFileSystem() {
 
 FileSystem& fileSystem() {
     if (FileSystem* replacement = replacementFileSystem()) return *replacement;
-    static const std::unique_ptr<FileSystem> disk = makeRealFileSystem();
+    thread_local const std::unique_ptr<FileSystem> disk = makeRealFileSystem();
     return *disk;
 }
 

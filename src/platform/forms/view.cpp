@@ -24,19 +24,20 @@ class NoView : public View {
 };
 
 std::shared_ptr<View>& installed() {
-    static std::shared_ptr<View> view;
+    thread_local std::shared_ptr<View> view;
     return view;
 }
 
 }  // namespace
 
 void installView(std::shared_ptr<View> view) {
+    if (view) view->joinThread();
     // The one before goes last: what it does as it goes may install yet another.
     installed().swap(view);
 }
 
 std::shared_ptr<View> installedView() {
-    static const auto none = std::make_shared<NoView>();
+    thread_local const auto none = std::make_shared<NoView>();
     return installed() ? installed() : none;
 }
 

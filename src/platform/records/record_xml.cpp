@@ -316,12 +316,15 @@ using Context = std::unique_ptr<xmlParserCtxt, FreeContext>;
 /// Making a parser context costs more than reading a record, so it is kept between the calls: one
 /// for each source, since what a context was once told about encodings it never forgets.
 Context& keptContext(XmlSource source) {
-    static Context file;
-    static Context memory;
+    thread_local Context file;
+    thread_local Context memory;
     return source == XmlSource::File ? file : memory;
 }
 
 Context makeContext() {
+    // Once, by one of the threads.
+    static const int ready = (xmlInitParser(), 0);
+    static_cast<void>(ready);
     Context context(xmlNewParserCtxt());
     if (!context) throw Error(errc::BadRecord, "There is no memory left to read a record.");
     xmlSAXHandler& sax = *context->sax;

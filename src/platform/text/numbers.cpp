@@ -86,7 +86,7 @@ std::string symbolOf(const UNumberFormat* format, UNumberFormatSymbol symbol) {
 }
 
 NumberMarks& currentMarks() {
-    static NumberMarks marks = numberMarksOf({});
+    thread_local NumberMarks marks = numberMarksOf({});
     return marks;
 }
 
