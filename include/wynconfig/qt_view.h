@@ -13,7 +13,7 @@ namespace wynconfig {
 
 /// A view that shows every form in a real window. Makes a `QApplication` when the process has none
 /// by then, and keeps it until the process ends. Works off screen (QT_QPA_PLATFORM=offscreen). To
-/// be used on the thread of the `QApplication`.
+/// be used on the thread of the `QApplication`: on any other one `installView` raises `Error`.
 class WYNCONFIG_API QtView : public View {
   public:
     /// The person who drives the real widgets by real mouse and key events, instead of the one at
@@ -28,6 +28,9 @@ class WYNCONFIG_API QtView : public View {
     virtual void onShown(std::function<void(const std::string& name)> watcher) = 0;
 };
 
+/// Makes the desktop view. Raises `Error` where it can't work: without a display, in a program
+/// whose application object shows no widgets, and on another thread than that of the
+/// `QApplication`.
 WYNCONFIG_API std::shared_ptr<QtView> makeQtView();
 
 }  // namespace wynconfig

@@ -2,8 +2,10 @@
 #include "wynconfig/qt_view.h"
 
 #include <QApplication>
+#include <QLibrary>
 #include <QScopeGuard>
 #include <QScreen>
+#include <QThread>
 #include <QWindow>
 #include <clocale>
 #include <cmath>
@@ -26,10 +28,46 @@ namespace {
 
 using desktop::FormWindow;
 
+/// Whether the X server that the environment names answers. Where its library is missing nobody can
+/// tell; then neither can Qt use it.
+bool xServerAnswers() {
+    QLibrary library(QStringLiteral("xcb"), 1);
+    using Connect = void* (*)(const char* display, int* screen);
+    using HasError = int (*)(void* connection);
+    using Disconnect = void (*)(void* connection);
+    const auto connect = reinterpret_cast<Connect>(library.resolve("xcb_connect"));
+    const auto hasError = reinterpret_cast<HasError>(library.resolve("xcb_connection_has_error"));
+    const auto disconnect = reinterpret_cast<Disconnect>(library.resolve("xcb_disconnect"));
+    if (!connect || !hasError || !disconnect) return false;
+    void* const connection = connect(nullptr, nullptr);
+    const bool answers = hasError(connection) == 0;
+    disconnect(connection);
+    return answers;
+}
+
+/// Raises where there is no display: Qt would end the process. A host that chose a platform of Qt
+/// other than X knows what it does.
+void requireDisplay() {
+#ifdef Q_OS_LINUX
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    const bool chosen = !platform.isEmpty() && !platform.startsWith("xcb");
+    if (chosen || (platform.isEmpty() && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))) return;
+    if (qEnvironmentVariableIsEmpty("DISPLAY"))
+        throw Error(errc::InvalidCall,
+                    "The desktop view needs a display, and neither DISPLAY nor WAYLAND_DISPLAY "
+                    "names one.");
+    if (!xServerAnswers())
+        throw Error(errc::InvalidCall, "The desktop view needs a display, and \"" +
+                                           qgetenv("DISPLAY").toStdString() +
+                                           "\" does not answer.");
+#endif
+}
+
 /// Makes the application object where the host has none. It is never deleted: windows of the host
 /// and the platform's own clean-up may need it until the very end.
 void provideApplication() {
     if (!QCoreApplication::instance()) {
+        requireDisplay();
         static char name[] = "wynconfig";
         static char* arguments[] = {name, nullptr};
         static int count = 1;
@@ -39,7 +77,12 @@ void provideApplication() {
         std::setlocale(LC_NUMERIC, numbers.c_str());
     }
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
-        throw Error(errc::InvalidCall, "The desktop view needs a QApplication.");
+        throw Error(errc::InvalidCall,
+                    "The desktop view shows widgets, for which this program has to make a "
+                    "QApplication in place of its QGuiApplication or QCoreApplication.");
+    if (QThread::currentThread() != QCoreApplication::instance()->thread())
+        throw Error(errc::InvalidCall,
+                    "The desktop view works on the thread of the QApplication alone.");
 }
 
 class Desktop : public QtView {
@@ -49,6 +92,7 @@ class Desktop : public QtView {
         desktop::speakOfButtons();
     }
 
+    void joinThread() override { provideApplication(); }
     void showModal(Form& form) override;
     int showMessage(const MessageBox& box) override;
     std::string browse(const BrowseRequest& request) override;
