@@ -4,52 +4,35 @@
 #include <QCoreApplication>
 #include <stdexcept>
 
-#include "database/names.h"
+#include "wynconfig/error.h"
 
 namespace host {
 
-namespace fs = std::filesystem;
-
-namespace {
-
-constexpr const char* kDeletedFolder = "deleted";
-
-fs::path folderOf(const StoreFolders& store, DeletedItem::Kind kind) {
-    return kind == DeletedItem::Kind::Session ? store.sessions() : store.formats();
-}
-
-/// The item file of an upper-cased name, as it is spelt on disk, or as it would be.
-fs::path fileOf(const fs::path& folder, const std::string& name) {
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-        if (upperName(entry.path().stem().string()) == name) return entry.path();
-    }
-    return folder / (name + ".vla");
-}
-
-}  // namespace
+using wynconfig::Store;
 
 std::vector<DeletedItem> deletedItems(const StoreFolders& store) {
     std::vector<DeletedItem> items;
     for (const auto kind : {DeletedItem::Kind::Session, DeletedItem::Kind::PartFormat}) {
-        for (const std::string& name : itemNames(folderOf(store, kind) / kDeletedFolder))
+        for (const std::string& name : Store(store.rootText()).deletedNames(kind))
             items.push_back({kind, QString::fromStdString(name)});
     }
     return items;
 }
 
 void restoreItem(const StoreFolders& store, const DeletedItem& item) {
-    const fs::path folder = folderOf(store, item.kind);
-    const std::string name = upperName(item.name.toStdString());
-    if (const fs::path there = fileOf(folder, name); fs::exists(there))
-        throw std::runtime_error("There is a " + wordsFor(item.kind).toLower().toStdString() +
-                                 " named " + there.stem().string() +
-                                 " already; nothing was restored.");
-    const fs::path file = fileOf(folder / kDeletedFolder, name);
-    std::error_code failure;
-    fs::rename(file, folder / file.filename(), failure);
-    if (failure)
-        throw std::runtime_error(item.name.toStdString() +
-                                 " can't be restored: " + failure.message() + ".");
+    const std::string name = item.name.toStdString();
+    try {
+        const Store items(store.rootText());
+        if (items.has(item.kind, name)) {
+            const std::string there = items.path(item.kind, name).name;
+            throw std::runtime_error("There is a " + wordsFor(item.kind).toLower().toStdString() +
+                                     " named " + there.substr(0, there.rfind('.')) +
+                                     " already; nothing was restored.");
+        }
+        items.restore(item.kind, name);
+    } catch (const wynconfig::Error& error) {
+        throw std::runtime_error(name + " can't be restored: " + error.description());
+    }
 }
 
 QString wordsFor(DeletedItem::Kind kind) {

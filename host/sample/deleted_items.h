@@ -2,16 +2,16 @@
 #pragma once
 
 #include <QString>
-#include <filesystem>
 #include <vector>
 
 #include "sample/sample_store.h"
+#include "wynconfig/store.h"
 
 namespace host {
 
 /// A session or a part format that was deleted.
 struct DeletedItem {
-    enum class Kind { Session, PartFormat };
+    using Kind = wynconfig::ItemKind;
     Kind kind = Kind::Session;
     QString name;
     bool operator==(const DeletedItem&) const = default;

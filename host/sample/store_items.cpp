@@ -1,43 +1,37 @@
 // Loading items.
 #include "sample/store_items.h"
 
-#include <filesystem>
+#include <memory>
 #include <stdexcept>
 
-#include "wynconfig/dataset.h"
 #include "wynconfig/error.h"
+#include "wynconfig/store.h"
 
 namespace host {
 
-namespace fs = std::filesystem;
-
 namespace {
 
-/// @param kind  the word for such an item
-void load(wynconfig::Dataset& record, const fs::path& folder, const std::string& name,
-          const std::string& kind) {
+/// @param word  for such an item
+std::shared_ptr<wynconfig::Dataset> read(const StoreFolders& store, wynconfig::ItemKind kind,
+                                         const std::string& name, const std::string& word) {
     try {
-        record.Load(wynconfig::ItemPath::item(folder.string() + "/", name));
+        return wynconfig::Store(store.rootText()).read(kind, name);
     } catch (const wynconfig::Error& error) {
         const std::string why = error.number() == wynconfig::errc::FileNotFound
                                     ? "it is not in the store."
                                     : error.description();
-        throw std::runtime_error("The " + kind + " " + name + " can't be read: " + why);
+        throw std::runtime_error("The " + word + " " + name + " can't be read: " + why);
     }
 }
 
 }  // namespace
 
 Session loadSession(const StoreFolders& store, const std::string& name) {
-    wynconfig::Dataset record;
-    load(record, store.sessions(), name, "session");
-    return readSession(record);
+    return readSession(*read(store, wynconfig::ItemKind::Session, name, "session"));
 }
 
 PartFormat loadPartFormat(const StoreFolders& store, const std::string& name) {
-    wynconfig::Dataset record;
-    load(record, store.formats(), name, "part format");
-    return readPartFormat(record);
+    return readPartFormat(*read(store, wynconfig::ItemKind::PartFormat, name, "part format"));
 }
 
 }  // namespace host

@@ -1,7 +1,9 @@
 // Changing and counting the part formats of a session.
 #include "store/session_record.h"
 
+#include "platform/files/file_system.h"
 #include "platform/text/numbers.h"
+#include "wynconfig/characters.h"
 
 namespace wynconfig::session {
 
@@ -26,6 +28,13 @@ void carryFormat(Dataset& record, const std::string& oldName, const std::string&
 
 bool isOnlyFormat(const Dataset& record, const std::string& name) {
     return toInt16(record.GetRow(kFormatCount)[1]) == 1 && record.GetRow(formatKey(1))[1] == name;
+}
+
+bool programExists(std::string path) {
+    const std::size_t length = charCount(path);
+    if (path.starts_with('"') && length >= 2)
+        path = path.substr(1, byteOffset(path, length - 1) - 1);
+    return fileSystem().existsExactly(path);
 }
 
 }  // namespace wynconfig::session

@@ -17,4 +17,8 @@ void carryFormat(Dataset& record, const std::string& oldName, const std::string&
 /// Whether a part format is the only one of a session. Raises like `carryFormat`.
 bool isOnlyFormat(const Dataset& record, const std::string& name);
 
+/// Whether a plain file lies at the path of a program, which may stand in double quotes. With a
+/// quote in front the last character goes too, without being looked at.
+bool programExists(std::string path);
+
 }  // namespace wynconfig::session

@@ -138,6 +138,7 @@ const std::map<std::string, std::string> kHomes{
     {"qt_view.h", "views/qt"},
     {"resource_manager.h", "platform/text"},
     {"scripted_view.h", "views/scripted"},
+    {"store.h", "store"},
     {"type_ahead.h", "platform/forms"},
     {"user.h", "platform/forms"},
     {"version.h", "core"},

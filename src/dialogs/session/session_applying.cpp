@@ -13,6 +13,7 @@
 #include "services/status.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
+#include "store/session_record.h"
 #include "wynconfig/error.h"
 #include "wynconfig/keys.h"
 
@@ -20,18 +21,7 @@ namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
-namespace {
-
-/// Whether a plain file lies at the path of a program, which may stand in double quotes. With a
-/// quote in front the last character goes too, without being looked at.
-bool programExists(std::string path) {
-    const std::size_t length = charCount(path);
-    if (path.starts_with('"') && length >= 2)
-        path = path.substr(1, byteOffset(path, length - 1) - 1);
-    return fileSystem().existsExactly(path);
-}
-
-}  // namespace
+namespace {}  // namespace
 
 SessionApplying::SessionApplying(frmMORAMConfig& dialog, std::shared_ptr<Dataset> session,
                                  const Fields& fields, Messages& messages, bool inMemory)
@@ -152,7 +142,7 @@ bool SessionApplying::isLaunchRefused(dlgAdvConfig& advanced) {
     };
     if (path.empty()) return refusePath("MORAM2_MSG_APP_PATH_EMPTY");
     bool found = false;
-    m_on([&] { found = programExists(path); });
+    m_on([&] { found = session::programExists(path); });
     return found ? false : refusePath("MORAM2_MSG_APP_PATH_INVALID");
 }
 

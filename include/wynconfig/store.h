@@ -1,0 +1,76 @@
+// The store as a host or a tool sees it: its items by name, without any dialog.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "wynconfig/dataset.h"
+#include "wynconfig/export.h"
+#include "wynconfig/item_path.h"
+
+namespace wynconfig {
+
+/// What the items of a store are.
+enum class ItemKind { Session, PartFormat };
+
+/// A name in upper case, UTF-8, by which items are told apart and under which they are saved. A
+/// character goes over into one other that leads back to it, or stays as it is.
+WYNCONFIG_API std::string upperName(std::string_view name);
+
+/// Something about an item that its user should know.
+struct StoreFault {
+    ItemKind kind = ItemKind::Session;
+    std::string item;  ///< the item's name, as its file is spelt
+    std::string what;  ///< an English sentence about it
+
+    bool operator==(const StoreFault&) const = default;
+};
+
+/// A folder with sessions and part formats, as `WYNConfig::init` makes it. Names are compared
+/// without regard to case; text is UTF-8. Nothing is kept between the calls: each looks at the
+/// disk. Every operation raises `Error` when the disk fails it: errc::FileAccess, with a
+/// description that names the file or folder.
+class WYNCONFIG_API Store {
+  public:
+    /// @param root  the store's root with its trailing separator, as for `WYNConfig::init`
+    explicit Store(std::string root);
+
+    const std::string& root() const { return m_root; }
+    /// The folder of a kind of items, with its trailing separator.
+    std::string folder(ItemKind kind) const;
+    /// Whether both folders are there with their catalogues.
+    bool isMade() const;
+
+    /// The names of all items of a kind, as their files are spelt, in ascending order of their
+    /// upper-cased forms; none where there is no folder.
+    std::vector<std::string> names(ItemKind kind) const;
+    bool has(ItemKind kind, const std::string& name) const;
+    /// Where an item lies, or would be saved.
+    ItemPath path(ItemKind kind, const std::string& name) const;
+    /// Reads an item. Raises errc::FileNotFound, or errc::BadRecord when the file holds no record.
+    std::shared_ptr<Dataset> read(ItemKind kind, const std::string& name) const;
+
+    /// The sessions that have a part format, be it among those that they offer or for the file that
+    /// they write. Raises also when a session can't be read, since that one might have it as well.
+    std::vector<std::string> sessionsWith(const std::string& format) const;
+    /// Looks at every item: that it can be read and has the name of its file, that its keys are
+    /// known and its part formats counted as it says, that these and its program are there.
+    /// @return what is not so, in the order of the items, sessions first
+    std::vector<StoreFault> check() const;
+
+    /// The names of the deleted items of a kind; as `names`.
+    std::vector<std::string> deletedNames(ItemKind kind) const;
+    /// Moves an item, readable or not, into the folder "deleted", in place of a like-named one
+    /// there. What refers to it stays as it is. Raises errc::FileNotFound.
+    void moveToDeleted(ItemKind kind, const std::string& name) const;
+    /// Moves a deleted item back. Raises errc::FileNotFound, or errc::DuplicateKey when the store
+    /// has an item of this name; it then stays where it is.
+    void restore(ItemKind kind, const std::string& name) const;
+
+  private:
+    std::string m_root;
+};
+
+}  // namespace wynconfig
