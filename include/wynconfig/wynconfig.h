@@ -84,7 +84,9 @@ class WYNCONFIG_API WYNConfig {
     /// Sets the store and makes sure that its two folders and their catalogues are there. Items and
     /// catalogues that are there stay untouched.
     /// @param MORRootPath  the store's root with its trailing separator (`\` or `/`), used as it
-    ///                     stands; the root itself must exist
+    ///                     stands; the root itself must exist. Without its separator the folders
+    ///                     get other names than meant, which an `Observer` is told. Whether the
+    ///                     store can be used then is told by `Store::isMade`.
     void init(const std::string& MORRootPath);
 
     /// Keeps the resource manager that all texts and the font come from. A later call replaces it,

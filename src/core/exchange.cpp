@@ -5,6 +5,7 @@
 #include "core/run_dialog.h"
 #include "dialogs/session/frmAddMORAMConfig.h"
 #include "dialogs/session/frmMORAMConfig.h"
+#include "platform/forms/observing.h"
 #include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "services/global_error.h"
@@ -54,6 +55,7 @@ bool takePartFormats(OnError& on, Document& document, const std::vector<std::str
 }  // namespace
 
 std::string WYNConfig::GetDatasetSessionData() {
+    const OperationScope here("GetDatasetSessionData");
     OnError on{"WYNConfig:GetDatasetSessionData"};
     Document document;
     on([&] { g_Session->Save(document); });
@@ -61,6 +63,7 @@ std::string WYNConfig::GetDatasetSessionData() {
 }
 
 std::vector<std::string> WYNConfig::GetDatasetFormatsData() {
+    const OperationScope here("GetDatasetFormatsData");
     OnError on{"WYNConfig:GetDatasetFormatsData"};
     if (g_PartFormats.Count() < 1) return {std::string()};
     // A list of its own: while a box is up, the host may replace the part formats in memory.
@@ -78,6 +81,7 @@ std::vector<std::string> WYNConfig::GetDatasetFormatsData() {
 
 long WYNConfig::showMORAMConfigDlgEX(std::string& sName, const std::string& strSessionDataXML,
                                      const std::vector<std::string>& arrayPartFormats) {
+    const OperationScope here("showMORAMConfigDlgEX");
     OnError on{"WYNConfig:showMORAMConfigDlgEX"};
     constexpr long kRefusedXml = 1;
     g_DatasetMode = true;
@@ -95,6 +99,7 @@ long WYNConfig::showMORAMConfigDlgEX(std::string& sName, const std::string& strS
 }
 
 long WYNConfig::showAddMORAMConfigDlgEX(std::string& sName) {
+    const OperationScope here("showAddMORAMConfigDlgEX");
     OnError on{"WYNConfig:showAddMORAMConfigDlgEX"};
     long result = 0;
     g_DatasetMode = true;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/files/file_system.h"
+#include "platform/forms/observing.h"
 #include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "services/on_error.h"
@@ -60,6 +61,7 @@ bool MigratePartFormats(const std::string& path, const std::string& formatList) 
 
 bool WYNConfig::MigrateSession(const std::string& migrationPath,
                                const std::string& strSessionName) {
+    const OperationScope here("MigrateSession");
     OnError on{"WYNConfig:MigrateSession"};
     const std::string sessionFolder = migrationPath + session::kType + "\\";
     const std::string partFolder = migrationPath + partformat::kType + "\\";

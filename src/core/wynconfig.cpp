@@ -8,12 +8,14 @@
 #include "dialogs/session/frmMORAMMaintenance.h"
 #include "dialogs/session/frmSessionManager.h"
 #include "platform/files/file_system.h"
+#include "platform/forms/observing.h"
 #include "platform/text/text.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
 #include "store/config_global_module.h"
 #include "store/session_record.h"
 #include "wynconfig/dataset.h"
+#include "wynconfig/error.h"
 
 namespace wynconfig {
 
@@ -38,10 +40,16 @@ void WYNConfig::InitResourceManager(std::shared_ptr<ResourceManager> objResMgr) 
 }
 
 void WYNConfig::init(const std::string& MORRootPath) {
+    const OperationScope here("init");
     // The tag is the handler's fixed one, whatever failed.
     OnError on{"Class_Initialize: WYN config folders not available"};
     g_SessionFolder = MORRootPath + session::kType + "\\";
     g_PartFormatFolder = MORRootPath + partformat::kType + "\\";
+    if (!MORRootPath.empty() && !MORRootPath.ends_with('\\') && !MORRootPath.ends_with('/'))
+        tellFailure("WYNConfig:init", errc::InvalidCall,
+                    "The root \"" + MORRootPath +
+                        "\" has no separator behind it: the store's folders are \"" +
+                        g_SessionFolder + "\" and \"" + g_PartFormatFolder + "\".");
     on.resumeNext();
     on([&] { fileSystem().makeFolder(g_SessionFolder); });
     on([&] { fileSystem().makeFolder(g_PartFormatFolder); });
@@ -51,6 +59,7 @@ void WYNConfig::init(const std::string& MORRootPath) {
 }
 
 long WYNConfig::showMORAMConfigDlg(std::string& sName) {
+    const OperationScope here("showMORAMConfigDlg");
     OnError on{"WYNConfig:showMORAMConfigDlg"};
     frmMORAMConfig form;
     on([&] { form.init(UCase(sName)); });
@@ -58,6 +67,7 @@ long WYNConfig::showMORAMConfigDlg(std::string& sName) {
 }
 
 long WYNConfig::showMORAMMaintenanceDlg(std::string& sName) {
+    const OperationScope here("showMORAMMaintenanceDlg");
     OnError on{"WYNConfig:showMORAMMaintenanceDlg"};
     frmMORAMMaintenance form;
     on([&] { form.init(UCase(sName)); });
@@ -65,6 +75,7 @@ long WYNConfig::showMORAMMaintenanceDlg(std::string& sName) {
 }
 
 long WYNConfig::showAddMORAMConfigDlg(std::string& sName) {
+    const OperationScope here("showAddMORAMConfigDlg");
     OnError on{"WYNConfig:showAddMORAMConfigDlg"};
     long result = 0;
     g_DatasetMode = false;
@@ -95,6 +106,7 @@ long WYNConfig::showAddMORAMConfigDlg(std::string& sName) {
 }
 
 std::string WYNConfig::showSessionManagerDlg(const std::string& sSessions) {
+    const OperationScope here("showSessionManagerDlg");
     OnError on{"WYNConfig:showSessionManagerDlg"};
     std::string picked;
     frmSessionManager form;
@@ -106,6 +118,7 @@ std::string WYNConfig::showSessionManagerDlg(const std::string& sSessions) {
 }
 
 std::string WYNConfig::showConfigurableSessionManagerDlg(const std::string& sSessions) {
+    const OperationScope here("showConfigurableSessionManagerDlg");
     // The tag is that of the operation above, here as well.
     OnError on{"WYNConfig:showSessionManagerDlg"};
     std::string edited;

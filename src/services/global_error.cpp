@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "dialogs/session/frmMORAMMaintenance.h"
+#include "platform/forms/observing.h"
 #include "services/on_error.h"
 #include "services/texts.h"
 #include "wynconfig/view.h"
@@ -20,8 +21,9 @@ std::unique_ptr<frmMORAMMaintenance>& sharedForm() {
 
 }  // namespace
 
-void GlobalError(const std::string& sProject, const std::string& sProcedure, long,
+void GlobalError(const std::string& sProject, const std::string& sProcedure, long lNumber,
                  const std::string& sDescription) {
+    tellFailure(sProcedure, lNumber, sDescription);
     OnError on = OnError::ignoring();
     std::string okCaption;
     std::string message;

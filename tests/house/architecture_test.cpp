@@ -135,6 +135,7 @@ const std::map<std::string, std::string> kHomes{
     {"keys.h", "store"},
     {"layout.h", "platform/forms"},
     {"mnemonic.h", "platform/forms"},
+    {"observer.h", "platform/forms"},
     {"qt_view.h", "views/qt"},
     {"resource_manager.h", "platform/text"},
     {"scripted_view.h", "views/scripted"},

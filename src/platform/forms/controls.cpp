@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/forms/observing.h"
 #include "platform/text/text.h"
 #include "wynconfig/error.h"
 #include "wynconfig/form.h"
@@ -397,7 +398,10 @@ void FormCaption::resetContent() {
 int MsgBox::ShowMsg(const std::string& text, int style, const std::string& title,
                     const std::string& okCaption) {
     touch();
-    return installedView()->showMessage({&form(), text, style, title, okCaption});
+    const MessageBox box{&form(), text, style, title, okCaption};
+    const int answer = installedView()->showMessage(box);
+    tellBox(box, answer);
+    return answer;
 }
 
 std::string BrowseFolder::browse(bool files, const std::string& title, const std::string& okCaption,
