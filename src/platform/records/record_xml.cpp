@@ -321,10 +321,14 @@ Context& keptContext(XmlSource source) {
     return source == XmlSource::File ? file : memory;
 }
 
-Context makeContext() {
-    // Once, by one of the threads.
-    static const int ready = (xmlInitParser(), 0);
+/// What all threads share in the parser is made once, by one of them, before any of them touches
+/// it.
+void prepareParser() {
+    static const bool ready = (xmlInitParser(), true);
     static_cast<void>(ready);
+}
+
+Context makeContext() {
     Context context(xmlNewParserCtxt());
     if (!context) throw Error(errc::BadRecord, "There is no memory left to read a record.");
     xmlSAXHandler& sax = *context->sax;
@@ -360,6 +364,7 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
     }
     // The mark is right: a person's editor has put it there and left the declaration alone.
     if (xml.starts_with(kByteOrderMark)) source = XmlSource::Memory;
+    prepareParser();
     const ThreadErrors errors(reader);
     Context& context = keptContext(source);
     if (!context) context = makeContext();
