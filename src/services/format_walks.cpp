@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "platform/files/file_system.h"
-#include "services/item_lists.h"
 #include "services/on_error.h"
 #include "store/config_global_module.h"
+#include "store/item_names.h"
 #include "store/session_record.h"
 
 namespace wynconfig {

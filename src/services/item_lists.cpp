@@ -1,16 +1,7 @@
-// Listing a store folder, and readying a list for what it holds.
+// Readying a list for what a store folder holds.
 #include "services/item_lists.h"
 
-#include "platform/files/file_system.h"
-
 namespace wynconfig {
-
-std::vector<std::string> listItemNames(const std::string& folder) {
-    constexpr std::size_t kExtension = 4;
-    std::vector<std::string> names = fileSystem().listItems(folder);
-    for (std::string& name : names) name.resize(name.size() - kExtension);
-    return names;
-}
 
 void prepareItemList(ListView& list, const Label& label, int width) {
     list.setVisible(false);

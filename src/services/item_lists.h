@@ -2,15 +2,11 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "services/on_error.h"
 #include "wynconfig/controls.h"
 
 namespace wynconfig {
-
-/// The names of the items in a store folder, without ".vla", in the order of the folder's listing.
-std::vector<std::string> listItemNames(const std::string& folder);
 
 /// Readies a list at its form's load: hidden until it is filled, with one column whose heading is
 /// the label's caption at this moment, before the texts are fetched.

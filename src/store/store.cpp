@@ -9,6 +9,7 @@
 #include "platform/files/file_system.h"
 #include "platform/text/numbers.h"
 #include "platform/text/text.h"
+#include "store/item_names.h"
 #include "store/session_record.h"
 #include "wynconfig/error.h"
 #include "wynconfig/keys.h"
@@ -24,13 +25,6 @@ constexpr std::array kKinds{ItemKind::Session, ItemKind::PartFormat};
 
 const std::string& typeOf(ItemKind kind) {
     return kind == ItemKind::Session ? session::kType : partformat::kType;
-}
-
-Names itemsIn(const std::string& folder) {
-    constexpr std::size_t extension = 4;
-    Names names = fileSystem().listItems(folder);
-    for (std::string& name : names) name.resize(name.size() - extension);
-    return names;
 }
 
 /// Where an item lies by its spelling on disk, or would be saved.
@@ -193,7 +187,7 @@ bool Store::isMade() const {
 }
 
 std::vector<std::string> Store::names(ItemKind kind) const {
-    return itemsIn(folder(kind));
+    return listItemNames(folder(kind));
 }
 
 bool Store::has(ItemKind kind, const std::string& name) const {
@@ -229,7 +223,7 @@ std::vector<StoreFault> Store::check() const {
 }
 
 std::vector<std::string> Store::deletedNames(ItemKind kind) const {
-    return itemsIn(folder(kind) + kDeleted);
+    return listItemNames(folder(kind) + kDeleted);
 }
 
 void Store::moveToDeleted(ItemKind kind, const std::string& name) const {

@@ -2,8 +2,8 @@
 // item, and bringing a part format of the store into memory.
 #include "platform/records/collection.h"
 #include "platform/text/numbers.h"
-#include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
+#include "store/item_names.h"
 #include "support/desk.h"
 #include "support/raised.h"
 #include "wynconfig/form.h"

@@ -6,11 +6,11 @@
 
 #include "platform/files/file_system.h"
 #include "platform/text/text.h"
-#include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
+#include "store/item_names.h"
 #include "store/session_record.h"
 
 namespace wynconfig {

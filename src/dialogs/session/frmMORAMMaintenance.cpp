@@ -8,6 +8,7 @@
 #include "services/on_error.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
+#include "store/item_names.h"
 #include "wynconfig/wynconfig.h"
 
 namespace wynconfig {

@@ -4,12 +4,12 @@
 #include <vector>
 
 #include "platform/text/text.h"
-#include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
 #include "services/status.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
+#include "store/item_names.h"
 
 namespace wynconfig {
 

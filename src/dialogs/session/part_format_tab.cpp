@@ -18,6 +18,7 @@
 #include "services/on_error.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
+#include "store/item_names.h"
 #include "wynconfig/form.h"
 #include "wynconfig/keys.h"
 #include "wynconfig/view.h"
