@@ -1,6 +1,7 @@
 // The sample host: a small parts catalogue that lets its user configure sessions.
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QStandardPaths>
 #include <cstdio>
 #include <exception>
 #include <optional>
@@ -48,7 +49,7 @@ Arguments readArguments(const QApplication& application) {
     parser.addHelpOption();
     parser.addOptions({
         {"store", "Folder of the store; a sample store is made there when it has none.", "folder",
-         QCoreApplication::applicationDirPath() + "/sample-store"},
+         QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/sample-store"},
         {"resources", "Folder of the compiled texts.", "folder",
          QString::fromStdString(wynconfig::bundleFolder())},
         {"language", "Language of the dialogs, such as de; otherwise the user's.", "language"},
