@@ -42,8 +42,8 @@ class WYNCONFIG_API Document {
 /// nothing depends on it. Nothing touches a file but `Load` and `Save` with a path. All failures
 /// raise `Error`; a failed `Load` leaves the object as it was, a failed `Save` the old file.
 ///
-/// Text may hold anything: bytes that XML has no room for are written as `_xHHHH_`. Whatever can be
-/// saved can be loaded again, by a file and by a document.
+/// All texts, paths too, are UTF-8. Text may hold anything: bytes that XML has no room for are
+/// written as `_xHHHH_`. Whatever can be saved can be loaded again, by a file and by a document.
 class WYNCONFIG_API Dataset {
   public:
     Dataset();
@@ -56,6 +56,7 @@ class WYNCONFIG_API Dataset {
     void Create(const std::string& typeName, const std::string& name, const std::string& folder,
                 const std::array<std::string, 2>& columns);
     /// Declares the key column, one of the columns. Raises errc::InvalidCall for another name.
+    /// @param kind  of the key; there is one kind, unique texts, whatever the number
     void SetKey(const std::string& column, long kind = 3);
 
     const std::string& Type() const { return m_type; }
@@ -79,6 +80,8 @@ class WYNCONFIG_API Dataset {
 
     /// Replaces the whole content by the record in a file. Raises errc::FileNotFound,
     /// errc::FileAccess, or errc::BadRecord when the file holds no record.
+    /// @param path    UTF-8
+    /// @param option  without a meaning; callers give 0
     void Load(const std::string& path, long option = 0);
     void Load(const ItemPath& path, long option = 0);
     /// Replaces the whole content by the record in a document; raises errc::BadRecord.

@@ -84,9 +84,13 @@ class WYNCONFIG_API View {
     /// can't serve that thread; most can.
     virtual void joinThread() {}
     /// Shows a form and returns once it is no longer loaded. May be called again, for another form,
-    /// before it returned.
+    /// before it returned. A form that was unloaded before it came up is not shown at all. Where no
+    /// control has the focus yet the view gives it, as the Tab key would. The title is
+    /// `plainCaption` of `form.title()`.
     virtual void showModal(Form& form) = 0;
-    /// Shows a box and returns the number of the pressed button, see `answer`.
+    /// Shows a box and returns the number of the pressed button, see `answer`. The Escape key and
+    /// the closing of the box by its frame answer No to a question, else Ok. The title is
+    /// `plainCaption` of the one given; the text is shown as it stands.
     virtual int showMessage(const MessageBox& box) = 0;
     /// Lets the user pick a path; the empty string when the user picked none.
     virtual std::string browse(const BrowseRequest& request) = 0;

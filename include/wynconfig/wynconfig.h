@@ -17,7 +17,7 @@ namespace wynconfig {
 /// Call `InitResourceManager`, then `init`, then anything; an operation may be called from within
 /// another. A failure comes up as a box in the installed view (see `installView`) and the operation
 /// goes on; no operation throws. Another thread starts with nothing and has all of this for itself,
-/// the view included; nothing is locked.
+/// the view included; nothing is locked. All texts, names and paths are UTF-8.
 ///
 /// **File mode** works on the store's files. **The in-memory mode** works on a session and part
 /// formats that the host hands in as XML text and takes back so; the store's files are then factory
