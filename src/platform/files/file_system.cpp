@@ -374,21 +374,20 @@ void FileSystem::updateIndex(const std::string& folder, const std::string& name,
 
 namespace {
 
-FileSystem*& replacementFileSystem() {
-    thread_local FileSystem* replacement = nullptr;
-    return replacement;
-}
+// Each thread has its own.
+thread_local FileSystem* replacementDisk = nullptr;
+thread_local std::unique_ptr<FileSystem> realDisk;
 
 }  // namespace
 
 FileSystem& fileSystem() {
-    if (FileSystem* replacement = replacementFileSystem()) return *replacement;
-    thread_local const std::unique_ptr<FileSystem> disk = makeRealFileSystem();
-    return *disk;
+    if (replacementDisk) return *replacementDisk;
+    if (!realDisk) realDisk = makeRealFileSystem();
+    return *realDisk;
 }
 
 void setFileSystem(FileSystem* replacement) {
-    replacementFileSystem() = replacement;
+    replacementDisk = replacement;
 }
 
 }  // namespace wynconfig
