@@ -8,6 +8,7 @@
 #pragma once
 
 #include <array>
+#include <set>
 #include <string>
 
 namespace wynconfig {
@@ -107,6 +108,28 @@ inline const std::string kFileAction = "FileAction";
 /// Whether the file is all that is done: words::kTrue or words::kFalse. [false]
 inline const std::string kWriteFileOnly = "WriteFileOnly";
 
+/// All keys of a session but those of `formatKey`.
+inline const std::set<std::string> kKeys{kProgramPath,
+                                         kCommandLineArgs,
+                                         kReverseList,
+                                         kAutoResize,
+                                         kOrientation,
+                                         kFormatCount,
+                                         kWindowTitleSearchType,
+                                         kWindowClassSearchType,
+                                         kWindowTitle,
+                                         kWindowClass,
+                                         kDisableProgramLaunch,
+                                         kWindowTitleClassDelay,
+                                         kProgramLaunchDelay,
+                                         kWindowTitleCaseSensitive,
+                                         kWindowClassCaseSensitive,
+                                         kPartFormat,
+                                         kFileName,
+                                         kFileFolder,
+                                         kFileAction,
+                                         kWriteFileOnly};
+
 }  // namespace session
 
 /// A part format: templates that lay the list out as text, and how the values of four fields are
@@ -144,6 +167,13 @@ inline const FieldKeys kVin{"FormatVIN", "VINFieldLength", "VINAlignment", "VINP
 /// The greatest number of records: text that reads as a number above 0 in the locale of the user
 /// who typed it; it may have a fraction. [empty, and asked for]
 inline const std::string kMaxRecords = "MaxRecords";
+
+/// All keys of a part format.
+inline const std::set<std::string> kKeys{
+    kHeader,      kRecord,         kSeparator,   kTrailer,        kMaxRecords, kPart.flag,
+    kPart.length, kPart.alignment, kPart.pad,    kQty.flag,       kQty.length, kQty.alignment,
+    kQty.pad,     kDesc.flag,      kDesc.length, kDesc.alignment, kDesc.pad,   kVin.flag,
+    kVin.length,  kVin.alignment,  kVin.pad};
 
 }  // namespace partformat
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
 #include <utility>
 
 #include "platform/files/file_system.h"
@@ -59,38 +58,6 @@ Names formatsOf(const Dataset& record) {
     return names;
 }
 
-const std::set<std::string>& knownKeys(ItemKind kind) {
-    static const std::set<std::string> ofSessions{session::kProgramPath,
-                                                  session::kCommandLineArgs,
-                                                  session::kReverseList,
-                                                  session::kAutoResize,
-                                                  session::kOrientation,
-                                                  session::kFormatCount,
-                                                  session::kWindowTitleSearchType,
-                                                  session::kWindowClassSearchType,
-                                                  session::kWindowTitle,
-                                                  session::kWindowClass,
-                                                  session::kDisableProgramLaunch,
-                                                  session::kWindowTitleClassDelay,
-                                                  session::kProgramLaunchDelay,
-                                                  session::kWindowTitleCaseSensitive,
-                                                  session::kWindowClassCaseSensitive,
-                                                  session::kPartFormat,
-                                                  session::kFileName,
-                                                  session::kFileFolder,
-                                                  session::kFileAction,
-                                                  session::kWriteFileOnly};
-    static const std::set<std::string> ofFormats = [] {
-        std::set<std::string> keys{partformat::kHeader, partformat::kRecord, partformat::kSeparator,
-                                   partformat::kTrailer, partformat::kMaxRecords};
-        for (const partformat::FieldKeys* field :
-             {&partformat::kPart, &partformat::kQty, &partformat::kDesc, &partformat::kVin})
-            keys.insert({field->flag, field->length, field->alignment, field->pad});
-        return keys;
-    }();
-    return kind == ItemKind::Session ? ofSessions : ofFormats;
-}
-
 /// Looks at one item after the other, and notes down what is not as it should be.
 class Checker {
   public:
@@ -119,9 +86,10 @@ class Checker {
         if (UCase(record->Name()) != UCase(m_item.item))
             tell("It has the name \"" + record->Name() + "\", unlike its file.");
         const bool isSession = m_item.kind == ItemKind::Session;
+        const auto& keys = isSession ? session::kKeys : partformat::kKeys;
         for (const DataRow& row : record->Rows()) {
             const bool format = isSession && row[0].starts_with(session::kFormatPrefix);
-            if (!format && !knownKeys(m_item.kind).contains(row[0]))
+            if (!format && !keys.contains(row[0]))
                 tell("It has the unknown key \"" + row[0] + "\".");
         }
         if (!isSession) return;

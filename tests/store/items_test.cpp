@@ -8,6 +8,7 @@
 
 #include "platform/files/faulty_file_system.h"
 #include "support/file_system_kit.h"
+#include "support/format_rows.h"
 #include "support/raised.h"
 #include "support/rows.h"
 #include "support/session_keys.h"
@@ -122,7 +123,7 @@ TEST_P(StoreItems, TellTheSessionsWithAPartFormat) {
 }
 
 TEST_P(StoreItems, PassTheCheckAsTheDialogsMakeThem) {
-    putRecord(kFormat, "CSV", {{"Header", ""}, {"QtyAlignment", "left"}, {"MaxRecords", "1"}});
+    putRecord(kFormat, "CSV", kFirstFormat);
     Stored rows;
     for (const std::string& key : kSessionKeys) rows.emplace_back(key, "");
     for (const auto& [key, data] : sound({"CSV"})) rows = with(rows, key, data);
