@@ -1,6 +1,7 @@
 // The desktop view, on Qt widgets. This header needs no Qt.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -8,6 +9,8 @@
 #include "wynconfig/export.h"
 #include "wynconfig/user.h"
 #include "wynconfig/view.h"
+
+class QWidget;
 
 namespace wynconfig {
 
@@ -26,6 +29,15 @@ class WYNCONFIG_API QtView : public View {
     /// Is called when a form or box has come up on the screen, with its name (of a box "box", of a
     /// browse dialog "browse"), before the user acts on it.
     virtual void onShown(std::function<void(const std::string& name)> watcher) = 0;
+    /// Has the dialogs belong to a window of the host: they stand in front of it and begin at its
+    /// centre. Without one they belong to the active window of the `QApplication`.
+    /// @param window  any widget of that window, which may go while it is here; null: none
+    virtual void setOwner(QWidget* window) = 0;
+    /// The same for a host with another toolkit, whose window the dialogs block only as far as the
+    /// window system does.
+    /// @param window  its number with the window system (on X11 the window's id); 0: none. Must
+    ///                be there whenever a dialog comes up.
+    virtual void setOwner(std::uintptr_t window) = 0;
 };
 
 /// Makes the desktop view. Raises `Error` where it can't work: without a display, in a program

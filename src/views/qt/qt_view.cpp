@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QLibrary>
+#include <QPointer>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QThread>
@@ -105,6 +106,14 @@ class Desktop : public QtView {
     }
     void dismissUser() override { m_driven = false; }
     void savePicture(const std::string& path) override;
+    void setOwner(QWidget* window) override {
+        m_ownerWidget = window ? window->window() : nullptr;
+        m_ownerNumber = 0;
+    }
+    void setOwner(std::uintptr_t window) override {
+        m_ownerWidget = QWidget::find(static_cast<WId>(window));
+        m_ownerNumber = m_ownerWidget ? 0 : window;
+    }
     void onShown(std::function<void(const std::string& name)> watcher) override {
         m_watcher = std::move(watcher);
     }
@@ -118,10 +127,14 @@ class Desktop : public QtView {
     /// The window of a form, or null.
     FormWindow* windowOf(const Form* form) const;
     QWidget* parentFor(const Form* owner) const;
+    /// Has a window that came up without a parent belong to the window of another toolkit.
+    void giveOwner(QWidget& window) const;
 
     desktop::Screen m_screen;
     desktop::Person m_person;
     bool m_driven = false;
+    QPointer<QWidget> m_ownerWidget;
+    std::uintptr_t m_ownerNumber = 0;  ///< of a window that is none of this toolkit
     std::function<void(const std::string&)> m_watcher;
     std::map<const Form*, bool> m_raised;  ///< forms raised before they had a window
 };
@@ -136,7 +149,18 @@ FormWindow* Desktop::windowOf(const Form* form) const {
 QWidget* Desktop::parentFor(const Form* owner) const {
     if (FormWindow* window = windowOf(owner)) return window;
     if (FormWindow* window = m_screen.top()) return window;
-    return QApplication::activeWindow();
+    if (m_ownerWidget) return m_ownerWidget;
+    return m_ownerNumber ? nullptr : QApplication::activeWindow();
+}
+
+void Desktop::giveOwner(QWidget& window) const {
+    if (!m_ownerNumber || window.parentWidget()) return;
+    QWindow* const owner = QWindow::fromWinId(static_cast<WId>(m_ownerNumber));
+    if (!owner) return;
+    window.winId();  // makes its native window
+    owner->setParent(nullptr);
+    window.windowHandle()->setTransientParent(owner);
+    QObject::connect(&window, &QObject::destroyed, owner, &QObject::deleteLater);
 }
 
 /// Runs in the event loop of what came up, so that nothing may be thrown from here.
@@ -161,6 +185,7 @@ void Desktop::showModal(Form& form) {
         window.setWindowFlag(Qt::WindowStaysOnTopHint, found->second);
         m_raised.erase(found);
     }
+    giveOwner(window);
     window.run([&] {
         window.guarded([&] { cameUp(window, window.name(), [&] { m_person.meet(window); }); });
     });
@@ -187,6 +212,7 @@ void Desktop::runDialog(Dialog& dialog, const std::string& name, const Act& act)
 int Desktop::showMessage(const MessageBox& wanted) {
     QMessageBox box(parentFor(wanted.owner));
     desktop::setUp(box, wanted);
+    giveOwner(box);
     runDialog(box, "box", [&] { m_person.answer(box, wanted); });
     return desktop::answerOf(box);
 }
@@ -194,6 +220,7 @@ int Desktop::showMessage(const MessageBox& wanted) {
 std::string Desktop::browse(const BrowseRequest& request) {
     QFileDialog dialog(parentFor(request.owner));
     desktop::setUp(dialog, request);
+    giveOwner(dialog);
     runDialog(dialog, "browse", [&] { m_person.pickPath(dialog, request); });
     return dialog.result() == QDialog::Accepted ? desktop::pathOf(dialog) : std::string();
 }

@@ -231,6 +231,40 @@ TEST_F(QtViewTest, TheTitleIsThatOfTheCaptionBar) {
     });
 }
 
+TEST_F(QtViewTest, DialogsBelongToTheWindowOfTheHost) {
+    const auto parent = [&] {
+        QWidget* found = nullptr;
+        show([&](User&) { found = window()->parentWidget(); });
+        return found;
+    };
+    {
+        QWidget host;
+        QLineEdit box(&host);
+        host.show();
+        view->setOwner(&box);
+        EXPECT_EQ(parent(), &host);
+        view->setOwner(nullptr);
+        EXPECT_NE(parent(), &host);
+        view->setOwner(static_cast<std::uintptr_t>(host.winId()));
+        EXPECT_EQ(parent(), &host);
+    }
+    EXPECT_EQ(parent(), nullptr);  // the host's window has gone
+    view->setOwner(std::uintptr_t{0});
+}
+
+TEST_F(QtViewTest, BoxesBelongToTheWindowOfTheHost) {
+    QWidget host;
+    view->setOwner(&host);
+    QWidget* parent = nullptr;
+    user.onBox([&](const SeenBox&) {
+        parent = window()->parentWidget();
+        return answer::Ok;
+    });
+    view->showMessage({});
+    EXPECT_EQ(parent, &host);
+    view->setOwner(nullptr);
+}
+
 TEST_F(QtViewTest, TheFirstTabStopHasTheFocusAndWasTold) {
     user.onForm("frmSample", [&](User& person) {
         EXPECT_EQ(form.log, (Log{"+txtName"}));
