@@ -76,7 +76,7 @@ bool startsWithAny(const std::string& text, const Names& heads) {
 enum class Foreign { Standard, Qt, Icu, Xml, System };
 
 Foreign kindOf(const std::string& name) {
-    static const std::regex standard("[a-z_]+");
+    static const std::regex standard("[a-z_]+|std(def|int)\\.h");  // C's as well
     static const std::regex qt(R"(Qt?[A-Z].*|Qt.*/.*|q[a-z]+\.h)");
     if (std::regex_match(name, standard)) return Foreign::Standard;
     if (std::regex_match(name, qt)) return Foreign::Qt;
@@ -88,7 +88,7 @@ Foreign kindOf(const std::string& name) {
 TEST(Architecture, TheTestTellsWhatIsForeign) {
     for (const std::string name : {"QWidget", "QtWidgets/QWidget", "QtCore", "qglobal.h"})
         EXPECT_EQ(kindOf(name), Foreign::Qt) << name;
-    for (const std::string name : {"queue", "string_view", "system_error"})
+    for (const std::string name : {"queue", "string_view", "system_error", "stdint.h"})
         EXPECT_EQ(kindOf(name), Foreign::Standard) << name;
     for (const std::string name : {"sys/stat.h", "unistd.h", "windows.h", "stdio.h", "dirent.h"})
         EXPECT_EQ(kindOf(name), Foreign::System) << name;
@@ -119,10 +119,15 @@ const std::vector<Room> kRooms{
     // A view knows controls, Form and View, and no dialog.
     {"views/scripted", {"platform/forms", "platform/text"}, {}},
     {"views/qt", {"platform/forms", "platform/text"}, {Foreign::Qt}},
+    // The C interface is a shell around the public face.
+    {"c/qt", {"c", "platform/", "views/qt"}, {}},
+    {"c", {"core", "store", "platform/", "views/scripted"}, {}},
 };
 
 /// The rooms of the public headers.
 const std::map<std::string, std::string> kHomes{
+    {"c.h", "c"},
+    {"c_qt.h", "c/qt"},
     {"characters.h", "platform/text"},
     {"controls.h", "platform/forms"},
     {"dataset.h", "platform/records"},
@@ -275,6 +280,29 @@ TEST(Architecture, PublicHeadersIncludeOnlyPublicHeaders) {
         EXPECT_TRUE(include.angled || include.name.starts_with("wynconfig/"))
             << testing::PrintToString(include);
     }
+}
+
+/// The names of a form in a file.
+std::set<std::string> namesIn(const std::string& path, const std::regex& name) {
+    std::set<std::string> found;
+    std::ifstream file(kRoot / path);
+    for (std::string line; std::getline(file, line);) {
+        for (std::sregex_iterator at(line.begin(), line.end(), name), end; at != end; ++at)
+            found.insert((*at)[1]);
+    }
+    return found;
+}
+
+TEST(Architecture, EveryCallOfTheCInterfaceIsTestedFromC) {
+    std::set<std::string> tested;
+    for (const auto& entry : fs::directory_iterator(kRoot / "tests/c"))
+        tested.merge(namesIn(fs::relative(entry.path(), kRoot), std::regex(R"(\b(wyn_\w+)\()")));
+    std::set<std::string> calls;
+    for (const std::string header : {"c.h", "c_qt.h"})
+        calls.merge(namesIn("include/wynconfig/" + header,
+                            std::regex(R"(^WYNCONFIG_API [^(]*\b(wyn_\w+)\()")));
+    EXPECT_GT(calls.size(), 80U);
+    for (const std::string& call : calls) EXPECT_TRUE(tested.contains(call)) << call;
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -9,7 +9,7 @@ namespace wynconfig {
 
 namespace {
 
-std::shared_ptr<Observer>& installed() {
+std::shared_ptr<Observer>& installedObserver() {
     thread_local std::shared_ptr<Observer> observer;
     return observer;
 }
@@ -23,7 +23,7 @@ const char*& currentOperation() {
 template <class Call>
 void tell(const Call& call) noexcept {
     try {
-        if (const std::shared_ptr<Observer> held = installed()) call(*held);
+        if (const std::shared_ptr<Observer> held = installedObserver()) call(*held);
     } catch (...) {
         // It only watches: what fails there is nothing to the one who is watched.
     }
@@ -36,7 +36,7 @@ void Observer::failed(const Failure&) {}
 void Observer::answered(const MessageBox&, int) {}
 
 void installObserver(std::shared_ptr<Observer> observer) {
-    installed().swap(observer);
+    installedObserver().swap(observer);
 }
 
 OperationScope::OperationScope(const char* name)
