@@ -399,7 +399,7 @@ TEST(Architecture, TheWallsOfTheHostStand) {
 // The files themselves.
 
 /// Where sources lie.
-const Names kFolders{"benchmarks", "examples", "host", "include", "src", "tests"};
+const Names kFolders{"benchmarks", "examples", "fuzz", "host", "include", "src", "tests"};
 
 TEST(Architecture, SourcesLieInTheFoldersThatThisTestKnows) {
     for (const auto& entry : fs::directory_iterator(kRoot)) {
