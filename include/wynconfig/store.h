@@ -1,6 +1,8 @@
 // The store as a host or a tool sees it: its items by name, without any dialog.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,14 +21,38 @@ enum class ItemKind { Session, PartFormat };
 /// character goes over into one other that leads back to it, or stays as it is.
 WYNCONFIG_API std::string upperName(std::string_view name);
 
+/// The part formats that a session names, whatever it says of their number: those that it offers in
+/// the order of its rows, then the one of the file that it writes, none of them twice. Text in
+/// angle brackets stands for none.
+/// @return the names as they stand in the session
+WYNCONFIG_API std::vector<std::string> formatsOf(const Dataset& session);
+
 /// Something about an item that its user should know.
 struct StoreFault {
+    /// What it is about.
+    enum class Cause {
+        Unreadable,      ///< the file can't be read, or holds no record
+        WrongType,       ///< it is a record of another kind
+        OtherName,       ///< the record has another name than its file
+        UnknownKey,      ///< a key that no item of this kind has
+        FormatCount,     ///< a session names more or fewer part formats than it says
+        MissingKey,      ///< the part formats of a session are not numbered from 1 without gaps
+        MissingFormat,   ///< a part format that a session names is not there
+        MissingProgram,  ///< the program that a session launches is not there
+    };
+
     ItemKind kind = ItemKind::Session;
     std::string item;  ///< the item's name, as its file is spelt
     std::string what;  ///< an English sentence about it
+    Cause cause = Cause::Unreadable;
+    int line = 0;  ///< of the item's file, from 1, where the XML library tells it; else 0
 
     bool operator==(const StoreFault&) const = default;
 };
+
+/// Is told how far long work has come: how many of how many files are done. What it raises ends the
+/// work like a failure.
+using StoreProgress = std::function<void(std::size_t done, std::size_t all)>;
 
 /// A folder with sessions and part formats, as `WYNConfig::init` makes it. Names are compared
 /// without regard to case; text is UTF-8. Nothing is kept between the calls: each looks at the
@@ -54,11 +80,12 @@ class WYNCONFIG_API Store {
 
     /// The sessions that have a part format, be it among those that they offer or for the file that
     /// they write. Raises also when a session can't be read, since that one might have it as well.
-    std::vector<std::string> sessionsWith(const std::string& format) const;
+    std::vector<std::string> sessionsWith(const std::string& format,
+                                          const StoreProgress& progress = {}) const;
     /// Looks at every item: that it can be read and has the name of its file, that its keys are
     /// known and its part formats counted as it says, that these and its program are there.
     /// @return what is not so, in the order of the items, sessions first
-    std::vector<StoreFault> check() const;
+    std::vector<StoreFault> check(const StoreProgress& progress = {}) const;
 
     /// The names of the deleted items of a kind; as `names`.
     std::vector<std::string> deletedNames(ItemKind kind) const;

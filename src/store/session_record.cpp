@@ -7,6 +7,10 @@
 
 namespace wynconfig::session {
 
+bool isFormatKey(const std::string& key) {
+    return key.starts_with(kFormatPrefix);
+}
+
 void carryFormat(Dataset& record, const std::string& oldName, const std::string& newName) {
     const int count = toInt16(record.GetRow(kFormatCount)[1]);
     int found = 1;
@@ -24,6 +28,14 @@ void carryFormat(Dataset& record, const std::string& oldName, const std::string&
     const DataRow lowered{kFormatCount, std::to_string(count - 1)};
     record.UpdateRow(lowered, lowered);
     record.DeleteRow(formatKey(count));
+}
+
+std::vector<std::string> offeredFormats(const Dataset& record) {
+    std::vector<std::string> names;
+    for (const DataRow& row : record.Rows()) {
+        if (isFormatKey(row[0])) names.push_back(row[1]);
+    }
+    return names;
 }
 
 bool isOnlyFormat(const Dataset& record, const std::string& name) {

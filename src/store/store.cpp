@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <set>
 #include <utility>
 
 #include "platform/files/file_system.h"
@@ -47,92 +49,115 @@ std::string valueOf(const Dataset& record, const std::string& key) {
     return {};
 }
 
-/// The part formats of a session in the order of their rows, whatever it says of their number.
-Names formatsOf(const Dataset& record) {
-    Names names;
-    for (const DataRow& row : record.Rows()) {
-        const std::string& key = row[0];
-        if (key.starts_with(session::kFormatPrefix) && key != session::kFormatCount)
-            names.push_back(row[1]);
-    }
-    return names;
+/// Whether a value is the name of a part format, and not empty or a text that stands for none.
+bool isFormatName(const std::string& value) {
+    return !value.empty() && !value.starts_with('<');
+}
+
+/// The line of a file that a description names, where the XML library has told it; else 0.
+int lineToldBy(std::string_view description) {
+    constexpr std::string_view kBefore = "not well-formed XML (line ";
+    const std::size_t at = description.find(kBefore);
+    if (at == std::string_view::npos) return 0;
+    description.remove_prefix(at + kBefore.size());
+    int line = 0;
+    std::from_chars(description.data(), description.data() + description.size(), line);
+    return line;
+}
+
+void tellOf(const StoreProgress& progress, std::size_t done, std::size_t all) {
+    if (progress) progress(done, all);
 }
 
 /// Looks at one item after the other, and notes down what is not as it should be.
 class Checker {
   public:
-    explicit Checker(const Store& store) : m_store(store) {}
+    Checker(const Store& store, const StoreProgress& progress)
+        : m_store(store), m_progress(progress) {}
 
     std::vector<StoreFault> run() {
-        for (const ItemKind kind : kKinds) {
-            for (const std::string& name : m_store.names(kind)) {
-                m_item = {kind, name, {}};
-                look();
-            }
-        }
+        const Names sessions = m_store.names(ItemKind::Session);
+        const Names formats = m_store.names(ItemKind::PartFormat);
+        m_all = sessions.size() + formats.size();
+        lookAtAll(ItemKind::Session, sessions);
+        lookAtAll(ItemKind::PartFormat, formats);
         return std::move(m_faults);
     }
 
   private:
+    using Cause = StoreFault::Cause;
+
+    void lookAtAll(ItemKind kind, const Names& names) {
+        for (const std::string& name : names) {
+            m_kind = kind;
+            m_item = name;
+            look();
+            tellOf(m_progress, ++m_done, m_all);
+        }
+    }
     void look() {
         std::shared_ptr<Dataset> record;
         try {
-            record = m_store.read(m_item.kind, m_item.item);
+            record = m_store.read(m_kind, m_item);
         } catch (const Error& error) {
-            return tell(error.description());
+            tell(Cause::Unreadable, error.description());
+            m_faults.back().line = lineToldBy(m_faults.back().what);
+            return;
         }
-        if (record->Type() != typeOf(m_item.kind))
-            tell("It is a record of the type \"" + record->Type() + "\".");
-        if (UCase(record->Name()) != UCase(m_item.item))
-            tell("It has the name \"" + record->Name() + "\", unlike its file.");
-        const bool isSession = m_item.kind == ItemKind::Session;
+        if (record->Type() != typeOf(m_kind))
+            tell(Cause::WrongType, "It is a record of the type \"" + record->Type() + "\".");
+        if (UCase(record->Name()) != UCase(m_item))
+            tell(Cause::OtherName, "It has the name \"" + record->Name() + "\", unlike its file.");
+        const bool isSession = m_kind == ItemKind::Session;
         const auto& keys = isSession ? session::kKeys : partformat::kKeys;
         for (const DataRow& row : record->Rows()) {
-            const bool format = isSession && row[0].starts_with(session::kFormatPrefix);
+            const bool format = isSession && session::isFormatKey(row[0]);
             if (!format && !keys.contains(row[0]))
-                tell("It has the unknown key \"" + row[0] + "\".");
+                tell(Cause::UnknownKey, "It has the unknown key \"" + row[0] + "\".");
         }
         if (!isSession) return;
         lookAtFormats(*record);
         lookAtProgram(*record);
     }
     void lookAtFormats(const Dataset& record) {
-        const Names formats = formatsOf(record);
+        const Names formats = session::offeredFormats(record);
         const std::string count = valueOf(record, session::kFormatCount);
         if (count != std::to_string(formats.size()))
-            tell("It counts \"" + count + "\" part formats and names " +
-                 std::to_string(formats.size()) + ".");
+            tell(Cause::FormatCount, "It counts \"" + count + "\" part formats and names " +
+                                         std::to_string(formats.size()) + ".");
         for (std::size_t number = 1; number <= formats.size(); ++number) {
             const std::string key = session::formatKey(static_cast<long>(number));
             const auto& rows = record.Rows();
             if (std::none_of(rows.begin(), rows.end(),
                              [&](const DataRow& r) { return r[0] == key; }))
-                tell("It lacks the key \"" + key + "\".");
+                tell(Cause::MissingKey, "It lacks the key \"" + key + "\".");
         }
         for (const std::string& format : formats) {
             if (!m_store.has(ItemKind::PartFormat, format))
-                tell("Its part format \"" + format + "\" is not there.");
+                tell(Cause::MissingFormat, "Its part format \"" + format + "\" is not there.");
         }
-        // Text in angle brackets stands for none.
         const std::string forFile = valueOf(record, session::kPartFormat);
-        if (!forFile.empty() && !forFile.starts_with('<') &&
-            !m_store.has(ItemKind::PartFormat, forFile))
-            tell("The part format \"" + forFile + "\" of its file is not there.");
+        if (isFormatName(forFile) && !m_store.has(ItemKind::PartFormat, forFile))
+            tell(Cause::MissingFormat,
+                 "The part format \"" + forFile + "\" of its file is not there.");
     }
     void lookAtProgram(const Dataset& record) {
         const bool launches = valueOf(record, session::kDisableProgramLaunch) != words::kTrue &&
                               valueOf(record, session::kWriteFileOnly) != words::kTrue;
         const std::string program = valueOf(record, session::kProgramPath);
         if (launches && !session::programExists(program))
-            tell("Its program \"" + program + "\" is not there.");
+            tell(Cause::MissingProgram, "Its program \"" + program + "\" is not there.");
     }
-    void tell(std::string what) {
-        m_item.what = std::move(what);
-        m_faults.push_back(m_item);
+    void tell(Cause cause, std::string what) {
+        m_faults.push_back({m_kind, m_item, std::move(what), cause});
     }
 
     const Store& m_store;
-    StoreFault m_item;
+    const StoreProgress& m_progress;
+    std::size_t m_all = 0;
+    std::size_t m_done = 0;
+    ItemKind m_kind = ItemKind::Session;
+    std::string m_item;
     std::vector<StoreFault> m_faults;
 };
 
@@ -140,6 +165,17 @@ class Checker {
 
 std::string upperName(std::string_view name) {
     return UCase(name);
+}
+
+std::vector<std::string> formatsOf(const Dataset& session) {
+    Names named = session::offeredFormats(session);
+    named.push_back(valueOf(session, session::kPartFormat));
+    Names once;
+    std::set<std::string> seen;
+    for (std::string& each : named) {
+        if (isFormatName(each) && seen.insert(UCase(each)).second) once.push_back(std::move(each));
+    }
+    return once;
 }
 
 Store::Store(std::string root) : m_root(std::move(root)) {}
@@ -172,22 +208,24 @@ std::shared_ptr<Dataset> Store::read(ItemKind kind, const std::string& name) con
     return record;
 }
 
-std::vector<std::string> Store::sessionsWith(const std::string& format) const {
+std::vector<std::string> Store::sessionsWith(const std::string& format,
+                                             const StoreProgress& progress) const {
     const std::string wanted = UCase(format);
+    const Names sessions = names(ItemKind::Session);
     Names found;
-    for (const std::string& name : names(ItemKind::Session)) {
-        const auto record = read(ItemKind::Session, name);
-        Names named = formatsOf(*record);
-        named.push_back(valueOf(*record, session::kPartFormat));
-        if (std::any_of(named.begin(), named.end(),
-                        [&](const std::string& each) { return UCase(each) == wanted; }))
+    std::size_t done = 0;
+    for (const std::string& name : sessions) {
+        const Names named = formatsOf(*read(ItemKind::Session, name));
+        if (std::ranges::any_of(named,
+                                [&](const std::string& each) { return UCase(each) == wanted; }))
             found.push_back(name);
+        tellOf(progress, ++done, sessions.size());
     }
     return found;
 }
 
-std::vector<StoreFault> Store::check() const {
-    return Checker(*this).run();
+std::vector<StoreFault> Store::check(const StoreProgress& progress) const {
+    return Checker(*this, progress).run();
 }
 
 std::vector<std::string> Store::deletedNames(ItemKind kind) const {

@@ -20,6 +20,8 @@ namespace {
 
 constexpr ItemKind kSession = ItemKind::Session;
 constexpr ItemKind kFormat = ItemKind::PartFormat;
+using Cause = StoreFault::Cause;
+using Causes = std::vector<Cause>;
 
 class StoreItems : public OnEveryFileSystem {
   protected:
@@ -66,6 +68,12 @@ class StoreItems : public OnEveryFileSystem {
             what.push_back(each.what);
         }
         return what;
+    }
+
+    Causes causes() {
+        Causes all;
+        for (const StoreFault& each : store.check()) all.push_back(each.cause);
+        return all;
     }
 
     FaultyFileSystem disk{*files};
@@ -122,6 +130,30 @@ TEST_P(StoreItems, TellTheSessionsWithAPartFormat) {
     EXPECT_EQ(raisedBy([&] { store.sessionsWith("csv"); }).number(), errc::BadRecord);
 }
 
+TEST_P(StoreItems, NameEachOfTheirPartFormatsOnce) {
+    const auto formats = [&](const Stored& rows) { return formatsOf(*sessionOf(rows)); };
+    EXPECT_EQ(formats(with(sound({"CSV", "TSV", "Csv"}), "PartFormat", "tsv")),
+              (Names{"CSV", "TSV"}));
+    EXPECT_EQ(formats(with(sound({"CSV"}), "PartFormat", "XML")), (Names{"CSV", "XML"}));
+    EXPECT_EQ(formats(with(sound({"A", "B"}), "FormatCount", "1")), (Names{"A", "B"}));
+    EXPECT_EQ(formats(sound({""})), Names{}) << "neither an empty name nor <NONE>";
+    EXPECT_EQ(formats({}), Names{});
+}
+
+TEST_P(StoreItems, TellHowFarLongWorkHasCome) {
+    putRecord(kFormat, "CSV", {});
+    for (const std::string name : {"A", "B"}) putRecord(kSession, name, sound({"CSV"}));
+    Names told;
+    const StoreProgress progress = [&](std::size_t done, std::size_t all) {
+        told.push_back(std::to_string(done) + " of " + std::to_string(all));
+    };
+    store.check(progress);
+    EXPECT_EQ(told, (Names{"1 of 3", "2 of 3", "3 of 3"}));
+    told.clear();
+    store.sessionsWith("CSV", progress);
+    EXPECT_EQ(told, (Names{"1 of 2", "2 of 2"}));
+}
+
 TEST_P(StoreItems, PassTheCheckAsTheDialogsMakeThem) {
     putRecord(kFormat, "CSV", kFirstFormat);
     Stored rows;
@@ -137,25 +169,35 @@ TEST_P(StoreItems, AreCheckedInEachOfTheirParts) {
     const struct {
         Stored rows;
         Names told;
+        Causes causes;
     } cases[] = {
-        {with(sound({"CSV"}), "FormatCount", "2"), {"It counts \"2\" part formats and names 1."}},
-        {without(sound({"CSV"}), "FormatCount"), {"It counts \"\" part formats and names 1."}},
+        {with(sound({"CSV"}), "FormatCount", "2"),
+         {"It counts \"2\" part formats and names 1."},
+         {Cause::FormatCount}},
+        {without(sound({"CSV"}), "FormatCount"),
+         {"It counts \"\" part formats and names 1."},
+         {Cause::FormatCount}},
         {without(sound({"CSV", "CSV"}), "FORMAT1"),
-         {"It counts \"2\" part formats and names 1.", "It lacks the key \"FORMAT1\"."}},
-        {sound({"TSV"}), {"Its part format \"TSV\" is not there."}},
+         {"It counts \"2\" part formats and names 1.", "It lacks the key \"FORMAT1\"."},
+         {Cause::FormatCount, Cause::MissingKey}},
+        {sound({"TSV"}), {"Its part format \"TSV\" is not there."}, {Cause::MissingFormat}},
         {with(sound({"CSV"}), "PartFormat", "TSV"),
-         {"The part format \"TSV\" of its file is not there."}},
+         {"The part format \"TSV\" of its file is not there."},
+         {Cause::MissingFormat}},
         {with(sound({"CSV"}), "ProgramPath", missing),
-         {"Its program \"" + missing + "\" is not there."}},
+         {"Its program \"" + missing + "\" is not there."},
+         {Cause::MissingProgram}},
     };
     for (const auto& each : cases) {
         putRecord(kSession, "A", each.rows);
         EXPECT_EQ(faultsOf(kSession, "A"), each.told);
+        EXPECT_EQ(causes(), each.causes);
     }
     Stored odd = sound({"CSV"});
     odd.emplace_back("Colour", "red");
     putRecord(kSession, "A", odd);
     EXPECT_EQ(faultsOf(kSession, "A"), (Names{"It has the unknown key \"Colour\"."}));
+    EXPECT_EQ(causes(), Causes{Cause::UnknownKey});
     for (const std::string key : {"DisableProgramLaunch", "WriteFileOnly"}) {
         Stored rows = with(sound({"CSV"}), "ProgramPath", missing);
         rows.emplace_back(key, "true");
@@ -167,15 +209,28 @@ TEST_P(StoreItems, AreCheckedInEachOfTheirParts) {
 TEST_P(StoreItems, AreCheckedAgainstTheirFiles) {
     putNamed(kFormat, "CSV.vla", "TSV", {});
     EXPECT_EQ(faultsOf(kFormat, "CSV"), (Names{"It has the name \"TSV\", unlike its file."}));
+    EXPECT_EQ(causes(), Causes{Cause::OtherName});
     putNamed(kSession, "CSV.vla", "CSV", sound({}));
     const std::string text = textOf(store.folder(kSession), "CSV.vla");
     files->remove({store.folder(kSession), "CSV.vla"});
     put(kFormat, "CSV.vla", text);
     EXPECT_EQ(faultsOf(kFormat, "CSV").front(), "It is a record of the type \"MORAM\".");
-    put(kFormat, "CSV.vla", "<no record");
-    const Names told = faultsOf(kFormat, "CSV");
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_NE(told[0].find("line 1"), std::string::npos) << told[0];
+    EXPECT_EQ(causes().front(), Cause::WrongType);
+}
+
+TEST_P(StoreItems, ThatCantBeReadAreToldByTheirLine) {
+    const struct {
+        std::string text;
+        int line;
+    } cases[] = {{"<no record", 1}, {"<dataset>\n<row key='a'>\n</dataset>", 3}, {"<other/>", 0}};
+    for (const auto& each : cases) {
+        put(kFormat, "CSV.vla", each.text);
+        const auto faults = store.check();
+        ASSERT_EQ(faults.size(), 1U) << each.text;
+        EXPECT_EQ(faults[0].cause, Cause::Unreadable);
+        EXPECT_EQ(faults[0].line, each.line) << faults[0].what;
+        EXPECT_NE(faults[0].what.find("CSV.vla holds no record"), std::string::npos);
+    }
 }
 
 TEST_P(StoreItems, AreKeptAsTheyAreWhenTheyAreDeleted) {
