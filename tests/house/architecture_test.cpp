@@ -396,10 +396,42 @@ TEST(Architecture, TheWallsOfTheHostStand) {
 }
 
 // ---------------------------------------------------------------------------------------------
+// The administrator's program, which knows the public headers as well, and no window.
+
+bool isAllowedInTools(const Include& include) {
+    // Whether its error stream is a terminal only the system can tell.
+    static const std::vector<Include> ofTheSystem{{"tools/progress.cpp", "unistd.h", true}};
+    static const std::regex publicHeader("wynconfig/[a-z_]+\\.h");
+    if (std::regex_match(include.name, publicHeader))
+        return !include.angled && include.name != "wynconfig/qt_view.h" &&
+               fs::exists(kRoot / "include" / include.name);
+    if (!include.angled) return fs::exists(kRoot / "tools" / include.name);
+    return kindOf(include.name) == Foreign::Standard || include.name == "CLI/CLI.hpp" ||
+           include.name == "nlohmann/json.hpp" ||
+           std::count(ofTheSystem.begin(), ofTheSystem.end(), include) > 0;
+}
+
+TEST(Architecture, TheToolsUseThePublicHeadersAndNoWindows) {
+    const auto includes = includesBelow("tools");
+    EXPECT_GT(includes.size(), 20U);
+    for (const Include& include : includes)
+        EXPECT_TRUE(isAllowedInTools(include)) << testing::PrintToString(include);
+    const std::vector<Include> walled{
+        {"tools/items.cpp", "platform/files/file_system.h", false},
+        {"tools/items.cpp", "sending/sending.h", false},
+        {"tools/items.cpp", "wynconfig/qt_view.h", false},
+        {"tools/items.cpp", "QString", true},
+        {"tools/items.cpp", "unistd.h", true},
+    };
+    for (const Include& include : walled)
+        EXPECT_FALSE(isAllowedInTools(include)) << testing::PrintToString(include);
+}
+
+// ---------------------------------------------------------------------------------------------
 // The files themselves.
 
 /// Where sources lie.
-const Names kFolders{"benchmarks", "examples", "fuzz", "host", "include", "src", "tests"};
+const Names kFolders{"benchmarks", "examples", "fuzz", "host", "include", "src", "tests", "tools"};
 
 TEST(Architecture, SourcesLieInTheFoldersThatThisTestKnows) {
     for (const auto& entry : fs::directory_iterator(kRoot)) {

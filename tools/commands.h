@@ -1,0 +1,19 @@
+// The commands of the program by their groups; each group has a file of its own.
+#pragma once
+
+#include <vector>
+
+#include "command.h"
+
+namespace tool {
+
+/// The table of all commands, in the order of --help.
+const std::vector<Command>& commands();
+
+// looking.cpp: what is in a store.
+Run declareList(CLI::App& app);
+Run declareShow(CLI::App& app);
+Run declareCheck(CLI::App& app);
+Run declareRefs(CLI::App& app);
+
+}  // namespace tool
