@@ -3,11 +3,11 @@
 
 #include <vector>
 
-#include "platform/files/file_system.h"
 #include "services/on_error.h"
 #include "store/config_global_module.h"
 #include "store/item_names.h"
 #include "store/session_record.h"
+#include "store/session_walk.h"
 
 namespace wynconfig {
 
@@ -38,18 +38,10 @@ bool isOnlyFormatOfASession(const std::string& format, std::string& session) {
 void carryFormatThroughSessions(const std::string& oldName, const std::string& newName) {
     if (g_DatasetMode) return;
     OnError on{"UnifrmMORAMConfig:UpdatePartNumberFormatsInAllMORAMs"};
-    std::vector<std::string> names;
-    on([&] { names = listItemNames(g_SessionFolder); });
-    if (names.empty()) return;
-    SaveBatch batch(fileSystem());
-    Dataset record;
-    for (const std::string& name : names) {
-        const ItemPath file = ItemPath::item(g_SessionFolder, name);
-        on([&] { record.Load(file, 0); });
+    rewriteSessions(g_SessionFolder, on, [&](const ItemPath&, Dataset& record) {
         carryFormatThroughRecord(record, oldName, newName);
-        on([&] { record.Save(file); });
-    }
-    on([&] { batch.commit(); });
+        return true;
+    });
 }
 
 void carryFormatThroughRecord(Dataset& record, const std::string& oldName,

@@ -2,39 +2,28 @@
 #include "services/list_and_name_helpers.h"
 
 #include <memory>
-#include <string_view>
 
 #include "platform/files/file_system.h"
-#include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "services/on_error.h"
 #include "store/config_global_module.h"
+#include "store/item_names.h"
 #include "wynconfig/view.h"
 
 namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
-namespace {
-
-bool isRefused(const std::string& name, std::string_view forbidden) {
-    const std::string trimmed = Trim(name);
-    toInt16(charCount(trimmed));
-    return trimmed.find_first_of(forbidden) != std::string::npos || IsNumeric(trimmed);
-}
-
-}  // namespace
-
 void SetTopMost(Form& form, bool bTopMost) {
     installedView()->raise(form, bTopMost);
 }
 
 bool IsInvalidName(const std::string& sName) {
-    return isRefused(sName, "\\/:*?\"<>|.");
+    return isRefusedName(sName, kNotInNames);
 }
 
 bool IsInvalidFileName(const std::string& sName) {
-    return isRefused(sName, "\\/:*?\"<>|");
+    return isRefusedName(sName, "\\/:*?\"<>|");
 }
 
 bool IsItemInUniListView(const ListView& list, const std::string& sName) {

@@ -1,7 +1,10 @@
-// Listing a store folder.
+// Listing a store folder, and judging names.
 #include "store/item_names.h"
 
 #include "platform/files/file_system.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text.h"
+#include "wynconfig/characters.h"
 
 namespace wynconfig {
 
@@ -10,6 +13,12 @@ std::vector<std::string> listItemNames(const std::string& folder) {
     std::vector<std::string> names = fileSystem().listItems(folder);
     for (std::string& name : names) name.resize(name.size() - kExtension);
     return names;
+}
+
+bool isRefusedName(const std::string& name, std::string_view forbidden) {
+    const std::string trimmed = Trim(name);
+    toInt16(charCount(trimmed));
+    return trimmed.find_first_of(forbidden) != std::string::npos || IsNumeric(trimmed);
 }
 
 }  // namespace wynconfig
