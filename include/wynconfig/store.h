@@ -21,6 +21,16 @@ enum class ItemKind { Session, PartFormat };
 /// character goes over into one other that leads back to it, or stays as it is.
 WYNCONFIG_API std::string upperName(std::string_view name);
 
+/// Whether a session or part format may be given this name: it is not empty or blanks alone, has
+/// none of \ / : * ? " < > | and the point, and reads as no number. The dialogs have the same rule.
+WYNCONFIG_API bool isItemName(const std::string& name);
+
+/// A record that is to be an item of a store, under its own name.
+struct StoreItem {
+    ItemKind kind = ItemKind::Session;
+    std::shared_ptr<const Dataset> record;
+};
+
 /// The part formats that a session names, whatever it says of their number: those that it offers in
 /// the order of its rows, then the one of the file that it writes, none of them twice. Text in
 /// angle brackets stands for none.
@@ -86,6 +96,24 @@ class WYNCONFIG_API Store {
     /// known and its part formats counted as it says, that these and its program are there.
     /// @return what is not so, in the order of the items, sessions first
     std::vector<StoreFault> check(const StoreProgress& progress = {}) const;
+
+    /// Writes records, in place of the items that have their names; each keeps the spelling of its
+    /// file, and a new one is spelt in upper case. All are written with one flush of the disk, part
+    /// formats first, and each file is at any moment wholly the old or wholly the new one. When one
+    /// can't be written, those that were are put back as they were. Raises errc::InvalidCall,
+    /// before anything is written, for a record of another type, a name that `isItemName` refuses
+    /// or that two of them have, and a text larger than kMaxItemSize.
+    void save(const std::vector<StoreItem>& items, const StoreProgress& progress = {}) const;
+    /// Gives a part format another name, in upper case: its file, its record, and every session
+    /// that has it, be it among those that it offers or for its file. All of it comes about or
+    /// nothing, and whatever happens meanwhile, each file is wholly the old or wholly the new one,
+    /// and no session names a part format that is not there: when the machine fails, both names may
+    /// be. Raises errc::InvalidCall for a name that `isItemName` refuses, errc::DuplicateKey for
+    /// one that a part format has (in any case), errc::FileNotFound, and errc::BadRecord also when
+    /// a session can't be read, since it might have the part format as well.
+    /// @return the sessions that have it
+    std::vector<std::string> rename(const std::string& format, const std::string& newName,
+                                    const StoreProgress& progress = {}) const;
 
     /// The names of the deleted items of a kind; as `names`.
     std::vector<std::string> deletedNames(ItemKind kind) const;

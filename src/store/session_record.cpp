@@ -3,6 +3,7 @@
 
 #include "platform/files/file_system.h"
 #include "platform/text/numbers.h"
+#include "platform/text/text.h"
 #include "wynconfig/characters.h"
 
 namespace wynconfig::session {
@@ -28,6 +29,17 @@ void carryFormat(Dataset& record, const std::string& oldName, const std::string&
     const DataRow lowered{kFormatCount, std::to_string(count - 1)};
     record.UpdateRow(lowered, lowered);
     record.DeleteRow(formatKey(count));
+}
+
+bool renameFormat(Dataset& record, const std::string& oldName, const std::string& newName) {
+    const std::string wanted = UCase(oldName);
+    std::vector<DataRow> renamed;
+    for (const auto& [key, name] : record.Rows()) {
+        if ((isFormatKey(key) || key == kPartFormat) && UCase(name) == wanted)
+            renamed.push_back({key, newName});
+    }
+    for (const DataRow& row : renamed) record.UpdateRow(row, row);
+    return !renamed.empty();
 }
 
 std::vector<std::string> offeredFormats(const Dataset& record) {

@@ -18,6 +18,12 @@ bool isFormatKey(const std::string& key);
 /// Raises `Error` where a row is absent or the count is no number; rows changed by then stay so.
 void carryFormat(Dataset& record, const std::string& oldName, const std::string& newName);
 
+/// Gives a part format another name wherever a session names it, in any case and whatever it says
+/// of the number of its part formats, the one of its file too; so it differs from `carryFormat`,
+/// which follows what the dialogs do.
+/// @return whether the session names it
+bool renameFormat(Dataset& record, const std::string& oldName, const std::string& newName);
+
 /// The part formats that a session offers, in the order of their rows, whatever it says of their
 /// number.
 std::vector<std::string> offeredFormats(const Dataset& record);

@@ -12,6 +12,9 @@
 #include "platform/text/text.h"
 #include "store/item_names.h"
 #include "store/session_record.h"
+#include "store/session_walk.h"
+#include "store/store_change.h"
+#include "wynconfig/characters.h"
 #include "wynconfig/error.h"
 #include "wynconfig/keys.h"
 
@@ -67,6 +70,37 @@ int lineToldBy(std::string_view description) {
 
 void tellOf(const StoreProgress& progress, std::size_t done, std::size_t all) {
     if (progress) progress(done, all);
+}
+
+/// A file and what it is to hold.
+struct FileToSave {
+    ItemPath path;
+    std::string text;
+};
+
+/// The name of the item that a file holds.
+std::string nameOf(const ItemPath& file) {
+    constexpr std::size_t kExtension = 4;
+    return file.name.substr(0, file.name.size() - kExtension);
+}
+
+void refuseBadName(const std::string& name) {
+    if (isItemName(name)) return;
+    throw Error(errc::InvalidCall, "An item can't have the name \"" + name +
+                                       "\": a name has none of \\ / : * ? \" < > | . and reads "
+                                       "as no number.");
+}
+
+/// The text of a record that may become an item.
+std::string textToSave(const StoreItem& item) {
+    const Dataset& record = *item.record;
+    refuseBadName(record.Name());
+    if (record.Type() != typeOf(item.kind))
+        throw Error(errc::InvalidCall,
+                    "\"" + record.Name() + "\" is a record of the type \"" + record.Type() + "\".");
+    Document document;
+    record.Save(document);
+    return document.xml();
 }
 
 /// Looks at one item after the other, and notes down what is not as it should be.
@@ -167,6 +201,12 @@ std::string upperName(std::string_view name) {
     return UCase(name);
 }
 
+bool isItemName(const std::string& name) {
+    constexpr std::size_t kMost = 32767;
+    const std::string trimmed = Trim(name);
+    return !trimmed.empty() && charCount(trimmed) <= kMost && !isRefusedName(name, kNotInNames);
+}
+
 std::vector<std::string> formatsOf(const Dataset& session) {
     Names named = session::offeredFormats(session);
     named.push_back(valueOf(session, session::kPartFormat));
@@ -226,6 +266,61 @@ std::vector<std::string> Store::sessionsWith(const std::string& format,
 
 std::vector<StoreFault> Store::check(const StoreProgress& progress) const {
     return Checker(*this, progress).run();
+}
+
+void Store::save(const std::vector<StoreItem>& items, const StoreProgress& progress) const {
+    std::vector<FileToSave> files;
+    for (const ItemKind kind : {ItemKind::PartFormat, ItemKind::Session}) {
+        Names taken;
+        for (const StoreItem& item : items) {
+            if (item.kind != kind) continue;
+            files.push_back({path(kind, item.record->Name()), textToSave(item)});
+            taken.push_back(UCase(item.record->Name()));
+        }
+        std::ranges::sort(taken);
+        const auto twice = std::ranges::adjacent_find(taken);
+        if (twice != taken.end())
+            throw Error(errc::InvalidCall, "Two records have the name \"" + *twice + "\".");
+    }
+    StoreChange change;
+    std::size_t done = 0;
+    for (const FileToSave& file : files) {
+        change.save(file.path, file.text);
+        tellOf(progress, ++done, files.size());
+    }
+    change.commit();
+}
+
+std::vector<std::string> Store::rename(const std::string& format, const std::string& newName,
+                                       const StoreProgress& progress) const {
+    refuseBadName(newName);
+    const std::string name = UCase(newName);
+    const ItemPath newFile = path(ItemKind::PartFormat, name);
+    if (has(ItemKind::PartFormat, name))
+        throw Error(errc::DuplicateKey, "The part format \"" + name + "\" is there already.");
+    const auto record = read(ItemKind::PartFormat, format);
+    record->setName(name);
+    Document document;
+    record->Save(document);
+
+    StoreChange change;
+    // The new file stands before any session names it, and the old one as long as one does.
+    change.save(newFile, document.xml());
+    change.remove(path(ItemKind::PartFormat, format));
+    const std::size_t all = names(ItemKind::Session).size();
+    std::size_t done = 0;
+    Names renamed;
+    const auto raising = [](const auto& statement) { statement(); };
+    rewriteSessions(folder(ItemKind::Session), raising,
+                    [&](const ItemPath& file, Dataset& session) {
+                        tellOf(progress, ++done, all);
+                        if (!session::renameFormat(session, format, name)) return false;
+                        change.remember(file);
+                        renamed.push_back(nameOf(file));
+                        return true;
+                    });
+    change.commit();
+    return renamed;
 }
 
 std::vector<std::string> Store::deletedNames(ItemKind kind) const {

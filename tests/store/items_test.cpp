@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -279,6 +280,173 @@ TEST_P(StoreItems, StayWhereTheyAreWhenTheDiskFails) {
     disk.failOn(Operation::List);
     EXPECT_EQ(raisedBy([&] { store.names(kSession); }).number(), errc::FileAccess);
     EXPECT_EQ(raisedBy([&] { store.check(); }).number(), errc::FileAccess);
+}
+
+/// Reports a batch as failed that is in place, as when the disk fails at its very end.
+class LateFailure : public FaultyFileSystem {
+  public:
+    using FaultyFileSystem::FaultyFileSystem;
+
+  protected:
+    void commitStaged() override {
+        FaultyFileSystem::commitStaged();
+        throw refusal("folder", "MORAM", "written", "the disk is gone");
+    }
+};
+
+class StoreChanges : public StoreItems {
+  protected:
+    static std::shared_ptr<Dataset> recordOf(ItemKind kind, const std::string& name,
+                                             const Stored& rows) {
+        auto record = std::make_shared<Dataset>();
+        record->Create(kind == kSession ? "MORAM" : "PARTFORMAT", name, "", session::kColumns);
+        for (const auto& [key, data] : rows) record->AddRow({key, data});
+        return record;
+    }
+    /// The text of every item by kind, "/" and file.
+    std::map<std::string, std::string> everything() {
+        std::map<std::string, std::string> all;
+        for (const ItemKind kind : {kSession, kFormat}) {
+            for (const std::string& file : files->listItems(store.folder(kind)))
+                all[(kind == kSession ? "s/" : "f/") + file] = textOf(store.folder(kind), file);
+        }
+        return all;
+    }
+    Names formatsIn(const std::string& session) {
+        return formatsOf(*store.read(kSession, session));
+    }
+    /// What an action raises, which leaves everything as it was.
+    long refused(const std::function<void()>& action) {
+        const auto before = everything();
+        const long number = raisedBy(action).number();
+        disk.failNowhere();
+        EXPECT_EQ(everything(), before);
+        return number;
+    }
+};
+ON_EVERY_FILE_SYSTEM(StoreChanges);
+
+TEST_P(StoreChanges, SaveRecordsUnderTheirNames) {
+    putNamed(kFormat, "Csv.vla", "CSV", {{"MaxRecords", "1"}});
+    store.save({{kSession, recordOf(kSession, "Desk", sound({"CSV"}))},
+                {kFormat, recordOf(kFormat, "CSV", {{"MaxRecords", "2"}})}});
+    EXPECT_EQ(store.names(kSession), Names{"DESK"});
+    EXPECT_EQ(store.names(kFormat), Names{"Csv"});
+    EXPECT_EQ(rowsOf(*store.read(kSession, "DESK")), sound({"CSV"}));
+    EXPECT_EQ(rowsOf(*store.read(kFormat, "CSV")), (Stored{{"MaxRecords", "2"}}));
+    store.save({});
+}
+
+TEST_P(StoreChanges, RefuseRecordsThatCantBeItems) {
+    const auto good = recordOf(kSession, "GOOD", {});
+    for (const std::string name : {"", " ", "../OUT", "..\\OUT", "a.b", "12", "a:b"}) {
+        EXPECT_FALSE(isItemName(name)) << name;
+        EXPECT_EQ(refused([&] {
+                      store.save({{kSession, good}, {kSession, recordOf(kSession, name, {})}});
+                  }),
+                  errc::InvalidCall)
+            << name;
+    }
+    EXPECT_TRUE(isItemName("Ärger 12"));
+    EXPECT_FALSE(isItemName(std::string(40000, 'A')));
+    EXPECT_EQ(refused([&] { store.save({{kFormat, good}}); }), errc::InvalidCall);
+    EXPECT_EQ(refused([&] {
+                  store.save({{kSession, good}, {kSession, recordOf(kSession, "good", {})}});
+              }),
+              errc::InvalidCall);
+}
+
+TEST_P(StoreChanges, SaveAllRecordsOrNone) {
+    putRecord(kSession, "B", sound({}));
+    const std::vector<StoreItem> items{{kSession, recordOf(kSession, "A", {})},
+                                       {kSession, recordOf(kSession, "B", {})},
+                                       {kFormat, recordOf(kFormat, "CSV", {})}};
+    const auto save = [&] { store.save(items); };
+    disk.failOn(Operation::Save, "B.vla");
+    EXPECT_EQ(refused(save), errc::FileAccess);
+    disk.failOn(Operation::Commit);
+    EXPECT_EQ(refused(save), errc::FileAccess);
+    files->makeFolder(store.folder(kSession) + "A.vla");
+    EXPECT_EQ(refused(save), errc::FileAccess);
+    LateFailure late(*files);
+    setFileSystem(&late);
+    const std::vector<StoreItem> others{{kSession, recordOf(kSession, "B", {})},
+                                        {kFormat, recordOf(kFormat, "CSV", {})}};
+    EXPECT_EQ(refused([&] { store.save(others); }), errc::FileAccess);
+}
+
+TEST_P(StoreChanges, TellWhatCouldNotBePutBack) {
+    putRecord(kSession, "B", sound({}));
+    LateFailure late(*files);
+    setFileSystem(&late);
+    late.failOn(Operation::Save, "B.vla", 1);
+    const Error raised = raisedBy([&] { store.save({{kSession, recordOf(kSession, "B", {})}}); });
+    EXPECT_TRUE(holds(raised.description(), "the disk is gone")) << raised.description();
+    EXPECT_TRUE(holds(raised.description(), "B.vla.")) << raised.description();
+}
+
+TEST_P(StoreChanges, RenameAPartFormatEverywhere) {
+    putNamed(kFormat, "Csv.vla", "CSV", {{"MaxRecords", "7"}});
+    putRecord(kSession, "A", sound({"TSV", "csv", "CSV"}));
+    putRecord(kSession, "B", with(sound({"TSV"}), "PartFormat", "Csv"));
+    putRecord(kSession, "C", with(sound({"CSV"}), "FormatCount", "many"));
+    putRecord(kSession, "D", sound({"TSV"}));
+    const std::string untouched = textOf(store.folder(kSession), "D.vla");
+    disk.resetCounts();
+    EXPECT_EQ(store.rename("csv", "Ärger 1"), (Names{"A", "B", "C"}));
+    EXPECT_EQ(disk.count(Operation::Commit), 1U);
+    EXPECT_EQ(disk.count(Operation::Save), 4U) << "D is not written";
+    EXPECT_EQ(store.names(kFormat), Names{"ÄRGER 1"});
+    EXPECT_EQ(store.read(kFormat, "ÄRGER 1")->Name(), "ÄRGER 1");
+    EXPECT_EQ(rowsOf(*store.read(kFormat, "ÄRGER 1")), (Stored{{"MaxRecords", "7"}}));
+    EXPECT_EQ(rowsOf(*store.read(kSession, "A")), sound({"TSV", "ÄRGER 1", "ÄRGER 1"}));
+    EXPECT_EQ(formatsIn("B"), (Names{"TSV", "ÄRGER 1"}));
+    EXPECT_EQ(formatsIn("C"), Names{"ÄRGER 1"});
+    EXPECT_EQ(textOf(store.folder(kSession), "D.vla"), untouched);
+}
+
+TEST_P(StoreChanges, RenameNothingToANameThatIsTakenOrNoName) {
+    putRecord(kFormat, "CSV", {});
+    putRecord(kFormat, "TSV", {});
+    putRecord(kSession, "A", sound({"CSV"}));
+    for (const std::string name : {"tsv", "CSV", "csv"})
+        EXPECT_EQ(refused([&] { store.rename("CSV", name); }), errc::DuplicateKey) << name;
+    for (const std::string name : {"../OUT", "a/b", "", "1"})
+        EXPECT_EQ(refused([&] { store.rename("CSV", name); }), errc::InvalidCall) << name;
+    for (const std::string name : {"NONE", "../CSV"})
+        EXPECT_EQ(refused([&] { store.rename(name, "NEW"); }), errc::FileNotFound) << name;
+    put(kSession, "B.vla", "no record");
+    EXPECT_EQ(refused([&] { store.rename("CSV", "NEW"); }), errc::BadRecord);
+}
+
+TEST_P(StoreChanges, RenameEverywhereOrNowhere) {
+    putRecord(kFormat, "CSV", {});
+    for (const std::string name : {"A", "B", "C"}) putRecord(kSession, name, sound({"CSV"}));
+    const auto rename = [&] { store.rename("CSV", "NEW"); };
+    disk.failOn(Operation::Save, "B.vla");
+    EXPECT_EQ(refused(rename), errc::FileAccess);
+    disk.failOn(Operation::Read, "C.vla");
+    EXPECT_EQ(refused(rename), errc::FileAccess);
+    disk.failOn(Operation::Commit);
+    EXPECT_EQ(refused(rename), errc::FileAccess);
+    disk.failOn(Operation::Remove, "CSV.vla");
+    EXPECT_EQ(refused(rename), errc::FileAccess);
+    disk.failOn(Operation::List, "MORAM");
+    EXPECT_EQ(refused(rename), errc::FileAccess);
+    LateFailure late(*files);
+    setFileSystem(&late);
+    EXPECT_EQ(refused(rename), errc::FileAccess);
+    setFileSystem(&disk);
+    int calls = 0;
+    EXPECT_EQ(refused([&] {
+                  store.rename("CSV", "NEW", [&](std::size_t done, std::size_t all) {
+                      EXPECT_EQ(all, 3U);
+                      ++calls;
+                      if (done == 2) throw Error(errc::InvalidCall, "enough");
+                  });
+              }),
+              errc::InvalidCall);
+    EXPECT_EQ(calls, 2);
 }
 
 TEST(UpperName, IsThatOfItsItem) {
