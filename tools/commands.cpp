@@ -9,6 +9,11 @@ const std::vector<Command>& commands() {
         {"show", "Shows the keys of an item and their values.", declareShow},
         {"check", "Looks at every item, and tells what is not as it should be.", declareCheck},
         {"refs", "Lists the sessions that have a part format.", declareRefs},
+        {"init", "Makes a store in a folder; what is there of one stays untouched.", declareInit},
+        {"rename", "Gives a part format another name, in all sessions too.", declareRename},
+        {"delete", "Moves an item into the folder of the deleted ones.", declareDelete},
+        {"deleted", "Lists the deleted items.", declareDeleted},
+        {"restore", "Brings a deleted item back.", declareRestore},
     };
     return all;
 }

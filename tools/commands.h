@@ -16,4 +16,11 @@ Run declareShow(CLI::App& app);
 Run declareCheck(CLI::App& app);
 Run declareRefs(CLI::App& app);
 
+// changing.cpp: making a store, and changing its items.
+Run declareInit(CLI::App& app);
+Run declareRename(CLI::App& app);
+Run declareDelete(CLI::App& app);
+Run declareDeleted(CLI::App& app);
+Run declareRestore(CLI::App& app);
+
 }  // namespace tool

@@ -15,7 +15,7 @@ CLEAN, FINDINGS, USAGE, FAILED = range(4)
 
 def record(kind, name, values):
     """The text of an item's file."""
-    rows = "".join(f"  <row key={quoteattr(key)}>{escape(value)}</row>\n"
+    rows = "".join(f"  <row key={quoteattr(key)}" + (f">{escape(value)}</row>\n" if value else "/>\n")
                    for key, value in values.items())
     return (f'<?xml version="1.0" encoding="UTF-8"?>\n<dataset version="1" type="{FOLDERS[kind]}" '
             f'name={quoteattr(name)} key="Element">\n  <column>Element</column>\n'
