@@ -14,6 +14,10 @@ const std::vector<Command>& commands() {
         {"delete", "Moves an item into the folder of the deleted ones.", declareDelete},
         {"deleted", "Lists the deleted items.", declareDeleted},
         {"restore", "Brings a deleted item back.", declareRestore},
+        {"export", "Writes sessions with their part formats into one file.", declareExport},
+        {"import", "Takes over what export has written, all of it or nothing.", declareImport},
+        {"migrate", "Takes sessions with their part formats over from another store.",
+         declareMigrate},
     };
     return all;
 }

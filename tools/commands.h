@@ -23,4 +23,9 @@ Run declareDelete(CLI::App& app);
 Run declareDeleted(CLI::App& app);
 Run declareRestore(CLI::App& app);
 
+// exchange.cpp: carrying items from one store to another.
+Run declareExport(CLI::App& app);
+Run declareImport(CLI::App& app);
+Run declareMigrate(CLI::App& app);
+
 }  // namespace tool

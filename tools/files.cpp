@@ -1,0 +1,61 @@
+// Reads and writes files outside a store.
+#include "files.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "wynconfig/error.h"
+
+namespace tool {
+
+namespace {
+
+namespace fs = std::filesystem;
+using wynconfig::Error;
+
+[[noreturn]] void refuse(const std::string& path, const char* verb, const std::string& cause) {
+    throw Error(wynconfig::errc::FileAccess,
+                "The file " + path + " can't be " + verb + ": " + cause + ".");
+}
+
+void writeInPlace(const fs::path& target, const std::string& path, const std::string& content) {
+    errno = 0;
+    std::ofstream file(target, std::ios::binary | std::ios::trunc);
+    file << content;
+    file.close();
+    if (!file) refuse(path, "written", std::strerror(errno));
+}
+
+}  // namespace
+
+std::string readFile(const std::string& path) {
+    if (fs::is_directory(path)) refuse(path, "read", "it is a folder");
+    errno = 0;
+    std::ifstream file(path, std::ios::binary);
+    if (!file) refuse(path, "read", std::strerror(errno));
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void writeFile(const std::string& path, const std::string& content) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    // A pipe or a device takes what comes, and must not be replaced by a file.
+    if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status))
+        return writeInPlace(path, path, content);
+    const fs::path target = fs::weakly_canonical(path, error);
+    fs::path temporary = target;
+    temporary += ".part";
+    try {
+        writeInPlace(temporary, path, content);
+        fs::rename(temporary, target, error);
+        if (error) refuse(path, "written", error.message());
+    } catch (const Error&) {
+        fs::remove(temporary, error);
+        throw;
+    }
+}
+
+}  // namespace tool

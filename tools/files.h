@@ -1,0 +1,14 @@
+// Files outside a store.
+#pragma once
+
+#include <string>
+
+namespace tool {
+
+/// The content of a file. Raises `wynconfig::Error`.
+std::string readFile(const std::string& path);
+
+/// Writes a file; a plain one is wholly the old or wholly the new one. Raises `wynconfig::Error`.
+void writeFile(const std::string& path, const std::string& content);
+
+}  // namespace tool
