@@ -8,7 +8,6 @@
 
 #include "wynconfig/dataset.h"
 #include "wynconfig/error.h"
-#include "wynconfig/keys.h"
 
 namespace tool {
 
@@ -53,11 +52,9 @@ class Collector {
     std::shared_ptr<Dataset> take(const Item& item) {
         const std::string name = wynconfig::upperName(item.name);
         if (!m_taken.insert({item.kind, name}).second) return nullptr;
-        const auto record = m_store.read(item.kind, item.name);
+        auto record = m_store.read(item.kind, item.name);
         if (wynconfig::upperName(record->Name()) != name) record->setName(name);
-        const bool isSession = item.kind == ItemKind::Session;
-        if (record->Type() !=
-            (isSession ? wynconfig::session::kType : wynconfig::partformat::kType))
+        if (record->Type() != typeOf(item.kind))
             throw Error(errc::BadRecord, "The file " + fileOf(m_store, item) +
                                              " holds a record of the type \"" + record->Type() +
                                              "\".");
@@ -84,8 +81,7 @@ StoreItem itemFrom(const Json& json, ItemKind kind) {
     if (record->Name() != name)
         refuse(label + "has the name \"" + record->Name() + "\" in its XML");
     if (!wynconfig::isItemName(name)) refuse(label + "can't have that name");
-    if (record->Type() !=
-        (kind == ItemKind::Session ? wynconfig::session::kType : wynconfig::partformat::kType))
+    if (record->Type() != typeOf(kind))
         refuse(label + "is a record of the type \"" + record->Type() + "\"");
     return {kind, record};
 }

@@ -44,6 +44,10 @@ const char* wordOf(ItemKind kind) {
     return kind == ItemKind::Session ? "session" : "format";
 }
 
+const std::string& typeOf(ItemKind kind) {
+    return kind == ItemKind::Session ? wynconfig::session::kType : wynconfig::partformat::kType;
+}
+
 std::vector<Item> allItems(const Store& store) {
     return itemsOf([&](ItemKind kind) { return store.names(kind); });
 }
@@ -95,8 +99,7 @@ std::string fileOf(const Store& store, const Item& item) {
     namespace fs = std::filesystem;
     std::string root = store.root();
     std::replace(root.begin(), root.end(), '\\', '/');
-    const std::string type =
-        item.kind == ItemKind::Session ? wynconfig::session::kType : wynconfig::partformat::kType;
+    const std::string& type = typeOf(item.kind);
     std::string folder = type;
     std::error_code none;
     // On a disk that minds the case, the folder may be spelt otherwise.

@@ -23,6 +23,9 @@ struct Item {
 /// "session" or "format": how JSON and item names tell the kinds apart.
 const char* wordOf(ItemKind kind);
 
+/// The type of the records of a kind, which is the name of their folder as well.
+const std::string& typeOf(ItemKind kind);
+
 /// All sessions, then all part formats.
 std::vector<Item> allItems(const Store& store);
 std::vector<Item> allDeleted(const Store& store);
