@@ -1,6 +1,8 @@
 // The commands that make a store, and change the items in it.
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 
 #include "commands.h"
 #include "items.h"
@@ -25,6 +27,8 @@ class FirstFailure : public wynconfig::Observer {
 
 int init(const Workplace& here) {
     const std::string root = here.namedRoot();
+    std::error_code error;  // where the folder can't be made, the component tells what it lacks
+    std::filesystem::create_directory(root, error);
     const auto failure = std::make_shared<FirstFailure>();
     wynconfig::installObserver(failure);
     wynconfig::WYNConfig().init(root);

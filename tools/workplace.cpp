@@ -48,7 +48,9 @@ void Workplace::answer(const Json& json, const std::string& text) const {
 }
 
 void Workplace::remark(const std::string& sentence) const {
-    if (!asJson) std::fprintf(stderr, "wynconfig: %s\n", plain(sentence).c_str());
+    if (asJson) return;
+    std::fflush(stdout);  // what was said before stands before
+    std::fprintf(stderr, "wynconfig: %s\n", plain(sentence).c_str());
 }
 
 wynconfig::StoreProgress Workplace::progress(const std::string& what) const {

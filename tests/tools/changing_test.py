@@ -1,9 +1,11 @@
 """The commands that make a store and change its items: init, rename, delete, deleted, restore."""
 
 import os
+import subprocess
+import time
 import unittest
 
-from tool_test_case import CLEAN, FAILED, USAGE, Folder, ToolTestCase, session_values
+from tool_test_case import CLEAN, FAILED, TOOL, USAGE, Folder, ToolTestCase, session_values
 
 
 class Making(ToolTestCase):
@@ -11,7 +13,6 @@ class Making(ToolTestCase):
 
     def test_makes_a_store_that_is_clean_and_leaves_it_then(self):
         root = os.path.join(self.folder, "new")
-        os.mkdir(root)
         made = Folder(root)
         self.assertEqual(self.ask("init", store=made), {"store": root + "/"})
         self.assertEqual(sorted(os.path.relpath(path, root) for path in made.files()),
@@ -22,7 +23,7 @@ class Making(ToolTestCase):
         self.assertEqual(made.files(), before)
 
     def test_refuses_a_root_that_is_not_there_or_in_the_way(self):
-        self.assertIn("its folder is not there", self.refuse("--store", "nowhere", "init"))
+        self.assertIn("its folder is not there", self.refuse("--store", "none/where", "init"))
         os.mkdir(os.path.join(self.folder, "taken"))
         with open(os.path.join(self.folder, "taken", "MORAM"), "w", encoding="utf-8"):
             pass
@@ -75,6 +76,26 @@ class Renaming(ToolTestCase):
         for name in ["NONE", "../CSV", ""]:
             self.assertIn("was not found", self.refuse("rename", name, "NEW"))
         self.refuse("rename", "CSV", code=USAGE)
+
+    def test_leaves_a_sound_store_wherever_it_is_killed(self):
+        self.store.put_format("CSV")
+        for number in range(100):
+            self.store.put_session(f"S{number:03}", "CSV", PartFormat="CSV")
+        environment = {**os.environ, "WYNCONFIG_STORE": self.store.path}
+        for delay in range(0, 60, 12):
+            with subprocess.Popen([TOOL, "rename", "CSV", "TSV"], env=environment,
+                                  stdout=subprocess.DEVNULL) as renaming:
+                time.sleep(delay / 1000)
+                renaming.kill()
+            self.assertEqual(self.say("check"), "", delay)
+            formats = self.say("list", "formats").split()
+            if formats == ["CSV", "TSV"]:
+                self.say("delete", "--force", "TSV")
+            if "CSV" in formats:
+                self.say("rename", "CSV", "TSV")
+            self.assertEqual(self.say("check") + self.say("list", "formats"), "TSV\n")
+            self.assertEqual(len(self.ask("refs", "TSV")["sessions"]), 100)
+            self.say("rename", "TSV", "CSV")
 
     def test_changes_nothing_when_a_file_cant_be_read_or_written(self):
         self.store.put_format("CSV")

@@ -145,6 +145,17 @@ class Checking(ToolTestCase):
         self.assertEqual(ended.stderr.splitlines()[-1], "checking: 3 of 3")
 
 
+    def test_tells_a_terminal_how_far_it_has_come_and_wipes_it_off(self):
+        self.store.put_session("A")
+        ours, terminal = os.openpty()
+        with os.fdopen(ours, "rb", buffering=0) as seen:
+            with os.fdopen(terminal, "wb", buffering=0) as screen:
+                subprocess.run([TOOL, "--store", self.store.path, "check"], stderr=screen,
+                               check=True)
+                told = seen.read(1000)
+        self.assertEqual(told, b"\r\x1b[Kchecking: 1 of 1\r\x1b[K")
+
+
 class References(ToolTestCase):
     """refs."""
 
