@@ -1,4 +1,5 @@
-# What is installed, by the components runtime, runtime_qt, development and sample.
+# What is installed, by the components runtime, runtime_qt, development, sample and tools; the last
+# two by the folders that make them.
 include(CMakePackageConfigHelpers)
 set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/wynconfig)
 set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

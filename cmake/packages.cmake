@@ -61,6 +61,11 @@ if(with_qt)
     "Parts lists on their way out of a catalogue: a sample catalogue"
     "This package has a small catalogue to try it with.")
 endif()
+if(with_tools)
+  wynconfig_package(tools wynconfig-tools utils "libwynconfig0 ${exactly}"
+    "Parts lists on their way out of a catalogue: administration"
+    "This package has a program that lists, checks and changes what is stored,\nwithout a window.")
+endif()
 wynconfig_package(development libwynconfig-dev libdevel "${for_development}"
   "Parts lists on their way out of a catalogue: headers"
   "This package has what a host is built with.")
