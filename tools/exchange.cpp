@@ -69,7 +69,7 @@ Json jsonOf(const Plan& plan, bool replaces) {
             {"conflicts", jsonOf(replaces ? none : plan.differing)}};
 }
 
-int import(const Workplace& here, const std::string& file, Manner manner) {
+int importFrom(const Workplace& here, const std::string& file, Manner manner) {
     const Store store = here.store();
     const Plan plan = planOf(store, bundleFrom(readFile(file)));
     const bool hasConflicts = !plan.differing.empty() && !manner.replaces;
@@ -185,7 +185,7 @@ Run declareImport(CLI::App& app) {
     const auto file = std::make_shared<std::string>();
     app.add_option("FILE", *file, "A file that export has written")->required();
     const auto manner = declareManner(app);
-    return [=](Workplace& here) { return import(here, *file, *manner); };
+    return [=](Workplace& here) { return importFrom(here, *file, *manner); };
 }
 
 Run declareMigrate(CLI::App& app) {
