@@ -192,7 +192,7 @@ void Play::stepOnLibrary(std::uint8_t which) {
             return giveText([&](char** at) { return wyn_list_key(any<wyn_list>(), byte(), at); });
         case 6:
             require(wyn_fail(number(), text()) != WYN_OK);
-            return;
+            return giveNumber([&](std::int32_t* at) { return wyn_is_item_name(text(), at); });
         case 7:
             wyn_give(any<wyn_answer>(), text());
             return;
@@ -242,7 +242,7 @@ void Play::stepOnRecord(std::uint8_t which) {
 void Play::stepOnStore(std::uint8_t which) {
     const auto store = [&] { return any<wyn_store>(); };
     const auto kind = [&] { return byte() % 3; };
-    switch (which % 10) {
+    switch (which % 12) {
         case 0:
             return giveHandle<wyn_store>(
                 [&](wyn_store** at) { return wyn_store_open(text(), at); });
@@ -269,6 +269,14 @@ void Play::stepOnStore(std::uint8_t which) {
             wyn_store_move_to_deleted(store(), kind(), text());
             return giveHandle<wyn_list>(
                 [&](wyn_list** at) { return wyn_store_deleted_names(store(), kind(), at); });
+        case 9: {
+            const std::array records{any<wyn_record>(), any<wyn_record>()};
+            wyn_store_save(store(), records.data(), byte() % 3);
+            return;
+        }
+        case 10:
+            return giveHandle<wyn_list>(
+                [&](wyn_list** at) { return wyn_store_rename(store(), text(), text(), at); });
         default:
             wyn_store_restore(store(), kind(), text());
             return;

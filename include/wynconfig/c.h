@@ -175,6 +175,9 @@ WYNCONFIG_API int32_t wyn_showConfigurableSessionManagerDlg(const char* sessions
 /// A name in upper case, by which items are told apart.
 WYNCONFIG_API int32_t wyn_upper_name(const char* name, char** upper);
 
+/// Whether a session or part format may be given this name, by the rule of the dialogs.
+WYNCONFIG_API int32_t wyn_is_item_name(const char* name, int32_t* is_one);
+
 /// A record: a session or a part format, in memory.
 typedef struct wyn_record wyn_record;
 
@@ -220,6 +223,17 @@ WYNCONFIG_API int32_t wyn_store_sessions_with(wyn_store* store, const char* form
 /// What is not as it should be: English sentences, and as keys the items' names behind "session "
 /// or "part format ".
 WYNCONFIG_API int32_t wyn_store_check(wyn_store* store, wyn_list** faults);
+/// Writes records in place of the items that have their names: all of them or, after a failure,
+/// none. WYN_ERROR_CALL, before anything is written, for one that is neither a session nor a part
+/// format, and for a name that wyn_is_item_name refuses or that two of them have.
+/// @param records  as many as `count` says; NULL when there are none
+WYNCONFIG_API int32_t wyn_store_save(wyn_store* store, wyn_record* const* records, size_t count);
+/// Gives a part format another name, in all sessions too; all of it comes about or nothing.
+/// WYN_ERROR_DUPLICATE_KEY for a name that is taken, WYN_ERROR_CALL for one that nothing may have,
+/// WYN_ERROR_RECORD when a session can't be read.
+/// @param sessions  the sessions that have it
+WYNCONFIG_API int32_t wyn_store_rename(wyn_store* store, const char* format, const char* new_name,
+                                       wyn_list** sessions);
 WYNCONFIG_API int32_t wyn_store_deleted_names(wyn_store* store, int32_t kind, wyn_list** names);
 /// Moves an item into the folder of the deleted ones. What refers to it stays as it is.
 WYNCONFIG_API int32_t wyn_store_move_to_deleted(wyn_store* store, int32_t kind, const char* name);

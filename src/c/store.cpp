@@ -14,6 +14,15 @@ std::shared_ptr<Dataset> freshRecord(ItemKind kind, const std::string& name) {
     return record;
 }
 
+StoreItem itemOf(wyn_record* handle) {
+    const auto record = get<Dataset>(handle);
+    const bool isSession = record->Type() == session::kType;
+    if (!isSession && record->Type() != partformat::kType)
+        throw Error(WYN_ERROR_CALL, "A record of the type \"" + record->Type() +
+                                        "\" is neither a session nor a part format.");
+    return {isSession ? ItemKind::Session : ItemKind::PartFormat, record};
+}
+
 /// A call that asks a store or record for a text.
 template <class T, class Ask>
 std::int32_t ask(const char* function, typename HandleOf<T>::Type* handle, char** place,
@@ -45,6 +54,13 @@ int32_t wyn_upper_name(const char* name, char** upper) {
     return run("wyn_upper_name", [&] {
         requirePlace(upper);
         *upper = textOut(upperName(textIn(name)));
+    });
+}
+
+int32_t wyn_is_item_name(const char* name, int32_t* is_one) {
+    return run("wyn_is_item_name", [&] {
+        requirePlace(is_one);
+        *is_one = isItemName(textIn(name)) ? 1 : 0;
     });
 }
 
@@ -180,6 +196,23 @@ int32_t wyn_store_check(wyn_store* store, wyn_list** faults) {
             rows.push_back({kind + fault.item, fault.what});
         }
         return rows;
+    });
+}
+
+int32_t wyn_store_save(wyn_store* store, wyn_record* const* records, size_t count) {
+    return run("wyn_store_save", [&] {
+        const auto changed = get<Store>(store);
+        if (!records && count > 0) throw Error(WYN_ERROR_CALL, "There are no records to count.");
+        std::vector<StoreItem> items;
+        for (std::size_t i = 0; i < count; ++i) items.push_back(itemOf(records[i]));
+        changed->save(items);
+    });
+}
+
+int32_t wyn_store_rename(wyn_store* store, const char* format, const char* new_name,
+                         wyn_list** sessions) {
+    return askList<Store>("wyn_store_rename", store, sessions, [&](const Store& changed) {
+        return changed.rename(textIn(format), textIn(new_name));
     });
 }
 

@@ -124,6 +124,58 @@ static void tells_of_a_store(void) {
     OK(wyn_close(store));
 }
 
+static void changes_a_store(void) {
+    wyn_store* store = NULL;
+    wyn_record* records[] = {NULL, NULL};
+    wyn_list* sessions = NULL;
+    int32_t is_one = 7;
+    OK(wyn_is_item_name("a b", &is_one));
+    EXPECT(is_one == 1);
+    OK(wyn_is_item_name("a.b", &is_one));
+    EXPECT(is_one == 0);
+    OK(wyn_is_item_name(NULL, &is_one));
+    EXPECT(is_one == 0);
+    FAILS(WYN_ERROR_TEXT, wyn_is_item_name("\xE4", &is_one));
+    FAILS(WYN_ERROR_CALL, wyn_is_item_name("a", NULL));
+
+    OK(wyn_store_open(root, &store));
+    OK(wyn_record_new(WYN_SESSION, "both", &records[0]));
+    OK(wyn_record_new(WYN_PART_FORMAT, "both", &records[1]));
+    OK(wyn_store_save(store, NULL, 0));
+    OK(wyn_store_save(store, records, 2));
+    LISTS("BOTH|PLAIN", wyn_store_names(store, WYN_PART_FORMAT, &list));
+    OK(wyn_store_move_to_deleted(store, WYN_PART_FORMAT, "both"));
+    OK(wyn_store_move_to_deleted(store, WYN_SESSION, "both"));
+    FAILS(WYN_ERROR_CALL, wyn_store_save(store, NULL, 1));
+    OK(wyn_close(records[1]));
+    FAILS(WYN_ERROR_HANDLE, wyn_store_save(store, records, 2));
+    OK(wyn_record_new(WYN_SESSION, "a.b", &records[1]));
+    FAILS(WYN_ERROR_CALL, wyn_store_save(store, records, 2));
+    OK(wyn_close(records[1]));
+    OK(
+        wyn_record_parse("<dataset version=\"1\" type=\"OTHER\" name=\"X\" key=\"Element\">"
+                         "<column name=\"Element\"/><column name=\"Data\"/></dataset>",
+                         &records[1]));
+    FAILS(WYN_ERROR_CALL, wyn_store_save(store, records, 2));
+    OK(wyn_close(records[1]));
+    OK(wyn_close(records[0]));
+    OK(wyn_store_has(store, WYN_SESSION, "both", &is_one));
+    EXPECT(is_one == 0);
+
+    LISTS("COUNTER", wyn_store_rename(store, "plain", "fancy", &list));
+    LISTS("FANCY", wyn_store_names(store, WYN_PART_FORMAT, &list));
+    LISTS("COUNTER", wyn_store_sessions_with(store, "FANCY", &list));
+    FAILS(WYN_ERROR_FILE_NOT_FOUND, wyn_store_rename(store, "plain", "other", &sessions));
+    FAILS(WYN_ERROR_DUPLICATE_KEY, wyn_store_rename(store, "fancy", "Fancy", &sessions));
+    FAILS(WYN_ERROR_CALL, wyn_store_rename(store, "fancy", "a.b", &sessions));
+    FAILS(WYN_ERROR_TEXT, wyn_store_rename(store, "fancy", "\xE4", &sessions));
+    FAILS(WYN_ERROR_CALL, wyn_store_rename(store, "fancy", "x", NULL));
+    OK(wyn_close(store));
+    FAILS(WYN_ERROR_HANDLE, wyn_store_rename(store, "fancy", "x", &sessions));
+    FAILS(WYN_ERROR_HANDLE, wyn_store_save(store, NULL, 0));
+    EXPECT(sessions == NULL);
+}
+
 static void tells_what_is_no_store(void) {
     wyn_store* store = NULL;
     wyn_record* record = NULL;
@@ -171,5 +223,6 @@ void store_cases(void) {
     keeps_records();
     tells_what_is_no_record();
     tells_of_a_store();
+    changes_a_store();
     tells_what_is_no_store();
 }
