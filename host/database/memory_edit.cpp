@@ -6,10 +6,10 @@
 #include <memory>
 #include <utility>
 
-#include "database/names.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/error.h"
 #include "wynconfig/keys.h"
+#include "wynconfig/store.h"
 
 namespace host {
 
@@ -45,7 +45,7 @@ std::set<std::string> formatsOf(const Item& session) {
     std::set<std::string> names;
     const auto record = recordOf(session.xml);
     for (const wynconfig::DataRow& row : record->Rows()) {
-        if (namesFormat(row)) names.insert(upperName(row[1]));
+        if (namesFormat(row)) names.insert(wynconfig::upperName(row[1]));
     }
     return names;
 }
@@ -61,7 +61,7 @@ Item withFormats(const Item& session, const std::map<std::string, std::string>& 
     const auto record = recordOf(session.xml);
     const auto rows = record->Rows();
     for (const wynconfig::DataRow& row : rows) {
-        const auto found = newNames.find(upperName(row[1]));
+        const auto found = newNames.find(wynconfig::upperName(row[1]));
         if (namesFormat(row) && found != newNames.end())
             record->UpdateRow(row, {row[0], found->second});
     }
@@ -101,7 +101,7 @@ Item readItem(const std::string& xml, const std::string& type) {
     try {
         const auto record = recordOf(xml);
         if (record->Type() == type && !record->Name().empty())
-            return {upperName(record->Name()), xml};
+            return {wynconfig::upperName(record->Name()), xml};
     } catch (const wynconfig::Error& error) {
         throw DatabaseError(error.description());
     }
@@ -143,7 +143,7 @@ MemoryEdit underAnotherName(MemoryEdit edit, const std::string& name,
                             const std::vector<Conflict>& conflicts,
                             std::set<std::string> takenFormats) {
     edit.sessionBefore.reset();
-    edit.session = renamed(edit.session, upperName(name));
+    edit.session = renamed(edit.session, wynconfig::upperName(name));
     for (const Item& format : edit.formats) takenFormats.insert(format.name);
     std::map<std::string, std::string> newNames;
     for (const Conflict& conflict : conflicts) {

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "database/names.h"
 #include "installed_view.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/keys.h"
+#include "wynconfig/store.h"
 
 namespace host {
 
@@ -28,6 +28,13 @@ bool isWhole(const StoredItem& item, const std::string& type) {
     }
 }
 
+std::set<std::string> namesIn(const fs::path& storeRoot, wynconfig::ItemKind kind) {
+    std::set<std::string> names;
+    for (const std::string& name : wynconfig::Store(storeRoot.string() + "/").names(kind))
+        names.insert(wynconfig::upperName(name));
+    return names;
+}
+
 }  // namespace
 
 void endInMemoryMode(wynconfig::WYNConfig& component) {
@@ -45,11 +52,11 @@ MemorySessions::MemorySessions(wynconfig::WYNConfig& component, SessionDatabase&
     : m_component(component), m_database(database), m_storeRoot(std::move(storeRoot)) {}
 
 std::set<std::string> MemorySessions::factorySessions() const {
-    return itemNames(m_storeRoot / session::kType);
+    return namesIn(m_storeRoot, wynconfig::ItemKind::Session);
 }
 
 std::set<std::string> MemorySessions::factoryFormats() const {
-    return itemNames(m_storeRoot / partformat::kType);
+    return namesIn(m_storeRoot, wynconfig::ItemKind::PartFormat);
 }
 
 std::vector<StoredItem> MemorySessions::formatsToHandIn(std::string& leftOut) {
@@ -71,9 +78,11 @@ Outcome MemorySessions::configure(const std::string& name) {
     MemoryEdit edit;
     edit.sessionBefore = m_database.item(ItemKind::Session, name);
     if (!edit.sessionBefore)
-        throw DatabaseError("The session " + upperName(name) + " is no longer in the database.");
+        throw DatabaseError("The session " + wynconfig::upperName(name) +
+                            " is no longer in the database.");
     if (!isWhole(*edit.sessionBefore, session::kType))
-        throw DatabaseError("The session " + upperName(name) + " of the database is damaged.");
+        throw DatabaseError("The session " + wynconfig::upperName(name) +
+                            " of the database is damaged.");
     Outcome outcome{0, edit.sessionBefore->name};
     edit.formatsBefore = formatsToHandIn(outcome.text);
     std::vector<std::string> texts;

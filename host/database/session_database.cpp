@@ -14,7 +14,7 @@
 #include <map>
 #include <utility>
 
-#include "database/names.h"
+#include "wynconfig/store.h"
 
 namespace host {
 
@@ -55,7 +55,8 @@ std::string conflictsText(const std::vector<Conflict>& conflicts) {
 }  // namespace
 
 std::string Conflict::text() const {
-    const std::string item = "The " + wordFor(change.kind) + " " + upperName(change.name);
+    const std::string item =
+        "The " + wordFor(change.kind) + " " + wynconfig::upperName(change.name);
     const std::string changer =
         present ? " by " + present->changedBy + " at " + present->changedAt : "";
     if (change.act == Change::Act::Need)
@@ -197,7 +198,7 @@ std::vector<StoredItem> SessionDatabase::items(ItemKind kind) {
 
 std::optional<StoredItem> SessionDatabase::item(ItemKind kind, const std::string& name) {
     connect();
-    return find(kind, upperName(name));
+    return find(kind, wynconfig::upperName(name));
 }
 
 std::optional<StoredItem> SessionDatabase::find(ItemKind kind, const std::string& upper) const {
@@ -241,7 +242,7 @@ void SessionDatabase::makeAll(const std::vector<Change>& changes) const {
 }
 
 std::optional<Conflict> SessionDatabase::conflictOf(const Change& change) const {
-    std::optional<StoredItem> present = find(change.kind, upperName(change.name));
+    std::optional<StoredItem> present = find(change.kind, wynconfig::upperName(change.name));
     const bool fits = change.act == Change::Act::Insert ? !present
                       : change.act == Change::Act::Need
                           ? present.has_value()
@@ -252,7 +253,7 @@ std::optional<Conflict> SessionDatabase::conflictOf(const Change& change) const 
 
 void SessionDatabase::make(const Change& change, std::int64_t version) const {
     if (change.act == Change::Act::Need) return;
-    const QVariant name = toQt(upperName(change.name));
+    const QVariant name = toQt(wynconfig::upperName(change.name));
     const QVariant xml = toQt(change.xml);
     const QVariant newVersion = static_cast<qlonglong>(version);
     const QVariant oldVersion = static_cast<qlonglong>(change.version);
@@ -274,7 +275,8 @@ void SessionDatabase::make(const Change& change, std::int64_t version) const {
                   {name, oldVersion});
     // The number above guards the tables against hosts alone; the conditions here against all.
     if (query.numRowsAffected() != 1)
-        throw ConflictError({Conflict{change, find(change.kind, upperName(change.name))}});
+        throw ConflictError(
+            {Conflict{change, find(change.kind, wynconfig::upperName(change.name))}});
 }
 
 }  // namespace host

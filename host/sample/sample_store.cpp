@@ -197,6 +197,12 @@ void clearPlace(const StoreFolders& store) {
 
 }  // namespace
 
+std::vector<std::string> StoreFolders::names(wynconfig::ItemKind kind) const {
+    std::vector<std::string> names = wynconfig::Store(rootText()).names(kind);
+    for (std::string& name : names) name = wynconfig::upperName(name);
+    return names;
+}
+
 void makeSampleStore(wynconfig::WYNConfig& component, const StoreFolders& store) {
     clearPlace(store);
     fs::create_directories(store.root);

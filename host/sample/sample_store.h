@@ -4,8 +4,10 @@
 #include <filesystem>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "wynconfig/keys.h"
+#include "wynconfig/store.h"
 #include "wynconfig/wynconfig.h"
 
 namespace host {
@@ -35,6 +37,9 @@ struct StoreFolders {
     }
     /// The root as the component takes it, with its trailing separator.
     std::string rootText() const { return root.string() + "/"; }
+    /// The names of its items in upper case, in ascending order; none where there is no store.
+    /// Raises `wynconfig::Error` when its folder can't be read.
+    std::vector<std::string> names(wynconfig::ItemKind kind) const;
 };
 
 /// Makes the sample store: a played user walks through the dialogs and enters part formats and

@@ -10,7 +10,6 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "database/names.h"
 #include "window/action_buttons.h"
 
 namespace host {
@@ -88,9 +87,9 @@ void DatabasePanel::refresh(const std::string& select) {
 void DatabasePanel::list() {
     for (const ItemKind kind : {ItemKind::Session, ItemKind::Format})
         for (const StoredItem& item : m_workplace.database().items(kind)) addItem(kind, item);
-    for (const std::string& name : itemNames(m_workplace.store().sessions()))
+    for (const std::string& name : m_workplace.store().names(wynconfig::ItemKind::Session))
         addFactory(ItemKind::Session, name);
-    for (const std::string& name : itemNames(m_workplace.store().formats()))
+    for (const std::string& name : m_workplace.store().names(wynconfig::ItemKind::PartFormat))
         addFactory(ItemKind::Format, name);
 }
 

@@ -16,7 +16,6 @@
 #include <exception>
 #include <stdexcept>
 
-#include "database/names.h"
 #include "sample/store_items.h"
 #include "sending/vin.h"
 #include "sending/visible_text.h"
@@ -197,7 +196,7 @@ void SendPanel::readStore() {
         const QSignalBlocker silent(m_sessions);
         const QString wanted = m_wanted;
         m_sessions->clear();
-        for (const std::string& name : itemNames(m_store.sessions()))
+        for (const std::string& name : m_store.names(wynconfig::ItemKind::Session))
             m_sessions->addItem(fromText(name));
         m_sessions->setCurrentIndex(std::max(m_sessions->findText(wanted), 0));
         m_wanted = m_sessions->currentText();

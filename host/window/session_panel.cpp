@@ -16,7 +16,6 @@
 #include <algorithm>
 #include <exception>
 
-#include "database/names.h"
 #include "window/action_buttons.h"
 #include "window/database_panel.h"
 #include "window/heading.h"
@@ -167,7 +166,7 @@ void SessionPanel::selectInDatabase(ItemKind kind, const std::string& name) {
 
 void SessionPanel::listSessions(const std::string& select) {
     m_sessions->clear();
-    for (const std::string& name : itemNames(m_workplace.store().sessions()))
+    for (const std::string& name : m_workplace.store().names(wynconfig::ItemKind::Session))
         m_sessions->addItem(QString::fromStdString(name));
     m_sessions->setCurrentRow(0);
     const auto found = m_sessions->findItems(QString::fromStdString(select), Qt::MatchExactly);

@@ -14,7 +14,7 @@
 #include <QPushButton>
 #include <functional>
 
-#include "database/names.h"
+#include "sample/sample_store.h"
 #include "window/host_dialog.h"
 #include "wynconfig/keys.h"
 
@@ -108,9 +108,8 @@ std::optional<TakeOver> askForTakeOver(QWidget* window) {
     form.fields->addRow(tr("Keep it in the database &as:"), name);
     QObject::connect(form.folder, &QLineEdit::textChanged, &form.dialog, [&] {
         session->clear();
-        const fs::path folder = form.path() / wynconfig::session::kType;
-        if (!isFolder(folder)) return;
-        for (const std::string& each : itemNames(folder))
+        for (const std::string& each :
+             StoreFolders(form.path()).names(wynconfig::ItemKind::Session))
             session->addItem(QString::fromStdString(each));
     });
     QObject::connect(session, &QComboBox::currentTextChanged, name, &QLineEdit::setText);

@@ -7,7 +7,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "database/names.h"
 #include "sample/store_snapshot.h"
 #include "window/language.h"
 
@@ -63,7 +62,7 @@ void Workplace::openStore(const std::filesystem::path& root) {
 std::string Workplace::sessionList() const {
     if (std::filesystem::exists(m_store.sessionList())) return readFile(m_store.sessionList());
     std::string list;
-    for (const std::string& name : itemNames(m_store.sessions()))
+    for (const std::string& name : m_store.names(wynconfig::ItemKind::Session))
         list += (list.empty() ? "" : ",") + name;
     return list;
 }

@@ -1,5 +1,4 @@
 // Several workstations on one database: nothing that one of them stored is ever lost.
-#include <QFile>
 #include <QSqlDatabase>
 #include <algorithm>
 #include <atomic>
@@ -10,7 +9,6 @@
 #include <thread>
 #include <vector>
 
-#include "database/names.h"
 #include "support/database_kit.h"
 
 namespace host {
@@ -479,21 +477,6 @@ TEST(DatabaseAddresses, WhatIsNoAddressIsRefused) {
     for (const char* text : {"", "sqlite:", "mysql://x/parts", "postgresql://anna@db.example",
                              "postgresql:///a/b", "postgresql://db.example:x/parts"})
         EXPECT_THROW(DatabaseAddress::parse(text), DatabaseError) << text;
-}
-
-TEST(DatabaseNames, UpperCasingGoesCharacterByCharacter) {
-    EXPECT_EQ(upperName("straße ähre ÿ"), "STRAßE ÄHRE Ÿ");
-    EXPECT_EQ(upperName("ост \U00010428"), "ОСТ \U00010400");
-}
-
-TEST(DatabaseNames, OnlyItemFilesOfTheFolderItselfAreItems) {
-    const wynconfig::TemporaryFolder folder;
-    std::filesystem::create_directories(folder / "deleted");
-    std::filesystem::create_directories(folder / "FOLDER.vla");
-    for (const char* name : {"A.vla", "b.VLA", "MORAM.vls", "deleted/C.vla"})
-        QFile(QString::fromStdString((folder / name).string())).open(QIODevice::WriteOnly);
-    EXPECT_EQ(itemNames(folder.path()), (std::set<std::string>{"A", "B"}));
-    EXPECT_TRUE(itemNames(folder / "gone").empty());
 }
 
 }  // namespace
