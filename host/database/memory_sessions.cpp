@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "installed_view.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/keys.h"
 #include "wynconfig/store.h"
@@ -37,12 +36,6 @@ std::set<std::string> namesIn(const fs::path& storeRoot, wynconfig::ItemKind kin
 
 }  // namespace
 
-void endInMemoryMode(wynconfig::WYNConfig& component) {
-    const InstalledView none(nullptr);
-    std::string name;
-    component.showAddMORAMConfigDlg(name);
-}
-
 RefusedEdit::RefusedEdit(const std::string& reason, MemoryEdit edit,
                          std::vector<Conflict> conflicts)
     : DatabaseError(reason), m_edit(std::move(edit)), m_conflicts(std::move(conflicts)) {}
@@ -59,7 +52,7 @@ std::set<std::string> MemorySessions::factoryFormats() const {
     return namesIn(m_storeRoot, wynconfig::ItemKind::PartFormat);
 }
 
-std::vector<StoredItem> MemorySessions::formatsToHandIn(std::string& leftOut) {
+std::vector<StoredItem> MemorySessions::formatsToHandIn(std::vector<std::string>& leftOut) {
     // What is not handed in does not come back, and must not be taken for deleted: factory items,
     // which the component drops, and rows that are no records.
     const std::set<std::string> factory = factoryFormats();
@@ -69,12 +62,12 @@ std::vector<StoredItem> MemorySessions::formatsToHandIn(std::string& leftOut) {
         if (isWhole(item, partformat::kType))
             formats.push_back(std::move(item));
         else
-            leftOut += "The part format " + item.name + " is damaged and was left out. ";
+            leftOut.push_back(item.name);
     }
     return formats;
 }
 
-Outcome MemorySessions::configure(const std::string& name) {
+MemoryResult MemorySessions::configure(const std::string& name) {
     MemoryEdit edit;
     edit.sessionBefore = m_database.item(ItemKind::Session, name);
     if (!edit.sessionBefore)
@@ -83,20 +76,20 @@ Outcome MemorySessions::configure(const std::string& name) {
     if (!isWhole(*edit.sessionBefore, session::kType))
         throw DatabaseError("The session " + wynconfig::upperName(name) +
                             " of the database is damaged.");
-    Outcome outcome{0, edit.sessionBefore->name};
-    edit.formatsBefore = formatsToHandIn(outcome.text);
+    MemoryResult outcome{0, edit.sessionBefore->name};
+    edit.formatsBefore = formatsToHandIn(outcome.leftOut);
     std::vector<std::string> texts;
     for (const StoredItem& format : edit.formatsBefore) texts.push_back(format.xml);
     outcome.result = m_component.showMORAMConfigDlgEX(outcome.name, edit.sessionBefore->xml, texts);
     if (outcome.result != 0) return outcome;
     takeBack(edit);
-    Outcome stored = store(edit);
-    stored.text = outcome.text + stored.text;
+    MemoryResult stored = store(edit);
+    stored.leftOut = std::move(outcome.leftOut);
     return stored;
 }
 
-Outcome MemorySessions::add() {
-    Outcome outcome;
+MemoryResult MemorySessions::add() {
+    MemoryResult outcome;
     outcome.result = m_component.showAddMORAMConfigDlgEX(outcome.name);
     if (outcome.result != 0) return outcome;
     MemoryEdit edit;
@@ -104,10 +97,9 @@ Outcome MemorySessions::add() {
     return store(edit);
 }
 
-Outcome MemorySessions::takeOver(const fs::path& root, const std::string& session,
-                                 const std::string& name) {
-    if (!m_component.MigrateSession(root.string() + "/", session))
-        return {1, {}, "The session, or one of its part formats, is not in that store."};
+MemoryResult MemorySessions::takeOver(const fs::path& root, const std::string& session,
+                                      const std::string& name) {
+    if (!m_component.MigrateSession(root.string() + "/", session)) return {};
     MemoryEdit edit;
     takeBack(edit);
     return store(underAnotherName(std::move(edit), name, {}, {}));
@@ -158,7 +150,7 @@ void MemorySessions::checkName(const MemoryEdit& edit) const {
         throw RefusedEdit("The store has a session " + name + " of its own.", edit);
 }
 
-Outcome MemorySessions::store(const MemoryEdit& edit) {
+MemoryResult MemorySessions::store(const MemoryEdit& edit) {
     checkName(edit);
     try {
         m_database.store(changesToStore(edit));
@@ -167,10 +159,11 @@ Outcome MemorySessions::store(const MemoryEdit& edit) {
     } catch (const DatabaseError& error) {
         throw RefusedEdit(error.what(), edit);
     }
-    return {0, edit.session.name, "Stored in the database.", edit.session.xml};
+    return {0, edit.session.name, edit.session.xml};
 }
 
-Outcome MemorySessions::storeUnderAnotherName(const RefusedEdit& refused, const std::string& name) {
+MemoryResult MemorySessions::storeUnderAnotherName(const RefusedEdit& refused,
+                                                   const std::string& name) {
     std::set<std::string> taken = factoryFormats();
     for (const StoredItem& item : m_database.items(ItemKind::Format)) taken.insert(item.name);
     return store(underAnotherName(refused.edit(), name, refused.conflicts(), taken));

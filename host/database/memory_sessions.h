@@ -8,16 +8,18 @@
 #include <vector>
 
 #include "database/memory_edit.h"
-#include "database/outcome.h"
 #include "database/session_database.h"
 #include "wynconfig/wynconfig.h"
 
 namespace host {
 
-/// Leads the component back to file mode, which only its adding of a session does: that is called
-/// without a view, and so cancelled. Without this an operation on the store's files, after one in
-/// memory, would go on working in memory.
-void endInMemoryMode(wynconfig::WYNConfig& component);
+/// What an operation in memory came to.
+struct MemoryResult {
+    long result = 1;        ///< 0: stored; 1: cancelled, or there was nothing to store
+    std::string name = {};  ///< the session that it ended on; may be empty
+    std::string xml = {};   ///< XML text of that session as it was stored
+    std::vector<std::string> leftOut = {};  ///< part formats that are damaged and were not offered
+};
 
 /// What the user confirmed could not be stored. It is all in here, so that nothing is lost.
 class RefusedEdit : public DatabaseError {
@@ -42,28 +44,28 @@ class MemorySessions {
                    std::filesystem::path storeRoot);
 
     /// Lets the user edit a session of the database with all its part formats.
-    Outcome configure(const std::string& name);
+    MemoryResult configure(const std::string& name);
     /// Lets the user make a session.
-    Outcome add();
+    MemoryResult add();
     /// Takes a session and its part formats over from another store.
     /// @param root  of the other store
     /// @param name  under which the session is kept, in any case
-    Outcome takeOver(const std::filesystem::path& root, const std::string& session,
-                     const std::string& name);
+    /// @return with 1 when the session, or one of its part formats, can't be read there
+    MemoryResult takeOver(const std::filesystem::path& root, const std::string& session,
+                          const std::string& name);
     /// Deletes what the user saw in this version.
     void remove(ItemKind kind, const StoredItem& item);
 
     /// Stores an edit that was refused, once more as it is.
-    Outcome store(const MemoryEdit& edit);
+    MemoryResult store(const MemoryEdit& edit);
     /// Stores a refused edit under another name, see `underAnotherName`.
-    Outcome storeUnderAnotherName(const RefusedEdit& refused, const std::string& name);
-
-    std::set<std::string> factorySessions() const;
-    std::set<std::string> factoryFormats() const;
+    MemoryResult storeUnderAnotherName(const RefusedEdit& refused, const std::string& name);
 
   private:
+    std::set<std::string> factorySessions() const;
+    std::set<std::string> factoryFormats() const;
     /// The part formats of the database that can be handed to the component.
-    std::vector<StoredItem> formatsToHandIn(std::string& leftOut);
+    std::vector<StoredItem> formatsToHandIn(std::vector<std::string>& leftOut);
     /// Puts into an edit what the component holds in memory.
     void takeBack(MemoryEdit& edit);
     /// The changes of an edit. A part format that the database has already, just as it is, counts

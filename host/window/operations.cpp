@@ -12,18 +12,27 @@ using Needs = Operation::Needs;
 
 constexpr const char* kCancelled = "Nothing was done.";
 
+/// What the user is told of an operation in memory.
+Outcome told(const MemoryResult& result) {
+    Outcome outcome{result.result, result.name, {}, result.xml};
+    for (const std::string& format : result.leftOut)
+        outcome.text += "The part format " + format + " is damaged and was left out. ";
+    if (result.result == 0) outcome.text += "Stored in the database.";
+    return outcome;
+}
+
 /// Lets the user decide on a refused edit, which is kept until it is stored.
 Outcome settle(Workplace& workplace, QWidget* window) {
     while (true) {
         const auto decision = askAboutRefusal(window, *workplace.refused);
         if (!decision) return {1, {}, "Not stored. The edit is kept: Database, Refused edit."};
         try {
-            Outcome outcome = decision->again
-                                  ? workplace.inMemory().store(workplace.refused->edit())
-                                  : workplace.inMemory().storeUnderAnotherName(*workplace.refused,
-                                                                               decision->name);
+            MemorySessions& memory = workplace.inMemory();
+            const MemoryResult result =
+                decision->again ? memory.store(workplace.refused->edit())
+                                : memory.storeUnderAnotherName(*workplace.refused, decision->name);
             workplace.refused.reset();
-            return outcome;
+            return told(result);
         } catch (const RefusedEdit& refused) {
             workplace.refused = refused;
         } catch (const DatabaseError& error) {
@@ -37,7 +46,7 @@ Outcome settle(Workplace& workplace, QWidget* window) {
 template <class Call>
 Outcome onDatabase(Workplace& workplace, const Selection& selection, Call call) {
     try {
-        return call(workplace.inMemory());
+        return told(call(workplace.inMemory()));
     } catch (const RefusedEdit& refused) {
         workplace.refused = refused;
         return settle(workplace, selection.window);
@@ -82,9 +91,12 @@ Outcome configureOfDatabase(Workplace& workplace, const Selection& selection) {
 Outcome takeOver(Workplace& workplace, const Selection& selection) {
     const auto wanted = askForTakeOver(selection.window);
     if (!wanted) return {{}, {}, kCancelled};
-    return onDatabase(workplace, selection, [&](MemorySessions& memory) {
+    Outcome outcome = onDatabase(workplace, selection, [&](MemorySessions& memory) {
         return memory.takeOver(wanted->root, wanted->session, wanted->name);
     });
+    if (outcome.result == 1 && outcome.text.empty())
+        outcome.text = "The session, or one of its part formats, is not in that store.";
+    return outcome;
 }
 
 Outcome removeFromDatabase(Workplace& workplace, const Selection& selection) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "database/outcome.h"
+#include "window/outcome.h"
 #include "window/workplace.h"
 
 class QWidget;

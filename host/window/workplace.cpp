@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "installed_view.h"
 #include "sample/store_snapshot.h"
 #include "window/language.h"
 
@@ -18,6 +19,15 @@ namespace {
 std::string workstation() {
     const QString user = qEnvironmentVariable("USER", QStringLiteral("somebody"));
     return (user + '@' + QSysInfo::machineHostName()).toStdString();
+}
+
+/// Leads the component back to file mode, which only its adding of a session does: that is called
+/// without a view, and so cancelled. Without this an operation on the store's files, after one in
+/// memory, would go on working in memory.
+void endInMemoryMode(wynconfig::WYNConfig& component) {
+    const InstalledView none(nullptr);
+    std::string name;
+    component.showAddMORAMConfigDlg(name);
 }
 
 }  // namespace

@@ -151,7 +151,7 @@ class HostDatabaseSessions : public DatabaseDesk {
     // What Anna does.
     void inSession(const std::function<void(User&)>& act) { user().onForm("frmMORAMConfig", act); }
     /// Configures NIGHT, where anything may happen before OK.
-    Outcome configure(const std::function<void(User&)>& act) {
+    MemoryResult configure(const std::function<void(User&)>& act) {
         inSession([act](User& u) {
             act(u);
             u.click("btnOK");
@@ -203,7 +203,8 @@ TEST_P(HostDatabaseSessions, TheDialogOffersTheUsersFormatsBesideTheFactoryOnes)
 
 TEST_P(HostDatabaseSessions, AConfirmedSessionIsStoredAndTheFormatsStay) {
     const auto before = versions();
-    const Outcome outcome = configure([](User& u) { u.type("txtCommandLineArgs", "--second"); });
+    const MemoryResult outcome =
+        configure([](User& u) { u.type("txtCommandLineArgs", "--second"); });
     EXPECT_EQ(outcome.result, 0);
     EXPECT_EQ(outcome.name, "NIGHT");
     EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), "--second");
@@ -245,7 +246,7 @@ TEST_P(HostDatabaseSessions, NewChangedAndDeletedFormatsGoIntoTheDatabase) {
 }
 
 TEST_P(HostDatabaseSessions, ARenamedSessionLeavesItsOldName) {
-    const Outcome outcome = configure([](User& u) { u.type("txtDisplayName", "late"); });
+    const MemoryResult outcome = configure([](User& u) { u.type("txtDisplayName", "late"); });
     EXPECT_EQ(outcome.name, "LATE");
     EXPECT_EQ(names(ItemKind::Session), std::vector<std::string>{"LATE"});
     EXPECT_EQ(readItem(ben->item(ItemKind::Session, "LATE")->xml, "MORAM").name, "LATE");
@@ -278,13 +279,12 @@ TEST_P(HostDatabaseSessions, AFormatThatThisStoreHasTooStaysInTheDatabase) {
 TEST_P(HostDatabaseSessions, ADamagedFormatIsLeftOutAndStaysInTheDatabase) {
     insert(ItemKind::Format, "BROKEN", "<half");
     insert(ItemKind::Format, "OTHER", formatXml("ANOTHER NAME"));
-    const Outcome outcome = configure([](User& u) {
+    const MemoryResult outcome = configure([](User& u) {
         u.changeTab("SSTab2", 1);
         EXPECT_EQ(u.see("lstAvailableFormats").rows.size(), 3U);
     });
-    EXPECT_EQ(outcome.text,
-              "The part format BROKEN is damaged and was left out. "
-              "The part format OTHER is damaged and was left out. Stored in the database.");
+    EXPECT_EQ(outcome.result, 0);
+    EXPECT_EQ(outcome.leftOut, (std::vector<std::string>{"BROKEN", "OTHER"}));
     EXPECT_EQ(names(ItemKind::Format),
               (std::vector<std::string>{"BROKEN", "LABEL", "ORDER", "OTHER"}));
 }
@@ -307,7 +307,7 @@ TEST_P(HostDatabaseSessions, WhenAnotherChangesTheSessionMeanwhileBothTextsAreKe
     EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), "--of-ben");
     EXPECT_EQ(rowsOf(refused->edit().session.xml).at("CommandLineArgs"), "--of-anna");
 
-    const Outcome outcome = sessions->storeUnderAnotherName(*refused, "night of anna");
+    const MemoryResult outcome = sessions->storeUnderAnotherName(*refused, "night of anna");
     EXPECT_EQ(outcome.name, "NIGHT OF ANNA");
     EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), "--of-ben");
     EXPECT_EQ(storedSession("NIGHT OF ANNA").at("CommandLineArgs"), "--of-anna");
@@ -417,7 +417,7 @@ TEST_P(HostDatabaseSessions, ANewSessionIsStoredAndNoFormatIsTakenForDeleted) {
         onFormats(u, "FACTORY", "btnCopy");
         u.click("btnOK");
     });
-    const Outcome outcome = sessions->add();
+    const MemoryResult outcome = sessions->add();
     EXPECT_EQ(outcome.result, 0);
     EXPECT_EQ(outcome.name, "DAY");
     EXPECT_EQ(storedSession("DAY").at("FORMAT1"), "FACTORY");
@@ -462,7 +462,7 @@ class HostDatabaseTakeOver : public HostDatabaseSessions {
 };
 
 TEST_P(HostDatabaseTakeOver, TheSessionAndItsFormatsAreKept) {
-    const Outcome outcome = sessions->takeOver(other, "OLD DESK", "old desk");
+    const MemoryResult outcome = sessions->takeOver(other, "OLD DESK", "old desk");
     EXPECT_EQ(outcome.result, 0);
     EXPECT_EQ(outcome.name, "OLD DESK");
     EXPECT_EQ(storedSession("OLD DESK"), sessionRows({"TAG", "FACTORY"}));
@@ -506,9 +506,9 @@ TEST_P(HostDatabaseTakeOver, AFormatThatTheDatabaseHasOtherwiseIsRefusedAndCanGe
 TEST_P(HostDatabaseTakeOver, WhatCantBeReadIsNotKept) {
     putFile(other, "MORAM", "BAD", sessionRows({"TAG", "GONE"}));
     for (const char* name : {"BAD", "NOBODY"}) {
-        const Outcome outcome = sessions->takeOver(other, name, name);
+        const MemoryResult outcome = sessions->takeOver(other, name, name);
         EXPECT_EQ(outcome.result, 1);
-        EXPECT_FALSE(outcome.text.empty());
+        EXPECT_EQ(outcome.name, "");
     }
     EXPECT_EQ(sessions->takeOver(folder / "gone", "OLD DESK", "X").result, 1);
     EXPECT_EQ(names(ItemKind::Session), std::vector<std::string>{"NIGHT"});
@@ -522,20 +522,6 @@ TEST_P(HostDatabaseSessions, WhatWasSeenIsDeletedUnlessItChangedMeanwhile) {
     EXPECT_EQ(storedSession("NIGHT"), sessionRows({"ORDER"}));
     sessions->remove(ItemKind::Session, *anna->item(ItemKind::Session, "NIGHT"));
     EXPECT_TRUE(names(ItemKind::Session).empty());
-}
-
-TEST_P(HostDatabaseSessions, AfterTheInMemoryModeFilesAreSavedAgain) {
-    configure([](User&) {});
-    endInMemoryMode(component);
-    inSession([](User& u) {
-        u.type("txtCommandLineArgs", "--of the file");
-        u.click("btnOK");
-    });
-    std::string name = "COUNTER";
-    EXPECT_EQ(component.showMORAMConfigDlg(name), 0);
-    Dataset record;
-    record.Load((root / "MORAM" / "COUNTER.vla").string());
-    EXPECT_EQ(record.GetRow("CommandLineArgs")[1], "--of the file");
 }
 
 ON_EVERY_DATABASE(HostDatabaseSessions);
