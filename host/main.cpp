@@ -38,9 +38,9 @@ struct Arguments {
     std::string resources;
     std::string language;  ///< empty: the user's
     bool dark = false;
-    std::optional<host::DatabaseAddress> database;  ///< none: the file beside the store
-    fs::path tour;                                  ///< empty: no tour
-    fs::path pictures;                              ///< empty: no pictures
+    std::optional<wynconfig::DatabaseAddress> database;  ///< none: the file beside the store
+    fs::path tour;                                       ///< empty: no tour
+    fs::path pictures;                                   ///< empty: no pictures
 };
 
 Arguments readArguments(const QApplication& application) {
@@ -71,8 +71,8 @@ Arguments readArguments(const QApplication& application) {
     arguments.language = parser.value("language").toStdString();
     arguments.dark = parser.isSet("dark");
     if (parser.isSet("database")) {
-        auto address = host::DatabaseAddress::parse(parser.value("database").toStdString());
-        if (address.kind == host::DatabaseAddress::Kind::Sqlite)
+        auto address = wynconfig::DatabaseAddress::parse(parser.value("database").toStdString());
+        if (address.kind == wynconfig::DatabaseAddress::Kind::Sqlite)
             address.name = absolutePath(QString::fromStdString(address.name)).string();
         arguments.database = std::move(address);
     }

@@ -1,14 +1,12 @@
 // Reading the address of a database.
-#include "database/address.h"
+#include "database/database.h"
 
 #include <QString>
 #include <QStringList>
 #include <QUrl>
 #include <QUrlQuery>
 
-#include "database/database_error.h"
-
-namespace host {
+namespace wynconfig {
 
 namespace {
 
@@ -65,4 +63,4 @@ std::string DatabaseAddress::text() const {
     return "postgresql://" + place + "/" + name;
 }
 
-}  // namespace host
+}  // namespace wynconfig

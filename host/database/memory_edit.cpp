@@ -11,15 +11,12 @@
 #include "wynconfig/keys.h"
 #include "wynconfig/store.h"
 
-namespace host {
-
-using wynconfig::Dataset;
-namespace session = wynconfig::session;
+namespace wynconfig {
 
 namespace {
 
 std::unique_ptr<Dataset> recordOf(const std::string& xml) {
-    wynconfig::Document document;
+    Document document;
     if (!document.loadXML(xml)) throw DatabaseError("This is no XML text: " + xml);
     auto record = std::make_unique<Dataset>();
     record->Load(document);
@@ -27,13 +24,13 @@ std::unique_ptr<Dataset> recordOf(const std::string& xml) {
 }
 
 std::string textOf(const Dataset& record) {
-    wynconfig::Document document;
+    Document document;
     record.Save(document);
     return document.xml();
 }
 
 /// Whether a row of a session names a part format.
-bool namesFormat(const wynconfig::DataRow& row) {
+bool namesFormat(const DataRow& row) {
     const std::string& key = row[0];
     if (key == session::kPartFormat) return !row[1].empty();
     const std::string& head = session::kFormatPrefix;
@@ -41,27 +38,27 @@ bool namesFormat(const wynconfig::DataRow& row) {
            key.find_first_not_of("0123456789", head.size()) == std::string::npos;
 }
 
-std::set<std::string> formatsOf(const Item& session) {
+std::set<std::string> formatsOf(const ItemText& session) {
     std::set<std::string> names;
     const auto record = recordOf(session.xml);
-    for (const wynconfig::DataRow& row : record->Rows()) {
-        if (namesFormat(row)) names.insert(wynconfig::upperName(row[1]));
+    for (const DataRow& row : record->Rows()) {
+        if (namesFormat(row)) names.insert(upperName(row[1]));
     }
     return names;
 }
 
-Item renamed(const Item& item, const std::string& name) {
+ItemText renamed(const ItemText& item, const std::string& name) {
     const auto record = recordOf(item.xml);
     record->setName(name);
     return {name, textOf(*record)};
 }
 
 /// A session with other names of its part formats.
-Item withFormats(const Item& session, const std::map<std::string, std::string>& newNames) {
+ItemText withFormats(const ItemText& session, const std::map<std::string, std::string>& newNames) {
     const auto record = recordOf(session.xml);
     const auto rows = record->Rows();
-    for (const wynconfig::DataRow& row : rows) {
-        const auto found = newNames.find(wynconfig::upperName(row[1]));
+    for (const DataRow& row : rows) {
+        const auto found = newNames.find(upperName(row[1]));
         if (namesFormat(row) && found != newNames.end())
             record->UpdateRow(row, {row[0], found->second});
     }
@@ -81,28 +78,28 @@ auto findItem(Items& items, const std::string& name) {
                         [&](const auto& each) { return each.name == name; });
 }
 
-void addSessionChanges(const MemoryEdit& edit, std::vector<Change>& changes) {
+void addSessionChanges(const MemoryEdit& edit, std::vector<ItemChange>& changes) {
     const auto& [name, xml] = edit.session;
     const auto& before = edit.sessionBefore;
     if (!before) {
-        changes.push_back({Change::Act::Insert, ItemKind::Session, name, xml});
+        changes.push_back({ItemChange::Act::Insert, ItemKind::Session, name, xml});
     } else if (before->name != name) {
         changes.push_back(
-            {Change::Act::Delete, ItemKind::Session, before->name, {}, before->version});
-        changes.push_back({Change::Act::Insert, ItemKind::Session, name, xml});
+            {ItemChange::Act::Delete, ItemKind::Session, before->name, {}, before->version});
+        changes.push_back({ItemChange::Act::Insert, ItemKind::Session, name, xml});
     } else if (!sameRecord(before->xml, xml)) {
-        changes.push_back({Change::Act::Update, ItemKind::Session, name, xml, before->version});
+        changes.push_back({ItemChange::Act::Update, ItemKind::Session, name, xml, before->version});
     }
 }
 
 }  // namespace
 
-Item readItem(const std::string& xml, const std::string& type) {
+ItemText readItem(const std::string& xml, const std::string& type) {
     try {
         const auto record = recordOf(xml);
         if (record->Type() == type && !record->Name().empty())
-            return {wynconfig::upperName(record->Name()), xml};
-    } catch (const wynconfig::Error& error) {
+            return {upperName(record->Name()), xml};
+    } catch (const Error& error) {
         throw DatabaseError(error.description());
     }
     throw DatabaseError("This is no record of the type " + type + ": " + xml);
@@ -111,43 +108,44 @@ Item readItem(const std::string& xml, const std::string& type) {
 bool sameRecord(const std::string& xml, const std::string& other) {
     if (xml == other) return true;
     const auto sorted = [](const Dataset& record) {
-        return std::set<wynconfig::DataRow>(record.Rows().begin(), record.Rows().end());
+        return std::set<DataRow>(record.Rows().begin(), record.Rows().end());
     };
     const auto first = recordOf(xml);
     const auto second = recordOf(other);
     return first->Name() == second->Name() && sorted(*first) == sorted(*second);
 }
 
-std::vector<Change> changesOf(const MemoryEdit& edit) {
-    std::vector<Change> changes;
+std::vector<ItemChange> changesOf(const MemoryEdit& edit) {
+    std::vector<ItemChange> changes;
     addSessionChanges(edit, changes);
     const std::set<std::string> used = formatsOf(edit.session);
     for (const auto& [name, xml] : edit.formats) {
         const auto before = findItem(edit.formatsBefore, name);
         if (before == edit.formatsBefore.end())
-            changes.push_back({Change::Act::Insert, ItemKind::Format, name, xml});
+            changes.push_back({ItemChange::Act::Insert, ItemKind::PartFormat, name, xml});
         else if (!sameRecord(before->xml, xml))
-            changes.push_back({Change::Act::Update, ItemKind::Format, name, xml, before->version});
+            changes.push_back(
+                {ItemChange::Act::Update, ItemKind::PartFormat, name, xml, before->version});
         else if (used.contains(name))
-            changes.push_back({Change::Act::Need, ItemKind::Format, name});
+            changes.push_back({ItemChange::Act::Need, ItemKind::PartFormat, name});
     }
     for (const StoredItem& before : edit.formatsBefore) {
         if (findItem(edit.formats, before.name) == edit.formats.end())
             changes.push_back(
-                {Change::Act::Delete, ItemKind::Format, before.name, {}, before.version});
+                {ItemChange::Act::Delete, ItemKind::PartFormat, before.name, {}, before.version});
     }
     return changes;
 }
 
 MemoryEdit underAnotherName(MemoryEdit edit, const std::string& name,
-                            const std::vector<Conflict>& conflicts,
+                            const std::vector<ItemConflict>& conflicts,
                             std::set<std::string> takenFormats) {
     edit.sessionBefore.reset();
-    edit.session = renamed(edit.session, wynconfig::upperName(name));
-    for (const Item& format : edit.formats) takenFormats.insert(format.name);
+    edit.session = renamed(edit.session, upperName(name));
+    for (const ItemText& format : edit.formats) takenFormats.insert(format.name);
     std::map<std::string, std::string> newNames;
-    for (const Conflict& conflict : conflicts) {
-        if (conflict.change.kind != ItemKind::Format) continue;
+    for (const ItemConflict& conflict : conflicts) {
+        if (conflict.change.kind != ItemKind::PartFormat) continue;
         const std::string& old = conflict.change.name;
         // Whatever happened to it, the edit no longer goes on from there.
         std::erase_if(edit.formatsBefore, [&](const auto& each) { return each.name == old; });
@@ -162,4 +160,4 @@ MemoryEdit underAnotherName(MemoryEdit edit, const std::string& name,
     return edit;
 }
 
-}  // namespace host
+}  // namespace wynconfig

@@ -4,15 +4,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "database/memory_edit.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/keys.h"
 #include "wynconfig/store.h"
 
-namespace host {
-
-namespace fs = std::filesystem;
-namespace partformat = wynconfig::partformat;
-namespace session = wynconfig::session;
+namespace wynconfig {
 
 namespace {
 
@@ -27,37 +24,28 @@ bool isWhole(const StoredItem& item, const std::string& type) {
     }
 }
 
-std::set<std::string> namesIn(const fs::path& storeRoot, wynconfig::ItemKind kind) {
-    std::set<std::string> names;
-    for (const std::string& name : wynconfig::Store(storeRoot.string() + "/").names(kind))
-        names.insert(wynconfig::upperName(name));
-    return names;
-}
-
 }  // namespace
 
 RefusedEdit::RefusedEdit(const std::string& reason, MemoryEdit edit,
-                         std::vector<Conflict> conflicts)
+                         std::vector<ItemConflict> conflicts)
     : DatabaseError(reason), m_edit(std::move(edit)), m_conflicts(std::move(conflicts)) {}
 
-MemorySessions::MemorySessions(wynconfig::WYNConfig& component, SessionDatabase& database,
-                               fs::path storeRoot)
-    : m_component(component), m_database(database), m_storeRoot(std::move(storeRoot)) {}
+MemorySessions::MemorySessions(WYNConfig& component, SessionDatabase& database,
+                               std::string storeRoot)
+    : m_component(component), m_database(database), m_store(std::move(storeRoot)) {}
 
-std::set<std::string> MemorySessions::factorySessions() const {
-    return namesIn(m_storeRoot, wynconfig::ItemKind::Session);
-}
-
-std::set<std::string> MemorySessions::factoryFormats() const {
-    return namesIn(m_storeRoot, wynconfig::ItemKind::PartFormat);
+std::set<std::string> MemorySessions::factoryNames(ItemKind kind) const {
+    std::set<std::string> names;
+    for (const std::string& name : m_store.names(kind)) names.insert(upperName(name));
+    return names;
 }
 
 std::vector<StoredItem> MemorySessions::formatsToHandIn(std::vector<std::string>& leftOut) {
     // What is not handed in does not come back, and must not be taken for deleted: factory items,
     // which the component drops, and rows that are no records.
-    const std::set<std::string> factory = factoryFormats();
+    const std::set<std::string> factory = factoryNames(ItemKind::PartFormat);
     std::vector<StoredItem> formats;
-    for (StoredItem& item : m_database.items(ItemKind::Format)) {
+    for (StoredItem& item : m_database.items(ItemKind::PartFormat)) {
         if (factory.contains(item.name)) continue;
         if (isWhole(item, partformat::kType))
             formats.push_back(std::move(item));
@@ -71,11 +59,9 @@ MemoryResult MemorySessions::configure(const std::string& name) {
     MemoryEdit edit;
     edit.sessionBefore = m_database.item(ItemKind::Session, name);
     if (!edit.sessionBefore)
-        throw DatabaseError("The session " + wynconfig::upperName(name) +
-                            " is no longer in the database.");
+        throw DatabaseError("The session " + upperName(name) + " is no longer in the database.");
     if (!isWhole(*edit.sessionBefore, session::kType))
-        throw DatabaseError("The session " + wynconfig::upperName(name) +
-                            " of the database is damaged.");
+        throw DatabaseError("The session " + upperName(name) + " of the database is damaged.");
     MemoryResult outcome{0, edit.sessionBefore->name};
     edit.formatsBefore = formatsToHandIn(outcome.leftOut);
     std::vector<std::string> texts;
@@ -97,25 +83,25 @@ MemoryResult MemorySessions::add() {
     return store(edit);
 }
 
-MemoryResult MemorySessions::takeOver(const fs::path& root, const std::string& session,
+MemoryResult MemorySessions::takeOver(const std::string& root, const std::string& session,
                                       const std::string& name) {
-    if (!m_component.MigrateSession(root.string() + "/", session)) return {};
+    if (!m_component.MigrateSession(root, session)) return {};
     MemoryEdit edit;
     takeBack(edit);
     return store(underAnotherName(std::move(edit), name, {}, {}));
 }
 
 void MemorySessions::remove(ItemKind kind, const StoredItem& item) {
-    m_database.store({{Change::Act::Delete, kind, item.name, {}, item.version}});
+    m_database.store({{ItemChange::Act::Delete, kind, item.name, {}, item.version}});
 }
 
 void MemorySessions::takeBack(MemoryEdit& edit) {
     edit.session = readItem(m_component.GetDatasetSessionData(), session::kType);
-    const std::set<std::string> factory = factoryFormats();
+    const std::set<std::string> factory = factoryNames(ItemKind::PartFormat);
     std::set<std::string> names;
     for (const std::string& xml : m_component.GetDatasetFormatsData()) {
         if (xml.empty()) continue;
-        Item format = readItem(xml, partformat::kType);
+        ItemText format = readItem(xml, partformat::kType);
         // The text of a record that can't be saved is that of another one.
         if (!names.insert(format.name).second)
             throw DatabaseError("The part format " + format.name +
@@ -124,15 +110,15 @@ void MemorySessions::takeBack(MemoryEdit& edit) {
     }
 }
 
-std::vector<Change> MemorySessions::changesToStore(MemoryEdit edit) {
+std::vector<ItemChange> MemorySessions::changesToStore(MemoryEdit edit) {
     const std::vector<StoredItem> handedIn = edit.formatsBefore;
     const auto wasHandedIn = [&](const std::string& name) {
         return std::any_of(handedIn.begin(), handedIn.end(),
                            [&](const StoredItem& each) { return each.name == name; });
     };
-    for (const Item& format : edit.formats) {
+    for (const ItemText& format : edit.formats) {
         if (wasHandedIn(format.name)) continue;
-        auto stored = m_database.item(ItemKind::Format, format.name);
+        auto stored = m_database.item(ItemKind::PartFormat, format.name);
         if (stored && isWhole(*stored, partformat::kType) && sameRecord(stored->xml, format.xml))
             edit.formatsBefore.push_back(std::move(*stored));
     }
@@ -146,7 +132,7 @@ void MemorySessions::checkName(const MemoryEdit& edit) const {
                               "\": a name has a character at least, and none of " + kForbidden,
                           edit);
     const bool kept = edit.sessionBefore && edit.sessionBefore->name == name;
-    if (!kept && factorySessions().contains(name))
+    if (!kept && factoryNames(ItemKind::Session).contains(name))
         throw RefusedEdit("The store has a session " + name + " of its own.", edit);
 }
 
@@ -164,9 +150,9 @@ MemoryResult MemorySessions::store(const MemoryEdit& edit) {
 
 MemoryResult MemorySessions::storeUnderAnotherName(const RefusedEdit& refused,
                                                    const std::string& name) {
-    std::set<std::string> taken = factoryFormats();
-    for (const StoredItem& item : m_database.items(ItemKind::Format)) taken.insert(item.name);
+    std::set<std::string> taken = factoryNames(ItemKind::PartFormat);
+    for (const StoredItem& item : m_database.items(ItemKind::PartFormat)) taken.insert(item.name);
     return store(underAnotherName(refused.edit(), name, refused.conflicts(), taken));
 }
 
-}  // namespace host
+}  // namespace wynconfig

@@ -20,6 +20,8 @@
 
 namespace host {
 
+using wynconfig::ItemKind;
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -110,8 +112,8 @@ Tour::Tour(wynconfig::WYNConfig& component, wynconfig::ResourceManager& texts,
     m_installed.emplace(m_view);
     const fs::path database = folder / m_store.database().filename();
     fs::remove(database);
-    m_workplace = std::make_unique<Workplace>(component, m_store,
-                                              DatabaseAddress::file(database.string()), resources);
+    m_workplace = std::make_unique<Workplace>(
+        component, m_store, wynconfig::DatabaseAddress::file(database.string()), resources);
     m_window = std::make_unique<MainWindow>(*m_workplace);
     m_window->show();
 }
@@ -367,8 +369,8 @@ void Tour::checkRows(const std::string& place, const Rows& actual, const Rows& e
 
 void Tour::checkDatabase() {
     std::set<std::pair<ItemKind, std::string>> found;
-    for (const ItemKind kind : {ItemKind::Session, ItemKind::Format}) {
-        for (const StoredItem& item : m_workplace->database().items(kind)) {
+    for (const ItemKind kind : {ItemKind::Session, ItemKind::PartFormat}) {
+        for (const wynconfig::StoredItem& item : m_workplace->database().items(kind)) {
             const std::string place = placeOf(kind, item.name);
             const auto expected = m_expectedInDatabase.find({kind, item.name});
             found.insert({kind, item.name});

@@ -70,8 +70,8 @@ class Tour {
     void perform(const std::string& operationId, const std::string& session,
                  const Outcome& expected);
     /// The same for an operation on a session or part format of the database.
-    void performInDatabase(const std::string& operationId, ItemKind kind, const std::string& name,
-                           const Outcome& expected);
+    void performInDatabase(const std::string& operationId, wynconfig::ItemKind kind,
+                           const std::string& name, const Outcome& expected);
     /// When the next dialog of the host's own comes up: does this to it, takes a picture, and
     /// presses a button.
     /// @param button  object name
@@ -104,10 +104,10 @@ class Tour {
     void expectFile(const std::string& path, const std::string& text);
     /// Expects a record in the database with exactly these rows; there is no other one but those
     /// expected.
-    void expectStored(ItemKind kind, const std::string& name, Rows rows);
-    void expectNotStored(ItemKind kind, const std::string& name);
+    void expectStored(wynconfig::ItemKind kind, const std::string& name, Rows rows);
+    void expectNotStored(wynconfig::ItemKind kind, const std::string& name);
     /// The rows that a record of the database has to have by now.
-    Rows expectedStoredRows(ItemKind kind, const std::string& name) const;
+    Rows expectedStoredRows(wynconfig::ItemKind kind, const std::string& name) const;
     /// Expects a record, of the tour or of the sample store, to be gone.
     void expectNoRecord(const std::string& path);
     /// The rows that a record has to have by now: those announced, or else the sample store's.
@@ -146,7 +146,7 @@ class Tour {
     std::unique_ptr<MainWindow> m_window;
     std::map<std::string, Rows> m_expected;
     std::map<std::string, std::string> m_expectedFiles;
-    std::map<std::pair<ItemKind, std::string>, Rows> m_expectedInDatabase;
+    std::map<std::pair<wynconfig::ItemKind, std::string>, Rows> m_expectedInDatabase;
     std::set<std::string> m_gone;
     std::deque<std::string> m_boxPictures;
     std::deque<std::string> m_browsePictures;

@@ -16,6 +16,8 @@ namespace {
 namespace partformat = wynconfig::partformat;
 namespace session = wynconfig::session;
 namespace words = wynconfig::words;
+using wynconfig::ItemChange;
+using wynconfig::ItemKind;
 using wynconfig::User;
 
 constexpr const char* kTaken = "OLD WORKSHOP";
@@ -44,9 +46,9 @@ void renameFormat(Tour& tour) {
     });
     user.pick("lstAvailableFormats", kQuantityFirst);
     user.click("btnRename");
-    tour.expectStored(ItemKind::Format, kNewFormat,
-                      tour.expectedStoredRows(ItemKind::Format, kQuantityFirst));
-    tour.expectNotStored(ItemKind::Format, kQuantityFirst);
+    tour.expectStored(ItemKind::PartFormat, kNewFormat,
+                      tour.expectedStoredRows(ItemKind::PartFormat, kQuantityFirst));
+    tour.expectNotStored(ItemKind::PartFormat, kQuantityFirst);
     expectRow(tour, kTaken, session::formatKey(2), kNewFormat);
 }
 
@@ -59,9 +61,9 @@ void editFormat(Tour& tour) {
     });
     user.pick("lstAvailableFormats", kNewFormat);
     user.click("btnEdit");
-    Rows rows = tour.expectedStoredRows(ItemKind::Format, kNewFormat);
+    Rows rows = tour.expectedStoredRows(ItemKind::PartFormat, kNewFormat);
     rows[partformat::kHeader] = "PIECES";
-    tour.expectStored(ItemKind::Format, kNewFormat, std::move(rows));
+    tour.expectStored(ItemKind::PartFormat, kNewFormat, std::move(rows));
 }
 
 void refuseFactoryFormat(Tour& tour) {
@@ -76,15 +78,16 @@ void refuseFactoryFormat(Tour& tour) {
 
 /// What another workstation does to the session.
 void changeElsewhere(Tour& tour) {
-    SessionDatabase other(tour.workplace().database().address(), "ben@office");
-    const StoredItem item = *other.item(ItemKind::Session, kTaken);
+    wynconfig::SessionDatabase other(tour.workplace().database().address(), "ben@office");
+    const wynconfig::StoredItem item = *other.item(ItemKind::Session, kTaken);
     wynconfig::Document document;
     document.loadXML(item.xml);
     wynconfig::Dataset record;
     record.Load(document);
     record.UpdateRow({session::kOrientation, ""}, {session::kOrientation, words::kLeft});
     record.Save(document);
-    other.store({{Change::Act::Update, ItemKind::Session, kTaken, document.xml(), item.version}});
+    other.store(
+        {{ItemChange::Act::Update, ItemKind::Session, kTaken, document.xml(), item.version}});
     tour.say("ben@office has changed the session meanwhile");
 }
 
@@ -101,7 +104,7 @@ void takeSessionOver(Tour& tour) {
     tour.expectStored(ItemKind::Session, kTaken,
                       tour.rowsInOtherStore("MORAM/WORKSHOP COUNTER.vla"));
     tour.say("a part format that the store has too stays a factory item");
-    tour.expectStored(ItemKind::Format, kQuantityFirst,
+    tour.expectStored(ItemKind::PartFormat, kQuantityFirst,
                       tour.rowsInOtherStore("PARTFORMAT/QUANTITY FIRST.vla"));
     tour.checkDatabase();
     tour.hostPicture("host-after-take-over");

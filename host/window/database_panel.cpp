@@ -14,6 +14,8 @@
 
 namespace host {
 
+using wynconfig::ItemKind;
+
 namespace {
 
 enum Column { Name, Kind, Origin, ColumnCount };
@@ -24,7 +26,7 @@ QString wordFor(ItemKind kind) {
                                      : DatabasePanel::tr("part format");
 }
 
-QString originOf(const StoredItem& item) {
+QString originOf(const wynconfig::StoredItem& item) {
     const auto at = QDateTime::fromString(QString::fromStdString(item.changedAt), Qt::ISODate);
     return DatabasePanel::tr("%1, %2").arg(at.toLocalTime().toString("yyyy-MM-dd hh:mm"),
                                            QString::fromStdString(item.changedBy));
@@ -74,7 +76,7 @@ void DatabasePanel::refresh(const std::string& select) {
         list();
         m_place->setText(
             tr("Database: %1").arg(QString::fromStdString(m_workplace.databaseText())));
-    } catch (const DatabaseError& error) {
+    } catch (const wynconfig::DatabaseError& error) {
         m_list->clear();
         m_items.clear();
         m_place->setText(QString::fromUtf8(error.what()));
@@ -85,15 +87,16 @@ void DatabasePanel::refresh(const std::string& select) {
 }
 
 void DatabasePanel::list() {
-    for (const ItemKind kind : {ItemKind::Session, ItemKind::Format})
-        for (const StoredItem& item : m_workplace.database().items(kind)) addItem(kind, item);
-    for (const std::string& name : m_workplace.store().names(wynconfig::ItemKind::Session))
+    for (const ItemKind kind : {ItemKind::Session, ItemKind::PartFormat})
+        for (const wynconfig::StoredItem& item : m_workplace.database().items(kind))
+            addItem(kind, item);
+    for (const std::string& name : m_workplace.store().names(ItemKind::Session))
         addFactory(ItemKind::Session, name);
-    for (const std::string& name : m_workplace.store().names(wynconfig::ItemKind::PartFormat))
-        addFactory(ItemKind::Format, name);
+    for (const std::string& name : m_workplace.store().names(ItemKind::PartFormat))
+        addFactory(ItemKind::PartFormat, name);
 }
 
-void DatabasePanel::addItem(ItemKind kind, const StoredItem& item) {
+void DatabasePanel::addItem(ItemKind kind, const wynconfig::StoredItem& item) {
     QTreeWidgetItem* row = addRow(m_list, QString::fromStdString(item.name), kind, originOf(item));
     row->setData(Name, kItemRole, static_cast<int>(m_items.size()));
     m_items.push_back({kind, item});

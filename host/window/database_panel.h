@@ -27,15 +27,15 @@ class DatabasePanel : public QWidget {
     void refresh(const std::string& select);
     /// The selected item of the database; none when it is a factory item.
     std::optional<SelectedItem> selected() const;
-    void select(ItemKind kind, const std::string& name);
+    void select(wynconfig::ItemKind kind, const std::string& name);
 
   signals:
     void selectionChanged();
 
   private:
     void list();
-    void addItem(ItemKind kind, const StoredItem& item);
-    void addFactory(ItemKind kind, const std::string& name);
+    void addItem(wynconfig::ItemKind kind, const wynconfig::StoredItem& item);
+    void addFactory(wynconfig::ItemKind kind, const std::string& name);
 
     Workplace& m_workplace;
     QTreeWidget* m_list;

@@ -13,7 +13,7 @@ using Needs = Operation::Needs;
 constexpr const char* kCancelled = "Nothing was done.";
 
 /// What the user is told of an operation in memory.
-Outcome told(const MemoryResult& result) {
+Outcome told(const wynconfig::MemoryResult& result) {
     Outcome outcome{result.result, result.name, {}, result.xml};
     for (const std::string& format : result.leftOut)
         outcome.text += "The part format " + format + " is damaged and was left out. ";
@@ -27,17 +27,17 @@ Outcome settle(Workplace& workplace, QWidget* window) {
         const auto decision = askAboutRefusal(window, *workplace.refused);
         if (!decision) return {1, {}, "Not stored. The edit is kept: Database, Refused edit."};
         try {
-            MemorySessions& memory = workplace.inMemory();
-            const MemoryResult result =
+            wynconfig::MemorySessions& memory = workplace.inMemory();
+            const wynconfig::MemoryResult result =
                 decision->again ? memory.store(workplace.refused->edit())
                                 : memory.storeUnderAnotherName(*workplace.refused, decision->name);
             workplace.refused.reset();
             return told(result);
-        } catch (const RefusedEdit& refused) {
+        } catch (const wynconfig::RefusedEdit& refused) {
             workplace.refused = refused;
-        } catch (const DatabaseError& error) {
-            workplace.refused = RefusedEdit(error.what(), workplace.refused->edit(),
-                                            workplace.refused->conflicts());
+        } catch (const wynconfig::DatabaseError& error) {
+            workplace.refused = wynconfig::RefusedEdit(error.what(), workplace.refused->edit(),
+                                                       workplace.refused->conflicts());
         }
     }
 }
@@ -47,7 +47,7 @@ template <class Call>
 Outcome onDatabase(Workplace& workplace, const Selection& selection, Call call) {
     try {
         return told(call(workplace.inMemory()));
-    } catch (const RefusedEdit& refused) {
+    } catch (const wynconfig::RefusedEdit& refused) {
         workplace.refused = refused;
         return settle(workplace, selection.window);
     }
@@ -79,11 +79,12 @@ Outcome maintainSessions(Workplace& workplace, const Selection& selection) {
 }
 
 Outcome addToDatabase(Workplace& workplace, const Selection& selection) {
-    return onDatabase(workplace, selection, [](MemorySessions& memory) { return memory.add(); });
+    return onDatabase(workplace, selection,
+                      [](wynconfig::MemorySessions& memory) { return memory.add(); });
 }
 
 Outcome configureOfDatabase(Workplace& workplace, const Selection& selection) {
-    return onDatabase(workplace, selection, [&](MemorySessions& memory) {
+    return onDatabase(workplace, selection, [&](wynconfig::MemorySessions& memory) {
         return memory.configure(selection.database->item.name);
     });
 }
@@ -91,8 +92,8 @@ Outcome configureOfDatabase(Workplace& workplace, const Selection& selection) {
 Outcome takeOver(Workplace& workplace, const Selection& selection) {
     const auto wanted = askForTakeOver(selection.window);
     if (!wanted) return {{}, {}, kCancelled};
-    Outcome outcome = onDatabase(workplace, selection, [&](MemorySessions& memory) {
-        return memory.takeOver(wanted->root, wanted->session, wanted->name);
+    Outcome outcome = onDatabase(workplace, selection, [&](wynconfig::MemorySessions& memory) {
+        return memory.takeOver(wanted->root.string() + "/", wanted->session, wanted->name);
     });
     if (outcome.result == 1 && outcome.text.empty())
         outcome.text = "The session, or one of its part formats, is not in that store.";

@@ -18,8 +18,8 @@ enum class Area { Store, Database, Tools };
 
 /// An item of the database as the user sees it in the list.
 struct SelectedItem {
-    ItemKind kind = ItemKind::Session;
-    StoredItem item;
+    wynconfig::ItemKind kind = wynconfig::ItemKind::Session;
+    wynconfig::StoredItem item;
 };
 
 /// What is selected in the window when an operation is called.

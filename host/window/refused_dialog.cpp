@@ -25,9 +25,9 @@ QString toQt(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-QString textsOf(const MemoryEdit& edit) {
+QString textsOf(const wynconfig::MemoryEdit& edit) {
     QString text = toQt(edit.session.xml);
-    for (const Item& format : edit.formats) text += '\n' + toQt(format.xml);
+    for (const wynconfig::ItemText& format : edit.formats) text += '\n' + toQt(format.xml);
     return text;
 }
 
@@ -38,7 +38,7 @@ QLabel* makeText(const QString& text) {
     return label;
 }
 
-QPlainTextEdit* makeTexts(const MemoryEdit& edit) {
+QPlainTextEdit* makeTexts(const wynconfig::MemoryEdit& edit) {
     auto* texts = new QPlainTextEdit(textsOf(edit));
     texts->setReadOnly(true);
     texts->setTabChangesFocus(true);
@@ -49,7 +49,8 @@ QPlainTextEdit* makeTexts(const MemoryEdit& edit) {
 
 }  // namespace
 
-std::optional<RefusalDecision> askAboutRefusal(QWidget* window, const RefusedEdit& refused) {
+std::optional<RefusalDecision> askAboutRefusal(QWidget* window,
+                                               const wynconfig::RefusedEdit& refused) {
     QDialog dialog(window);
     dialog.setObjectName(kHostDialog);
     dialog.setWindowTitle(QObject::tr("The edit was not stored"));

@@ -17,6 +17,7 @@ struct RefusalDecision {
 
 /// Shows the reason and the edited texts, and asks what to do.
 /// @return none: leave it; the database's content counts for now
-std::optional<RefusalDecision> askAboutRefusal(QWidget* window, const RefusedEdit& refused);
+std::optional<RefusalDecision> askAboutRefusal(QWidget* window,
+                                               const wynconfig::RefusedEdit& refused);
 
 }  // namespace host

@@ -158,7 +158,7 @@ void SessionPanel::refresh() {
     listSessions(selectedSession());
 }
 
-void SessionPanel::selectInDatabase(ItemKind kind, const std::string& name) {
+void SessionPanel::selectInDatabase(wynconfig::ItemKind kind, const std::string& name) {
     m_lists->setCurrentWidget(m_database);
     m_database->refresh({});
     m_database->select(kind, name);
@@ -187,7 +187,7 @@ void SessionPanel::enableActions() {
                          (needs == Needs::Session && !now.session.empty()) ||
                          (needs == Needs::DatabaseItem && now.database) ||
                          (needs == Needs::DatabaseSession && now.database &&
-                          now.database->kind == ItemKind::Session) ||
+                          now.database->kind == wynconfig::ItemKind::Session) ||
                          (needs == Needs::RefusedEdit && m_workplace.refused);
         m_actions[static_cast<qsizetype>(i)]->setEnabled(met);
     }

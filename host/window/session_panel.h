@@ -32,7 +32,7 @@ class SessionPanel : public QWidget {
     /// Selects a session of the store, and brings its list to the front.
     void selectSession(const std::string& name);
     /// The same for a session or part format of the database.
-    void selectInDatabase(ItemKind kind, const std::string& name);
+    void selectInDatabase(wynconfig::ItemKind kind, const std::string& name);
     /// Lists the sessions anew, when something else than an operation changed the store.
     void refresh();
 

@@ -1,6 +1,7 @@
 // Connecting on demand, changing the store, and keeping the session list.
 #include "window/workplace.h"
 
+#include <QString>
 #include <QSysInfo>
 #include <fstream>
 #include <set>
@@ -33,7 +34,7 @@ void endInMemoryMode(wynconfig::WYNConfig& component) {
 }  // namespace
 
 Workplace::Workplace(wynconfig::WYNConfig& component, StoreFolders store,
-                     std::optional<DatabaseAddress> database, std::string resources,
+                     std::optional<wynconfig::DatabaseAddress> database, std::string resources,
                      std::string language)
     : m_component(component),
       m_store(std::move(store)),
@@ -41,18 +42,20 @@ Workplace::Workplace(wynconfig::WYNConfig& component, StoreFolders store,
       m_resources(std::move(resources)),
       m_language(std::move(language)) {}
 
-DatabaseAddress Workplace::address() const {
-    return m_given ? *m_given : DatabaseAddress::file(m_store.database().string());
+wynconfig::DatabaseAddress Workplace::address() const {
+    return m_given ? *m_given : wynconfig::DatabaseAddress::file(m_store.database().string());
 }
 
-SessionDatabase& Workplace::database() {
-    if (!m_database) m_database = std::make_unique<SessionDatabase>(address(), workstation());
+wynconfig::SessionDatabase& Workplace::database() {
+    if (!m_database)
+        m_database = std::make_unique<wynconfig::SessionDatabase>(address(), workstation());
     return *m_database;
 }
 
-MemorySessions& Workplace::inMemory() {
+wynconfig::MemorySessions& Workplace::inMemory() {
     if (!m_memory)
-        m_memory = std::make_unique<MemorySessions>(m_component, database(), m_store.root);
+        m_memory = std::make_unique<wynconfig::MemorySessions>(m_component, database(),
+                                                               m_store.rootText());
     m_memoryModeBegun = true;
     return *m_memory;
 }

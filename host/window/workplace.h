@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "database/database.h"
 #include "database/memory_sessions.h"
-#include "database/session_database.h"
 #include "sample/sample_store.h"
 #include "wynconfig/wynconfig.h"
 
@@ -19,16 +19,16 @@ class Workplace {
     /// @param resources  folder of the compiled texts
     /// @param language   of the component's texts by now; empty: the user's
     Workplace(wynconfig::WYNConfig& component, StoreFolders store,
-              std::optional<DatabaseAddress> database, std::string resources,
+              std::optional<wynconfig::DatabaseAddress> database, std::string resources,
               std::string language = {});
 
     /// The component, to call an operation that works on the store's files.
     wynconfig::WYNConfig& onFiles();
     /// The component, to call an operation that works in whatever mode it is.
     wynconfig::WYNConfig& component() { return m_component; }
-    /// The operations on the database. Raises `DatabaseError` while it can't be reached.
-    MemorySessions& inMemory();
-    SessionDatabase& database();
+    /// The operations on the database. Raises `wynconfig::DatabaseError` while it can't be reached.
+    wynconfig::MemorySessions& inMemory();
+    wynconfig::SessionDatabase& database();
     std::string databaseText() const { return address().text(); }
 
     const StoreFolders& store() const { return m_store; }
@@ -49,18 +49,18 @@ class Workplace {
     const std::string& language() const { return m_language; }
 
     /// The last edit that the database refused, until it is stored.
-    std::optional<RefusedEdit> refused;
+    std::optional<wynconfig::RefusedEdit> refused;
 
   private:
-    DatabaseAddress address() const;
+    wynconfig::DatabaseAddress address() const;
 
     wynconfig::WYNConfig& m_component;
     StoreFolders m_store;
-    std::optional<DatabaseAddress> m_given;
+    std::optional<wynconfig::DatabaseAddress> m_given;
     std::string m_resources;
     std::string m_language;
-    std::unique_ptr<SessionDatabase> m_database;
-    std::unique_ptr<MemorySessions> m_memory;
+    std::unique_ptr<wynconfig::SessionDatabase> m_database;
+    std::unique_ptr<wynconfig::MemorySessions> m_memory;
     bool m_memoryModeBegun = false;
 };
 

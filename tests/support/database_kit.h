@@ -1,4 +1,4 @@
-// Databases for the tests of the sample host: a file of SQLite, or a PostgreSQL server of the
+// Databases for the tests: a file of SQLite, or a PostgreSQL server of the
 // tests' own.
 #pragma once
 
@@ -14,10 +14,10 @@
 #include <stdexcept>
 #include <string>
 
-#include "database/session_database.h"
+#include "database/database.h"
 #include "support/temporary_folder.h"
 
-namespace host {
+namespace wynconfig {
 
 /// The server of this process: starts when a test first asks for it, and ends with the process.
 class PostgresServer {
@@ -98,7 +98,7 @@ class DatabaseDesk : public ::testing::TestWithParam<const char*> {
             throw std::runtime_error(query.lastError().text().toStdString());
     }
 
-    wynconfig::TemporaryFolder folder;
+    TemporaryFolder folder;
     DatabaseAddress address;
 };
 
@@ -106,4 +106,4 @@ class DatabaseDesk : public ::testing::TestWithParam<const char*> {
     INSTANTIATE_TEST_SUITE_P(SQLite, Fixture, ::testing::Values("SQLite")); \
     INSTANTIATE_TEST_SUITE_P(PostgreSQL, Fixture, ::testing::Values("PostgreSQL"))
 
-}  // namespace host
+}  // namespace wynconfig

@@ -11,18 +11,18 @@
 
 #include "support/database_kit.h"
 
-namespace host {
+namespace wynconfig {
 namespace {
 
-using Act = Change::Act;
+using Act = ItemChange::Act;
 
-Change insertion(ItemKind kind, const std::string& name, const std::string& xml) {
+ItemChange insertion(ItemKind kind, const std::string& name, const std::string& xml) {
     return {Act::Insert, kind, name, xml};
 }
-Change update(ItemKind kind, const StoredItem& seen, const std::string& xml) {
+ItemChange update(ItemKind kind, const StoredItem& seen, const std::string& xml) {
     return {Act::Update, kind, seen.name, xml, seen.version};
 }
-Change deletion(ItemKind kind, const StoredItem& seen) {
+ItemChange deletion(ItemKind kind, const StoredItem& seen) {
     return {Act::Delete, kind, seen.name, {}, seen.version};
 }
 
@@ -43,7 +43,7 @@ class HostDatabase : public DatabaseDesk {
         return found ? *found : StoredItem{"(none)", "", 0, "", ""};
     }
     StoredItem format(const std::string& name) {
-        const auto found = ben->item(ItemKind::Format, name);
+        const auto found = ben->item(ItemKind::PartFormat, name);
         return found ? *found : StoredItem{"(none)", "", 0, "", ""};
     }
     StoredItem makeSession(const std::string& name, const std::string& xml = "<first/>") {
@@ -51,11 +51,12 @@ class HostDatabase : public DatabaseDesk {
         return session(name);
     }
     StoredItem makeFormat(const std::string& name, const std::string& xml = "<first/>") {
-        anna->store({insertion(ItemKind::Format, name, xml)});
+        anna->store({insertion(ItemKind::PartFormat, name, xml)});
         return format(name);
     }
     /// The conflicts on which storing fails; none when it does not.
-    static std::vector<Conflict> refusal(SessionDatabase& who, const std::vector<Change>& changes) {
+    static std::vector<ItemConflict> refusal(SessionDatabase& who,
+                                             const std::vector<ItemChange>& changes) {
         try {
             who.store(changes);
         } catch (const ConflictError& error) {
@@ -78,13 +79,13 @@ class HostDatabase : public DatabaseDesk {
 
 TEST_P(HostDatabase, ANewDatabaseIsEmpty) {
     EXPECT_TRUE(anna->items(ItemKind::Session).empty());
-    EXPECT_TRUE(anna->items(ItemKind::Format).empty());
+    EXPECT_TRUE(anna->items(ItemKind::PartFormat).empty());
     EXPECT_FALSE(anna->item(ItemKind::Session, "NIGHT"));
 }
 
 TEST_P(HostDatabase, WhatOneStoresTheOtherReadsWithItsMaker) {
     anna->store({insertion(ItemKind::Session, "NIGHT", "<night/>"),
-                 insertion(ItemKind::Format, "LABEL", "<label/>")});
+                 insertion(ItemKind::PartFormat, "LABEL", "<label/>")});
     const StoredItem night = session("NIGHT");
     EXPECT_EQ(night.xml, "<night/>");
     EXPECT_EQ(night.changedBy, "anna@counter");
@@ -141,9 +142,9 @@ TEST_P(HostDatabase, OfTwoChangesToOneSessionTheSecondIsRefusedWhoeverMakesIt) {
 
 TEST_P(HostDatabase, ARefusalSaysWhatHappenedAndWho) {
     const StoredItem seen = makeFormat("LABEL");
-    ben->store({update(ItemKind::Format, seen, "<of ben/>")});
+    ben->store({update(ItemKind::PartFormat, seen, "<of ben/>")});
     const std::string text =
-        failure([&] { anna->store({update(ItemKind::Format, seen, "<of anna/>")}); });
+        failure([&] { anna->store({update(ItemKind::PartFormat, seen, "<of anna/>")}); });
     EXPECT_EQ(text,
               "Nothing was stored, because another workstation was faster:\n"
               "The part format LABEL was changed meanwhile by ben@office at " +
@@ -153,7 +154,7 @@ TEST_P(HostDatabase, ARefusalSaysWhatHappenedAndWho) {
 TEST_P(HostDatabase, WhatWasDeletedMeanwhileIsNotChangedNorDeletedAgain) {
     const StoredItem seen = makeSession("NIGHT");
     ben->store({deletion(ItemKind::Session, seen)});
-    for (const Change& change :
+    for (const ItemChange& change :
          {update(ItemKind::Session, seen, "<late/>"), deletion(ItemKind::Session, seen)}) {
         const auto conflicts = refusal(*anna, {change});
         ASSERT_EQ(conflicts.size(), 1U);
@@ -165,8 +166,8 @@ TEST_P(HostDatabase, WhatWasDeletedMeanwhileIsNotChangedNorDeletedAgain) {
 
 TEST_P(HostDatabase, WhatWasChangedMeanwhileIsNotDeleted) {
     const StoredItem seen = makeFormat("LABEL");
-    ben->store({update(ItemKind::Format, seen, "<of ben/>")});
-    EXPECT_EQ(refusal(*anna, {deletion(ItemKind::Format, seen)}).size(), 1U);
+    ben->store({update(ItemKind::PartFormat, seen, "<of ben/>")});
+    EXPECT_EQ(refusal(*anna, {deletion(ItemKind::PartFormat, seen)}).size(), 1U);
     EXPECT_EQ(format("LABEL").xml, "<of ben/>");
 }
 
@@ -217,12 +218,12 @@ TEST_P(HostDatabase, WhenOnePartFormatConflictsNothingOfTheSetIsStored) {
     const StoredItem label = makeFormat("LABEL");
     const StoredItem order = makeFormat("ORDER");
     const StoredItem old = makeFormat("OLD");
-    ben->store({update(ItemKind::Format, order, "<of ben/>")});
-    const auto conflicts = refusal(
-        *anna, {update(ItemKind::Session, night, "<of anna/>"),
-                insertion(ItemKind::Format, "NEW", "<of anna/>"),
-                update(ItemKind::Format, label, "<of anna/>"), deletion(ItemKind::Format, old),
-                update(ItemKind::Format, order, "<of anna/>")});
+    ben->store({update(ItemKind::PartFormat, order, "<of ben/>")});
+    const auto conflicts = refusal(*anna, {update(ItemKind::Session, night, "<of anna/>"),
+                                           insertion(ItemKind::PartFormat, "NEW", "<of anna/>"),
+                                           update(ItemKind::PartFormat, label, "<of anna/>"),
+                                           deletion(ItemKind::PartFormat, old),
+                                           update(ItemKind::PartFormat, order, "<of anna/>")});
     ASSERT_EQ(conflicts.size(), 1U);
     EXPECT_EQ(conflicts[0].change.name, "ORDER");
     EXPECT_EQ(session("NIGHT").xml, "<first/>");
@@ -236,10 +237,11 @@ TEST_P(HostDatabase, WhenOnePartFormatConflictsNothingOfTheSetIsStored) {
 TEST_P(HostDatabase, AllConflictsAreToldAtOnce) {
     const StoredItem label = makeFormat("LABEL");
     const StoredItem order = makeFormat("ORDER");
-    ben->store({update(ItemKind::Format, order, "<of ben/>"), deletion(ItemKind::Format, label)});
-    const auto conflicts = refusal(*anna, {update(ItemKind::Format, label, "<a/>"),
+    ben->store(
+        {update(ItemKind::PartFormat, order, "<of ben/>"), deletion(ItemKind::PartFormat, label)});
+    const auto conflicts = refusal(*anna, {update(ItemKind::PartFormat, label, "<a/>"),
                                            insertion(ItemKind::Session, "FREE", "<a/>"),
-                                           update(ItemKind::Format, order, "<a/>")});
+                                           update(ItemKind::PartFormat, order, "<a/>")});
     ASSERT_EQ(conflicts.size(), 2U);
     EXPECT_EQ(conflicts[0].change.name, "LABEL");
     EXPECT_EQ(conflicts[1].change.name, "ORDER");
@@ -247,14 +249,14 @@ TEST_P(HostDatabase, AllConflictsAreToldAtOnce) {
 
 TEST_P(HostDatabase, AnItemThatIsNeededHasToBeThereInWhateverVersion) {
     const StoredItem label = makeFormat("LABEL");
-    const std::vector<Change> changes = {insertion(ItemKind::Session, "NIGHT", "<n/>"),
-                                         {Act::Need, ItemKind::Format, "LABEL"}};
-    ben->store({update(ItemKind::Format, label, "<of ben/>")});
+    const std::vector<ItemChange> changes = {insertion(ItemKind::Session, "NIGHT", "<n/>"),
+                                             {Act::Need, ItemKind::PartFormat, "LABEL"}};
+    ben->store({update(ItemKind::PartFormat, label, "<of ben/>")});
     anna->store(changes);
     EXPECT_EQ(format("LABEL").changedBy, "ben@office");
 
     anna->store({deletion(ItemKind::Session, session("NIGHT"))});
-    ben->store({deletion(ItemKind::Format, format("LABEL"))});
+    ben->store({deletion(ItemKind::PartFormat, format("LABEL"))});
     const auto conflicts = refusal(*anna, changes);
     ASSERT_EQ(conflicts.size(), 1U);
     EXPECT_EQ(conflicts[0].text(),
@@ -335,7 +337,7 @@ TEST_P(HostDatabase, AFailureInTheMiddleTakesAllBack) {
     closeRaw(raw);
     const std::string text = failure([&] {
         anna->store({update(ItemKind::Session, night, "<of anna/>"),
-                     insertion(ItemKind::Format, "NEW", "<of anna/>")});
+                     insertion(ItemKind::PartFormat, "NEW", "<of anna/>")});
     });
     EXPECT_NE(text.find("the shelf is full"), std::string::npos) << text;
     EXPECT_NE(text.find("Nothing was stored."), std::string::npos) << text;
@@ -375,7 +377,7 @@ TEST_P(HostDatabaseServer, AConnectionLostInTheMiddleSaysSoAndStoresNothing) {
         text = failure([&] {
             SessionDatabase mine(address, "cut off");
             mine.store({update(ItemKind::Session, night, "<half/>"),
-                        insertion(ItemKind::Format, "NEW", "<half/>")});
+                        insertion(ItemKind::PartFormat, "NEW", "<half/>")});
         });
     });
     QSqlQuery waiting(raw);
@@ -480,4 +482,4 @@ TEST(DatabaseAddresses, WhatIsNoAddressIsRefused) {
 }
 
 }  // namespace
-}  // namespace host
+}  // namespace wynconfig

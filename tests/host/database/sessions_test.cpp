@@ -7,19 +7,16 @@
 #include <string>
 #include <vector>
 
-#include "database/memory_sessions.h"
-#include "installed_view.h"
+#include "database/memory_edit.h"
 #include "support/database_kit.h"
 #include "support/session_keys.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/resource_manager.h"
 #include "wynconfig/scripted_view.h"
 
-namespace host {
+namespace wynconfig {
 namespace {
 
-using wynconfig::Dataset;
-using wynconfig::User;
 using Rows = std::map<std::string, std::string>;
 
 void fill(Dataset& record, const std::string& type, const std::string& name, const Rows& rows) {
@@ -31,18 +28,18 @@ void fill(Dataset& record, const std::string& type, const std::string& name, con
 std::string recordText(const std::string& type, const std::string& name, const Rows& rows) {
     Dataset record;
     fill(record, type, name, rows);
-    wynconfig::Document document;
+    Document document;
     record.Save(document);
     return document.xml();
 }
 
 Rows rowsOf(const std::string& xml) {
-    wynconfig::Document document;
+    Document document;
     document.loadXML(xml);
     Dataset record;
     record.Load(document);
     Rows rows;
-    for (const wynconfig::DataRow& row : record.Rows()) rows[row[0]] = row[1];
+    for (const DataRow& row : record.Rows()) rows[row[0]] = row[1];
     return rows;
 }
 
@@ -53,7 +50,7 @@ Rows sessionRows(const std::vector<std::string>& formats) {
               {"PartFormat", "<none>"},   {"FileName", ""},
               {"FileFolder", ""},         {"FileAction", "OverWrite"},
               {"WriteFileOnly", "false"}};
-    rows.insert(wynconfig::kAdvancedDefaults.begin(), wynconfig::kAdvancedDefaults.end());
+    rows.insert(kAdvancedDefaults.begin(), kAdvancedDefaults.end());
     for (std::size_t i = 0; i < formats.size(); ++i)
         rows["FORMAT" + std::to_string(i + 1)] = formats[i];
     return rows;
@@ -84,26 +81,26 @@ class HostDatabaseSessions : public DatabaseDesk {
   protected:
     void SetUp() override {
         DatabaseDesk::SetUp();
-        view = std::make_shared<wynconfig::ScriptedView>();
-        installed.emplace(view);
-        component.InitResourceManager(wynconfig::makeBundleResourceManager(WYNCONFIG_RESOURCES));
+        view = std::make_shared<ScriptedView>();
+        installView(view);
+        component.InitResourceManager(makeBundleResourceManager(WYNCONFIG_RESOURCES));
         makeStore(root);
         component.init(root.string() + "/");
         putFile(root, "MORAM", "COUNTER", sessionRows({"FACTORY"}));
         putFile(root, "PARTFORMAT", "FACTORY", formatRows("factory"));
         anna.emplace(address, "anna");
         ben.emplace(address, "ben");
-        sessions.emplace(component, *anna, root);
+        sessions.emplace(component, *anna, root.string() + "/");
         insert(ItemKind::Session, "NIGHT", sessionXml("NIGHT", {"LABEL"}));
-        insert(ItemKind::Format, "LABEL", formatXml("LABEL"));
-        insert(ItemKind::Format, "ORDER", formatXml("ORDER"));
+        insert(ItemKind::PartFormat, "LABEL", formatXml("LABEL"));
+        insert(ItemKind::PartFormat, "ORDER", formatXml("ORDER"));
     }
     void TearDown() override {
         EXPECT_NO_THROW(user().finish());
         sessions.reset();
         anna.reset();
         ben.reset();
-        installed.reset();
+        installView(nullptr);
     }
 
     User& user() { return view->user(); }
@@ -121,13 +118,13 @@ class HostDatabaseSessions : public DatabaseDesk {
 
     // What Ben does.
     void insert(ItemKind kind, const std::string& name, const std::string& xml) {
-        ben->store({{Change::Act::Insert, kind, name, xml}});
+        ben->store({{ItemChange::Act::Insert, kind, name, xml}});
     }
     void change(ItemKind kind, const std::string& name, const std::string& xml) {
-        ben->store({{Change::Act::Update, kind, name, xml, ben->item(kind, name)->version}});
+        ben->store({{ItemChange::Act::Update, kind, name, xml, ben->item(kind, name)->version}});
     }
     void remove(ItemKind kind, const std::string& name) {
-        ben->store({{Change::Act::Delete, kind, name, {}, ben->item(kind, name)->version}});
+        ben->store({{ItemChange::Act::Delete, kind, name, {}, ben->item(kind, name)->version}});
     }
 
     Rows stored(ItemKind kind, const std::string& name) {
@@ -135,7 +132,7 @@ class HostDatabaseSessions : public DatabaseDesk {
         return item ? rowsOf(item->xml) : Rows{};
     }
     Rows storedSession(const std::string& name) { return stored(ItemKind::Session, name); }
-    Rows storedFormat(const std::string& name) { return stored(ItemKind::Format, name); }
+    Rows storedFormat(const std::string& name) { return stored(ItemKind::PartFormat, name); }
     std::vector<std::string> names(ItemKind kind) {
         std::vector<std::string> all;
         for (const StoredItem& item : ben->items(kind)) all.push_back(item.name);
@@ -143,7 +140,7 @@ class HostDatabaseSessions : public DatabaseDesk {
     }
     std::map<std::string, std::int64_t> versions() {
         std::map<std::string, std::int64_t> all;
-        for (const ItemKind kind : {ItemKind::Session, ItemKind::Format})
+        for (const ItemKind kind : {ItemKind::Session, ItemKind::PartFormat})
             for (const StoredItem& item : ben->items(kind)) all[item.name] = item.version;
         return all;
     }
@@ -179,13 +176,12 @@ class HostDatabaseSessions : public DatabaseDesk {
         onFormats(u, format, "btnEdit");
     }
     static void deleteFormat(User& u, const std::string& format) {
-        u.onBox(wynconfig::answer::Yes);
+        u.onBox(answer::Yes);
         onFormats(u, format, "btnDelete");
     }
 
-    wynconfig::WYNConfig component;
-    std::shared_ptr<wynconfig::ScriptedView> view;
-    std::optional<InstalledView> installed;
+    WYNConfig component;
+    std::shared_ptr<ScriptedView> view;
     const std::filesystem::path root = folder / "store";
     std::optional<SessionDatabase> anna;
     std::optional<SessionDatabase> ben;
@@ -239,7 +235,7 @@ TEST_P(HostDatabaseSessions, NewChangedAndDeletedFormatsGoIntoTheDatabase) {
         editHeader(u, "LABEL", "second");
         deleteFormat(u, "ORDER");
     });
-    EXPECT_EQ(names(ItemKind::Format), (std::vector<std::string>{"COPY OF LABEL", "LABEL"}));
+    EXPECT_EQ(names(ItemKind::PartFormat), (std::vector<std::string>{"COPY OF LABEL", "LABEL"}));
     EXPECT_EQ(storedFormat("LABEL").at("Header"), "second");
     EXPECT_EQ(storedFormat("COPY OF LABEL").at("Header"), "first");
     EXPECT_FALSE(std::filesystem::exists(root / "PARTFORMAT" / "deleted"));
@@ -260,32 +256,32 @@ TEST_P(HostDatabaseSessions, ARenamedFormatLeavesItsOldNameAndTheSessionFollows)
         });
         onFormats(u, "LABEL", "btnRename");
     });
-    EXPECT_EQ(names(ItemKind::Format), (std::vector<std::string>{"ORDER", "TAG"}));
+    EXPECT_EQ(names(ItemKind::PartFormat), (std::vector<std::string>{"ORDER", "TAG"}));
     EXPECT_EQ(storedSession("NIGHT").at("FORMAT1"), "TAG");
 }
 
 TEST_P(HostDatabaseSessions, ASelectedFactoryFormatIsNotStored) {
     configure([](User& u) { onFormats(u, "FACTORY", "btnAdd"); });
     EXPECT_EQ(storedSession("NIGHT").at("FORMAT2"), "FACTORY");
-    EXPECT_EQ(names(ItemKind::Format), (std::vector<std::string>{"LABEL", "ORDER"}));
+    EXPECT_EQ(names(ItemKind::PartFormat), (std::vector<std::string>{"LABEL", "ORDER"}));
 }
 
 TEST_P(HostDatabaseSessions, AFormatThatThisStoreHasTooStaysInTheDatabase) {
-    insert(ItemKind::Format, "FACTORY", formatXml("FACTORY", "of another workstation"));
+    insert(ItemKind::PartFormat, "FACTORY", formatXml("FACTORY", "of another workstation"));
     configure([](User& u) { onFormats(u, "FACTORY", "btnAdd"); });
     EXPECT_EQ(storedFormat("FACTORY").at("Header"), "of another workstation");
 }
 
 TEST_P(HostDatabaseSessions, ADamagedFormatIsLeftOutAndStaysInTheDatabase) {
-    insert(ItemKind::Format, "BROKEN", "<half");
-    insert(ItemKind::Format, "OTHER", formatXml("ANOTHER NAME"));
+    insert(ItemKind::PartFormat, "BROKEN", "<half");
+    insert(ItemKind::PartFormat, "OTHER", formatXml("ANOTHER NAME"));
     const MemoryResult outcome = configure([](User& u) {
         u.changeTab("SSTab2", 1);
         EXPECT_EQ(u.see("lstAvailableFormats").rows.size(), 3U);
     });
     EXPECT_EQ(outcome.result, 0);
     EXPECT_EQ(outcome.leftOut, (std::vector<std::string>{"BROKEN", "OTHER"}));
-    EXPECT_EQ(names(ItemKind::Format),
+    EXPECT_EQ(names(ItemKind::PartFormat),
               (std::vector<std::string>{"BROKEN", "LABEL", "ORDER", "OTHER"}));
 }
 
@@ -320,15 +316,15 @@ TEST_P(HostDatabaseSessions, WhenAnotherChangesAFormatMeanwhileNothingOfTheSetIs
         editHeader(u, "LABEL", "of anna");
         onFormats(u, "ORDER", "btnCopy");
         onFormats(u, "ORDER", "btnAdd");
-        change(ItemKind::Format, "LABEL", formatXml("LABEL", "of ben"));
+        change(ItemKind::PartFormat, "LABEL", formatXml("LABEL", "of ben"));
     });
     ASSERT_TRUE(refused);
     ASSERT_EQ(refused->conflicts().size(), 1U);
     EXPECT_EQ(storedFormat("LABEL").at("Header"), "of ben");
     EXPECT_EQ(storedSession("NIGHT"), sessionRows({"LABEL"}));
-    EXPECT_EQ(names(ItemKind::Format), (std::vector<std::string>{"LABEL", "ORDER"}));
+    EXPECT_EQ(names(ItemKind::PartFormat), (std::vector<std::string>{"LABEL", "ORDER"}));
 
-    insert(ItemKind::Format, "LABEL 2", formatXml("LABEL 2", "in the way"));
+    insert(ItemKind::PartFormat, "LABEL 2", formatXml("LABEL 2", "in the way"));
     sessions->storeUnderAnotherName(*refused, "NIGHT 2");
     EXPECT_EQ(storedFormat("LABEL").at("Header"), "of ben");
     EXPECT_EQ(storedFormat("LABEL 3").at("Header"), "of anna");
@@ -338,7 +334,7 @@ TEST_P(HostDatabaseSessions, WhenAnotherChangesAFormatMeanwhileNothingOfTheSetIs
 }
 
 TEST_P(HostDatabaseSessions, AFormatThatTheSessionUsesComesBackUnderAnotherNameOfTheSession) {
-    const auto refused = refusedConfigure([this](User&) { remove(ItemKind::Format, "LABEL"); });
+    const auto refused = refusedConfigure([this](User&) { remove(ItemKind::PartFormat, "LABEL"); });
     ASSERT_TRUE(refused);
     sessions->storeUnderAnotherName(*refused, "NIGHT 2");
     EXPECT_EQ(storedFormat("LABEL").at("Header"), "first");
@@ -349,7 +345,7 @@ TEST_P(HostDatabaseSessions, WhatAnotherChangedMeanwhileIsNotDeleted) {
     const auto refused = refusedConfigure([this](User& u) {
         u.type("txtCommandLineArgs", "--of-anna");
         deleteFormat(u, "ORDER");
-        change(ItemKind::Format, "ORDER", formatXml("ORDER", "of ben"));
+        change(ItemKind::PartFormat, "ORDER", formatXml("ORDER", "of ben"));
     });
     ASSERT_TRUE(refused);
     EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), "--first");
@@ -422,7 +418,7 @@ TEST_P(HostDatabaseSessions, ANewSessionIsStoredAndNoFormatIsTakenForDeleted) {
     EXPECT_EQ(outcome.name, "DAY");
     EXPECT_EQ(storedSession("DAY").at("FORMAT1"), "FACTORY");
     EXPECT_EQ(names(ItemKind::Session), (std::vector<std::string>{"DAY", "NIGHT"}));
-    EXPECT_EQ(names(ItemKind::Format),
+    EXPECT_EQ(names(ItemKind::PartFormat),
               (std::vector<std::string>{"COPY OF FACTORY", "LABEL", "ORDER"}));
 }
 
@@ -462,16 +458,16 @@ class HostDatabaseTakeOver : public HostDatabaseSessions {
 };
 
 TEST_P(HostDatabaseTakeOver, TheSessionAndItsFormatsAreKept) {
-    const MemoryResult outcome = sessions->takeOver(other, "OLD DESK", "old desk");
+    const MemoryResult outcome = sessions->takeOver(other.string() + "/", "OLD DESK", "old desk");
     EXPECT_EQ(outcome.result, 0);
     EXPECT_EQ(outcome.name, "OLD DESK");
     EXPECT_EQ(storedSession("OLD DESK"), sessionRows({"TAG", "FACTORY"}));
     EXPECT_EQ(storedFormat("TAG").at("Header"), "of the other store");
-    EXPECT_EQ(names(ItemKind::Format), (std::vector<std::string>{"LABEL", "ORDER", "TAG"}));
+    EXPECT_EQ(names(ItemKind::PartFormat), (std::vector<std::string>{"LABEL", "ORDER", "TAG"}));
 }
 
 TEST_P(HostDatabaseTakeOver, ItCanGetAnotherNameAndCanBeConfiguredAfterwards) {
-    EXPECT_EQ(sessions->takeOver(other, "OLD DESK", "new desk").name, "NEW DESK");
+    EXPECT_EQ(sessions->takeOver(other.string() + "/", "OLD DESK", "new desk").name, "NEW DESK");
     inSession([](User& u) {
         EXPECT_EQ(u.see("txtDisplayName").text, "NEW DESK");
         u.type("txtCommandLineArgs", "--second");
@@ -482,16 +478,16 @@ TEST_P(HostDatabaseTakeOver, ItCanGetAnotherNameAndCanBeConfiguredAfterwards) {
 }
 
 TEST_P(HostDatabaseTakeOver, ASecondSessionWithTheSameFormatIsNoConflict) {
-    sessions->takeOver(other, "OLD DESK", "FIRST");
-    sessions->takeOver(other, "OLD DESK", "SECOND");
+    sessions->takeOver(other.string() + "/", "OLD DESK", "FIRST");
+    sessions->takeOver(other.string() + "/", "OLD DESK", "SECOND");
     EXPECT_EQ(names(ItemKind::Session), (std::vector<std::string>{"FIRST", "NIGHT", "SECOND"}));
 }
 
 TEST_P(HostDatabaseTakeOver, AFormatThatTheDatabaseHasOtherwiseIsRefusedAndCanGetAnotherName) {
-    insert(ItemKind::Format, "TAG", formatXml("TAG", "of ben"));
+    insert(ItemKind::PartFormat, "TAG", formatXml("TAG", "of ben"));
     std::optional<RefusedEdit> refused;
     try {
-        sessions->takeOver(other, "OLD DESK", "OLD DESK");
+        sessions->takeOver(other.string() + "/", "OLD DESK", "OLD DESK");
     } catch (const RefusedEdit& error) {
         refused = error;
     }
@@ -506,13 +502,13 @@ TEST_P(HostDatabaseTakeOver, AFormatThatTheDatabaseHasOtherwiseIsRefusedAndCanGe
 TEST_P(HostDatabaseTakeOver, WhatCantBeReadIsNotKept) {
     putFile(other, "MORAM", "BAD", sessionRows({"TAG", "GONE"}));
     for (const char* name : {"BAD", "NOBODY"}) {
-        const MemoryResult outcome = sessions->takeOver(other, name, name);
+        const MemoryResult outcome = sessions->takeOver(other.string() + "/", name, name);
         EXPECT_EQ(outcome.result, 1);
         EXPECT_EQ(outcome.name, "");
     }
-    EXPECT_EQ(sessions->takeOver(folder / "gone", "OLD DESK", "X").result, 1);
+    EXPECT_EQ(sessions->takeOver((folder / "gone/").string(), "OLD DESK", "X").result, 1);
     EXPECT_EQ(names(ItemKind::Session), std::vector<std::string>{"NIGHT"});
-    EXPECT_EQ(names(ItemKind::Format), (std::vector<std::string>{"LABEL", "ORDER"}));
+    EXPECT_EQ(names(ItemKind::PartFormat), (std::vector<std::string>{"LABEL", "ORDER"}));
 }
 
 TEST_P(HostDatabaseSessions, WhatWasSeenIsDeletedUnlessItChangedMeanwhile) {
@@ -528,4 +524,4 @@ ON_EVERY_DATABASE(HostDatabaseSessions);
 ON_EVERY_DATABASE(HostDatabaseTakeOver);
 
 }  // namespace
-}  // namespace host
+}  // namespace wynconfig

@@ -18,15 +18,15 @@ class HostWorkplace : public HostWindow {
     void SetUp() override {
         HostWindow::SetUp();
         // The database has a copy of a session of the store, which is no factory item then.
-        put(ItemKind::Session, "DESK", textOf("MORAM", kSession, "DESK"));
+        put(wynconfig::ItemKind::Session, "DESK", textOf("MORAM", kSession, "DESK"));
     }
 
     void TearDown() override { workplace.onFiles(); }  // other tests of the thread begin there
 
     wynconfig::User& user() { return view->user(); }
 
-    void put(ItemKind kind, const std::string& name, const std::string& xml) {
-        workplace.database().store({{Change::Act::Insert, kind, name, xml}});
+    void put(wynconfig::ItemKind kind, const std::string& name, const std::string& xml) {
+        workplace.database().store({{wynconfig::ItemChange::Act::Insert, kind, name, xml}});
     }
     /// The text of a record of the store under another name.
     std::string textOf(const std::string& type, const std::string& item, const std::string& name) {
@@ -40,7 +40,7 @@ class HostWorkplace : public HostWindow {
     Outcome configureDesk() {
         user().onForm("frmMORAMConfig", [](wynconfig::User& u) { u.click("btnOK"); });
         Selection selection;
-        selection.database = SelectedItem{ItemKind::Session, {"DESK", "", 0, "", ""}};
+        selection.database = SelectedItem{wynconfig::ItemKind::Session, {"DESK", "", 0, "", ""}};
         const auto& all = operations();
         return std::find_if(
                    all.begin(), all.end(),
@@ -54,7 +54,7 @@ class HostWorkplace : public HostWindow {
 
 TEST_F(HostWorkplace, TellsThatAnEditWasStoredAndWhatWasLeftOut) {
     EXPECT_EQ(configureDesk().text, "Stored in the database.");
-    put(ItemKind::Format, "BROKEN", "<half");
+    put(wynconfig::ItemKind::PartFormat, "BROKEN", "<half");
     const Outcome outcome = configureDesk();
     EXPECT_EQ(outcome.text,
               "The part format BROKEN is damaged and was left out. Stored in the database.");
