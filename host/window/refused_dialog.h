@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "database/memory_sessions.h"
+#include "wynconfig/memory_sessions.h"
 
 class QWidget;
 

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "database/database.h"
-#include "database/memory_sessions.h"
 #include "sample/sample_store.h"
+#include "wynconfig/database.h"
+#include "wynconfig/memory_sessions.h"
 #include "wynconfig/wynconfig.h"
 
 namespace host {

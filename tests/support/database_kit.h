@@ -14,8 +14,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "database/database.h"
 #include "support/temporary_folder.h"
+#include "wynconfig/database.h"
 
 namespace wynconfig {
 

@@ -3,7 +3,7 @@
 // Whoever stores first raises the one number in `config_change`. That locks its row until the end
 // of the transaction, so that changes are made one after another; and the number is the version of
 // all that the transaction writes, so that no version comes twice.
-#include "database/database.h"
+#include "wynconfig/database.h"
 
 #include <QDateTime>
 #include <QSqlQuery>

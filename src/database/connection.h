@@ -7,7 +7,7 @@
 #include <QVariantList>
 #include <string>
 
-#include "database/database.h"
+#include "wynconfig/database.h"
 
 namespace wynconfig {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "database/memory_sessions.h"
+#include "wynconfig/memory_sessions.h"
 
 namespace wynconfig {
 

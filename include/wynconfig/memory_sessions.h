@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "database/database.h"
+#include "wynconfig/database.h"
 #include "wynconfig/export.h"
 #include "wynconfig/store.h"
 #include "wynconfig/wynconfig.h"

@@ -1,5 +1,5 @@
 // From the database into the dialogs and back.
-#include "database/memory_sessions.h"
+#include "wynconfig/memory_sessions.h"
 
 #include <algorithm>
 #include <utility>

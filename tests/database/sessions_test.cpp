@@ -77,7 +77,7 @@ std::string formatXml(const std::string& name, const std::string& header = "firs
 }
 
 /// Anna sits at the dialogs; Ben works on the same database at the same time.
-class HostDatabaseSessions : public DatabaseDesk {
+class MemorySessionsTest : public DatabaseDesk {
   protected:
     void SetUp() override {
         DatabaseDesk::SetUp();
@@ -188,7 +188,7 @@ class HostDatabaseSessions : public DatabaseDesk {
     std::optional<MemorySessions> sessions;
 };
 
-TEST_P(HostDatabaseSessions, TheDialogOffersTheUsersFormatsBesideTheFactoryOnes) {
+TEST_P(MemorySessionsTest, TheDialogOffersTheUsersFormatsBesideTheFactoryOnes) {
     configure([](User& u) {
         u.changeTab("SSTab2", 1);
         EXPECT_EQ(u.see("lstAvailableFormats").rowTexts(),
@@ -197,7 +197,7 @@ TEST_P(HostDatabaseSessions, TheDialogOffersTheUsersFormatsBesideTheFactoryOnes)
     });
 }
 
-TEST_P(HostDatabaseSessions, AConfirmedSessionIsStoredAndTheFormatsStay) {
+TEST_P(MemorySessionsTest, AConfirmedSessionIsStoredAndTheFormatsStay) {
     const auto before = versions();
     const MemoryResult outcome =
         configure([](User& u) { u.type("txtCommandLineArgs", "--second"); });
@@ -212,13 +212,13 @@ TEST_P(HostDatabaseSessions, AConfirmedSessionIsStoredAndTheFormatsStay) {
     EXPECT_FALSE(std::filesystem::exists(root / "MORAM" / "NIGHT.vla"));
 }
 
-TEST_P(HostDatabaseSessions, ConfirmingWithoutAChangeChangesNothing) {
+TEST_P(MemorySessionsTest, ConfirmingWithoutAChangeChangesNothing) {
     const auto before = versions();
     EXPECT_EQ(configure([](User&) {}).result, 0);
     EXPECT_EQ(versions(), before);
 }
 
-TEST_P(HostDatabaseSessions, CancellingStoresNothingNotEvenADeletedFormat) {
+TEST_P(MemorySessionsTest, CancellingStoresNothingNotEvenADeletedFormat) {
     const auto before = versions();
     inSession([](User& u) {
         u.type("txtCommandLineArgs", "--second");
@@ -229,7 +229,7 @@ TEST_P(HostDatabaseSessions, CancellingStoresNothingNotEvenADeletedFormat) {
     EXPECT_EQ(versions(), before);
 }
 
-TEST_P(HostDatabaseSessions, NewChangedAndDeletedFormatsGoIntoTheDatabase) {
+TEST_P(MemorySessionsTest, NewChangedAndDeletedFormatsGoIntoTheDatabase) {
     configure([](User& u) {
         onFormats(u, "LABEL", "btnCopy");
         editHeader(u, "LABEL", "second");
@@ -241,14 +241,14 @@ TEST_P(HostDatabaseSessions, NewChangedAndDeletedFormatsGoIntoTheDatabase) {
     EXPECT_FALSE(std::filesystem::exists(root / "PARTFORMAT" / "deleted"));
 }
 
-TEST_P(HostDatabaseSessions, ARenamedSessionLeavesItsOldName) {
+TEST_P(MemorySessionsTest, ARenamedSessionLeavesItsOldName) {
     const MemoryResult outcome = configure([](User& u) { u.type("txtDisplayName", "late"); });
     EXPECT_EQ(outcome.name, "LATE");
     EXPECT_EQ(names(ItemKind::Session), std::vector<std::string>{"LATE"});
     EXPECT_EQ(readItem(ben->item(ItemKind::Session, "LATE")->xml, "MORAM").name, "LATE");
 }
 
-TEST_P(HostDatabaseSessions, ARenamedFormatLeavesItsOldNameAndTheSessionFollows) {
+TEST_P(MemorySessionsTest, ARenamedFormatLeavesItsOldNameAndTheSessionFollows) {
     configure([](User& u) {
         u.onForm("dlgSingleEntry", [](User& prompt) {
             prompt.type("txtTextBox", "tag");
@@ -260,19 +260,19 @@ TEST_P(HostDatabaseSessions, ARenamedFormatLeavesItsOldNameAndTheSessionFollows)
     EXPECT_EQ(storedSession("NIGHT").at("FORMAT1"), "TAG");
 }
 
-TEST_P(HostDatabaseSessions, ASelectedFactoryFormatIsNotStored) {
+TEST_P(MemorySessionsTest, ASelectedFactoryFormatIsNotStored) {
     configure([](User& u) { onFormats(u, "FACTORY", "btnAdd"); });
     EXPECT_EQ(storedSession("NIGHT").at("FORMAT2"), "FACTORY");
     EXPECT_EQ(names(ItemKind::PartFormat), (std::vector<std::string>{"LABEL", "ORDER"}));
 }
 
-TEST_P(HostDatabaseSessions, AFormatThatThisStoreHasTooStaysInTheDatabase) {
+TEST_P(MemorySessionsTest, AFormatThatThisStoreHasTooStaysInTheDatabase) {
     insert(ItemKind::PartFormat, "FACTORY", formatXml("FACTORY", "of another workstation"));
     configure([](User& u) { onFormats(u, "FACTORY", "btnAdd"); });
     EXPECT_EQ(storedFormat("FACTORY").at("Header"), "of another workstation");
 }
 
-TEST_P(HostDatabaseSessions, ADamagedFormatIsLeftOutAndStaysInTheDatabase) {
+TEST_P(MemorySessionsTest, ADamagedFormatIsLeftOutAndStaysInTheDatabase) {
     insert(ItemKind::PartFormat, "BROKEN", "<half");
     insert(ItemKind::PartFormat, "OTHER", formatXml("ANOTHER NAME"));
     const MemoryResult outcome = configure([](User& u) {
@@ -285,14 +285,14 @@ TEST_P(HostDatabaseSessions, ADamagedFormatIsLeftOutAndStaysInTheDatabase) {
               (std::vector<std::string>{"BROKEN", "LABEL", "ORDER", "OTHER"}));
 }
 
-TEST_P(HostDatabaseSessions, ASessionThatIsGoneOrDamagedIsTold) {
+TEST_P(MemorySessionsTest, ASessionThatIsGoneOrDamagedIsTold) {
     insert(ItemKind::Session, "BROKEN", "<half");
     EXPECT_THROW(sessions->configure("BROKEN"), DatabaseError);
     EXPECT_THROW(sessions->configure("GONE"), DatabaseError);
     EXPECT_TRUE(user().forms().empty());
 }
 
-TEST_P(HostDatabaseSessions, WhenAnotherChangesTheSessionMeanwhileBothTextsAreKept) {
+TEST_P(MemorySessionsTest, WhenAnotherChangesTheSessionMeanwhileBothTextsAreKept) {
     const auto refused = refusedConfigure([this](User& u) {
         u.type("txtCommandLineArgs", "--of-anna");
         Rows rows = sessionRows({"LABEL"});
@@ -311,7 +311,7 @@ TEST_P(HostDatabaseSessions, WhenAnotherChangesTheSessionMeanwhileBothTextsAreKe
               "NIGHT OF ANNA");
 }
 
-TEST_P(HostDatabaseSessions, WhenAnotherChangesAFormatMeanwhileNothingOfTheSetIsStored) {
+TEST_P(MemorySessionsTest, WhenAnotherChangesAFormatMeanwhileNothingOfTheSetIsStored) {
     const auto refused = refusedConfigure([this](User& u) {
         editHeader(u, "LABEL", "of anna");
         onFormats(u, "ORDER", "btnCopy");
@@ -333,7 +333,7 @@ TEST_P(HostDatabaseSessions, WhenAnotherChangesAFormatMeanwhileNothingOfTheSetIs
     EXPECT_EQ(storedSession("NIGHT 2"), sessionRows({"LABEL 3", "ORDER"}));
 }
 
-TEST_P(HostDatabaseSessions, AFormatThatTheSessionUsesComesBackUnderAnotherNameOfTheSession) {
+TEST_P(MemorySessionsTest, AFormatThatTheSessionUsesComesBackUnderAnotherNameOfTheSession) {
     const auto refused = refusedConfigure([this](User&) { remove(ItemKind::PartFormat, "LABEL"); });
     ASSERT_TRUE(refused);
     sessions->storeUnderAnotherName(*refused, "NIGHT 2");
@@ -341,7 +341,7 @@ TEST_P(HostDatabaseSessions, AFormatThatTheSessionUsesComesBackUnderAnotherNameO
     EXPECT_EQ(storedSession("NIGHT 2"), sessionRows({"LABEL"}));
 }
 
-TEST_P(HostDatabaseSessions, WhatAnotherChangedMeanwhileIsNotDeleted) {
+TEST_P(MemorySessionsTest, WhatAnotherChangedMeanwhileIsNotDeleted) {
     const auto refused = refusedConfigure([this](User& u) {
         u.type("txtCommandLineArgs", "--of-anna");
         deleteFormat(u, "ORDER");
@@ -354,7 +354,7 @@ TEST_P(HostDatabaseSessions, WhatAnotherChangedMeanwhileIsNotDeleted) {
     EXPECT_EQ(storedSession("NIGHT 2").at("CommandLineArgs"), "--of-anna");
 }
 
-TEST_P(HostDatabaseSessions, WhenAnotherDeletesOrRenamesTheSessionMeanwhileTheEditIsKept) {
+TEST_P(MemorySessionsTest, WhenAnotherDeletesOrRenamesTheSessionMeanwhileTheEditIsKept) {
     const auto refused = refusedConfigure([this](User& u) {
         u.type("txtCommandLineArgs", "--of-anna");
         remove(ItemKind::Session, "NIGHT");
@@ -365,7 +365,7 @@ TEST_P(HostDatabaseSessions, WhenAnotherDeletesOrRenamesTheSessionMeanwhileTheEd
     EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), "--of-anna");
 }
 
-TEST_P(HostDatabaseSessions, AnotherNameThatWontDoIsRefusedAndTheEditKept) {
+TEST_P(MemorySessionsTest, AnotherNameThatWontDoIsRefusedAndTheEditKept) {
     insert(ItemKind::Session, "DAY", sessionXml("DAY", {"LABEL"}));
     const auto first = refusedConfigure([this](User& u) {
         u.type("txtCommandLineArgs", "--of-anna");
@@ -384,7 +384,7 @@ TEST_P(HostDatabaseSessions, AnotherNameThatWontDoIsRefusedAndTheEditKept) {
     EXPECT_EQ(names(ItemKind::Session), (std::vector<std::string>{"DAY", "NIGHT"}));
 }
 
-TEST_P(HostDatabaseSessions, AnEditThatFailedOnTheDatabaseCanBeStoredOnceMore) {
+TEST_P(MemorySessionsTest, AnEditThatFailedOnTheDatabaseCanBeStoredOnceMore) {
     QSqlDatabase raw = openRaw(address);
     const auto refused = refusedConfigure([&raw](User& u) {
         u.type("txtCommandLineArgs", "--second");
@@ -407,7 +407,7 @@ void addNewSession(User& u, const std::string& name) {
     });
 }
 
-TEST_P(HostDatabaseSessions, ANewSessionIsStoredAndNoFormatIsTakenForDeleted) {
+TEST_P(MemorySessionsTest, ANewSessionIsStoredAndNoFormatIsTakenForDeleted) {
     addNewSession(user(), "day");
     inSession([](User& u) {
         onFormats(u, "FACTORY", "btnCopy");
@@ -422,14 +422,14 @@ TEST_P(HostDatabaseSessions, ANewSessionIsStoredAndNoFormatIsTakenForDeleted) {
               (std::vector<std::string>{"COPY OF FACTORY", "LABEL", "ORDER"}));
 }
 
-TEST_P(HostDatabaseSessions, ANewSessionThatIsCancelledIsNotStored) {
+TEST_P(MemorySessionsTest, ANewSessionThatIsCancelledIsNotStored) {
     addNewSession(user(), "day");
     inSession([](User& u) { u.click("btnCancel"); });
     EXPECT_EQ(sessions->add().result, 1);
     EXPECT_EQ(names(ItemKind::Session), std::vector<std::string>{"NIGHT"});
 }
 
-TEST_P(HostDatabaseSessions, ANewSessionWithANameOfTheDatabaseIsRefusedAndKept) {
+TEST_P(MemorySessionsTest, ANewSessionWithANameOfTheDatabaseIsRefusedAndKept) {
     addNewSession(user(), "night");
     inSession([](User& u) { u.click("btnOK"); });
     std::optional<RefusedEdit> refused;
@@ -445,10 +445,10 @@ TEST_P(HostDatabaseSessions, ANewSessionWithANameOfTheDatabaseIsRefusedAndKept) 
 }
 
 /// Another store, from which a session is taken over.
-class HostDatabaseTakeOver : public HostDatabaseSessions {
+class TakeOver : public MemorySessionsTest {
   protected:
     void SetUp() override {
-        HostDatabaseSessions::SetUp();
+        MemorySessionsTest::SetUp();
         makeStore(other);
         putFile(other, "MORAM", "OLD DESK", sessionRows({"TAG", "FACTORY"}));
         putFile(other, "PARTFORMAT", "TAG", formatRows("of the other store"));
@@ -457,7 +457,7 @@ class HostDatabaseTakeOver : public HostDatabaseSessions {
     const std::filesystem::path other = folder / "other";
 };
 
-TEST_P(HostDatabaseTakeOver, TheSessionAndItsFormatsAreKept) {
+TEST_P(TakeOver, TheSessionAndItsFormatsAreKept) {
     const MemoryResult outcome = sessions->takeOver(other.string() + "/", "OLD DESK", "old desk");
     EXPECT_EQ(outcome.result, 0);
     EXPECT_EQ(outcome.name, "OLD DESK");
@@ -466,7 +466,7 @@ TEST_P(HostDatabaseTakeOver, TheSessionAndItsFormatsAreKept) {
     EXPECT_EQ(names(ItemKind::PartFormat), (std::vector<std::string>{"LABEL", "ORDER", "TAG"}));
 }
 
-TEST_P(HostDatabaseTakeOver, ItCanGetAnotherNameAndCanBeConfiguredAfterwards) {
+TEST_P(TakeOver, ItCanGetAnotherNameAndCanBeConfiguredAfterwards) {
     EXPECT_EQ(sessions->takeOver(other.string() + "/", "OLD DESK", "new desk").name, "NEW DESK");
     inSession([](User& u) {
         EXPECT_EQ(u.see("txtDisplayName").text, "NEW DESK");
@@ -477,13 +477,13 @@ TEST_P(HostDatabaseTakeOver, ItCanGetAnotherNameAndCanBeConfiguredAfterwards) {
     EXPECT_EQ(storedSession("NEW DESK").at("CommandLineArgs"), "--second");
 }
 
-TEST_P(HostDatabaseTakeOver, ASecondSessionWithTheSameFormatIsNoConflict) {
+TEST_P(TakeOver, ASecondSessionWithTheSameFormatIsNoConflict) {
     sessions->takeOver(other.string() + "/", "OLD DESK", "FIRST");
     sessions->takeOver(other.string() + "/", "OLD DESK", "SECOND");
     EXPECT_EQ(names(ItemKind::Session), (std::vector<std::string>{"FIRST", "NIGHT", "SECOND"}));
 }
 
-TEST_P(HostDatabaseTakeOver, AFormatThatTheDatabaseHasOtherwiseIsRefusedAndCanGetAnotherName) {
+TEST_P(TakeOver, AFormatThatTheDatabaseHasOtherwiseIsRefusedAndCanGetAnotherName) {
     insert(ItemKind::PartFormat, "TAG", formatXml("TAG", "of ben"));
     std::optional<RefusedEdit> refused;
     try {
@@ -499,7 +499,7 @@ TEST_P(HostDatabaseTakeOver, AFormatThatTheDatabaseHasOtherwiseIsRefusedAndCanGe
     EXPECT_EQ(storedSession("OLD DESK"), sessionRows({"TAG 2", "FACTORY"}));
 }
 
-TEST_P(HostDatabaseTakeOver, WhatCantBeReadIsNotKept) {
+TEST_P(TakeOver, WhatCantBeReadIsNotKept) {
     putFile(other, "MORAM", "BAD", sessionRows({"TAG", "GONE"}));
     for (const char* name : {"BAD", "NOBODY"}) {
         const MemoryResult outcome = sessions->takeOver(other.string() + "/", name, name);
@@ -511,7 +511,7 @@ TEST_P(HostDatabaseTakeOver, WhatCantBeReadIsNotKept) {
     EXPECT_EQ(names(ItemKind::PartFormat), (std::vector<std::string>{"LABEL", "ORDER"}));
 }
 
-TEST_P(HostDatabaseSessions, WhatWasSeenIsDeletedUnlessItChangedMeanwhile) {
+TEST_P(MemorySessionsTest, WhatWasSeenIsDeletedUnlessItChangedMeanwhile) {
     const StoredItem seen = *anna->item(ItemKind::Session, "NIGHT");
     change(ItemKind::Session, "NIGHT", sessionXml("NIGHT", {"ORDER"}));
     EXPECT_THROW(sessions->remove(ItemKind::Session, seen), ConflictError);
@@ -520,8 +520,8 @@ TEST_P(HostDatabaseSessions, WhatWasSeenIsDeletedUnlessItChangedMeanwhile) {
     EXPECT_TRUE(names(ItemKind::Session).empty());
 }
 
-ON_EVERY_DATABASE(HostDatabaseSessions);
-ON_EVERY_DATABASE(HostDatabaseTakeOver);
+ON_EVERY_DATABASE(MemorySessionsTest);
+ON_EVERY_DATABASE(TakeOver);
 
 }  // namespace
 }  // namespace wynconfig

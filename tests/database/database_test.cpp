@@ -26,7 +26,7 @@ ItemChange deletion(ItemKind kind, const StoredItem& seen) {
     return {Act::Delete, kind, seen.name, {}, seen.version};
 }
 
-class HostDatabase : public DatabaseDesk {
+class DatabaseTest : public DatabaseDesk {
   protected:
     void SetUp() override {
         DatabaseDesk::SetUp();
@@ -77,13 +77,13 @@ class HostDatabase : public DatabaseDesk {
     std::optional<SessionDatabase> ben;
 };
 
-TEST_P(HostDatabase, ANewDatabaseIsEmpty) {
+TEST_P(DatabaseTest, ANewDatabaseIsEmpty) {
     EXPECT_TRUE(anna->items(ItemKind::Session).empty());
     EXPECT_TRUE(anna->items(ItemKind::PartFormat).empty());
     EXPECT_FALSE(anna->item(ItemKind::Session, "NIGHT"));
 }
 
-TEST_P(HostDatabase, WhatOneStoresTheOtherReadsWithItsMaker) {
+TEST_P(DatabaseTest, WhatOneStoresTheOtherReadsWithItsMaker) {
     anna->store({insertion(ItemKind::Session, "NIGHT", "<night/>"),
                  insertion(ItemKind::PartFormat, "LABEL", "<label/>")});
     const StoredItem night = session("NIGHT");
@@ -94,14 +94,14 @@ TEST_P(HostDatabase, WhatOneStoresTheOtherReadsWithItsMaker) {
     EXPECT_EQ(session("LABEL").name, "(none)");
 }
 
-TEST_P(HostDatabase, AnyTextComesBackAsItWas) {
+TEST_P(DatabaseTest, AnyTextComesBackAsItWas) {
     const std::string text =
         " it's \"quoted\" \\back\\slash\\ %1 ?,:name $1\r\n\t<a b='c'>]]></a> ä Ж 漢 \U0001F527 ";
     makeSession("O'BRIEN; -- \\", text);
     EXPECT_EQ(session("o'brien; -- \\").xml, text);
 }
 
-TEST_P(HostDatabase, NamesCompareWithoutRegardToCase) {
+TEST_P(DatabaseTest, NamesCompareWithoutRegardToCase) {
     makeSession("Zürich Ост");
     EXPECT_EQ(session("zÜRICH ост").name, "ZÜRICH ОСТ");
     const auto conflicts = refusal(*ben, {insertion(ItemKind::Session, "zürich ост", "<other/>")});
@@ -109,14 +109,14 @@ TEST_P(HostDatabase, NamesCompareWithoutRegardToCase) {
     EXPECT_EQ(session("ZÜRICH ОСТ").xml, "<first/>");
 }
 
-TEST_P(HostDatabase, TheItemsComeByTheirNames) {
+TEST_P(DatabaseTest, TheItemsComeByTheirNames) {
     for (const char* name : {"B", "A B", "C", "A-A", "AA"}) makeSession(name);
     std::vector<std::string> names;
     for (const StoredItem& item : ben->items(ItemKind::Session)) names.push_back(item.name);
     EXPECT_EQ(names, (std::vector<std::string>{"A B", "A-A", "AA", "B", "C"}));
 }
 
-TEST_P(HostDatabase, AnUpdateOnTheVersionThatWasReadSucceedsAndGivesANewOne) {
+TEST_P(DatabaseTest, AnUpdateOnTheVersionThatWasReadSucceedsAndGivesANewOne) {
     const StoredItem first = makeSession("NIGHT");
     ben->store({update(ItemKind::Session, first, "<second/>")});
     const StoredItem second = session("NIGHT");
@@ -125,7 +125,7 @@ TEST_P(HostDatabase, AnUpdateOnTheVersionThatWasReadSucceedsAndGivesANewOne) {
     EXPECT_GT(second.version, first.version);
 }
 
-TEST_P(HostDatabase, OfTwoChangesToOneSessionTheSecondIsRefusedWhoeverMakesIt) {
+TEST_P(DatabaseTest, OfTwoChangesToOneSessionTheSecondIsRefusedWhoeverMakesIt) {
     for (auto [fast, slow] : {std::pair{&*anna, &*ben}, std::pair{&*ben, &*anna}}) {
         const StoredItem seen =
             session("NIGHT").name == "NIGHT" ? session("NIGHT") : makeSession("NIGHT");
@@ -140,7 +140,7 @@ TEST_P(HostDatabase, OfTwoChangesToOneSessionTheSecondIsRefusedWhoeverMakesIt) {
     }
 }
 
-TEST_P(HostDatabase, ARefusalSaysWhatHappenedAndWho) {
+TEST_P(DatabaseTest, ARefusalSaysWhatHappenedAndWho) {
     const StoredItem seen = makeFormat("LABEL");
     ben->store({update(ItemKind::PartFormat, seen, "<of ben/>")});
     const std::string text =
@@ -151,7 +151,7 @@ TEST_P(HostDatabase, ARefusalSaysWhatHappenedAndWho) {
                   format("LABEL").changedAt + ".");
 }
 
-TEST_P(HostDatabase, WhatWasDeletedMeanwhileIsNotChangedNorDeletedAgain) {
+TEST_P(DatabaseTest, WhatWasDeletedMeanwhileIsNotChangedNorDeletedAgain) {
     const StoredItem seen = makeSession("NIGHT");
     ben->store({deletion(ItemKind::Session, seen)});
     for (const ItemChange& change :
@@ -164,14 +164,14 @@ TEST_P(HostDatabase, WhatWasDeletedMeanwhileIsNotChangedNorDeletedAgain) {
     EXPECT_TRUE(ben->items(ItemKind::Session).empty());
 }
 
-TEST_P(HostDatabase, WhatWasChangedMeanwhileIsNotDeleted) {
+TEST_P(DatabaseTest, WhatWasChangedMeanwhileIsNotDeleted) {
     const StoredItem seen = makeFormat("LABEL");
     ben->store({update(ItemKind::PartFormat, seen, "<of ben/>")});
     EXPECT_EQ(refusal(*anna, {deletion(ItemKind::PartFormat, seen)}).size(), 1U);
     EXPECT_EQ(format("LABEL").xml, "<of ben/>");
 }
 
-TEST_P(HostDatabase, WhatWasDeletedAndMadeAgainIsNotTakenForTheOldOne) {
+TEST_P(DatabaseTest, WhatWasDeletedAndMadeAgainIsNotTakenForTheOldOne) {
     const StoredItem seen = makeSession("NIGHT");
     ben->store({deletion(ItemKind::Session, seen)});
     ben->store({insertion(ItemKind::Session, "NIGHT", "<made again/>")});
@@ -180,7 +180,7 @@ TEST_P(HostDatabase, WhatWasDeletedAndMadeAgainIsNotTakenForTheOldOne) {
     EXPECT_EQ(session("NIGHT").xml, "<made again/>");
 }
 
-TEST_P(HostDatabase, OfTwoThatMakeTheSameNameTheSecondIsRefused) {
+TEST_P(DatabaseTest, OfTwoThatMakeTheSameNameTheSecondIsRefused) {
     ben->store({insertion(ItemKind::Session, "NIGHT", "<of ben/>")});
     const auto conflicts = refusal(*anna, {insertion(ItemKind::Session, "Night", "<of anna/>")});
     ASSERT_EQ(conflicts.size(), 1U);
@@ -189,7 +189,7 @@ TEST_P(HostDatabase, OfTwoThatMakeTheSameNameTheSecondIsRefused) {
     EXPECT_EQ(session("NIGHT").xml, "<of ben/>");
 }
 
-TEST_P(HostDatabase, ARenamedItemIsGoneForTheOthers) {
+TEST_P(DatabaseTest, ARenamedItemIsGoneForTheOthers) {
     const StoredItem seen = makeSession("NIGHT");
     ben->store({deletion(ItemKind::Session, seen), insertion(ItemKind::Session, "LATE", "<l/>")});
     EXPECT_EQ(refusal(*anna, {update(ItemKind::Session, seen, "<of anna/>")}).size(), 1U);
@@ -201,7 +201,7 @@ TEST_P(HostDatabase, ARenamedItemIsGoneForTheOthers) {
     EXPECT_EQ(session("LATE").xml, "<l/>");
 }
 
-TEST_P(HostDatabase, TwoCantRenameToTheSameName) {
+TEST_P(DatabaseTest, TwoCantRenameToTheSameName) {
     const StoredItem night = makeSession("NIGHT");
     const StoredItem day = makeSession("DAY");
     ben->store({deletion(ItemKind::Session, night), insertion(ItemKind::Session, "X", "<ben/>")});
@@ -213,7 +213,7 @@ TEST_P(HostDatabase, TwoCantRenameToTheSameName) {
     EXPECT_EQ(session("DAY").xml, "<first/>");
 }
 
-TEST_P(HostDatabase, WhenOnePartFormatConflictsNothingOfTheSetIsStored) {
+TEST_P(DatabaseTest, WhenOnePartFormatConflictsNothingOfTheSetIsStored) {
     const StoredItem night = makeSession("NIGHT");
     const StoredItem label = makeFormat("LABEL");
     const StoredItem order = makeFormat("ORDER");
@@ -234,7 +234,7 @@ TEST_P(HostDatabase, WhenOnePartFormatConflictsNothingOfTheSetIsStored) {
     EXPECT_EQ(format("ORDER").xml, "<of ben/>");
 }
 
-TEST_P(HostDatabase, AllConflictsAreToldAtOnce) {
+TEST_P(DatabaseTest, AllConflictsAreToldAtOnce) {
     const StoredItem label = makeFormat("LABEL");
     const StoredItem order = makeFormat("ORDER");
     ben->store(
@@ -247,7 +247,7 @@ TEST_P(HostDatabase, AllConflictsAreToldAtOnce) {
     EXPECT_EQ(conflicts[1].change.name, "ORDER");
 }
 
-TEST_P(HostDatabase, AnItemThatIsNeededHasToBeThereInWhateverVersion) {
+TEST_P(DatabaseTest, AnItemThatIsNeededHasToBeThereInWhateverVersion) {
     const StoredItem label = makeFormat("LABEL");
     const std::vector<ItemChange> changes = {insertion(ItemKind::Session, "NIGHT", "<n/>"),
                                              {Act::Need, ItemKind::PartFormat, "LABEL"}};
@@ -264,7 +264,7 @@ TEST_P(HostDatabase, AnItemThatIsNeededHasToBeThereInWhateverVersion) {
     EXPECT_EQ(session("NIGHT").name, "(none)");
 }
 
-TEST_P(HostDatabase, NoUpdateIsLostWhenManyWorkstationsCountAtOnce) {
+TEST_P(DatabaseTest, NoUpdateIsLostWhenManyWorkstationsCountAtOnce) {
     constexpr int workstations = 4;
     constexpr int steps = 15;
     makeSession("COUNT", "0");
@@ -290,7 +290,7 @@ TEST_P(HostDatabase, NoUpdateIsLostWhenManyWorkstationsCountAtOnce) {
     EXPECT_GE(refusals, workstations - 1);
 }
 
-TEST_P(HostDatabase, OfManyThatMakeTheSameNameAtOnceOneSucceeds) {
+TEST_P(DatabaseTest, OfManyThatMakeTheSameNameAtOnceOneSucceeds) {
     constexpr int workstations = 4;
     std::atomic<int> made = 0;
     const auto makeIt = [&] {
@@ -303,7 +303,7 @@ TEST_P(HostDatabase, OfManyThatMakeTheSameNameAtOnceOneSucceeds) {
     EXPECT_EQ(made, 1);
 }
 
-TEST_P(HostDatabase, ManyMayMakeTheTablesAtOnce) {
+TEST_P(DatabaseTest, ManyMayMakeTheTablesAtOnce) {
     anna.reset();
     ben.reset();
     makeEmptyDatabase();
@@ -319,7 +319,7 @@ TEST_P(HostDatabase, ManyMayMakeTheTablesAtOnce) {
     EXPECT_EQ(connected, 4);
 }
 
-TEST_P(HostDatabase, AnotherProgramThatChangesARowIsNoticedByItsVersion) {
+TEST_P(DatabaseTest, AnotherProgramThatChangesARowIsNoticedByItsVersion) {
     const StoredItem seen = makeSession("NIGHT");
     QSqlDatabase raw = openRaw(address);
     execute(raw, "UPDATE config_session SET version = version + 1000");
@@ -327,7 +327,7 @@ TEST_P(HostDatabase, AnotherProgramThatChangesARowIsNoticedByItsVersion) {
     EXPECT_EQ(refusal(*anna, {update(ItemKind::Session, seen, "<late/>")}).size(), 1U);
 }
 
-TEST_P(HostDatabase, AFailureInTheMiddleTakesAllBack) {
+TEST_P(DatabaseTest, AFailureInTheMiddleTakesAllBack) {
     const StoredItem night = makeSession("NIGHT");
     QSqlDatabase raw = openRaw(address);
     execute(raw, onSqlite() ? "CREATE TRIGGER full BEFORE INSERT ON config_part_format "
@@ -344,10 +344,10 @@ TEST_P(HostDatabase, AFailureInTheMiddleTakesAllBack) {
     EXPECT_EQ(session("NIGHT").version, night.version);
 }
 
-ON_EVERY_DATABASE(HostDatabase);
+ON_EVERY_DATABASE(DatabaseTest);
 
 /// What only a server can do to its clients.
-class HostDatabaseServer : public HostDatabase {
+class DatabaseServer : public DatabaseTest {
   protected:
     static void endOtherConnections(QSqlDatabase& raw) {
         execute(raw,
@@ -356,7 +356,7 @@ class HostDatabaseServer : public HostDatabase {
     }
 };
 
-TEST_P(HostDatabaseServer, AConnectionLostBetweenTwoCallsIsMadeAgain) {
+TEST_P(DatabaseServer, AConnectionLostBetweenTwoCallsIsMadeAgain) {
     makeSession("NIGHT");
     QSqlDatabase raw = openRaw(address);
     endOtherConnections(raw);
@@ -366,7 +366,7 @@ TEST_P(HostDatabaseServer, AConnectionLostBetweenTwoCallsIsMadeAgain) {
     EXPECT_EQ(session("NIGHT").xml, "<of ben/>");
 }
 
-TEST_P(HostDatabaseServer, AConnectionLostInTheMiddleSaysSoAndStoresNothing) {
+TEST_P(DatabaseServer, AConnectionLostInTheMiddleSaysSoAndStoresNothing) {
     const StoredItem night = makeSession("NIGHT");
     QSqlDatabase raw = openRaw(address);
     // Holds the other one up when it has written the session and not yet the part format.
@@ -396,7 +396,7 @@ TEST_P(HostDatabaseServer, AConnectionLostInTheMiddleSaysSoAndStoresNothing) {
     EXPECT_EQ(format("NEW").name, "(none)");
 }
 
-TEST_P(HostDatabaseServer, WrongAddressesAreToldClearly) {
+TEST_P(DatabaseServer, WrongAddressesAreToldClearly) {
     DatabaseAddress wrong = address;
     wrong.name = "nowhere";
     std::string text = failure([&] { const SessionDatabase none(wrong, "x"); });
@@ -409,12 +409,12 @@ TEST_P(HostDatabaseServer, WrongAddressesAreToldClearly) {
     EXPECT_NE(text.find("can't be reached"), std::string::npos) << text;
 }
 
-INSTANTIATE_TEST_SUITE_P(PostgreSQL, HostDatabaseServer, ::testing::Values("PostgreSQL"));
+INSTANTIATE_TEST_SUITE_P(PostgreSQL, DatabaseServer, ::testing::Values("PostgreSQL"));
 
 /// What only a file can suffer.
-class HostDatabaseFile : public HostDatabase {};
+class DatabaseFile : public DatabaseTest {};
 
-TEST_P(HostDatabaseFile, AFileThatAnotherHoldsLockedIsToldAndNothingStored) {
+TEST_P(DatabaseFile, AFileThatAnotherHoldsLockedIsToldAndNothingStored) {
     const StoredItem night = makeSession("NIGHT");
     anna.reset();
     address.options = "QSQLITE_BUSY_TIMEOUT=50";
@@ -432,7 +432,7 @@ TEST_P(HostDatabaseFile, AFileThatAnotherHoldsLockedIsToldAndNothingStored) {
     EXPECT_EQ(session("NIGHT").xml, "<of anna/>");
 }
 
-TEST_P(HostDatabaseFile, WrongAddressesAreToldClearly) {
+TEST_P(DatabaseFile, WrongAddressesAreToldClearly) {
     const std::string path = (folder / "gone" / "test.sqlite").string();
     std::string text =
         failure([&] { const SessionDatabase none(DatabaseAddress::file(path), "x"); });
@@ -443,7 +443,7 @@ TEST_P(HostDatabaseFile, WrongAddressesAreToldClearly) {
     EXPECT_NE(text.find("not a database"), std::string::npos) << text;
 }
 
-INSTANTIATE_TEST_SUITE_P(SQLite, HostDatabaseFile, ::testing::Values("SQLite"));
+INSTANTIATE_TEST_SUITE_P(SQLite, DatabaseFile, ::testing::Values("SQLite"));
 
 TEST(DatabaseAddresses, AServersAddressIsReadInAllItsParts) {
     const auto address =

@@ -1,5 +1,5 @@
 // Reading the address of a database.
-#include "database/database.h"
+#include "wynconfig/database.h"
 
 #include <QString>
 #include <QStringList>
