@@ -1,5 +1,5 @@
-# What is installed, by the components runtime, runtime_qt, development, sample and tools; the last
-# two by the folders that make them.
+# What is installed, by the components runtime, runtime_qt, runtime_database, development, sample and
+# tools; the last two by the folders that make them.
 include(CMakePackageConfigHelpers)
 set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/wynconfig)
 set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
@@ -25,7 +25,12 @@ set(headers_left_out "")
 if(with_qt)
   wynconfig_install(wynconfig_qt runtime_qt)
 else()
-  set(headers_left_out PATTERN qt_view.h EXCLUDE)
+  list(APPEND headers_left_out PATTERN qt_view.h EXCLUDE)
+endif()
+if(with_database)
+  wynconfig_install(wynconfig_database runtime_database)
+else()
+  list(APPEND headers_left_out PATTERN database.h EXCLUDE PATTERN memory_sessions.h EXCLUDE)
 endif()
 install(DIRECTORY include/wynconfig TYPE INCLUDE COMPONENT development ${headers_left_out})
 configure_package_config_file(cmake/wynconfigConfig.cmake.in wynconfigConfig.cmake

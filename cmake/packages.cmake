@@ -47,6 +47,7 @@ set(exactly "(= ${CPACK_PACKAGE_VERSION})")
 file(WRITE ${PROJECT_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/triggers)
 set(CPACK_DEBIAN_RUNTIME_QT_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/triggers)
+set(CPACK_DEBIAN_RUNTIME_DATABASE_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/triggers)
 set(CPACK_COMPONENTS_ALL)
 wynconfig_package(runtime libwynconfig0 libs ""
   "Parts lists on their way out of a catalogue: the component"
@@ -57,7 +58,19 @@ if(with_qt)
     "Parts lists on their way out of a catalogue: the desktop view"
     "This package has the dialogs in real windows, on Qt.")
   string(APPEND for_development ", libwynconfig-qt0 ${exactly}")
-  wynconfig_package(sample wynconfig-sample misc "libwynconfig-qt0 ${exactly}, libqt6sql6-sqlite"
+endif()
+if(with_database)
+  # Qt finds its drivers when it runs: no library says that they are needed.
+  wynconfig_package(runtime_database libwynconfig-database0 libs
+    "libwynconfig0 ${exactly}, libqt6sql6-sqlite"
+    "Parts lists on their way out of a catalogue: store in a database"
+    "This package keeps sessions and part formats in SQLite or PostgreSQL.")
+  set(CPACK_DEBIAN_RUNTIME_DATABASE_PACKAGE_RECOMMENDS libqt6sql6-psql)
+  string(APPEND for_development ", libwynconfig-database0 ${exactly}")
+endif()
+if(with_host)
+  wynconfig_package(sample wynconfig-sample misc
+    "libwynconfig-qt0 ${exactly}, libwynconfig-database0 ${exactly}"
     "Parts lists on their way out of a catalogue: a sample catalogue"
     "This package has a small catalogue to try it with.")
 endif()
