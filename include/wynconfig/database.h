@@ -94,7 +94,9 @@ class DatabaseConnection;
 /// that was lost is made again by the next call. Every call raises `DatabaseError`.
 class WYNCONFIG_API SessionDatabase {
   public:
-    /// Connects, and makes the tables when they are not there.
+    /// Connects, and makes the tables when they are not there. Those of an earlier program are
+    /// upgraded once, by whoever comes first; those of a newer one are refused and left as they
+    /// are, also when they become so later. Needs no application object of Qt.
     /// @param workstation  who changes things here, such as "anna@counter-2"
     SessionDatabase(const DatabaseAddress& address, std::string workstation);
     ~SessionDatabase();

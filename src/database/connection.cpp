@@ -1,6 +1,7 @@
 // Opening a connection, and turning what a driver says into failures.
 #include "database/connection.h"
 
+#include <QDateTime>
 #include <QSqlError>
 #include <QUuid>
 #include <utility>
@@ -18,6 +19,10 @@ std::string messageOf(const QSqlError& error) {
 
 QString toQt(const std::string& text) {
     return QString::fromStdString(text);
+}
+
+QString utcNow() {
+    return QDateTime::currentDateTimeUtc().toString(Qt::ISODate);
 }
 
 DatabaseConnection::DatabaseConnection(DatabaseAddress address)
@@ -40,21 +45,27 @@ QSqlDatabase DatabaseConnection::database() const {
     return QSqlDatabase::database(m_name, false);
 }
 
-bool DatabaseConnection::open() {
+QString DatabaseConnection::orderedName() const {
+    return onServer() ? QStringLiteral("name COLLATE \"C\"") : QStringLiteral("name");
+}
+
+void DatabaseConnection::reopen() {
     QSqlDatabase database = this->database();
-    if (database.isOpen() && gives(QStringLiteral("SELECT 1"))) return false;
     database.close();
     if (!database.open())
         throw DatabaseError("The database " + m_address.text() +
                             " can't be reached: " + messageOf(database.lastError()));
+    if (!onServer()) return;
     // Another workstation may hold the tables for a moment, not for good.
-    if (onServer()) run(QStringLiteral("SET lock_timeout = '10s'"));
-    return true;
+    run(QStringLiteral("SET lock_timeout = '10s'"));
+    // Else the driver writes notices into the output of the host.
+    run(QStringLiteral("SET client_min_messages = warning"));
 }
 
-bool DatabaseConnection::gives(const QString& query) const {
+std::optional<std::int64_t> DatabaseConnection::number(const QString& query) const {
     QSqlQuery asked(database());
-    return asked.exec(query) && asked.next();
+    if (!asked.exec(query) || !asked.next() || asked.isNull(0)) return std::nullopt;
+    return asked.value(0).toLongLong();
 }
 
 QSqlQuery DatabaseConnection::run(const QString& statement, const QVariantList& values) const {
@@ -70,22 +81,30 @@ QSqlQuery DatabaseConnection::run(const QString& statement, const QVariantList& 
 }
 
 DatabaseTransaction::DatabaseTransaction(const DatabaseConnection& connection)
-    : m_database(connection.database()) {
-    if (!m_database.transaction()) fail("Nothing was stored.");
+    : m_connection(connection) {
+    // SQLite would otherwise take the lock with the first change only; a server may be set to a
+    // level on which waiting for another workstation ends in a failure.
+    try {
+        connection.run(connection.onServer()
+                           ? QStringLiteral("BEGIN ISOLATION LEVEL READ COMMITTED")
+                           : QStringLiteral("BEGIN IMMEDIATE"));
+    } catch (const DatabaseError& error) {
+        throw DatabaseError(std::string(error.what()) + "\nNothing was stored.");
+    }
 }
 
 DatabaseTransaction::~DatabaseTransaction() {
-    if (!m_committed && m_database.isOpen()) m_database.rollback();
+    QSqlDatabase database = m_connection.database();
+    if (!m_committed && database.isOpen()) database.rollback();
 }
 
 void DatabaseTransaction::commit() {
-    if (!m_database.commit()) fail("Reload to see whether the changes were stored.");
+    QSqlDatabase database = m_connection.database();
+    if (!database.commit())
+        throw DatabaseError("The database " + m_connection.address().text() +
+                            " failed: " + messageOf(database.lastError()) +
+                            "\nReload to see whether the changes were stored.");
     m_committed = true;
-}
-
-void DatabaseTransaction::fail(const std::string& advice) const {
-    throw DatabaseError("The database failed: " + messageOf(m_database.lastError()) + "\n" +
-                        advice);
 }
 
 }  // namespace wynconfig

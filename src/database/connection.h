@@ -5,6 +5,8 @@
 #include <QSqlQuery>
 #include <QString>
 #include <QVariantList>
+#include <cstdint>
+#include <optional>
 #include <string>
 
 #include "wynconfig/database.h"
@@ -12,6 +14,9 @@
 namespace wynconfig {
 
 QString toQt(const std::string& text);
+
+/// Date and time in UTC, such as 2025-11-30T14:05:09Z.
+QString utcNow();
 
 /// To be used on the thread that made it. Every call raises `DatabaseError`.
 class DatabaseConnection {
@@ -24,13 +29,17 @@ class DatabaseConnection {
     const DatabaseAddress& address() const { return m_address; }
     bool onServer() const { return m_address.kind == DatabaseAddress::Kind::PostgreSql; }
 
-    /// Connects when there is no connection, or none that answers any more.
-    /// @return whether the connection is a new one
-    bool open();
+    /// The column `name` as a sort key that puts upper-cased names into the order of their
+    /// characters' numbers, whatever the server's language.
+    QString orderedName() const;
+
+    bool isOpen() const { return database().isOpen(); }
+    /// Connects, anew if there was a connection.
+    void reopen();
     /// @param values  for the question marks of the statement, in their order
     QSqlQuery run(const QString& statement, const QVariantList& values = {}) const;
-    /// Whether a query gives a row; false also when it fails.
-    bool gives(const QString& query) const;
+    /// The number that a query gives; none when it gives none, or fails.
+    std::optional<std::int64_t> number(const QString& query) const;
 
   private:
     friend class DatabaseTransaction;
@@ -40,7 +49,8 @@ class DatabaseConnection {
     QString m_name;  ///< Qt's for the connection
 };
 
-/// Takes everything back at its end, unless it was committed.
+/// Keeps other workstations from changing anything meanwhile, on SQLite; takes everything back at
+/// its end, unless it was committed.
 class DatabaseTransaction {
   public:
     explicit DatabaseTransaction(const DatabaseConnection& connection);
@@ -51,9 +61,7 @@ class DatabaseTransaction {
     void commit();
 
   private:
-    [[noreturn]] void fail(const std::string& advice) const;
-
-    QSqlDatabase m_database;
+    const DatabaseConnection& m_connection;
     bool m_committed = false;
 };
 

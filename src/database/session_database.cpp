@@ -1,26 +1,21 @@
-// The tables, and how several workstations change them without losing anything.
+// How several workstations change the tables without losing anything.
 //
 // Whoever stores first raises the one number in `config_change`. That locks its row until the end
 // of the transaction, so that changes are made one after another; and the number is the version of
 // all that the transaction writes, so that no version comes twice.
 #include "wynconfig/database.h"
 
-#include <QDateTime>
 #include <QSqlQuery>
 #include <QString>
 #include <map>
 #include <utility>
 
 #include "database/connection.h"
+#include "database/schema.h"
 
 namespace wynconfig {
 
 namespace {
-
-QString tableOf(ItemKind kind) {
-    return kind == ItemKind::Session ? QStringLiteral("config_session")
-                                     : QStringLiteral("config_part_format");
-}
 
 std::string wordFor(ItemKind kind) {
     return kind == ItemKind::Session ? "session" : "part format";
@@ -38,35 +33,6 @@ std::string conflictsText(const std::vector<ItemConflict>& conflicts) {
     std::string text = "Nothing was stored, because another workstation was faster:";
     for (const ItemConflict& conflict : conflicts) text += "\n" + conflict.text();
     return text;
-}
-
-bool hasTables(const DatabaseConnection& database) {
-    return database.gives(QStringLiteral("SELECT last FROM config_change"));
-}
-
-void makeTables(const DatabaseConnection& database) {
-    DatabaseTransaction transaction(database);
-    for (const ItemKind kind : {ItemKind::Session, ItemKind::PartFormat}) {
-        database.run(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (name TEXT PRIMARY KEY, "
-                                    "xml TEXT NOT NULL, version BIGINT NOT NULL, "
-                                    "changed_by TEXT NOT NULL, changed_at TEXT NOT NULL)")
-                         .arg(tableOf(kind)));
-    }
-    database.run(
-        QStringLiteral("CREATE TABLE IF NOT EXISTS config_change "
-                       "(id INTEGER PRIMARY KEY CHECK (id = 1), last BIGINT NOT NULL)"));
-    database.run(QStringLiteral("INSERT INTO config_change VALUES (1, 0) ON CONFLICT DO NOTHING"));
-    transaction.commit();
-}
-
-void connect(DatabaseConnection& database) {
-    if (!database.open() || hasTables(database)) return;
-    try {
-        makeTables(database);
-    } catch (const DatabaseError&) {
-        // Another workstation may have made them at the same time.
-        if (!hasTables(database)) throw;
-    }
 }
 
 std::optional<StoredItem> find(const DatabaseConnection& database, ItemKind kind,
@@ -106,7 +72,7 @@ void make(const DatabaseConnection& database, const ItemChange& change, std::int
     const QVariant newVersion = static_cast<qlonglong>(version);
     const QVariant oldVersion = static_cast<qlonglong>(change.version);
     const QVariant changer = toQt(workstation);
-    const QVariant now = QDateTime::currentDateTimeUtc().toString(Qt::ISODate);
+    const QVariant now = utcNow();
     const QString table = tableOf(change.kind);
     QSqlQuery query =
         change.act == ItemChange::Act::Insert
@@ -159,7 +125,7 @@ ConflictError::ConflictError(std::vector<ItemConflict> conflicts)
 SessionDatabase::SessionDatabase(const DatabaseAddress& address, std::string workstation)
     : m_workstation(std::move(workstation)),
       m_connection(std::make_unique<DatabaseConnection>(address)) {
-    connect(*m_connection);
+    openTables(*m_connection, m_workstation);
 }
 
 SessionDatabase::~SessionDatabase() = default;
@@ -169,7 +135,7 @@ const DatabaseAddress& SessionDatabase::address() const {
 }
 
 std::vector<StoredItem> SessionDatabase::items(ItemKind kind) {
-    connect(*m_connection);
+    openTables(*m_connection, m_workstation);
     QSqlQuery query =
         m_connection->run(QStringLiteral("SELECT %1 FROM %2").arg(kColumns, tableOf(kind)));
     std::map<std::string, StoredItem> sorted;
@@ -183,13 +149,13 @@ std::vector<StoredItem> SessionDatabase::items(ItemKind kind) {
 }
 
 std::optional<StoredItem> SessionDatabase::item(ItemKind kind, const std::string& name) {
-    connect(*m_connection);
+    openTables(*m_connection, m_workstation);
     return find(*m_connection, kind, upperName(name));
 }
 
 void SessionDatabase::store(const std::vector<ItemChange>& changes) {
     if (changes.empty()) return;
-    connect(*m_connection);
+    openTables(*m_connection, m_workstation);
     DatabaseTransaction transaction(*m_connection);
     try {
         makeAll(*m_connection, changes, m_workstation);
