@@ -116,6 +116,7 @@ void registerRecordFigures();
 void registerDialogFigures();
 void registerListFigures();
 void registerWalkFigures();
+void registerDatabaseFigures();
 
 }  // namespace wynconfig::bench
 
@@ -132,6 +133,7 @@ int main(int argc, char** argv) {
     registerDialogFigures();
     registerListFigures();
     registerWalkFigures();
+    registerDatabaseFigures();
     LinePerFigure reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return reporter.failed() ? 1 : 0;

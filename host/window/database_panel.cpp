@@ -26,7 +26,7 @@ QString wordFor(ItemKind kind) {
                                      : DatabasePanel::tr("part format");
 }
 
-QString originOf(const wynconfig::StoredItem& item) {
+QString originOf(const wynconfig::ListedItem& item) {
     const auto at = QDateTime::fromString(QString::fromStdString(item.changedAt), Qt::ISODate);
     return DatabasePanel::tr("%1, %2").arg(at.toLocalTime().toString("yyyy-MM-dd hh:mm"),
                                            QString::fromStdString(item.changedBy));
@@ -88,7 +88,7 @@ void DatabasePanel::refresh(const std::string& select) {
 
 void DatabasePanel::list() {
     for (const ItemKind kind : {ItemKind::Session, ItemKind::PartFormat})
-        for (const wynconfig::StoredItem& item : m_workplace.database().items(kind))
+        for (const wynconfig::ListedItem& item : m_workplace.database().list(kind))
             addItem(kind, item);
     for (const std::string& name : m_workplace.store().names(ItemKind::Session))
         addFactory(ItemKind::Session, name);
@@ -96,7 +96,7 @@ void DatabasePanel::list() {
         addFactory(ItemKind::PartFormat, name);
 }
 
-void DatabasePanel::addItem(ItemKind kind, const wynconfig::StoredItem& item) {
+void DatabasePanel::addItem(ItemKind kind, const wynconfig::ListedItem& item) {
     QTreeWidgetItem* row = addRow(m_list, QString::fromStdString(item.name), kind, originOf(item));
     row->setData(Name, kItemRole, static_cast<int>(m_items.size()));
     m_items.push_back({kind, item});

@@ -34,7 +34,7 @@ class DatabasePanel : public QWidget {
 
   private:
     void list();
-    void addItem(wynconfig::ItemKind kind, const wynconfig::StoredItem& item);
+    void addItem(wynconfig::ItemKind kind, const wynconfig::ListedItem& item);
     void addFactory(wynconfig::ItemKind kind, const std::string& name);
 
     Workplace& m_workplace;

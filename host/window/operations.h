@@ -19,7 +19,7 @@ enum class Area { Store, Database, Tools };
 /// An item of the database as the user sees it in the list.
 struct SelectedItem {
     wynconfig::ItemKind kind = wynconfig::ItemKind::Session;
-    wynconfig::StoredItem item;
+    wynconfig::ListedItem item;
 };
 
 /// What is selected in the window when an operation is called.

@@ -2,6 +2,7 @@
 // a host that works in memory; this header needs no Qt.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -44,14 +45,26 @@ struct DatabaseAddress {
     WYNCONFIG_API std::string text() const;
 };
 
-/// A session or part format, as it is in the database.
-struct StoredItem {
+/// What a list tells of a session or part format: all but its text.
+struct ListedItem {
     std::string name;  ///< in upper case
-    std::string xml;
     /// Of its last change. No version comes twice, also when an item is deleted and made again.
     std::int64_t version = 0;
-    std::string changedBy;
-    std::string changedAt;  ///< date and time in UTC, such as 2025-11-30T14:05:09Z
+    std::string changedBy = {};
+    std::string changedAt = {};  ///< date and time in UTC, such as 2025-11-30T14:05:09Z
+};
+
+/// A session or part format, as it is in the database.
+struct StoredItem : ListedItem {
+    std::string xml = {};
+};
+
+/// Which items are looked for. What is left empty leaves all in.
+struct ItemSearch {
+    std::string name = {};   ///< the name holds this, in any case
+    std::string value = {};  ///< a value of the record, or a key, holds this, spelt in this case
+    std::string after = {};  ///< in the list behind this name, in any case: where a page ended
+    std::size_t most = 0;    ///< no more than so many, the first ones; 0: all
 };
 
 /// One change that a workstation wants to make.
@@ -105,7 +118,11 @@ class WYNCONFIG_API SessionDatabase {
 
     const DatabaseAddress& address() const;
 
-    /// All items of a kind, by their names.
+    /// The items of a kind without their texts, in ascending order of their names (by the numbers
+    /// of their characters). Quick with hundreds of thousands of items, since no text is read but
+    /// to look for a value.
+    std::vector<ListedItem> list(ItemKind kind, const ItemSearch& search = {});
+    /// All items of a kind with their texts, in the same order.
     std::vector<StoredItem> items(ItemKind kind);
     /// @param name  in any case
     /// @return none when there is no item of this name

@@ -77,7 +77,7 @@ class WYNCONFIG_API MemorySessions {
                           const std::string& name);
     /// Deletes what the user saw, in this version. Raises `ConflictError` when it is another by
     /// now.
-    void remove(ItemKind kind, const StoredItem& item);
+    void remove(ItemKind kind, const ListedItem& item);
 
     /// Stores an edit that was refused, once more as it is.
     MemoryResult store(const MemoryEdit& edit);

@@ -49,6 +49,11 @@ QString DatabaseConnection::orderedName() const {
     return onServer() ? QStringLiteral("name COLLATE \"C\"") : QStringLiteral("name");
 }
 
+QString DatabaseConnection::holds(const QString& column) const {
+    return (onServer() ? QStringLiteral("strpos(%1, ?) > 0") : QStringLiteral("instr(%1, ?) > 0"))
+        .arg(column);
+}
+
 void DatabaseConnection::reopen() {
     QSqlDatabase database = this->database();
     database.close();
@@ -74,10 +79,19 @@ QSqlQuery DatabaseConnection::run(const QString& statement, const QVariantList& 
     // A server prepares only statements that read or write rows.
     const bool prepared = values.isEmpty() || query.prepare(statement);
     for (const QVariant& value : values) query.addBindValue(value);
-    if (!prepared || !(values.isEmpty() ? query.exec(statement) : query.exec()))
-        throw DatabaseError("The database " + m_address.text() +
-                            " failed: " + messageOf(query.lastError()));
+    if (!prepared || !(values.isEmpty() ? query.exec(statement) : query.exec())) fail(query);
     return query;
+}
+
+bool DatabaseConnection::next(QSqlQuery& query) const {
+    const bool found = query.next();
+    if (!found && query.lastError().isValid()) fail(query);
+    return found;
+}
+
+void DatabaseConnection::fail(const QSqlQuery& query) const {
+    throw DatabaseError("The database " + m_address.text() +
+                        " failed: " + messageOf(query.lastError()));
 }
 
 DatabaseTransaction::DatabaseTransaction(const DatabaseConnection& connection)

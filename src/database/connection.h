@@ -33,17 +33,24 @@ class DatabaseConnection {
     /// characters' numbers, whatever the server's language.
     QString orderedName() const;
 
+    /// A condition that is true when a column holds the text of the next question mark.
+    QString holds(const QString& column) const;
+
     bool isOpen() const { return database().isOpen(); }
     /// Connects, anew if there was a connection.
     void reopen();
     /// @param values  for the question marks of the statement, in their order
     QSqlQuery run(const QString& statement, const QVariantList& values = {}) const;
+    /// Goes to the next row, false behind the last one. Fails when the connection is lost on the
+    /// way: rows that did not come are not taken for none.
+    bool next(QSqlQuery& query) const;
     /// The number that a query gives; none when it gives none, or fails.
     std::optional<std::int64_t> number(const QString& query) const;
 
   private:
     friend class DatabaseTransaction;
     QSqlDatabase database() const;
+    [[noreturn]] void fail(const QSqlQuery& query) const;
 
     DatabaseAddress m_address;
     QString m_name;  ///< Qt's for the connection

@@ -91,7 +91,7 @@ MemoryResult MemorySessions::takeOver(const std::string& root, const std::string
     return store(underAnotherName(std::move(edit), name, {}, {}));
 }
 
-void MemorySessions::remove(ItemKind kind, const StoredItem& item) {
+void MemorySessions::remove(ItemKind kind, const ListedItem& item) {
     m_database.store({{ItemChange::Act::Delete, kind, item.name, {}, item.version}});
 }
 
@@ -151,7 +151,7 @@ MemoryResult MemorySessions::store(const MemoryEdit& edit) {
 MemoryResult MemorySessions::storeUnderAnotherName(const RefusedEdit& refused,
                                                    const std::string& name) {
     std::set<std::string> taken = factoryNames(ItemKind::PartFormat);
-    for (const StoredItem& item : m_database.items(ItemKind::PartFormat)) taken.insert(item.name);
+    for (const ListedItem& item : m_database.list(ItemKind::PartFormat)) taken.insert(item.name);
     return store(underAnotherName(refused.edit(), name, refused.conflicts(), taken));
 }
 

@@ -7,11 +7,13 @@
 
 #include <QSqlQuery>
 #include <QString>
-#include <map>
+#include <QStringList>
 #include <utility>
 
 #include "database/connection.h"
 #include "database/schema.h"
+#include "wynconfig/dataset.h"
+#include "wynconfig/keys.h"
 
 namespace wynconfig {
 
@@ -21,12 +23,32 @@ std::string wordFor(ItemKind kind) {
     return kind == ItemKind::Session ? "session" : "part format";
 }
 
-const QString kColumns = QStringLiteral("name, xml, version, changed_by, changed_at");
+const QString kListed = QStringLiteral("name, version, changed_by, changed_at");
+const QString kColumns = kListed + QStringLiteral(", xml");
+
+std::string textIn(const QSqlQuery& query, int column) {
+    return query.value(column).toString().toStdString();
+}
+
+ListedItem listedFrom(const QSqlQuery& query) {
+    return {textIn(query, 0), query.value(1).toLongLong(), textIn(query, 2), textIn(query, 3)};
+}
 
 StoredItem itemFrom(const QSqlQuery& query) {
-    return {query.value(0).toString().toStdString(), query.value(1).toString().toStdString(),
-            query.value(2).toLongLong(), query.value(3).toString().toStdString(),
-            query.value(4).toString().toStdString()};
+    return {listedFrom(query), textIn(query, 4)};
+}
+
+/// A value as the text of a record spells it.
+std::string asStored(const std::string& value) {
+    const std::string head = "<row key=\"X\">";
+    Dataset record;
+    record.Create(session::kType, "X", "", session::kColumns);
+    record.AddRow({"X", value});
+    Document document;
+    record.Save(document);
+    const std::string xml = document.xml();
+    const std::size_t from = xml.find(head) + head.size();
+    return xml.substr(from, xml.rfind("</row>") - from);
 }
 
 std::string conflictsText(const std::vector<ItemConflict>& conflicts) {
@@ -35,19 +57,29 @@ std::string conflictsText(const std::vector<ItemConflict>& conflicts) {
     return text;
 }
 
+/// What all rows of a query are read as.
+template <class T>
+std::vector<T> all(const DatabaseConnection& database, const QString& query,
+                   const QVariantList& values, T (*read)(const QSqlQuery&)) {
+    QSqlQuery found = database.run(query, values);
+    std::vector<T> rows;
+    while (database.next(found)) rows.push_back(read(found));
+    return rows;
+}
+
 std::optional<StoredItem> find(const DatabaseConnection& database, ItemKind kind,
                                const std::string& upper) {
     QSqlQuery query = database.run(
         QStringLiteral("SELECT %1 FROM %2 WHERE name = ?").arg(kColumns, tableOf(kind)),
         {toQt(upper)});
-    if (!query.next()) return std::nullopt;
+    if (!database.next(query)) return std::nullopt;
     return itemFrom(query);
 }
 
 std::int64_t nextVersion(const DatabaseConnection& database) {
     database.run(QStringLiteral("UPDATE config_change SET last = last + 1"));
     QSqlQuery query = database.run(QStringLiteral("SELECT last FROM config_change"));
-    if (!query.next())
+    if (!database.next(query))
         throw DatabaseError("The database " + database.address().text() +
                             " has lost its count of changes.");
     return query.value(0).toLongLong();
@@ -79,7 +111,7 @@ void make(const DatabaseConnection& database, const ItemChange& change, std::int
             ? database.run(QStringLiteral("INSERT INTO %1 (%2) VALUES (?, ?, ?, ?, ?) "
                                           "ON CONFLICT DO NOTHING")
                                .arg(table, kColumns),
-                           {name, xml, newVersion, changer, now})
+                           {name, newVersion, changer, now, xml})
         : change.act == ItemChange::Act::Update
             ? database.run(QStringLiteral("UPDATE %1 SET xml = ?, version = ?, changed_by = ?, "
                                           "changed_at = ? WHERE name = ? AND version = ?")
@@ -134,18 +166,31 @@ const DatabaseAddress& SessionDatabase::address() const {
     return m_connection->address();
 }
 
+std::vector<ListedItem> SessionDatabase::list(ItemKind kind, const ItemSearch& search) {
+    openTables(*m_connection, m_workstation);
+    QStringList conditions{QStringLiteral("1 = 1")};
+    QVariantList values;
+    const auto add = [&](const QString& condition, const std::string& value) {
+        conditions << condition;
+        values << toQt(value);
+    };
+    if (!search.name.empty())
+        add(m_connection->holds(QStringLiteral("name")), upperName(search.name));
+    if (!search.value.empty())
+        add(m_connection->holds(QStringLiteral("xml")), asStored(search.value));
+    const QString order = m_connection->orderedName();
+    if (!search.after.empty()) add(order + QStringLiteral(" > ?"), upperName(search.after));
+    QString query = QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %4")
+                        .arg(kListed, tableOf(kind), conditions.join(" AND "), order);
+    if (search.most != 0) query += QStringLiteral(" LIMIT %1").arg(search.most);
+    return all<ListedItem>(*m_connection, query, values, listedFrom);
+}
+
 std::vector<StoredItem> SessionDatabase::items(ItemKind kind) {
     openTables(*m_connection, m_workstation);
-    QSqlQuery query =
-        m_connection->run(QStringLiteral("SELECT %1 FROM %2").arg(kColumns, tableOf(kind)));
-    std::map<std::string, StoredItem> sorted;
-    while (query.next()) {
-        StoredItem item = itemFrom(query);
-        sorted[item.name] = std::move(item);
-    }
-    std::vector<StoredItem> all;
-    for (auto& [name, item] : sorted) all.push_back(std::move(item));
-    return all;
+    const QString query = QStringLiteral("SELECT %1 FROM %2 ORDER BY %3")
+                              .arg(kColumns, tableOf(kind), m_connection->orderedName());
+    return all<StoredItem>(*m_connection, query, {}, itemFrom);
 }
 
 std::optional<StoredItem> SessionDatabase::item(ItemKind kind, const std::string& name) {

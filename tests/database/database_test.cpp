@@ -40,11 +40,11 @@ class DatabaseTest : public DatabaseDesk {
 
     StoredItem session(const std::string& name) {
         const auto found = ben->item(ItemKind::Session, name);
-        return found ? *found : StoredItem{"(none)", "", 0, "", ""};
+        return found ? *found : StoredItem{{"(none)"}, ""};
     }
     StoredItem format(const std::string& name) {
         const auto found = ben->item(ItemKind::PartFormat, name);
-        return found ? *found : StoredItem{"(none)", "", 0, "", ""};
+        return found ? *found : StoredItem{{"(none)"}, ""};
     }
     StoredItem makeSession(const std::string& name, const std::string& xml = "<first/>") {
         anna->store({insertion(ItemKind::Session, name, xml)});

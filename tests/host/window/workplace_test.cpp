@@ -40,7 +40,7 @@ class HostWorkplace : public HostWindow {
     Outcome configureDesk() {
         user().onForm("frmMORAMConfig", [](wynconfig::User& u) { u.click("btnOK"); });
         Selection selection;
-        selection.database = SelectedItem{wynconfig::ItemKind::Session, {"DESK", "", 0, "", ""}};
+        selection.database = SelectedItem{wynconfig::ItemKind::Session, {"DESK", 0, "", ""}};
         const auto& all = operations();
         return std::find_if(
                    all.begin(), all.end(),
