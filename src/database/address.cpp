@@ -1,6 +1,7 @@
 // Reading the address of a database.
 #include "wynconfig/database.h"
 
+#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -10,30 +11,103 @@ namespace wynconfig {
 
 namespace {
 
-DatabaseAddress serverAddress(const QUrl& url, const std::string& text) {
-    DatabaseAddress address;
-    address.kind = DatabaseAddress::Kind::PostgreSql;
-    address.name = url.path(QUrl::FullyDecoded).mid(1).toStdString();
-    if (!url.isValid() || address.name.empty() || address.name.find('/') != std::string::npos)
-        throw DatabaseError("The database address " + text +
-                            " can't be read. It has to be like postgresql://user@host:port/name.");
-    address.host = url.host(QUrl::FullyDecoded).toStdString();
-    address.port = url.port(0);
-    address.user = url.userName(QUrl::FullyDecoded).toStdString();
-    address.password = url.password(QUrl::FullyDecoded).toStdString();
-    // A server that is not there is to be told in seconds.
+/// Says nothing of the address: what is not where it belongs may be a password.
+[[noreturn]] void refuse(const std::string& fault) {
+    throw DatabaseError("The database address can't be read: " + fault +
+                        ". It has to be the path of a file, or like "
+                        "postgresql://user@host:port/name, where %40 stands for @, %3A for :, %2F "
+                        "for /, %3F for ? and %23 for # within a part.");
+}
+
+/// The options of a server that the driver knows, but for those that are parts of the address.
+bool isKnownOption(const QString& key) {
+    static const QStringList known{"application_name",
+                                   "channel_binding",
+                                   "client_encoding",
+                                   "connect_timeout",
+                                   "fallback_application_name",
+                                   "gssencmode",
+                                   "gsslib",
+                                   "hostaddr",
+                                   "keepalives",
+                                   "keepalives_count",
+                                   "keepalives_idle",
+                                   "keepalives_interval",
+                                   "krbsrvname",
+                                   "options",
+                                   "passfile",
+                                   "requirepeer",
+                                   "service",
+                                   "sslcert",
+                                   "sslcompression",
+                                   "sslcrl",
+                                   "sslcrldir",
+                                   "sslkey",
+                                   "sslmode",
+                                   "sslpassword",
+                                   "sslrootcert",
+                                   "sslsni",
+                                   "ssl_max_protocol_version",
+                                   "ssl_min_protocol_version",
+                                   "target_session_attrs",
+                                   "tcp_user_timeout"};
+    return known.contains(key);
+}
+
+/// Puts the options behind the question mark into the address.
+void readOptions(const QUrlQuery& query, DatabaseAddress& address) {
     QStringList options;
-    const QUrlQuery query(url);
+    // A server that is not there is to be told in seconds.
     if (!query.hasQueryItem(QStringLiteral("connect_timeout")))
         options << QStringLiteral("connect_timeout=5");
     for (const auto& [key, value] : query.queryItems(QUrl::FullyDecoded)) {
         if (key == QStringLiteral("host"))
             address.host = value.toStdString();
+        else if (key == QStringLiteral("user"))
+            address.user = value.toStdString();
+        else if (key == QStringLiteral("password"))
+            address.password = value.toStdString();
+        else if (!isKnownOption(key))
+            refuse("it has an option that is not known");
+        else if (value.contains(';'))
+            refuse("an option holds a semicolon");
         else
             options << key + '=' + value;
     }
     address.options = options.join(';').toStdString();
+}
+
+bool holdsAny(const std::string& text, const char* characters) {
+    return text.find_first_of(characters) != std::string::npos;
+}
+
+DatabaseAddress serverAddress(const std::string& text) {
+    const QUrl url(QString::fromStdString(text));
+    if (!url.isValid() || text.find("://") == std::string::npos)
+        refuse("its host or port is none, or its parts are not set apart");
+    if (url.hasFragment()) refuse("it holds a #");
+    DatabaseAddress address;
+    address.kind = DatabaseAddress::Kind::PostgreSql;
+    address.name = url.path(QUrl::FullyDecoded).mid(1).toStdString();
+    address.host = url.host(QUrl::FullyDecoded).toStdString();
+    address.port = url.port(0);
+    address.user = url.userName(QUrl::FullyDecoded).toStdString();
+    address.password = url.password(QUrl::FullyDecoded).toStdString();
+    readOptions(QUrlQuery(url), address);
+    // These are shown. Marks in them come of a password that was not written as it has to be.
+    if (address.name.empty()) refuse("it names no database");
+    if (holdsAny(address.name, "/:@")) refuse("the name of the database holds a /, : or @");
+    if (holdsAny(address.user, ":")) refuse("the user's name holds a :");
+    if (holdsAny(address.host, "@")) refuse("the host holds an @");
     return address;
+}
+
+/// Whether a text may be that of a server, written wrongly, and so hold a password.
+bool mayBeServer(const std::string& path) {
+    static const QRegularExpression marks(
+        QStringLiteral("://|:.*@|^[^/.].*@|(password|passwd|pwd)\\s*[=:]"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    return marks.match(QString::fromStdString(path)).hasMatch();
 }
 
 }  // namespace
@@ -45,14 +119,12 @@ DatabaseAddress DatabaseAddress::file(const std::string& path) {
 }
 
 DatabaseAddress DatabaseAddress::parse(const std::string& text) {
-    const QUrl url(QString::fromStdString(text));
-    if (url.scheme() == "postgresql" || url.scheme() == "postgres") return serverAddress(url, text);
+    const QString scheme = QString::fromStdString(text).section(':', 0, 0).toLower();
+    if (scheme == "postgresql" || scheme == "postgres") return serverAddress(text);
     const std::string sqlite = "sqlite:";
     const std::string path = text.starts_with(sqlite) ? text.substr(sqlite.size()) : text;
-    if (path.empty() || path.find("://") != std::string::npos)
-        throw DatabaseError("The database address " + text +
-                            " can't be read. It has to be the path of a file, or like "
-                            "postgresql://user@host:port/name.");
+    if (path.empty()) refuse("it is empty");
+    if (mayBeServer(path)) refuse("it is no path, or one that looks like the address of a server");
     return file(path);
 }
 

@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QSqlError>
+#include <QStringList>
 #include <QUuid>
 #include <utility>
 
@@ -13,6 +14,18 @@ namespace {
 std::string messageOf(const QSqlError& error) {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     return text.simplified().toStdString();
+}
+
+/// The options as a server's driver reads them. Unquoted, a blank or a quote in a value would make
+/// the driver complain of the rest of it, in its own words.
+QString serverOptions(const QString& options) {
+    QStringList quoted;
+    for (const QString& option : options.split(';', Qt::SkipEmptyParts)) {
+        QString value = option.section('=', 1);
+        value.replace('\\', QStringLiteral("\\\\")).replace('\'', QStringLiteral("\\'"));
+        quoted << option.section('=', 0, 0) + QStringLiteral("='") + value + '\'';
+    }
+    return quoted.join(' ');
 }
 
 }  // namespace
@@ -33,7 +46,8 @@ DatabaseConnection::DatabaseConnection(DatabaseAddress address)
     if (m_address.port != 0) database.setPort(m_address.port);
     database.setUserName(toQt(m_address.user));
     database.setPassword(toQt(m_address.password));
-    database.setConnectOptions(toQt(m_address.options));
+    database.setConnectOptions(onServer() ? serverOptions(toQt(m_address.options))
+                                          : toQt(m_address.options));
 }
 
 DatabaseConnection::~DatabaseConnection() {

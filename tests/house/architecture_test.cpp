@@ -80,7 +80,8 @@ Foreign kindOf(const std::string& name) {
     static const std::regex standard("[a-z_]+|std(def|int)\\.h");  // C's as well
     static const std::regex qt(R"(Qt?[A-Z].*|Qt.*/.*|q[a-z]+\.h)");
     static const std::regex qtCore(
-        "Q(ByteArray|Char|CoreApplication|DateTime|File|List|String|StringList|Url|UrlQuery|Uuid|"
+        "Q(ByteArray|Char|CoreApplication|DateTime|File|List|RegularExpression|String|StringList|"
+        "Url|UrlQuery|Uuid|"
         "Variant|VariantList)");
     if (std::regex_match(name, standard)) return Foreign::Standard;
     if (std::regex_match(name, qtCore)) return Foreign::QtCore;
