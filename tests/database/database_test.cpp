@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "database/connection.h"
 #include "support/database_kit.h"
 
 namespace wynconfig {
@@ -354,6 +355,39 @@ class DatabaseServer : public DatabaseTest {
                 "SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
                 "WHERE pid <> pg_backend_pid() AND datname = current_database()");
     }
+    /// Stores from a connection that is held up by what another one does, cuts it off there, and
+    /// looks at what came of it. The same connection can then store it after all.
+    void cutOff(const std::vector<const char*>& holdUp, const std::vector<ItemChange>& changes,
+                const std::function<void(const std::string& text)>& look) {
+        QSqlDatabase raw = openRaw(address);
+        for (const char* statement : holdUp) execute(raw, statement);
+        std::string text;
+        std::string textOfSecond;
+        std::barrier isCutOff(2);
+        std::barrier isLookedAt(2);
+        std::thread storing([&] {
+            SessionDatabase mine(address, "cut off");
+            text = failure([&] { mine.store(changes); });
+            isCutOff.arrive_and_wait();
+            isLookedAt.arrive_and_wait();
+            textOfSecond = failure([&] { mine.store(changes); });
+        });
+        QSqlQuery waiting(raw);
+        const auto isHeldUp = [&] {
+            return waiting.exec("SELECT 1 FROM pg_locks WHERE NOT granted") && waiting.next();
+        };
+        while (!isHeldUp()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        endOtherConnections(raw);
+        isCutOff.arrive_and_wait();
+        execute(raw, "ROLLBACK");
+        waiting = QSqlQuery();
+        closeRaw(raw);
+        look(text);
+        isLookedAt.arrive_and_wait();
+        storing.join();
+        EXPECT_EQ(textOfSecond, "");
+        EXPECT_EQ(session("NIGHT").xml, "<whole/>");
+    }
 };
 
 TEST_P(DatabaseServer, AConnectionLostBetweenTwoCallsIsMadeAgain) {
@@ -368,32 +402,78 @@ TEST_P(DatabaseServer, AConnectionLostBetweenTwoCallsIsMadeAgain) {
 
 TEST_P(DatabaseServer, AConnectionLostInTheMiddleSaysSoAndStoresNothing) {
     const StoredItem night = makeSession("NIGHT");
+    const std::vector<ItemChange> changes{update(ItemKind::Session, night, "<whole/>"),
+                                          insertion(ItemKind::PartFormat, "NEW", "<whole/>")};
+    // Is held up when the session is written and the part format is not yet.
+    cutOff({"BEGIN", "LOCK TABLE config_part_format IN SHARE MODE"}, changes,
+           [&](const std::string& text) {
+               EXPECT_NE(text.find("failed: "), std::string::npos) << text;
+               EXPECT_NE(text.find("Nothing was stored."), std::string::npos) << text;
+               EXPECT_EQ(session("NIGHT").version, night.version);
+               EXPECT_EQ(format("NEW").name, "(none)");
+           });
+    EXPECT_EQ(format("NEW").xml, "<whole/>");
+}
+
+TEST_P(DatabaseServer, AConnectionLostAtTheVeryEndSaysThatNobodyKnows) {
+    const StoredItem night = makeSession("NIGHT");
     QSqlDatabase raw = openRaw(address);
-    // Holds the other one up when it has written the session and not yet the part format.
-    execute(raw, "BEGIN");
-    execute(raw, "LOCK TABLE config_part_format IN SHARE MODE");
-    std::string text;
-    std::thread storing([&] {
-        text = failure([&] {
-            SessionDatabase mine(address, "cut off");
-            mine.store({update(ItemKind::Session, night, "<half/>"),
-                        insertion(ItemKind::PartFormat, "NEW", "<half/>")});
-        });
-    });
-    QSqlQuery waiting(raw);
-    const auto isHeldUp = [&] {
-        return waiting.exec("SELECT 1 FROM pg_locks WHERE NOT granted") && waiting.next();
-    };
-    while (!isHeldUp()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    endOtherConnections(raw);
-    storing.join();
-    execute(raw, "ROLLBACK");
-    waiting = QSqlQuery();
+    execute(raw,
+            "CREATE FUNCTION wait_at_the_end() RETURNS trigger LANGUAGE plpgsql AS "
+            "'BEGIN PERFORM pg_advisory_xact_lock(1); RETURN NULL; END'");
+    execute(raw,
+            "CREATE CONSTRAINT TRIGGER at_the_end AFTER UPDATE ON config_session "
+            "DEFERRABLE INITIALLY DEFERRED FOR EACH ROW EXECUTE FUNCTION wait_at_the_end()");
     closeRaw(raw);
-    EXPECT_NE(text.find("failed: "), std::string::npos) << text;
-    EXPECT_NE(text.find("Nothing was stored."), std::string::npos) << text;
+    cutOff({"BEGIN", "SELECT pg_advisory_xact_lock(1)"},
+           {update(ItemKind::Session, night, "<whole/>")}, [&](const std::string& text) {
+               EXPECT_NE(text.find("Reload to see whether the changes were stored."),
+                         std::string::npos)
+                   << text;
+               EXPECT_EQ(text.find("Nothing was stored."), std::string::npos) << text;
+               EXPECT_EQ(session("NIGHT").version, night.version);
+           });
+}
+
+TEST_P(DatabaseServer, AConnectionLostWhileRowsComeIsNotTakenForTheEndOfThem) {
+    DatabaseConnection mine(address);
+    mine.reopen();
+    constexpr int all = 20'000;
+    QSqlQuery rows =
+        mine.run(QStringLiteral("SELECT repeat('x', 1000) FROM generate_series(1, %1)").arg(all));
+    ASSERT_TRUE(mine.next(rows));
+    QSqlDatabase raw = openRaw(address);
+    endOtherConnections(raw);
+    closeRaw(raw);
+    int count = 1;
+    EXPECT_NE(failure([&] {
+                  while (mine.next(rows)) ++count;
+              }).find("failed: "),
+              std::string::npos);
+    EXPECT_LT(count, all);
+}
+
+TEST_P(DatabaseServer, WhileTheServerIsAwayThatIsToldAndAllGoesOnWhenItIsBack) {
+    const StoredItem night = makeSession("NIGHT");
+    PostgresServer::stop();
+    for (int i = 0; i < 2; ++i) {
+        const std::string text =
+            failure([&] { anna->store({update(ItemKind::Session, night, "<of anna/>")}); });
+        EXPECT_NE(text.find("can't be reached"), std::string::npos) << text;
+    }
+    EXPECT_NE(failure([&] { ben->list(ItemKind::Session); }), "");
+    PostgresServer::start();
     EXPECT_EQ(session("NIGHT").version, night.version);
-    EXPECT_EQ(format("NEW").name, "(none)");
+    anna->store({update(ItemKind::Session, night, "<of anna/>")});
+    EXPECT_EQ(session("NIGHT").xml, "<of anna/>");
+}
+
+TEST_P(DatabaseServer, AServerThatWasStartedAnewMeanwhileIsNotNoticed) {
+    const StoredItem night = makeSession("NIGHT");
+    PostgresServer::stop();
+    PostgresServer::start();
+    anna->store({update(ItemKind::Session, night, "<of anna/>")});
+    EXPECT_EQ(session("NIGHT").xml, "<of anna/>");
 }
 
 TEST_P(DatabaseServer, WrongAddressesAreToldClearly) {

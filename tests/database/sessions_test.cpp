@@ -1,10 +1,12 @@
 // The in-memory mode on a shared database: what the dialogs get, what goes back, and that an edit
 // which is refused is not lost.
+#include <barrier>
 #include <functional>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "database/memory_edit.h"
@@ -520,8 +522,86 @@ TEST_P(MemorySessionsTest, WhatWasSeenIsDeletedUnlessItChangedMeanwhile) {
     EXPECT_TRUE(names(ItemKind::Session).empty());
 }
 
+/// A host on a thread of its own, with view, component and connection.
+struct OtherHost {
+    /// Lets its user configure NIGHT: writes these arguments and presses OK when all are that far.
+    void configure(const DatabaseAddress& address, const std::filesystem::path& root,
+                   const std::string& mine, std::barrier<>& allAreThere) {
+        const auto screen = std::make_shared<ScriptedView>();
+        installView(screen);
+        WYNConfig config;
+        config.InitResourceManager(makeBundleResourceManager(WYNCONFIG_RESOURCES));
+        config.init(root.string() + "/");
+        SessionDatabase database(address, mine);
+        MemorySessions sessions(config, database, root.string() + "/");
+        screen->user().onForm("frmMORAMConfig", [&](User& u) {
+            u.type("txtCommandLineArgs", mine);
+            allAreThere.arrive_and_wait();
+            u.click("btnOK");
+        });
+        try {
+            sessions.configure("NIGHT");
+        } catch (const RefusedEdit& error) {
+            refused = error;
+        }
+        screen->user().finish();
+        installView(nullptr);
+    }
+
+    std::optional<RefusedEdit> refused;
+};
+
+TEST_P(MemorySessionsTest, OfTwoHostsThatEditOneSessionAtOnceTheSecondIsRefused) {
+    std::barrier allAreThere(2);
+    OtherHost hosts[2];
+    const std::string arguments[] = {"--of-carl", "--of-dora"};
+    std::vector<std::thread> all;
+    for (std::size_t i = 0; i < 2; ++i)
+        all.emplace_back([&, i] { hosts[i].configure(address, root, arguments[i], allAreThere); });
+    for (std::thread& each : all) each.join();
+
+    ASSERT_NE(hosts[0].refused.has_value(), hosts[1].refused.has_value());
+    const std::size_t loser = hosts[0].refused ? 0 : 1;
+    const RefusedEdit& refused = *hosts[loser].refused;
+    EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), arguments[1 - loser]);
+    ASSERT_EQ(refused.conflicts().size(), 1U);
+    EXPECT_EQ(refused.conflicts()[0].present->changedBy, arguments[1 - loser]);
+    EXPECT_EQ(rowsOf(refused.edit().session.xml).at("CommandLineArgs"), arguments[loser]);
+    sessions->storeUnderAnotherName(refused, "NIGHT 2");
+    EXPECT_EQ(storedSession("NIGHT 2").at("CommandLineArgs"), arguments[loser]);
+    EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), arguments[1 - loser]);
+}
+
 ON_EVERY_DATABASE(MemorySessionsTest);
 ON_EVERY_DATABASE(TakeOver);
+
+/// A server that goes away and comes back.
+class ServerAway : public MemorySessionsTest {};
+
+TEST_P(ServerAway, AnEditGoesOnWhenTheServerWasStartedAnewWhileTheDialogIsOpen) {
+    configure([](User& u) {
+        u.type("txtCommandLineArgs", "--second");
+        PostgresServer::stop();
+        PostgresServer::start();
+    });
+    EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), "--second");
+}
+
+TEST_P(ServerAway, AnEditIsKeptUntilTheServerIsBack) {
+    const auto refused = refusedConfigure([](User& u) {
+        u.type("txtCommandLineArgs", "--second");
+        PostgresServer::stop();
+    });
+    ASSERT_TRUE(refused);
+    EXPECT_TRUE(refused->conflicts().empty());
+    EXPECT_THROW(sessions->store(refused->edit()), RefusedEdit);
+    PostgresServer::start();
+    EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), "--first");
+    sessions->store(refused->edit());
+    EXPECT_EQ(storedSession("NIGHT").at("CommandLineArgs"), "--second");
+}
+
+INSTANTIATE_TEST_SUITE_P(PostgreSQL, ServerAway, ::testing::Values("PostgreSQL"));
 
 }  // namespace
 }  // namespace wynconfig

@@ -22,17 +22,27 @@ namespace wynconfig {
 /// The server of this process: starts when a test first asks for it, and ends with the process.
 class PostgresServer {
   public:
-    static const std::string& socketFolder() {
-        static PostgresServer server;
-        return server.m_folder;
-    }
+    static const std::string& socketFolder() { return instance().m_folder; }
+    /// Takes the server away from all its clients, as when its machine is started anew.
+    static void stop() { instance().order("stop\n"); }
+    static void start() { instance().order("start\n"); }
 
   private:
+    static PostgresServer& instance() {
+        static PostgresServer server;
+        return server;
+    }
+    void order(const char* command) {
+        m_script.write(command);
+        if (!m_script.waitForReadyRead(kMostMilliseconds))
+            throw std::runtime_error("the PostgreSQL server of the tests does not obey");
+        m_script.readLine();
+    }
+    static constexpr int kMostMilliseconds = 60'000;
     PostgresServer() {
-        constexpr int mostMilliseconds = 60'000;
         m_script.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_script.start(WYNCONFIG_SOURCE "/tests/support/postgres_server", QStringList());
-        if (!m_script.waitForReadyRead(mostMilliseconds))
+        if (!m_script.waitForReadyRead(kMostMilliseconds))
             throw std::runtime_error("the PostgreSQL server of the tests did not start");
         m_folder = m_script.readLine().trimmed().toStdString();
     }
