@@ -42,4 +42,4 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/wynconfigConfig.cmake
 install(FILES docs/dataset.xsd TYPE DATA RENAME wynconfig/dataset.xsd COMPONENT development)
 install(DIRECTORY examples TYPE DOC COMPONENT development)
 install(FILES LICENSE TYPE DOC COMPONENT runtime)
-install(FILES README.md CHANGELOG.md docs/sending.md TYPE DOC COMPONENT development)
+install(FILES README.md CHANGELOG.md docs/database.md docs/sending.md TYPE DOC COMPONENT development)
