@@ -75,7 +75,11 @@ if(with_host)
     "This package has a small catalogue to try it with.")
 endif()
 if(with_tools)
-  wynconfig_package(tools wynconfig-tools utils "libwynconfig0 ${exactly}"
+  set(for_tools "libwynconfig0 ${exactly}")
+  if(with_database)
+    string(APPEND for_tools ", libwynconfig-database0 ${exactly}")
+  endif()
+  wynconfig_package(tools wynconfig-tools utils "${for_tools}"
     "Parts lists on their way out of a catalogue: administration"
     "This package has a program that lists, checks and changes what is stored,\nwithout a window.")
 endif()

@@ -45,6 +45,7 @@ class Collector {
                 m_bundle.missing.push_back({session, format});
         }
     }
+    void takeFormat(const std::string& format) { take({ItemKind::PartFormat, format}); }
     Bundle bundle() { return std::move(m_bundle); }
 
   private:
@@ -95,15 +96,6 @@ bool isSame(const Dataset& one, const Dataset& other) {
            wynconfig::upperName(one.Name()) == wynconfig::upperName(other.Name());
 }
 
-bool hasSame(const Store& store, const StoreItem& item) {
-    try {
-        return isSame(*store.read(item.kind, item.record->Name()), *item.record);
-    } catch (const Error& error) {
-        if (error.number() != errc::BadRecord) throw;
-        return false;
-    }
-}
-
 }  // namespace
 
 Bundle bundleOf(const Store& store, const Names& sessions,
@@ -113,6 +105,25 @@ Bundle bundleOf(const Store& store, const Names& sessions,
     for (const std::string& session : sessions) {
         collector.takeSession(session);
         if (progress) progress(++done, sessions.size());
+    }
+    return collector.bundle();
+}
+
+Bundle wholeStore(const Store& store, const wynconfig::StoreProgress& progress) {
+    const Names sessions = store.names(ItemKind::Session);
+    const Names formats = store.names(ItemKind::PartFormat);
+    Collector collector(store);
+    std::size_t done = 0;
+    const auto tell = [&] {
+        if (progress) progress(++done, sessions.size() + formats.size());
+    };
+    for (const std::string& session : sessions) {
+        collector.takeSession(session);
+        tell();
+    }
+    for (const std::string& format : formats) {
+        collector.takeFormat(format);
+        tell();
     }
     return collector.bundle();
 }
@@ -152,19 +163,33 @@ Bundle bundleFrom(const std::string& text) {
     return bundle;
 }
 
-Plan planOf(const Store& store, const Bundle& bundle) {
+Plan planOf(const Bundle& bundle,
+            const std::function<std::shared_ptr<const Dataset>(const StoreItem& item)>& present) {
     Plan plan;
     for (const StoreItem& item : bundle.items) {
         const Item named{item.kind, item.record->Name()};
-        const bool isNew = !store.has(named.kind, named.name);
-        if (!isNew && hasSame(store, item)) {
+        const auto there = present(item);
+        if (there && isSame(*there, *item.record)) {
             plan.unchanged.push_back(named);
             continue;
         }
-        (isNew ? plan.added : plan.differing).push_back(named);
+        (there ? plan.differing : plan.added).push_back(named);
         plan.toSave.push_back(item);
     }
     return plan;
+}
+
+Plan planOf(const Store& store, const Bundle& bundle) {
+    return planOf(bundle, [&](const StoreItem& item) -> std::shared_ptr<const Dataset> {
+        const std::string& name = item.record->Name();
+        if (!store.has(item.kind, name)) return nullptr;
+        try {
+            return store.read(item.kind, name);
+        } catch (const Error& error) {
+            if (error.number() != errc::BadRecord) throw;
+            return std::make_shared<Dataset>();
+        }
+    });
 }
 
 }  // namespace tool

@@ -2,6 +2,8 @@
 // the one file in which they travel, which docs/administer.md tells.
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,9 @@ struct Bundle {
 Bundle bundleOf(const Store& store, const Names& sessions,
                 const wynconfig::StoreProgress& progress = {});
 
+/// All sessions and all part formats of a store, as `bundleOf` takes them.
+Bundle wholeStore(const Store& store, const wynconfig::StoreProgress& progress = {});
+
 /// The text of a bundle's file; what is missing is not in it.
 std::string textOf(const Bundle& bundle);
 /// Reads that text. Raises `wynconfig::Error` unless each record in it can be an item of a store.
@@ -40,5 +45,10 @@ struct Plan {
     std::vector<wynconfig::StoreItem> toSave;  ///< all but the unchanged ones
 };
 Plan planOf(const Store& store, const Bundle& bundle);
+/// The same for another place.
+/// @param present  the record that has an item's name there: none, or one that is empty where it
+///                 can't be read
+Plan planOf(const Bundle& bundle, const std::function<std::shared_ptr<const wynconfig::Dataset>(
+                                      const wynconfig::StoreItem& item)>& present);
 
 }  // namespace tool

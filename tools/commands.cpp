@@ -18,6 +18,9 @@ const std::vector<Command>& commands() {
         {"import", "Takes over what export has written, all of it or nothing.", declareImport},
         {"migrate", "Takes sessions with their part formats over from another store.",
          declareMigrate},
+#ifdef WITH_DATABASE
+        {"sql", "Carries the store into a database and back, all of it or nothing.", declareSql},
+#endif
     };
     return all;
 }

@@ -28,4 +28,7 @@ Run declareExport(CLI::App& app);
 Run declareImport(CLI::App& app);
 Run declareMigrate(CLI::App& app);
 
+// sql.cpp: carrying items into a database and back; only where that library is built.
+Run declareSql(CLI::App& app);
+
 }  // namespace tool

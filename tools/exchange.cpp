@@ -6,18 +6,13 @@
 #include "bundle.h"
 #include "commands.h"
 #include "files.h"
+#include "manner.h"
 #include "workplace.h"
 #include "wynconfig/error.h"
 
 namespace tool {
 
 namespace {
-
-/// How items come into a store.
-struct Manner {
-    bool isDryRun = false;
-    bool replaces = false;
-};
 
 /// The sessions that a person means, each as its file is spelt; all of the store for none.
 Names sessionsMeant(const Store& store, const Names& texts) {
@@ -53,35 +48,10 @@ int exportTo(const Workplace& here, const Names& texts, const std::string& file)
     return bundle.missing.empty() ? kClean : kFindings;
 }
 
-/// A word and an item on each line.
-std::string linesOf(const char* word, const std::vector<Item>& items) {
-    std::string lines;
-    for (const Item& item : items) lines += std::string(word) + " " + textOf(item) + "\n";
-    return lines;
-}
-
-/// The four lists that tell what comes of items.
-Json jsonOf(const Plan& plan, bool replaces) {
-    const std::vector<Item> none;
-    return {{"new", jsonOf(plan.added)},
-            {"replaced", jsonOf(replaces ? plan.differing : none)},
-            {"unchanged", jsonOf(plan.unchanged)},
-            {"conflicts", jsonOf(replaces ? none : plan.differing)}};
-}
-
 int importFrom(const Workplace& here, const std::string& file, Manner manner) {
     const Store store = here.store();
-    const Plan plan = planOf(store, bundleFrom(readFile(file)));
-    const bool hasConflicts = !plan.differing.empty() && !manner.replaces;
-    const bool imports = !hasConflicts && !manner.isDryRun;
-    if (imports) store.save(plan.toSave, here.progress("writing"));
-    Json json{{"dryRun", manner.isDryRun}, {"imported", imports}};
-    json.update(jsonOf(plan, manner.replaces));
-    here.answer(json, linesOf("new", plan.added) + linesOf("unchanged", plan.unchanged) +
-                          linesOf(manner.replaces ? "replaced" : "conflict", plan.differing));
-    if (hasConflicts && !manner.isDryRun)
-        here.remark("Nothing was imported: the store has other items of these names.");
-    return hasConflicts ? kFindings : kClean;
+    return carryOver(here, planOf(store, bundleFrom(readFile(file))), manner, "imported",
+                     [&](const Plan& plan) { store.save(plan.toSave, here.progress("writing")); });
 }
 
 /// What came of one session.
@@ -162,14 +132,6 @@ std::shared_ptr<Names> declareSessions(CLI::App& app, const std::string& descrip
         ->expected(1, CLI::detail::expected_max_vector_size)
         ->allow_extra_args();
     return names;
-}
-
-std::shared_ptr<Manner> declareManner(CLI::App& app) {
-    auto manner = std::make_shared<Manner>();
-    app.add_flag("--dry-run", manner->isDryRun, "Write nothing, and tell what would come of it");
-    app.add_flag("--replace", manner->replaces,
-                 "Write also over items of the store that differ from those that come");
-    return manner;
 }
 
 }  // namespace

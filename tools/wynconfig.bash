@@ -75,6 +75,8 @@ _wynconfig_argument() {
     refs,0 | rename,0) _wynconfig_names list formats ;;
     export,*) _wynconfig_names list sessions ;;
     import,0) _wynconfig_files --to ;;
+    sql,0) _wynconfig_offer push pull ;;
+    sql,1) _wynconfig_files --to ;;
     migrate,0) _wynconfig_files --store ;;
     migrate,*)
       root=${arguments[0]//[\\\"\']/}

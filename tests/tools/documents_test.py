@@ -109,6 +109,7 @@ class Completion(HelpTestCase):
             self.assertEqual(self.complete(command, ""), ["CSV"])
         self.assertEqual(self.complete("export", "DESK", ""), everything[:3])
         self.assertEqual(self.complete("list", ""), ["sessions", "formats"])
+        self.assertEqual(self.complete("sql", "pu"), ["push", "pull"])
         self.assertEqual(self.complete("show", "DESK", ""), [])
         self.assertEqual(self.complete("rename", "CSV", ""), [])
 
