@@ -77,8 +77,8 @@ def value_of(store, name, key):
 
 @pytest.fixture(scope="session")
 def screen():
-    """Where the desktop view shows its windows: a desktop of its own where DESKTOP_KIT has the means
-    for one, else no screen at all."""
+    """Where the desktop view shows its windows: on a desktop of its own where DESKTOP_KIT has the
+    means for one, else on no screen at all."""
     kit = os.environ.get("DESKTOP_KIT")
     if not kit:
         os.environ.setdefault("QT_QPA_PLATFORM", "offscreen")

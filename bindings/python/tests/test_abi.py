@@ -151,7 +151,8 @@ def test_the_numbers_are_those_of_the_header():
         ("", wynconfig.ControlKind),
     ]:
         assert issubclass(numbers, enum.IntEnum | enum.IntFlag)
-        known |= {f"{head}_{name}".strip("_"): int(each) for name, each in numbers.__members__.items()}
+        members = numbers.__members__.items()
+        known |= {f"{head}_{name}".strip("_"): int(each) for name, each in members}
     assert {name: int(number) for name, number in defined.items()} == known
 
 
@@ -164,7 +165,7 @@ def test_the_keys_are_those_of_the_header():
     text = header("keys.h")
     rooms = {"words": keys.words, "session": keys.session, "partformat": keys.part_format}
     for room, known in rooms.items():
-        body = re.search(rf"^namespace {room} (.*?)// namespace {room}$", text, re.DOTALL | re.MULTILINE)[1]
+        body = text.partition(f"namespace {room} {{")[2].partition(f"// namespace {room}\n")[0]
         defined = dict(re.findall(r'std::string (k\w+) = "(.*?)";', body))
         defined.pop("kType", None)
         for name, listed in re.findall(r"const FieldKeys (k\w+)\{(.*?)\}", body, re.DOTALL):

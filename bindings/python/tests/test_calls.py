@@ -224,8 +224,9 @@ def test_the_library_is_found_where_the_variable_says(is_file):
     folder = os.path.dirname(place)
     if not folder:
         pytest.skip("the loader has found it")
+    program = "import wynconfig, wynconfig.qt; print(wynconfig.version_text())"
     printed = subprocess.run(
-        [sys.executable, "-B", "-c", "import wynconfig, wynconfig.qt; print(wynconfig.version_text())"],
+        [sys.executable, "-B", "-c", program],
         env={**os.environ, "WYNCONFIG_LIBRARY": place if is_file else folder},
         capture_output=True, text=True, timeout=60, check=True,
     ).stdout

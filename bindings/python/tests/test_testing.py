@@ -33,7 +33,9 @@ def test_what_does_not_come_up_is_told_and_forgotten(store):
 def test_announcements_are_used_up_in_their_order(user):
     seen = []
     for number in (1, 2):
-        user.on_form("frmMORAMConfig", lambda form, number=number: (seen.append(number), cancel(form)))
+        user.on_form(
+            "frmMORAMConfig", lambda form, number=number: (seen.append(number), cancel(form))
+        )
     wynconfig.showMORAMConfigDlg("bench")
     wynconfig.showMORAMConfigDlg("bench")
     assert seen == [1, 2]

@@ -112,13 +112,15 @@ def test_the_layout_names_every_control_once(store):
         assert (tabs.kind, tabs.control) == (NodeKind.TABS, form["SSTab2"])
         assert [child.kind for child in tabs.children] == [NodeKind.PANE, NodeKind.PANE]
         assert buttons.kind is NodeKind.BUTTONS
-        assert {each.control.name for each in buttons.children} == {"btnOK", "btnCancel", "btnApply"}
-        named = [each for node in nodes_below(layout) for each in (node.label, node.control) if each]
+        names = {each.control.name for each in buttons.children}
+        assert names == {"btnOK", "btnCancel", "btnApply"}
+        nodes = list(nodes_below(layout))
+        named = [each for node in nodes for each in (node.label, node.control) if each]
         assert sorted(each.name for each in named) == sorted(form.control_names())
         assert len(set(named)) == len(named)
-        path = next(node for node in nodes_below(layout) if node.control == form["txtProgramPath"])
+        path = next(node for node in nodes if node.control == form["txtProgramPath"])
         assert path.label.caption == "Program Path" and path.label.mnemonic == "P"
-        assert any(node.grows for node in nodes_below(layout))
+        assert any(node.grows for node in nodes)
         assert not path.behind_box
         cancel(form)
 
