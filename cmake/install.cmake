@@ -1,5 +1,5 @@
-# What is installed, by the components runtime, runtime_qt, runtime_database, development, sample and
-# tools; the last two by the folders that make them.
+# What is installed, by the components runtime, runtime_qt, runtime_database, python, development, sample
+# and tools; the last two by the folders that make them.
 include(CMakePackageConfigHelpers)
 set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/wynconfig)
 set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
@@ -42,4 +42,18 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/wynconfigConfig.cmake
 install(FILES docs/dataset.xsd TYPE DATA RENAME wynconfig/dataset.xsd COMPONENT development)
 install(DIRECTORY examples TYPE DOC COMPONENT development)
 install(FILES LICENSE TYPE DOC COMPONENT runtime)
-install(FILES README.md CHANGELOG.md docs/database.md docs/sending.md TYPE DOC COMPONENT development)
+install(FILES README.md CHANGELOG.md docs/database.md docs/python.md docs/sending.md
+        TYPE DOC COMPONENT development)
+
+# The Python module, which needs shared libraries. Where a distribution's own Python looks is a part
+# of that distribution: elsewhere a wheel does better, see docs/python.md.
+set(WYNCONFIG_PYTHON_FOLDER lib/python3/dist-packages CACHE STRING
+    "Where the Python module is installed; empty: nowhere")
+if(BUILD_SHARED_LIBS AND UNIX AND WYNCONFIG_PYTHON_FOLDER)
+  install(DIRECTORY bindings/python/wynconfig DESTINATION ${WYNCONFIG_PYTHON_FOLDER} COMPONENT python
+    PATTERN __pycache__ EXCLUDE)
+  # By which Python's own tools know that it is there.
+  file(CONFIGURE OUTPUT METADATA CONTENT "Metadata-Version: 2.1\nName: wynconfig\nVersion: @PROJECT_VERSION@\n")
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/METADATA COMPONENT python
+    DESTINATION ${WYNCONFIG_PYTHON_FOLDER}/wynconfig-${PROJECT_VERSION}.dist-info)
+endif()

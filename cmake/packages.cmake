@@ -83,6 +83,19 @@ if(with_tools)
     "Parts lists on their way out of a catalogue: administration"
     "This package has a program that lists, checks and changes what is stored,\nwithout a window.")
 endif()
+if(BUILD_SHARED_LIBS AND UNIX AND WYNCONFIG_PYTHON_FOLDER)
+  wynconfig_package(python python3-wynconfig python
+    "python3:any (>= 3.11), libwynconfig0 ${exactly}"
+    "Parts lists on their way out of a catalogue: Python module"
+    "This package has the module for hosts in Python.")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+  if(with_qt)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS "libwynconfig-qt0 ${exactly}")
+  endif()
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/cmake/python_package/postinst
+    ${PROJECT_SOURCE_DIR}/cmake/python_package/prerm)
+endif()
 wynconfig_package(development libwynconfig-dev libdevel "${for_development}"
   "Parts lists on their way out of a catalogue: headers"
   "This package has what a host is built with.")
