@@ -42,7 +42,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/wynconfigConfig.cmake
 install(FILES docs/dataset.xsd TYPE DATA RENAME wynconfig/dataset.xsd COMPONENT development)
 install(DIRECTORY examples TYPE DOC COMPONENT development)
 install(FILES LICENSE TYPE DOC COMPONENT runtime)
-install(FILES README.md CHANGELOG.md docs/database.md docs/python.md docs/sending.md
+install(FILES README.md CHANGELOG.md docs/csharp.md docs/database.md docs/python.md docs/sending.md
         TYPE DOC COMPONENT development)
 
 # The Python module, which needs shared libraries. Where a distribution's own Python looks is a part
