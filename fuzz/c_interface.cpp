@@ -174,6 +174,7 @@ void Play::stepOnLibrary(std::uint8_t which) {
     switch (which % 10) {
         case 0:
         case 1:
+            if (byte() % 16 == 0) require(wyn_leave() == WYN_OK);
             wyn_close(any<void>());
             return;
         case 2: {

@@ -73,6 +73,10 @@ WYNCONFIG_API int32_t wyn_fail(int32_t number, const char* description);
 /// Gives a text back, on whatever thread; NULL is nothing.
 WYNCONFIG_API void wyn_free(char* text);
 
+/// Lets go of all that this thread has: its view, observer and resource manager, whose `release` is
+/// called, and its open handles. For a host in a language that is gone before its threads are.
+WYNCONFIG_API int32_t wyn_leave(void);
+
 /// Closes a handle of any kind that the caller opened; NULL is nothing. Those of forms and controls
 /// close by themselves.
 WYNCONFIG_API int32_t wyn_close(void* handle);
@@ -118,7 +122,7 @@ typedef struct wyn_resource_manager {
     void (*release)(void* context);
 } wyn_resource_manager;
 
-/// Keeps the resource manager that all texts and the font come from.
+/// Keeps the resource manager that all texts and the font come from; NULL takes it away.
 WYNCONFIG_API int32_t wyn_InitResourceManager(const wyn_resource_manager* manager);
 
 /// Takes the texts that come with the component.
@@ -213,7 +217,7 @@ WYNCONFIG_API int32_t wyn_store_open(const char* root, wyn_store** store);
 WYNCONFIG_API int32_t wyn_store_is_made(wyn_store* store, int32_t* is_made);
 WYNCONFIG_API int32_t wyn_store_names(wyn_store* store, int32_t kind, wyn_list** names);
 WYNCONFIG_API int32_t wyn_store_has(wyn_store* store, int32_t kind, const char* name, int32_t* has);
-/// Where an item lies, or would be saved.
+/// Where an item lies, or would be saved: a path that other programs know as well.
 WYNCONFIG_API int32_t wyn_store_path(wyn_store* store, int32_t kind, const char* name, char** path);
 WYNCONFIG_API int32_t wyn_store_read(wyn_store* store, int32_t kind, const char* name,
                                      wyn_record** record);
@@ -443,6 +447,10 @@ typedef struct wyn_node {
 /// A node by its number from 0, each in front of its children; WYN_ERROR_RANGE behind the last.
 /// Of a view of the host alone.
 WYNCONFIG_API int32_t wyn_form_node(wyn_form* form, size_t number, wyn_node* node);
+
+/// The buttons behind the Enter and Escape keys; NULL: none. Of a view of the host alone.
+WYNCONFIG_API int32_t wyn_form_buttons(wyn_form* form, wyn_control** default_button,
+                                       wyn_control** cancel_button);
 
 // -------------------------------------------------------------------------------------------------
 // The test kit: a person at the screen who does what a test says. Whatever comes up unannounced is

@@ -307,6 +307,18 @@ int32_t wyn_form_node(wyn_form* form, size_t number, wyn_node* node) {
     });
 }
 
+int32_t wyn_form_buttons(wyn_form* form, wyn_control** default_button,
+                         wyn_control** cancel_button) {
+    return run("wyn_form_buttons", [&] {
+        requirePlace(default_button);
+        requirePlace(cancel_button);
+        const FormLayout& layout = shownByHost(form).layout();
+        wyn_control* const byEnter = openControl(form, layout.defaultButton);
+        *cancel_button = openControl(form, layout.cancelButton);
+        *default_button = byEnter;
+    });
+}
+
 int32_t wyn_on_form(wyn_user* user, const char* form, wyn_script script, void* context) {
     return run("wyn_on_form", [&] {
         if (!script) throw Error(WYN_ERROR_CALL, "There is nothing to do.");

@@ -68,4 +68,18 @@ void forget(std::uintptr_t number, bool byCaller) {
     table()->erase(number);
 }
 
+void forgetAll() {
+    Table* const all = table();
+    if (!all) return;
+    std::vector<std::shared_ptr<void>> objects;
+    for (auto at = all->begin(); at != all->end();) {
+        if (!at->second.closable) {
+            ++at;
+            continue;
+        }
+        objects.push_back(std::move(at->second.object));
+        at = all->erase(at);
+    }
+}
+
 }  // namespace wynconfig::c

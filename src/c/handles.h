@@ -94,6 +94,9 @@ std::shared_ptr<void> kept(std::uintptr_t number, const char* kind);
 /// Forgets an object. Raises as `kept` does, also where the caller may not close it.
 void forget(std::uintptr_t number, bool byCaller);
 
+/// Forgets what the caller may close.
+void forgetAll();
+
 /// Opens a handle.
 /// @param closable  whether the caller closes it by wyn_close
 template <class T>

@@ -73,6 +73,7 @@ using namespace wynconfig::c;
 
 int32_t wyn_InitResourceManager(const wyn_resource_manager* manager) {
     return run("wyn_InitResourceManager", [&] {
+        if (!manager) return WYNConfig().InitResourceManager(nullptr);
         const wyn_resource_manager functions = structIn(manager);
         if (!functions.get_string)
             throw Error(WYN_ERROR_CALL, "A resource manager has to give texts.");

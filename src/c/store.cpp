@@ -1,4 +1,6 @@
 // Records, and what is in a store.
+#include <algorithm>
+
 #include "c/calls.h"
 #include "wynconfig/keys.h"
 
@@ -172,7 +174,12 @@ int32_t wyn_store_has(wyn_store* store, int32_t kind, const char* name, int32_t*
 
 int32_t wyn_store_path(wyn_store* store, int32_t kind, const char* name, char** path) {
     return ask<Store>("wyn_store_path", store, path, [&](const Store& asked) {
-        return asked.path(itemKind(kind), textIn(name)).text();
+        std::string place = asked.path(itemKind(kind), textIn(name)).text();
+#ifndef _WIN32
+        // The component takes both for separators, other programs do not.
+        std::replace(place.begin(), place.end(), '\\', '/');
+#endif
+        return place;
     });
 }
 

@@ -3,6 +3,7 @@
 #include "wynconfig/observer.h"
 #include "wynconfig/scripted_view.h"
 #include "wynconfig/view.h"
+#include "wynconfig/wynconfig.h"
 
 namespace wynconfig::c {
 
@@ -103,6 +104,15 @@ wyn_box boxOut(const MessageBox& box) {
 
 using namespace wynconfig;
 using namespace wynconfig::c;
+
+int32_t wyn_leave(void) {
+    return run("wyn_leave", [] {
+        installView(nullptr);
+        installObserver(nullptr);
+        WYNConfig().InitResourceManager(nullptr);
+        forgetAll();
+    });
+}
 
 int32_t wyn_install_view(const wyn_view* view) {
     return run("wyn_install_view", [&] {

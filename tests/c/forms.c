@@ -122,6 +122,8 @@ static void refuses_what_nobody_could_do(wyn_form* form) {
 static void draws(wyn_form* form) {
     wyn_node node = WYN_STRUCT(wyn_node);
     wyn_list* names = NULL;
+    wyn_control* by_enter = NULL;
+    wyn_control* by_escape = NULL;
     size_t number = 0;
     size_t count = 0;
     size_t seen = 0;
@@ -151,6 +153,10 @@ static void draws(wyn_form* form) {
     OK(wyn_close(names));
     FAILS(WYN_ERROR_CALL, wyn_form_controls(form, NULL));
     FAILS(WYN_ERROR_CALL, wyn_control_kind(find(form, "btnOK"), NULL));
+    OK(wyn_form_buttons(form, &by_enter, &by_escape));
+    EXPECT(by_enter == find(form, "btnOK") && by_escape == find(form, "btnCancel"));
+    FAILS(WYN_ERROR_CALL, wyn_form_buttons(form, NULL, &by_escape));
+    FAILS(WYN_ERROR_CALL, wyn_form_buttons(form, &by_enter, NULL));
 }
 
 static int32_t show_modal(void* context, wyn_form* form) {
@@ -196,6 +202,7 @@ static void refuses_what_is_no_form(void) {
     FAILS(WYN_ERROR_HANDLE, wyn_resize(form, 1, 1));
     FAILS(WYN_ERROR_HANDLE, wyn_close_by_frame(form));
     FAILS(WYN_ERROR_HANDLE, wyn_form_node(form, 0, &node));
+    FAILS(WYN_ERROR_HANDLE, wyn_form_buttons(form, &control, &control));
     GIVES_NOTHING(WYN_ERROR_HANDLE, wyn_control_name(none, &text));
     FAILS(WYN_ERROR_HANDLE, wyn_control_kind(none, &number));
     FAILS(WYN_ERROR_HANDLE, wyn_look(none, &sight));

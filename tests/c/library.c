@@ -207,7 +207,6 @@ static void takes_a_resource_manager(void) {
     wyn_resource_manager manager = WYN_STRUCT(wyn_resource_manager);
     wyn_observer observer = WYN_STRUCT(wyn_observer);
     wyn_user* user = NULL;
-    FAILS(WYN_ERROR_STRUCT, wyn_InitResourceManager(NULL));
     FAILS(WYN_ERROR_CALL, wyn_InitResourceManager(&manager));
     manager.context = &first;
     manager.get_string = get_string;
@@ -240,10 +239,44 @@ static void takes_a_resource_manager(void) {
     EXPECT(seen_number == 76);
     EXPECT(strcmp(seen_description, "no such text here") == 0);
     OK(wyn_install_observer(NULL));
-    OK(wyn_use_bundle(bundle_folder, "en"));
+    OK(wyn_InitResourceManager(NULL));
     EXPECT(second.released == 1);
+    OK(wyn_use_bundle(bundle_folder, "en"));
     OK(wyn_install_view(NULL));
     OK(wyn_close(user));
+}
+
+static int32_t leave(void* context, wyn_form* form) {
+    EXPECT(context == NULL);
+    OK(wyn_leave());
+    GIVES("frmAddMORAMConfig", wyn_form_name(form, &text));
+    return wyn_click(find(form, "btnCancel"));
+}
+
+static void lets_go_of_all(void) {
+    struct resources context = {0, 0, 0, 0, 0};
+    wyn_resource_manager manager = WYN_STRUCT(wyn_resource_manager);
+    wyn_user* user = NULL;
+    wyn_store* store = NULL;
+    int32_t is_made = 7;
+    manager.context = &context;
+    manager.get_string = get_string;
+    manager.release = release;
+    OK(wyn_InitResourceManager(&manager));
+    OK(wyn_install_scripted_view(&user));
+    OK(wyn_store_open(root, &store));
+    OK(wyn_on_form(user, "frmAddMORAMConfig", leave, NULL));
+    ask_for_texts();
+    EXPECT(context.released == 1);
+    FAILS(WYN_ERROR_HANDLE, wyn_finish(user));
+    FAILS(WYN_ERROR_HANDLE, wyn_store_is_made(store, &is_made));
+    ask_for_texts();
+    OK(wyn_leave());
+    OK(wyn_use_bundle(bundle_folder, "en"));
+    OK(wyn_store_open(root, &store));
+    OK(wyn_store_is_made(store, &is_made));
+    EXPECT(is_made == 1);
+    OK(wyn_close(store));
 }
 
 void library_cases(void) {
@@ -255,4 +288,5 @@ void library_cases(void) {
     upper_cases_names();
     knows_the_languages();
     takes_a_resource_manager();
+    lets_go_of_all();
 }

@@ -102,8 +102,9 @@ static void tells_of_a_store(void) {
     EXPECT(answer == 1);
     OK(wyn_store_has(store, WYN_PART_FORMAT, "counter", &answer));
     EXPECT(answer == 0);
-    snprintf(path, sizeof path, "%sMORAM\\COUNTER.vla", root);
+    snprintf(path, sizeof path, "%sMORAM/COUNTER.vla", root);
     GIVES(path, wyn_store_path(store, WYN_SESSION, "counter", &text));
+    EXPECT(access(path, R_OK) == 0);
     OK(wyn_store_read(store, WYN_SESSION, "counter", &record));
     GIVES("/bin/sh", wyn_record_get(record, "ProgramPath", &text));
     OK(wyn_close(record));

@@ -122,10 +122,25 @@ def test_the_layout_names_every_control_once(store):
         assert path.label.caption == "Program Path" and path.label.mnemonic == "P"
         assert any(node.grows for node in nodes)
         assert not path.behind_box
+        assert form.buttons() == (form["btnOK"], form["btnCancel"])
         cancel(form)
 
     install(MORAMConfig=script)
     wynconfig.showMORAMConfigDlg("bench")
+
+
+def test_lets_go_of_all(root):
+    class Gone(wynconfig.View):
+        def show_modal(self, form):
+            raise AssertionError("this view has gone")
+
+    wynconfig.install_view(Gone())
+    opened = wynconfig.Store(root)
+    wynconfig.leave()
+    with pytest.raises(wynconfig.HandleError):
+        opened.names(wynconfig.Kind.SESSION)
+    assert wynconfig.showMORAMConfigDlg("bench").result == 1
+    wynconfig.use_bundle(locale="en")
 
 
 def test_the_acts_of_a_person(store):

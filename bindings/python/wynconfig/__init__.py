@@ -56,6 +56,7 @@ from wynconfig.views import (
     View,
     install_observer,
     install_view,
+    leave,
 )
 
 __version__ = "0.1.0"
@@ -109,6 +110,7 @@ __all__ = [
     "install_scripted_view",
     "install_view",
     "is_item_name",
+    "leave",
     "showAddMORAMConfigDlg",
     "showAddMORAMConfigDlgEX",
     "showConfigurableSessionManagerDlg",

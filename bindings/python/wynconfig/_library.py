@@ -184,7 +184,8 @@ def on_this_thread() -> _Installed:
 
 
 @atexit.register
-def _leave_main_thread() -> None:
+def forget_installed() -> None:
+    """Takes away what was installed on this thread; of the main thread also as Python ends."""
     _thread.__dict__.pop("installed", None)
 
 

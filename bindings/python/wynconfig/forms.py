@@ -268,6 +268,17 @@ class Form:
 
     __getitem__ = find
 
+    def buttons(self) -> tuple[Control | None, Control | None]:
+        """The buttons behind the Enter and Escape keys. Of a view of the host alone."""
+        by_enter, by_escape = ctypes.c_void_p(), ctypes.c_void_p()
+        _library.call(
+            "wyn_form_buttons", self._handle, ctypes.byref(by_enter), ctypes.byref(by_escape)
+        )
+        return (
+            Control(by_enter.value) if by_enter.value else None,
+            Control(by_escape.value) if by_escape.value else None,
+        )
+
     def layout(self) -> Node:
         """What stands where. Of a view of the host alone."""
         above: list[Node] = []

@@ -206,3 +206,10 @@ def install_observer(observer: Observer | None) -> None:
         observer,
         lambda number: _abi.Observer(ctypes.sizeof(_abi.Observer), number, *_OBSERVER),
     )
+
+
+def leave() -> None:
+    """Lets go of all that this thread has: its view, observer and resource manager, and whatever of
+    its stores, records and users is open."""
+    _library.call("wyn_leave")
+    _library.forget_installed()
