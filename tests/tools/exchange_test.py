@@ -4,15 +4,8 @@ import json
 import os
 import unittest
 
-from tool_test_case import CLEAN, FINDINGS, USAGE, ToolTestCase, record, session_values
-
-
-def sessions(*names):
-    return [{"kind": "session", "name": name} for name in names]
-
-
-def formats(*names):
-    return [{"kind": "format", "name": name} for name in names]
+from tool_test_case import (CLEAN, FINDINGS, USAGE, ToolTestCase, formats, record, session_values,
+                            sessions)
 
 
 class ExchangeTestCase(ToolTestCase):

@@ -4,15 +4,7 @@ import os
 import sqlite3
 import unittest
 
-from tool_test_case import FAILED, FINDINGS, USAGE, ToolTestCase
-
-
-def sessions(*names):
-    return [{"kind": "session", "name": name} for name in names]
-
-
-def formats(*names):
-    return [{"kind": "format", "name": name} for name in names]
+from tool_test_case import FAILED, FINDINGS, USAGE, ToolTestCase, formats, sessions
 
 
 class Sql(ToolTestCase):

@@ -29,6 +29,16 @@ def session_values(*formats, **changed):
     return values | {"PartFormat": "<NONE>"} | changed
 
 
+def sessions(*names):
+    """Sessions as JSON lists them."""
+    return [{"kind": "session", "name": name} for name in names]
+
+
+def formats(*names):
+    """Part formats as JSON lists them."""
+    return [{"kind": "format", "name": name} for name in names]
+
+
 class Folder:
     """A folder whose files a test may compare to the byte."""
 
