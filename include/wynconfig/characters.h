@@ -1,4 +1,5 @@
-// The characters of a text, by which carets are counted.
+/// @file
+/// The characters of a text, by which carets are counted.
 #pragma once
 
 #include <cstddef>

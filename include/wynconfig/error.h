@@ -1,4 +1,5 @@
-// The one kind of failure that the component raises.
+/// @file
+/// The one kind of failure that the component raises.
 #pragma once
 
 #include <stdexcept>
@@ -16,6 +17,7 @@ class WYNCONFIG_API Error : public std::runtime_error {
     /// @param description  text for the user, UTF-8; an empty one is replaced, never kept.
     Error(long number, const std::string& description);
 
+    /// Tells kinds of failure apart: one of `errc`, or whatever number a host's own error had.
     long number() const noexcept { return m_number; }
     /// The text that an error box shows; never empty.
     std::string description() const { return what(); }

@@ -1,4 +1,5 @@
-// A dialog as an object: its controls, when it loads and unloads, and how it is shown.
+/// @file
+/// A dialog as an object: its controls, when it loads and unloads, and how it is shown.
 #pragma once
 
 #include <memory>
@@ -39,6 +40,7 @@ class WYNCONFIG_API Form {
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
 
+    /// By which tests announce it, such as "frmMORAMConfig".
     std::string_view name() const { return m_name; }
     /// The controls in the order of their declaration.
     const std::vector<Control*>& controls() const { return m_controls; }
@@ -47,25 +49,37 @@ class WYNCONFIG_API Form {
 
     /// The form's own caption.
     const std::string& caption() const { return m_caption; }
+    /// Writes the form's own caption, UTF-8; loads the form first.
     void setCaption(std::string caption);
     /// What the title bar shows: the bound caption bar's text, or else the form's own caption.
     std::string title() const;
 
+    /// The font of the dialog, or null for the view's own. Loads nothing.
     std::shared_ptr<const Font> font() const { return m_font; }
+    /// Gives the dialog a font; its controls keep theirs. Loads the form first.
     void setFont(std::shared_ptr<const Font> font);
-    /// Device context handle, as the view gives it.
+    /// Device context handle, as the view gives it. Loads the form first; raises what the view
+    /// raises.
     long hDC();
 
-    /// The form's size in twips (1/1440 inch); 0 while nothing set it, and then the view decides.
+    /// The form's width in twips (1/1440 inch); 0 while nothing set it, and then the view decides.
     int width() const { return m_width; }
+    /// Its height, likewise.
     int height() const { return m_height; }
+    /// Sets both, in twips. Raises no event.
     void setSize(int width, int height);
 
+    /// Whether it is loaded; true as well while it loads and unloads.
     bool loaded() const { return m_state != State::Unloaded; }
+    /// Whether it was shown and neither hidden nor unloaded since.
     bool visible() const { return m_visible; }
+    /// Loads the form and counts it as not shown. A view that shows it goes on until it unloads.
     void Hide();
-    /// Shows the form modally and returns when it has unloaded.
+    /// Loads the form, shows it modally, and returns when it has unloaded. Raises what the load or
+    /// the view raises.
     void Show();
+    /// Unloads the form, which ends its `Show`. Does nothing to one that is not loaded. Raises what
+    /// `Form_Unload` raises; the form is unloaded all the same.
     void Unload();
 
     /// The control that has the focus, or null.
@@ -77,10 +91,16 @@ class WYNCONFIG_API Form {
     void observe(FormObserver* observer) { m_observer = observer; }
 
   protected:
+    /// Event: the form loads. What it raises goes to whoever touched the form, which counts as
+    /// loaded then.
     virtual void Form_Load() {}
+    /// Event: the form unloads; its controls are as the person left them.
     virtual void Form_Unload() {}
+    /// Event: the form is about to come up.
     virtual void Form_Activate() {}
+    /// Event: a person pulled the frame; the size is the new one by then.
     virtual void Form_Resize() {}
+    /// Says how the dialog is laid out, by the words of `layout`. Each control stands there once.
     virtual FormLayout declareLayout() = 0;
 
   private:

@@ -1,4 +1,5 @@
-// Where one file of the store lies.
+/// @file
+/// Where one file of the store lies.
 #pragma once
 
 #include <cstddef>
@@ -13,8 +14,8 @@ namespace wynconfig {
 /// a small record.
 inline constexpr std::size_t kMaxItemSize = std::size_t{64} << 20;
 
-/// A folder, as the host gave it, and one name in it, kept apart so that a name can never lead out
-/// of its folder: a name that holds a separator is not found and can't be saved.
+/// A folder, as the host gave it, and one name in it, both UTF-8, kept apart so that a name can
+/// never lead out of its folder: a name that holds a separator is not found and can't be saved.
 struct WYNCONFIG_API ItemPath {
     std::string folder;  ///< with its trailing separator, `\` or `/`; empty: the working folder
     std::string name;    ///< the file's name with its extension, such as "MY SESSION.vla"

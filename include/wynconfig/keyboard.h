@@ -1,5 +1,6 @@
-// What the keyboard does in a form, decided in one place for all views: a view says which key was
-// pressed, and carries out what comes of it.
+/// @file
+/// What the keyboard does in a form, decided in one place for all views: a view says which key was
+/// pressed, and carries out what comes of it.
 #pragma once
 
 #include <cstddef>
@@ -21,11 +22,12 @@ class UserInput;
 /// The keys that a form answers, wherever on it the focus is. What other keys do within a box or a
 /// list, such as the arrow keys, is left to the toolkit.
 enum class FormKey {
-    Enter,
-    Escape,
-    Delete,
-    F2,
-    Tab,
+    Enter,        ///< presses the button at the focus, does the usual act of a list, or else
+                  ///< presses the default button
+    Escape,       ///< presses the cancel button
+    Delete,       ///< in a list presses the button behind it
+    F2,           ///< in a list presses the button behind it
+    Tab,          ///< leads to the next place, around the end
     BackTab,      ///< Shift and Tab
     NextPane,     ///< Ctrl and Tab, Ctrl and Page Down
     PreviousPane  ///< Ctrl, Shift and Tab, Ctrl and Page Up
@@ -33,6 +35,7 @@ enum class FormKey {
 
 /// What comes of a key.
 struct WYNCONFIG_API KeyAct {
+    /// What is to be done.
     enum class Kind {
         Nothing,  ///< the form has no use for the key: it is left to the control with the focus
         Focus,    ///< the control gets the focus
@@ -42,16 +45,20 @@ struct WYNCONFIG_API KeyAct {
         TurnTab   ///< a tab comes on top
     };
 
-    Kind kind = Kind::Nothing;
+    Kind kind = Kind::Nothing;   ///< what is to be done
     Control* control = nullptr;  ///< null for nothing
     std::size_t number = 0;      ///< of the row, item or tab, from 1
     bool takesFocus = false;     ///< the control gets the focus first, as at a click
 
+    /// Whether two are the same in all that they have.
     bool operator==(const KeyAct&) const = default;
+    /// False when the form has no use for the key.
     explicit operator bool() const { return kind != Kind::Nothing; }
 };
 
 /// What a key does now. Nothing that can't be seen and used is ever pressed.
+/// @param form       a loaded one
+/// @param key        the one that was pressed
 /// @param markedRow  of the list that has the focus, the row that the keyboard is at (its number
 ///                   from 1), where the view tells it from the selected one; 0: it does not
 WYNCONFIG_API KeyAct actOfKey(Form& form, FormKey key, std::size_t markedRow = 0);
@@ -60,9 +67,11 @@ WYNCONFIG_API KeyAct actOfKey(Form& form, FormKey key, std::size_t markedRow = 0
 WYNCONFIG_API KeyAct actOfMark(Form& form, const KeyHolder& holder);
 
 /// What a letter does that is typed in a list or a combo box.
-/// @param ahead   has the letters that were typed just before; the view has it `forget` them after
-///                a pause, or when the focus moves
-/// @param letter  one character, UTF-8
+/// @param form         a loaded one
+/// @param listOrCombo  where; any other control has no use for letters
+/// @param ahead        has the letters that were typed just before; the view has it `forget` them
+///                     after a pause, or when the focus moves
+/// @param letter       one character, UTF-8
 WYNCONFIG_API KeyAct actOfLetter(Form& form, Control& listOrCombo, TypeAhead& ahead,
                                  std::string_view letter);
 

@@ -1,10 +1,11 @@
-// The keys and the words of the two records, for programs that read a session or a part format:
-// load the item's file into a `Dataset`, then `GetRow(session::kProgramPath)[1]` is the value.
-//
-// Every value is text. Keys and words are compared exactly, with regard to case. A session that was
-// applied once holds all keys of `session`, a part format that was saved all keys of `partformat`;
-// a record from elsewhere may lack some. What a value does beyond its form is for the program that
-// reads it to say.
+/// @file
+/// The keys and the words of the two records, for programs that read a session or a part format:
+/// load the item's file into a `Dataset`, then `GetRow(session::kProgramPath)[1]` is the value.
+///
+/// Every value is text. Keys and words are compared exactly, with regard to case. A session that
+/// was applied once holds all keys of `session`, a part format that was saved all keys of
+/// `partformat`; a record from elsewhere may lack some. What a value does beyond its form is for
+/// the program that reads it to say.
 #pragma once
 
 #include <array>
@@ -17,20 +18,20 @@ namespace wynconfig {
 namespace words {
 
 // Of switches and flags.
-inline const std::string kTrue = "true";
-inline const std::string kFalse = "false";
+inline const std::string kTrue = "true";    ///< on
+inline const std::string kFalse = "false";  ///< off
 // Of session::kWindowTitleSearchType and session::kWindowClassSearchType.
-inline const std::string kContains = "contains";
-inline const std::string kStartsWith = "starts with";
-inline const std::string kMatches = "matches";
+inline const std::string kContains = "contains";       ///< the text stands anywhere in it
+inline const std::string kStartsWith = "starts with";  ///< it begins with the text
+inline const std::string kMatches = "matches";         ///< it is the text
 // Of session::kOrientation; the last two of partformat::FieldKeys::alignment as well.
-inline const std::string kTop = "top";
-inline const std::string kBottom = "bottom";
-inline const std::string kRight = "right";
-inline const std::string kLeft = "left";
+inline const std::string kTop = "top";        ///< at the top
+inline const std::string kBottom = "bottom";  ///< at the bottom
+inline const std::string kRight = "right";    ///< at the right; of a value: the fill is on its left
+inline const std::string kLeft = "left";      ///< at the left; of a value: the fill is on its right
 // Of session::kFileAction.
-inline const std::string kAppend = "Append";
-inline const std::string kOverWrite = "OverWrite";
+inline const std::string kAppend = "Append";        ///< the list goes behind what is in the file
+inline const std::string kOverWrite = "OverWrite";  ///< the list takes the place of it
 
 /// The word of a switch or flag.
 inline const std::string& ofSwitch(bool on) {
@@ -158,10 +159,14 @@ struct FieldKeys {
     /// What fills the rest: any text or a token; empty only while the flag is off. [empty]
     std::string pad;
 };
+/// The settings of the part number.
 inline const FieldKeys kPart{"FormatPartNumber", "PartFieldLength", "PartAlignment",
                              "PartPadCharacter"};
+/// Those of the quantity.
 inline const FieldKeys kQty{"FormatQty", "QtyFieldLength", "QtyAlignment", "QtyPadCharacter"};
+/// Those of the description.
 inline const FieldKeys kDesc{"FormatDesc", "DescFieldLength", "DescAlignment", "DescPadCharacter"};
+/// Those of the vehicle's number.
 inline const FieldKeys kVin{"FormatVIN", "VINFieldLength", "VINAlignment", "VINPadCharacter"};
 
 /// The greatest number of records: text that reads as a number above 0 in the locale of the user

@@ -1,5 +1,6 @@
-// How a dialog is laid out, in terms that every view can render: nested rows, columns, groups and
-// tabs that name the controls. No pixels.
+/// @file
+/// How a dialog is laid out, in terms that every view can render: nested rows, columns, groups and
+/// tabs that name the controls. No pixels.
 #pragma once
 
 #include <utility>
@@ -23,6 +24,7 @@ struct ListActs {
 
 /// One node of a layout.
 struct WYNCONFIG_API Layout {
+    /// How the node is to be rendered.
     enum class Kind {
         Column,   ///< children from top to bottom; neighbouring `Field`s share their label column
         Row,      ///< children from left to right
@@ -38,12 +40,12 @@ struct WYNCONFIG_API Layout {
         Stretch   ///< empty space that takes what is left
     };
 
-    Kind kind = Kind::Column;
-    Control* control = nullptr;
-    Control* label = nullptr;
-    std::vector<Layout> children;
-    bool grows = false;      ///< takes a share of the space that is left
-    ListActs acts = {};      ///< of a list
+    Kind kind = Kind::Column;      ///< how to render it
+    Control* control = nullptr;    ///< see `Kind`; null for the kinds that only arrange
+    Control* label = nullptr;      ///< names the control, for the eye as for a screen reader
+    std::vector<Layout> children;  ///< in the order in which they stand
+    bool grows = false;            ///< takes a share of the space that is left
+    ListActs acts = {};            ///< of a list
     Label* from = nullptr;   ///< of a button that moves rows: the label of the list they leave
     Label* into = nullptr;   ///< and that of the list they go to
     bool behindBox = false;  ///< of a Titled: its children stand behind the box
@@ -51,14 +53,15 @@ struct WYNCONFIG_API Layout {
 
 /// A dialog's layout and the buttons behind its Enter and Escape keys.
 struct WYNCONFIG_API FormLayout {
-    Layout body;
-    Button* defaultButton = nullptr;
-    Button* cancelButton = nullptr;
+    Layout body;                      ///< everything in the window
+    Button* defaultButton = nullptr;  ///< pressed by Enter where that has no other use
+    Button* cancelButton = nullptr;   ///< pressed by Escape
 };
 
 /// The words in which dialogs declare their layout.
 namespace layout {
 
+/// A node of any kind, on which the words below are built.
 inline Layout node(Layout::Kind kind, Control* control, Control* label,
                    std::vector<Layout> children) {
     Layout made;
@@ -68,21 +71,27 @@ inline Layout node(Layout::Kind kind, Control* control, Control* label,
     made.children = std::move(children);
     return made;
 }
+/// Children from top to bottom.
 inline Layout column(std::vector<Layout> children) {
     return node(Layout::Kind::Column, nullptr, nullptr, std::move(children));
 }
+/// Children from left to right.
 inline Layout row(std::vector<Layout> children) {
     return node(Layout::Kind::Row, nullptr, nullptr, std::move(children));
 }
+/// A frame around its children.
 inline Layout group(Frame& frame, std::vector<Layout> children) {
     return node(Layout::Kind::Group, &frame, nullptr, std::move(children));
 }
+/// What is on one tab.
 inline Layout pane(Container& container, std::vector<Layout> children) {
     return node(Layout::Kind::Pane, &container, nullptr, std::move(children));
 }
+/// Tabs with a pane for each, in their order.
 inline Layout tabs(Tabs& control, std::vector<Layout> panes) {
     return node(Layout::Kind::Tabs, &control, nullptr, std::move(panes));
 }
+/// A box with its label in front of it, and others behind it.
 inline Layout field(Label& label, Control& box, std::vector<Layout> behind = {}) {
     return node(Layout::Kind::Field, &box, &label, std::move(behind));
 }
@@ -90,6 +99,7 @@ inline Layout field(Label& label, Control& box, std::vector<Layout> behind = {})
 inline Layout below(Control& control, std::vector<Layout> behind = {}) {
     return node(Layout::Kind::Field, &control, nullptr, std::move(behind));
 }
+/// A box with its label above it.
 inline Layout titled(Label& label, Control& box) {
     return node(Layout::Kind::Titled, &box, &label, {});
 }
@@ -103,6 +113,7 @@ inline Layout titled(Label& label, Control& box, std::vector<Layout> behind) {
     made.behindBox = true;
     return made;
 }
+/// A control alone.
 inline Layout single(Control& control) {
     return node(Layout::Kind::Single, &control, nullptr, {});
 }
@@ -119,6 +130,7 @@ inline Layout buttons(const std::vector<Button*>& inOrder) {
     for (Button* each : inOrder) children.push_back(single(*each));
     return node(Layout::Kind::Buttons, nullptr, nullptr, std::move(children));
 }
+/// Empty space that takes what is left.
 inline Layout stretch() {
     Layout made = node(Layout::Kind::Stretch, nullptr, nullptr, {});
     made.grows = true;
@@ -152,7 +164,9 @@ WYNCONFIG_API bool isUsable(const Layout& body, const Control& control);
 WYNCONFIG_API ListActs actsOf(const Layout& body, const ListView& list);
 
 /// The button that an act in a list presses now; null when there is none.
-/// @param act  one of the buttons of `ListActs`
+/// @param body  what is in the window, as in `FormLayout`
+/// @param list  the list that has the focus
+/// @param act   one of the buttons of `ListActs`
 WYNCONFIG_API Button* buttonFor(const Layout& body, const ListView& list, Button* ListActs::*act);
 
 /// Whether a control is of a kind that can have the focus.

@@ -1,4 +1,5 @@
-// The key that a caption marks for the keyboard.
+/// @file
+/// The key that a caption marks for the keyboard.
 #pragma once
 
 #include <string>

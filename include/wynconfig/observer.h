@@ -1,4 +1,5 @@
-// How a program sees what the component tells its user.
+/// @file
+/// How a program sees what the component tells its user.
 #pragma once
 
 #include <memory>
@@ -27,11 +28,12 @@ class WYNCONFIG_API Observer {
     /// does or not; and for a store's root without its separator, which no box tells.
     virtual void failed(const Failure& failure);
     /// Is called for every message box, once it has been answered.
+    /// @param box     what was asked
     /// @param answer  as `View::showMessage` gives it
     virtual void answered(const MessageBox& box, int answer);
 };
 
-/// Installs the observer of this thread; null takes it away.
+/// Installs the observer of this thread; null takes it away. Every other thread has its own.
 WYNCONFIG_API void installObserver(std::shared_ptr<Observer> observer);
 
 }  // namespace wynconfig

@@ -1,4 +1,5 @@
-// The desktop view, on Qt widgets. This header needs no Qt.
+/// @file
+/// The desktop view, on Qt widgets. This header needs no Qt.
 #pragma once
 
 #include <cstdint>
@@ -25,6 +26,7 @@ class WYNCONFIG_API QtView : public View {
     /// Takes the user away again: whatever comes up waits for the person at the desk.
     virtual void dismissUser() = 0;
     /// Saves a picture of the window on top, as PNG; raises `UserError` when that fails.
+    /// @param path  UTF-8
     virtual void savePicture(const std::string& path) = 0;
     /// Is called when a form or box has come up on the screen, with its name (of a box "box", of a
     /// browse dialog "browse"), before the user acts on it.

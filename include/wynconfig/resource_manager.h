@@ -1,4 +1,5 @@
-// Where the component's texts and font come from: the host supplies them through this interface.
+/// @file
+/// Where the component's texts and font come from: the host supplies them through this interface.
 #pragma once
 
 #include <memory>
@@ -13,9 +14,10 @@ namespace wynconfig {
 struct Font {
     std::string family;      ///< family name; empty: the view's own
     double pointSize = 0.0;  ///< size in points; 0: the view's own
-    bool bold = false;
-    bool italic = false;
+    bool bold = false;       ///< bold instead of regular
+    bool italic = false;     ///< italic instead of upright
 
+    /// Whether two are the same in all that they have.
     bool operator==(const Font&) const = default;
 };
 
@@ -25,24 +27,30 @@ class WYNCONFIG_API ResourceManager {
   public:
     virtual ~ResourceManager() = default;
 
-    /// The text of a key, UTF-8, in the user's language. An empty text is a text like any other.
+    /// The text of a key in the user's language. An empty text is a text like any other. Raises for
+    /// a key that it does not know: a dialog then shows all its texts of design, in English, and a
+    /// message lacks that part.
+    /// @param key  such as "BUTTON_OK"; `resources/en.txt` lists all of them
+    /// @return UTF-8, in a caption with the mark of a key as mnemonic.h tells
     virtual std::string GetString(const std::string& key) = 0;
 
-    /// The font for a dialog.
+    /// The font for a dialog. When it raises, the dialog has the view's own.
     /// @param handle  device context handle of the form, as its view gives it; 0 without a view.
     virtual Font GetFont(long handle) = 0;
 };
 
 /// The folder of the texts that come with the component, as it is found where the program runs: the
 /// nearest `share/wynconfig` in a folder above the shared library, or above the program that an
-/// archive became a part of; else where the component was to be installed. A host that puts the
+/// archive became a part of; else where the component was to be installed, whether it is there or
+/// not. UTF-8. A host that puts the
 /// texts elsewhere gives that folder instead, and one that needs no search the macro
 /// `WYNCONFIG_RESOURCES`, which comes with the CMake target.
 WYNCONFIG_API std::string bundleFolder();
 
 /// The resource manager that comes with the component: texts from compiled ICU resource bundles,
 /// one bundle a language. All texts are read once, here.
-/// @param folder  folder of the compiled bundles (`*.res`), as the build makes it
+/// @param folder  folder of the compiled bundles (`*.res`), as the build makes it; UTF-8, as all
+///                paths here
 /// @param locale  language to take, such as "en" or "de-DE"; empty: the user's. A text comes from
 ///                the locale's own bundle, or else from that of its language in the same script,
 ///                or else from English: "de-AT" takes "de", and "zh-CN" takes "zh-Hans", while
@@ -59,6 +67,7 @@ struct Language {
     std::string name;          ///< its own name, as for a list to choose from, such as "Deutsch"
     bool rightToLeft = false;  ///< the host lays its windows out from right to left for it
 
+    /// Whether two are the same in all that they have.
     bool operator==(const Language&) const = default;
 };
 

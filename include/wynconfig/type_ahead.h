@@ -1,4 +1,5 @@
-// Where typed letters lead in a list of rows: the same in every view.
+/// @file
+/// Where typed letters lead in a list of rows: the same in every view.
 #pragma once
 
 #include <cstddef>
@@ -20,6 +21,7 @@ class WYNCONFIG_API TypeAhead {
     /// One more letter was typed.
     /// @param letter   one character, UTF-8
     /// @param count    how many rows there are
+    /// @param textOf   gives the text of each
     /// @param current  number of the selected row, 0 for none
     /// @return number of the row that this leads to; 0: there is none
     std::size_t next(std::string_view letter, std::size_t count, const RowText& textOf,

@@ -1,5 +1,6 @@
-// A person at the screen, played by a test: says what the person does when a dialog or a box comes
-// up, and sees what a person would see.
+/// @file
+/// A person at the screen, played by a test: says what the person does when a dialog or a box comes
+/// up, and sees what a person would see.
 #pragma once
 
 #include <cstddef>
@@ -26,8 +27,9 @@ class WYNCONFIG_API UserError : public std::runtime_error {
 /// A row as it is seen in a list, an item of a combo box, which has no key, or a tab, whose key is
 /// the one that its caption marks.
 struct SeenRow {
-    std::string key;
-    std::string text;
+    std::string key;   ///< see above; empty where there is none
+    std::string text;  ///< what a person reads
+    /// Whether both texts are the same.
     bool operator==(const SeenRow&) const = default;
 };
 
@@ -40,11 +42,11 @@ struct WYNCONFIG_API Sight {
     std::vector<SeenRow> rows;  ///< of a list, a combo box, or tabs
     std::size_t selected = 0;   ///< number of the selected row from 1, 0 for none
     std::size_t caret = 0;      ///< of an edit, in characters
-    bool focus = false;
-    bool enabled = false;
-    bool visible = false;  ///< false also for what lies on a tab that is not on top
-    bool tabStop = false;
-    Background background = Background::Window;
+    bool focus = false;         ///< the keyboard acts here
+    bool enabled = false;       ///< it can be used, where it is visible too
+    bool visible = false;       ///< false also for what lies on a tab that is not on top
+    bool tabStop = false;       ///< the Tab key stops here
+    Background background = Background::Window;  ///< tells a box that is switched off
 
     /// The texts of `rows`.
     std::vector<std::string> rowTexts() const;
@@ -52,20 +54,23 @@ struct WYNCONFIG_API Sight {
 
 /// A message box as it was seen. Title and caption are the words, without the mark of a key.
 struct SeenBox {
-    std::string text;
-    std::string title;
-    int style = 0;
-    std::string okCaption;
+    std::string text;       ///< what it says, UTF-8, with its line ends
+    std::string title;      ///< what its title bar shows
+    int style = 0;          ///< see `boxstyle`
+    std::string okCaption;  ///< empty: the view's own word
 };
 
 /// A person at the screen. A test announces what is to come up and what the person does then;
 /// whatever comes up unannounced is answered so that nothing changes, and `finish` names it.
-/// Controls and forms go by their names. All acts concern the form on top. An act that a person
-/// could not do (a control that is not there, hidden or disabled) raises `UserError`; one that is
-/// raised within an announced script ends the script, cancels the form, and is told by `finish`.
+/// Controls and forms go by their names, and all texts are UTF-8. All acts concern the form on top.
+/// An act that a person could not do (a control that is not there, hidden or disabled) raises
+/// `UserError`; one that is raised within an announced script ends the script, cancels the form,
+/// and is told by `finish`.
 class WYNCONFIG_API User {
   public:
+    /// What the person does at a form; gets the person who was told it.
     using Script = std::function<void(User&)>;
+    /// What the person answers a box: the number of a button, see `answer`.
     using BoxScript = std::function<int(const SeenBox&)>;
 
     virtual ~User() = default;
@@ -76,6 +81,7 @@ class WYNCONFIG_API User {
     void onForm(const std::string& name, Script script);
     /// When the next box comes up, the person reads it and presses the button of this number.
     void onBox(BoxScript script);
+    /// When the next box comes up, the person presses the button of this number, see `answer`.
     void onBox(int button = answer::Ok);
     /// When the next browse dialog comes up, the person picks this path; empty: cancels.
     void onBrowse(std::string path);
@@ -100,7 +106,10 @@ class WYNCONFIG_API User {
     virtual void click(std::string_view control) = 0;
     /// The click's event alone, for toolkits whose clicks move no focus.
     virtual void bareClick(std::string_view control) = 0;
+    /// Presses Enter where the focus is: on a button that one, in a list its usual act, else the
+    /// default button of the form.
     virtual void pressEnter() = 0;
+    /// Presses Escape: the form's cancel button.
     virtual void pressEscape() = 0;
     /// Moves the focus on by the Tab key.
     virtual void pressTab() = 0;
@@ -119,6 +128,9 @@ class WYNCONFIG_API User {
     virtual void focus(std::string_view control) = 0;
     /// Goes to a box and types this in place of its text.
     virtual void type(std::string_view edit, const std::string& text) = 0;
+    /// Goes to a box and puts the caret there.
+    /// @param edit   name of the box
+    /// @param caret  in characters from 0; beyond the end it is the end
     virtual void setCaret(std::string_view edit, std::size_t caret) = 0;
     /// Clicks a check box or option unless it shows this value already.
     void tick(std::string_view box, bool value = true);
@@ -136,6 +148,7 @@ class WYNCONFIG_API User {
     virtual void changeTab(std::string_view tabs, int index) = 0;
     /// Pulls the window's frame to a size in twips.
     virtual void resize(int width, int height) = 0;
+    /// Closes the window by its frame, which in some dialogs is not the same as Cancel.
     virtual void closeByFrame() = 0;
     /// Looks at a control.
     virtual Sight see(std::string_view control) = 0;

@@ -1,12 +1,13 @@
-// The version of the component: that of the headers, and that of the library in use.
+/// @file
+/// The version of the component: that of the headers, and that of the library in use.
 #pragma once
 
 #include "wynconfig/export.h"
 
 // Read by the build as well.
-#define WYNCONFIG_VERSION_MAJOR 0
-#define WYNCONFIG_VERSION_MINOR 1
-#define WYNCONFIG_VERSION_PATCH 0
+#define WYNCONFIG_VERSION_MAJOR 0  ///< grows when hosts have to be changed
+#define WYNCONFIG_VERSION_MINOR 1  ///< grows with what is new; before 1.0 as the one above
+#define WYNCONFIG_VERSION_PATCH 0  ///< grows with what is repaired
 
 /// The same as one number that grows, such as 10203 for 1.2.3.
 #define WYNCONFIG_VERSION \

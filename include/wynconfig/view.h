@@ -1,5 +1,6 @@
-// What puts the dialogs in front of a person, and the one door through which it reports what the
-// person did.
+/// @file
+/// What puts the dialogs in front of a person, and the one door through which it reports what the
+/// person did.
 #pragma once
 
 #include <cstddef>
@@ -13,36 +14,36 @@ namespace wynconfig {
 
 /// Styles of a message box; buttons and icon are added.
 namespace boxstyle {
-inline constexpr int OkOnly = 0;
-inline constexpr int YesNo = 4;
-inline constexpr int Critical = 16;
-inline constexpr int SystemModal = 4096;
+inline constexpr int OkOnly = 0;          ///< one button, OK
+inline constexpr int YesNo = 4;           ///< a question: the buttons Yes and No
+inline constexpr int Critical = 16;       ///< the icon of a failure
+inline constexpr int SystemModal = 4096;  ///< in front of all other windows
 }  // namespace boxstyle
 
 /// Numbers of the buttons of a message box.
 namespace answer {
-inline constexpr int Ok = 1;
-inline constexpr int Yes = 6;
-inline constexpr int No = 7;
+inline constexpr int Ok = 1;   ///< the one button of a box that asks nothing
+inline constexpr int Yes = 6;  ///< of a question
+inline constexpr int No = 7;   ///< of a question, and whatever is no Yes
 }  // namespace answer
 
 /// A message box to be shown.
 struct MessageBox {
     Form* owner = nullptr;  ///< the form that asks; it may be one that was never shown
-    std::string text;
-    int style = boxstyle::OkOnly;
-    std::string title;
-    std::string okCaption;  ///< empty: the view's own word
+    std::string text;       ///< UTF-8; lines end in CR LF or LF, and no mark of a key is meant
+    int style = boxstyle::OkOnly;  ///< buttons and icon, see `boxstyle`
+    std::string title;             ///< UTF-8, as a caption: a mark of a key in it is not shown
+    std::string okCaption;         ///< empty: the view's own word
 };
 
 /// A path to be browsed for.
 struct BrowseRequest {
-    Form* owner = nullptr;
-    std::string title;
-    std::string okCaption;
-    std::string cancelCaption;
-    bool files = false;  ///< files may be picked as well as folders
-    std::shared_ptr<const Font> font;
+    Form* owner = nullptr;             ///< the form that asks
+    std::string title;                 ///< UTF-8, as a caption
+    std::string okCaption;             ///< of the button that picks; empty: the view's own word
+    std::string cancelCaption;         ///< of the button that cancels; empty: the view's own word
+    bool files = false;                ///< files may be picked as well as folders
+    std::shared_ptr<const Font> font;  ///< that of the dialog; null: the view's own
 };
 
 /// What only a person may do to a control. Nobody but a view gets one, so that the code of a dialog
@@ -54,15 +55,23 @@ class WYNCONFIG_API UserInput {
     void focus(Control& control) const;
     /// The text of a box and the place of its caret (in characters) are now these.
     void type(Edit& edit, std::string text, std::size_t caret) const;
+    /// The caret went to this place, in characters from 0.
     void moveCaret(Edit& edit, std::size_t caret) const;
     /// The event alone; a mouse click moves the focus first, by `focus`.
     void click(Button& button) const;
+    /// The box was ticked or unticked. Nothing happens when it shows this value already.
     void tick(CheckBox& box, bool value) const;
+    /// The option was chosen, which turns the others of its frame off.
     void choose(OptionButton& option) const;
+    /// A row was picked, also one that is selected already. One that is not there picks nothing.
+    /// @param list    where
     /// @param number  number of the row, from 1
     void pick(ListView& list, std::size_t number) const;
+    /// An item was chosen. One that is not there chooses nothing.
+    /// @param combo  where
     /// @param index  index of the item, from 0
     void choose(ComboBox& combo, int index) const;
+    /// A tab was turned to, by its index from 0. The tab on top, and none, turn nothing.
     void changeTab(Tabs& tabs, int index) const;
     /// The frame of the window was pulled to this size, in twips.
     void resize(Form& form, int width, int height) const;
@@ -92,7 +101,7 @@ class WYNCONFIG_API View {
     /// the closing of the box by its frame answer No to a question, else Ok. The title is
     /// `plainCaption` of the one given; the text is shown as it stands.
     virtual int showMessage(const MessageBox& box) = 0;
-    /// Lets the user pick a path; the empty string when the user picked none.
+    /// Lets the user pick a path, UTF-8; the empty string when the user picked none.
     virtual std::string browse(const BrowseRequest& request) = 0;
     /// Puts a form's window in front of all others, for good or, with false, no longer.
     virtual void raise(Form& form, bool topMost) = 0;
@@ -100,6 +109,7 @@ class WYNCONFIG_API View {
     virtual long deviceContext(Form& form) = 0;
 
   protected:
+    /// The one door: what a view reports of its person.
     static UserInput userInput() { return {}; }
 };
 

@@ -1,4 +1,5 @@
-// The component's one public class.
+/// @file
+/// The component's one public class.
 #pragma once
 
 #include <memory>
@@ -8,6 +9,7 @@
 #include "wynconfig/export.h"
 #include "wynconfig/resource_manager.h"
 
+/// All of the component.
 namespace wynconfig {
 
 /// The operations that a host calls, one per action of its user. An object has no state of its own:
@@ -23,6 +25,16 @@ namespace wynconfig {
 /// formats that the host hands in as XML text and takes back so; the store's files are then factory
 /// items, which may be used but not changed. The two operations that end in `EX` begin the
 /// in-memory mode, `showAddMORAMConfigDlg` ends it, and no other operation touches it.
+///
+/// Two things to know of the in-memory mode:
+/// - The store has to hold a part format of its own. On a store without one the session dialog
+///   lists no part formats at all, those that the host hands in and those that the user makes
+///   included: a session keeps the ones that it has selected already, and one that has none can't
+///   be confirmed but by way of the file that it writes.
+/// - It stays until `showAddMORAMConfigDlg` ends it, which the user of the maintenance dialog does
+///   as well by pressing New. Until then a session that is edited by `showMORAMConfigDlg`, or in
+///   one of the dialogs that list sessions, is shown as it is in its file, confirmed with 0, and
+///   not saved.
 class WYNCONFIG_API WYNConfig {
   public:
     /// The session held in memory: what the last operation of the in-memory mode, or the last
@@ -33,7 +45,7 @@ class WYNCONFIG_API WYNConfig {
     /// The part formats held in memory: those of the user, and the factory ones that a session
     /// selected when it was confirmed.
     /// @return XML text of each, in the order in which they came in. When there is none: one empty
-    ///         text, which `showMORAMConfigDlgEX` does not take back.
+    ///         text, which `showMORAMConfigDlgEX` does not take back: leave empty ones out.
     std::vector<std::string> GetDatasetFormatsData();
 
     /// Reads a session and its part formats out of another store into memory, to be taken by
@@ -47,15 +59,19 @@ class WYNCONFIG_API WYNConfig {
     /// Lets the user edit a session of the store in the session dialog.
     /// @param sName  in: the session's name, in any case; an empty one opens a session that comes
     ///               to exist at the first Apply. Out: the name that the dialog ended on.
-    /// @return 0 when the user confirmed and the session was saved, else 1
+    /// @return 0 when the user confirmed and the session was saved, else 1. In the in-memory mode 0
+    ///         says only that the user confirmed: nothing is saved.
     long showMORAMConfigDlg(std::string& sName);
 
-    /// Lets the user edit a session that the host hands in. Begins the in-memory mode.
+    /// Lets the user edit a session that the host hands in. Begins the in-memory mode, also when a
+    /// text is refused. On a store without a part format of its own the dialog lists none, the
+    /// host's included (see above): put one there before.
     /// @param sName              in: the session's name, in any case. Out: the name that the dialog
     ///                           ended on; untouched when a text is refused.
     /// @param strSessionDataXML  XML text of the session
     /// @param arrayPartFormats   XML text of each part format of the user, at most 32,768; one that
-    ///                           the store has too is dropped
+    ///                           the store has too is dropped. None: an empty list, not an empty
+    ///                           text.
     /// @return 0 when the user confirmed, 1 when the user cancelled or a text is no XML (a box says
     ///         which)
     long showMORAMConfigDlgEX(std::string& sName, const std::string& strSessionDataXML,
@@ -75,7 +91,8 @@ class WYNCONFIG_API WYNConfig {
     long showAddMORAMConfigDlg(std::string& sName);
 
     /// The same for a session that is held in memory. Begins the in-memory mode, and drops the part
-    /// formats held in memory.
+    /// formats held in memory. On a store without a part format of its own the dialog lists none
+    /// (see above), and the new session needs one: put one there before.
     /// @param sName  in: a name to propose. Out: the new session's name, also when the user
     ///               cancelled the editing; empty when the user named none.
     /// @return 0 when the new session was configured, else 1
@@ -89,8 +106,10 @@ class WYNCONFIG_API WYNConfig {
     ///                     store can be used then is told by `Store::isMade`.
     void init(const std::string& MORRootPath);
 
-    /// Keeps the resource manager that all texts and the font come from. A later call replaces it,
-    /// also while a dialog is up; one that is just asked for something stays until it has answered.
+    /// Keeps the resource manager that all texts and the font come from; with null, or before the
+    /// first call, dialogs show the English texts of their design, and messages none. A later call
+    /// replaces it, also while a dialog is up; one that is just asked for something stays until it
+    /// has answered.
     void InitResourceManager(std::shared_ptr<ResourceManager> objResMgr);
 
     /// Lets the user pick a session out of a list.
