@@ -42,8 +42,9 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/wynconfigConfig.cmake
 install(FILES docs/dataset.xsd TYPE DATA RENAME wynconfig/dataset.xsd COMPONENT development)
 install(DIRECTORY examples TYPE DOC COMPONENT development)
 install(FILES LICENSE TYPE DOC COMPONENT runtime)
-install(FILES README.md CHANGELOG.md docs/csharp.md docs/database.md docs/python.md docs/sending.md
-        TYPE DOC COMPONENT development)
+install(FILES README.md CHANGELOG.md TYPE DOC COMPONENT development)
+install(DIRECTORY docs TYPE DOC COMPONENT development
+  FILES_MATCHING PATTERN *.md PATTERN dataset.xsd PATTERN pictures EXCLUDE)
 
 # The Python module, which needs shared libraries. Where a distribution's own Python looks is a part
 # of that distribution: elsewhere a wheel does better, see docs/python.md.
