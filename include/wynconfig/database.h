@@ -23,12 +23,16 @@ class WYNCONFIG_API DatabaseError : public std::runtime_error {
 
 /// The place of a database: a file of SQLite, or a database of a PostgreSQL server.
 struct DatabaseAddress {
-    enum class Kind { Sqlite, PostgreSql };
-    Kind kind = Kind::Sqlite;
-    std::string name;  ///< path of the file, or name of the database
+    /// What holds the database.
+    enum class Kind {
+        Sqlite,     ///< a file
+        PostgreSql  ///< a server
+    };
+    Kind kind = Kind::Sqlite;  ///< says which of the fields below count
+    std::string name;          ///< path of the file, or name of the database
     std::string host;  ///< name, number or socket folder of the server; empty: the local one
     int port = 0;      ///< 0: the usual one
-    std::string user;
+    std::string user;  ///< the server's role; empty: the driver's choice
     /// Empty: that of the environment (PGPASSWORD), else that of the file which PGPASSFILE names,
     /// or of ~/.pgpass. No text and no failure ever shows it.
     std::string password;
@@ -53,13 +57,13 @@ struct ListedItem {
     std::string name;  ///< in upper case
     /// Of its last change. No version comes twice, also when an item is deleted and made again.
     std::int64_t version = 0;
-    std::string changedBy = {};
+    std::string changedBy = {};  ///< the workstation that changed it last
     std::string changedAt = {};  ///< date and time in UTC, such as 2025-11-30T14:05:09Z
 };
 
 /// A session or part format, as it is in the database.
 struct StoredItem : ListedItem {
-    std::string xml = {};
+    std::string xml = {};  ///< XML text of the record, UTF-8
 };
 
 /// Which items are looked for. What is left empty leaves all in.
@@ -72,22 +76,23 @@ struct ItemSearch {
 
 /// One change that a workstation wants to make.
 struct ItemChange {
+    /// What is done to the item, and what has to hold for it.
     enum class Act {
         Insert,  ///< no item of this name may be there
         Update,  ///< the item must be there in this version
         Delete,  ///< the item must be there in this version
         Need     ///< changes nothing, but an item of this name must be there
     };
-    Act act = Act::Insert;
-    ItemKind kind = ItemKind::Session;
-    std::string name;  ///< in any case
-    std::string xml = {};
-    std::int64_t version = 0;  ///< on which an update or deletion builds
+    Act act = Act::Insert;              ///< what is wanted
+    ItemKind kind = ItemKind::Session;  ///< of the item
+    std::string name;                   ///< in any case
+    std::string xml = {};               ///< XML text of the record; of an insert or update
+    std::int64_t version = 0;           ///< on which an update or deletion builds
 };
 
 /// A change that can't be made because another workstation was faster.
 struct ItemConflict {
-    ItemChange change;
+    ItemChange change;                  ///< the one that was refused
     std::optional<StoredItem> present;  ///< what the database holds under the name by now
 
     /// One sentence for the user.
@@ -97,7 +102,9 @@ struct ItemConflict {
 /// Some changes were refused, and so none of the set was made.
 class WYNCONFIG_API ConflictError : public DatabaseError {
   public:
+    /// @param conflicts  at least one; the text names them all
     explicit ConflictError(std::vector<ItemConflict> conflicts);
+    /// All changes that were refused, in their order.
     const std::vector<ItemConflict>& conflicts() const { return m_conflicts; }
 
   private:
@@ -113,12 +120,14 @@ class WYNCONFIG_API SessionDatabase {
     /// Connects, and makes the tables when they are not there. Those of an earlier program are
     /// upgraded once, by whoever comes first; those of a newer one are refused and left as they
     /// are, also when they become so later. Needs no application object of Qt.
+    /// @param address      where the database is
     /// @param workstation  who changes things here, such as "anna@counter-2"
     SessionDatabase(const DatabaseAddress& address, std::string workstation);
     ~SessionDatabase();
     SessionDatabase(const SessionDatabase&) = delete;
     SessionDatabase& operator=(const SessionDatabase&) = delete;
 
+    /// Where it is, password included.
     const DatabaseAddress& address() const;
 
     /// The items of a kind without their texts, in ascending order of their names (by the numbers
@@ -127,6 +136,7 @@ class WYNCONFIG_API SessionDatabase {
     std::vector<ListedItem> list(ItemKind kind, const ItemSearch& search = {});
     /// All items of a kind with their texts, in the same order.
     std::vector<StoredItem> items(ItemKind kind);
+    /// @param kind  of the item
     /// @param name  in any case
     /// @return none when there is no item of this name
     std::optional<StoredItem> item(ItemKind kind, const std::string& name);

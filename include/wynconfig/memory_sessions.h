@@ -17,25 +17,28 @@ namespace wynconfig {
 /// The record of a session or part format, outside the database.
 struct ItemText {
     std::string name;  ///< in upper case
-    std::string xml;
+    std::string xml;   ///< XML text of the record, UTF-8
 };
 
 /// A session and the part formats of the user, before and after an edit.
 struct MemoryEdit {
     std::optional<StoredItem> sessionBefore;  ///< none: the session is new
     std::vector<StoredItem> formatsBefore;    ///< all that were handed in
-    ItemText session;
-    std::vector<ItemText> formats;  ///< all that came back, but for factory ones
+    ItemText session;                         ///< as the user confirmed it
+    std::vector<ItemText> formats;            ///< all that came back, but for factory ones
 };
 
 /// What the user confirmed could not be stored. It is all in here, so that nothing is lost.
 class WYNCONFIG_API RefusedEdit : public DatabaseError {
   public:
     /// @param reason     for the user
+    /// @param edit       what the user confirmed
     /// @param conflicts  none when it failed on something else
     RefusedEdit(const std::string& reason, MemoryEdit edit,
                 std::vector<ItemConflict> conflicts = {});
+    /// What the user confirmed, to be stored in another way.
     const MemoryEdit& edit() const { return m_edit; }
+    /// On what it failed; none when that was something else than another workstation.
     const std::vector<ItemConflict>& conflicts() const { return m_conflicts; }
 
   private:
@@ -58,7 +61,8 @@ struct MemoryResult {
 /// user entered raise `RefusedEdit` when that fails. The component is left in the in-memory mode.
 class WYNCONFIG_API MemorySessions {
   public:
-    /// @param component  is set to the store already; it and the database outlive this object
+    /// @param component  is set to the store already; it outlives this object
+    /// @param database   where sessions and part formats are kept; it outlives this object
     /// @param storeRoot  of the component's store, with its trailing separator, as for
     ///                   `WYNConfig::init`
     MemorySessions(WYNConfig& component, SessionDatabase& database, std::string storeRoot);
@@ -71,6 +75,7 @@ class WYNCONFIG_API MemorySessions {
     MemoryResult add();
     /// Takes a session and its part formats over from another store.
     /// @param root  of the other store, with its trailing separator
+    /// @param session  its name there, in any case
     /// @param name  under which the session is kept, in any case
     /// @return with 1 when the session, or one of its part formats, can't be read there
     MemoryResult takeOver(const std::string& root, const std::string& session,
@@ -84,7 +89,8 @@ class WYNCONFIG_API MemorySessions {
     /// Stores a refused edit in such a way that nothing stands in its way: the session under
     /// another name; a part format whose name was taken or changed meanwhile with a number behind
     /// its name, which the session follows. What another workstation changed is not deleted.
-    /// @param name  in any case
+    /// @param refused  as it was raised
+    /// @param name     in any case
     MemoryResult storeUnderAnotherName(const RefusedEdit& refused, const std::string& name);
 
   private:

@@ -27,8 +27,8 @@ WYNCONFIG_API bool isItemName(const std::string& name);
 
 /// A record that is to be an item of a store, under its own name.
 struct StoreItem {
-    ItemKind kind = ItemKind::Session;
-    std::shared_ptr<const Dataset> record;
+    ItemKind kind = ItemKind::Session;      ///< has to fit the record's type
+    std::shared_ptr<const Dataset> record;  ///< not null
 };
 
 /// The part formats that a session names, whatever it says of their number: those that it offers in
@@ -51,12 +51,13 @@ struct StoreFault {
         MissingProgram,  ///< the program that a session launches is not there
     };
 
-    ItemKind kind = ItemKind::Session;
-    std::string item;  ///< the item's name, as its file is spelt
-    std::string what;  ///< an English sentence about it
-    Cause cause = Cause::Unreadable;
+    ItemKind kind = ItemKind::Session;  ///< of the item
+    std::string item;                   ///< the item's name, as its file is spelt
+    std::string what;                   ///< an English sentence about it
+    Cause cause = Cause::Unreadable;    ///< for programs
     int line = 0;  ///< of the item's file, from 1, where the XML library tells it; else 0
 
+    /// Compares all fields.
     bool operator==(const StoreFault&) const = default;
 };
 
@@ -73,6 +74,7 @@ class WYNCONFIG_API Store {
     /// @param root  the store's root with its trailing separator, as for `WYNConfig::init`
     explicit Store(std::string root);
 
+    /// The root as it was given.
     const std::string& root() const { return m_root; }
     /// The folder of a kind of items, with its trailing separator.
     std::string folder(ItemKind kind) const;
@@ -82,6 +84,7 @@ class WYNCONFIG_API Store {
     /// The names of all items of a kind, as their files are spelt, in ascending order of their
     /// upper-cased forms; none where there is no folder.
     std::vector<std::string> names(ItemKind kind) const;
+    /// Whether there is an item of this name, readable or not.
     bool has(ItemKind kind, const std::string& name) const;
     /// Where an item lies, or would be saved.
     ItemPath path(ItemKind kind, const std::string& name) const;
