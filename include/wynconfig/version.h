@@ -4,10 +4,14 @@
 
 #include "wynconfig/export.h"
 
-// Read by the build as well.
-#define WYNCONFIG_VERSION_MAJOR 0  ///< grows when hosts have to be changed
-#define WYNCONFIG_VERSION_MINOR 1  ///< grows with what is new; before 1.0 as the one above
-#define WYNCONFIG_VERSION_PATCH 0  ///< grows with what is repaired
+// Read by the build as well, line by line.
+
+/// Grows when hosts have to be changed.
+#define WYNCONFIG_VERSION_MAJOR 0
+/// Grows with what is new; before 1.0 as the one above.
+#define WYNCONFIG_VERSION_MINOR 1
+/// Grows with what is repaired.
+#define WYNCONFIG_VERSION_PATCH 0
 
 /// The same as one number that grows, such as 10203 for 1.2.3.
 #define WYNCONFIG_VERSION \
