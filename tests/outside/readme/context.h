@@ -20,6 +20,7 @@ struct SessionList {
 struct Host {
     void addSession(std::string& name);
 };
+bool addsASession(wynconfig::WYNConfig& config, wynconfig::User& user);
 extern wynconfig::WYNConfig config;
 extern LanguageMenu languageMenu;
 extern Host myHost;
