@@ -21,6 +21,7 @@ struct Host {
     void addSession(std::string& name);
 };
 bool addsASession(wynconfig::WYNConfig& config, wynconfig::User& user);
+extern QWidget* mainWindow;
 extern wynconfig::WYNConfig config;
 extern LanguageMenu languageMenu;
 extern Host myHost;
