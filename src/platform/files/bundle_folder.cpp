@@ -1,7 +1,9 @@
 // Where the texts lie, told by where the component runs.
-#include <dlfcn.h>
-
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <system_error>
 
@@ -12,17 +14,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The file that this code was loaded from: the shared library, or the program.
+/// The file that this code was loaded from: the shared library, or the program. The system knows it
+/// wherever it was looked for.
 fs::path ownFile() {
-    Dl_info info;
-    fs::path file;
-    if (dladdr(reinterpret_cast<const void*>(&bundleFolder), &info) != 0 && info.dli_fname)
-        file = info.dli_fname;
-    std::error_code ignored;
-    // A program goes by the name that it was called by.
-    if (!file.is_absolute()) file = fs::read_symlink("/proc/self/exe", ignored);
-    const fs::path real = fs::canonical(file, ignored);
-    return real.empty() ? file : real;
+    const auto own = reinterpret_cast<std::uintptr_t>(&ownFile);
+    std::ifstream maps("/proc/self/maps");
+    for (std::string line; std::getline(maps, line);) {
+        // 7f1c2a000000-7f1c2a100000 r-xp 00000000 08:01 1234   /usr/lib/libwynconfig.so.0
+        std::uintptr_t begin = 0;
+        std::uintptr_t end = 0;
+        const char* const last = line.data() + line.size();
+        const char* at = std::from_chars(line.data(), last, begin, 16).ptr;
+        if (at != last) std::from_chars(at + 1, last, end, 16);
+        if (own < begin || own >= end) continue;
+        const std::size_t path = line.find('/');
+        return path == std::string::npos ? fs::path() : fs::path(line.substr(path));
+    }
+    return {};
 }
 
 }  // namespace
