@@ -29,26 +29,50 @@ namespace {
 
 using desktop::FormWindow;
 
-/// Whether the X server that the environment names answers. Where its library is missing nobody can
-/// tell; then neither can Qt use it.
-bool xServerAnswers() {
-    QLibrary library(QStringLiteral("xcb"), 1);
+/// A connection to the X server that the environment names. As long as it is open the server does
+/// not begin anew, which one without other clients may do just when Qt comes.
+class XServer {
+  public:
+    XServer() = default;
+    ~XServer() {
+        if (m_connection) m_disconnect(m_connection);
+    }
+    XServer(const XServer&) = delete;
+    XServer& operator=(const XServer&) = delete;
+
+    /// Whether the server answers. Where its library is missing nobody can tell; then neither can
+    /// Qt use it.
+    bool answers() {
+        if (!m_connect || !m_hasError || !m_disconnect) return false;
+        for (int i = 0; i < kTries; ++i) {
+            m_connection = m_connect(nullptr, nullptr);
+            if (m_hasError(m_connection) == 0) return true;
+            m_disconnect(m_connection);
+            m_connection = nullptr;
+            QThread::msleep(kPause);  // it may just begin anew
+        }
+        return false;
+    }
+
+  private:
+    static constexpr int kTries = 10;
+    static constexpr unsigned long kPause = 50;  // milliseconds
+
     using Connect = void* (*)(const char* display, int* screen);
     using HasError = int (*)(void* connection);
     using Disconnect = void (*)(void* connection);
-    const auto connect = reinterpret_cast<Connect>(library.resolve("xcb_connect"));
-    const auto hasError = reinterpret_cast<HasError>(library.resolve("xcb_connection_has_error"));
-    const auto disconnect = reinterpret_cast<Disconnect>(library.resolve("xcb_disconnect"));
-    if (!connect || !hasError || !disconnect) return false;
-    void* const connection = connect(nullptr, nullptr);
-    const bool answers = hasError(connection) == 0;
-    disconnect(connection);
-    return answers;
-}
+
+    QLibrary m_library{QStringLiteral("xcb"), 1};
+    Connect m_connect = reinterpret_cast<Connect>(m_library.resolve("xcb_connect"));
+    HasError m_hasError = reinterpret_cast<HasError>(m_library.resolve("xcb_connection_has_error"));
+    Disconnect m_disconnect = reinterpret_cast<Disconnect>(m_library.resolve("xcb_disconnect"));
+    void* m_connection = nullptr;
+};
 
 /// Raises where there is no display: Qt would end the process. A host that chose a platform of Qt
 /// other than X knows what it does.
-void requireDisplay() {
+/// @param server  is kept open until Qt is there
+void requireDisplay([[maybe_unused]] XServer& server) {
 #ifdef Q_OS_LINUX
     const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
     const bool chosen = !platform.isEmpty() && !platform.startsWith("xcb");
@@ -57,7 +81,7 @@ void requireDisplay() {
         throw Error(errc::InvalidCall,
                     "The desktop view needs a display, and neither DISPLAY nor WAYLAND_DISPLAY "
                     "names one.");
-    if (!xServerAnswers())
+    if (!server.answers())
         throw Error(errc::InvalidCall, "The desktop view needs a display, and \"" +
                                            qgetenv("DISPLAY").toStdString() +
                                            "\" does not answer.");
@@ -68,7 +92,8 @@ void requireDisplay() {
 /// and the platform's own clean-up may need it until the very end.
 void provideApplication() {
     if (!QCoreApplication::instance()) {
-        requireDisplay();
+        XServer server;
+        requireDisplay(server);
         static char name[] = "wynconfig";
         static char* arguments[] = {name, nullptr};
         static int count = 1;
