@@ -67,6 +67,7 @@ static void works_in_memory(void) {
     wyn_list* texts = NULL;
     char* session = NULL;
     char* format = NULL;
+    char* back = NULL;
     int32_t migrated = 7;
     OK(wyn_record_new(WYN_PART_FORMAT, "MINE", &record));
     OK(wyn_record_set(record, "MaxRecords", "5"));
@@ -84,11 +85,12 @@ static void works_in_memory(void) {
     ENDS(0, "HELD", wyn_showMORAMConfigDlgEX("held", session, formats, 1, &text, &result));
     OK(wyn_GetDatasetFormatsData(&texts));
     GIVES("", wyn_list_key(texts, 0, &text));
-    OK(wyn_list_text(texts, 0, &session));
-    OK(wyn_record_parse(session, &record));
+    OK(wyn_list_text(texts, 0, &back));
+    OK(wyn_record_parse(back, &record));
     GIVES("MINE", wyn_record_name(record, &text));
     OK(wyn_close(record));
     OK(wyn_close(texts));
+    wyn_free(back);
     wyn_free(session);
     wyn_free(format);
     OK(wyn_MigrateSession(root, "counter", &migrated));
