@@ -14,6 +14,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -238,8 +239,12 @@ TEST_F(Disk, takesNoFolderForEmptyThatItCantOpen) {
     put("A.vla", "x");
     const std::string unreadable = "folder " + folder.path() + " can't be read";
     const std::string cause = "Too many open files";
-    // The sanitizer that looks at objects needs a free number itself for the first of a class.
+    // The sanitizer that looks at objects needs a free number itself for the first of a class:
+    // those of the disk, of a failure and of its cause have to be seen before.
     EXPECT_FALSE(makeRealFileSystem()->folderExists(root + "none"));
+    const Error failure = raisedBy([&] { files->makeFolder(root + "A.vla/x"); });
+    EXPECT_TRUE(holds(failure.description(), "is not there"));
+    EXPECT_EQ(std::generic_category().message(EMFILE), cause);
     withoutFreeFileNumbers([&] {
         expectUnreadable(unreadable, cause, [&] { files->listItems(root); });
         expectUnreadable(unreadable, cause, [&] { files->find(at("a.vla")); });
