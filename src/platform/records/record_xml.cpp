@@ -1,19 +1,23 @@
-// Reads and writes the stored form of a record, reading by libxml2's SAX2 interface.
+// Reads and writes the stored form of a record, reading by Expat.
 #include "platform/records/record_xml.h"
 
-#include <libxml/parser.h>
-#include <libxml/parserInternals.h>
+#include <expat.h>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <climits>
 #include <cstdint>
+#include <exception>
 #include <memory>
+#include <new>
 #include <optional>
+#include <random>
 #include <utility>
 #include <vector>
 
+#include "platform/records/parser_memory.h"
+#include "platform/records/single_byte_encodings.h"
 #include "platform/text/text.h"
 #include "wynconfig/error.h"
 
@@ -160,201 +164,238 @@ class RecordReader {
   public:
     explicit RecordReader(bool collects) : m_collects(collects) {}
 
-    xmlParserCtxt* parser = nullptr;
+    XML_Parser parser = nullptr;
     RecordText record;
-    std::string fault;  ///< why the pass was stopped; empty while the text may be what is wanted
-    std::string error;  ///< what the parser said first
+    std::string fault;          ///< why the pass was stopped; empty while the text may be wanted
+    std::string error;          ///< why the parser ended it
+    std::exception_ptr raised;  ///< what ended it beside the text, such as want of memory
 
-    void start(std::string_view name, int namespaceCount, int attributeCount,
-               const xmlChar** attributes) {
+    void start(std::string_view name, const char** attributes) {
         ++m_depth;
         if (m_depth > kMaxDepth) return blame("its elements are nested too deeply");
-        m_namespaces.push_back(namespaceCount + (m_namespaces.empty() ? 0 : m_namespaces.back()));
-        if (m_namespaces.back() > kMaxNamespaces) return blame("it declares too many namespaces");
-        if (!m_collects) return;
-        if (m_depth == 1) {
-            if (name != "dataset") return blame("its root element is not a dataset");
-            record.type = unescape(attribute("type", attributeCount, attributes).value_or(""));
-            record.name = unescape(attribute("name", attributeCount, attributes).value_or(""));
-            record.key = unescape(attribute("key", attributeCount, attributes).value_or("Element"));
-        } else if (m_depth == 2) {
-            m_inRow = name == "row";
-            m_inColumn = name == "column";
-            if (m_inRow) startRow(attributeCount, attributes);
-        }
+        if (!m_collects || m_depth > 2) return;
+        if (m_depth == 2) return startInRecord(name, attributes);
+        if (name != "dataset") return blame("its root element is not a dataset");
+        record.type = unescape(attribute("type", attributes).value_or(""));
+        record.name = unescape(attribute("name", attributes).value_or(""));
+        record.key = unescape(attribute("key", attributes).value_or("Element"));
     }
     void end() {
-        m_namespaces.pop_back();
-        if (m_depth-- != 2) return;
-        if (m_inRow) record.rows.back()[1] = unescaped();
-        if (m_inColumn) record.columns.push_back(unescaped());
-        m_inRow = m_inColumn = false;
-        m_text.clear();
+        if (m_depth-- != 2 || !m_text) return;
+        if (m_text->find('_') != std::string::npos) *m_text = unescape(*m_text);
+        collectIn(nullptr);
     }
     void characters(std::string_view text) {
-        if (m_depth == 2 && (m_inRow || m_inColumn)) m_text.append(text);
+        if (m_depth == 2) m_text->append(text);
     }
-    void documentType() {
-        if (m_collects) blame("it has a document type declaration");
+    void startNamespace() {
+        if (++m_namespaces > kMaxNamespaces) blame("it declares too many namespaces");
+    }
+    void endNamespace() { --m_namespaces; }
+
+    /// Nothing behind a fault is worth reading, and may be long.
+    void blame(std::string cause) {
+        if (fault.empty()) fault = std::move(cause);
+        XML_StopParser(parser, XML_FALSE);
     }
 
   private:
-    void startRow(int attributeCount, const xmlChar** attributes) {
-        const auto key = attribute("key", attributeCount, attributes);
-        if (!key) blame("it has a row without a key");
-        record.rows.emplace_back()[0] = unescape(key.value_or(""));
-    }
-    std::string unescaped() {
-        std::string text = std::exchange(m_text, {});
-        if (text.find('_') == std::string::npos) return text;
-        return unescape(text);
-    }
-    /// Nothing behind a fault is worth reading, and defaults for the attributes of a thousand
-    /// elements would be costly to collect.
-    void blame(const char* cause) {
-        fault = cause;
-        xmlStopParser(parser);
-    }
-    /// SAX2 hands attributes over in fives: local name, prefix, URI, begin and end of the value.
-    static std::optional<std::string_view> attribute(std::string_view name, int count,
-                                                     const xmlChar** attributes) {
-        for (int i = 0; i < count; ++i, attributes += 5) {
-            if (attributes[1] || name != reinterpret_cast<const char*>(attributes[0])) continue;
-            const auto* begin = reinterpret_cast<const char*>(attributes[3]);
-            return std::string_view(begin, static_cast<std::size_t>(attributes[4] - attributes[3]));
+    void startInRecord(std::string_view name, const char** attributes) {
+        if (name == "row") {
+            const auto key = attribute("key", attributes);
+            if (!key) return blame("it has a row without a key");
+            record.rows.emplace_back()[0] = unescape(*key);
+            collectIn(&record.rows.back()[1]);
+        } else if (name == "column") {
+            collectIn(&record.columns.emplace_back());
         }
+    }
+    /// The characters between the elements of a record are nobody's: they are not asked for.
+    void collectIn(std::string* text);
+
+    /// Names in a namespace bear its separator, and so are none of these.
+    static std::optional<std::string_view> attribute(std::string_view name,
+                                                     const char** attributes) {
+        for (; *attributes; attributes += 2)
+            if (name == attributes[0]) return attributes[1];
         return {};
     }
 
     static constexpr int kMaxDepth = 256;
-    static constexpr int kMaxNamespaces = 256;  ///< the parser looks a prefix up among all of them
+    static constexpr int kMaxNamespaces = 256;
 
     bool m_collects;
     int m_depth = 0;
-    std::vector<int> m_namespaces;  ///< how many are in force within each open element
-    bool m_inRow = false;
-    bool m_inColumn = false;
-    std::string m_text;
+    int m_namespaces = 0;           ///< that are in force
+    std::string* m_text = nullptr;  ///< of the row or column that is open
 };
 
-RecordReader& readerOf(void* user) {
-    return *static_cast<RecordReader*>(user);
-}
-
-/// The parser compares each attribute of a tag with all others, so that a great many names would
-/// hold it up for hours.
-void onStartDocument(void* user) {
-    constexpr std::size_t bound = std::size_t{16} * 1024;
-    xmlDictSetLimit(readerOf(user).parser->dict, bound);
-}
-
-void onStart(void* user, const xmlChar* name, const xmlChar*, const xmlChar* uri,
-             int namespaceCount, const xmlChar**, int attributeCount, int,
-             const xmlChar** attributes) {
-    // The names of the stored form are in no namespace; those of others are unknown here.
-    readerOf(user).start(uri ? "" : reinterpret_cast<const char*>(name), namespaceCount,
-                         attributeCount, attributes);
-}
-
-void onEnd(void* user, const xmlChar*, const xmlChar*, const xmlChar*) {
-    readerOf(user).end();
-}
-
-void onCharacters(void* user, const xmlChar* text, int length) {
-    readerOf(user).characters(
-        {reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)});
-}
-
-void onDocumentType(void* user, const xmlChar*, const xmlChar*, const xmlChar*) {
-    readerOf(user).documentType();
-}
-
-void onError(void* user, xmlErrorPtr error) {
-    std::string& kept = readerOf(user).error;
-    if (!kept.empty() || error->level < XML_ERR_ERROR) return;
-    std::string_view message = error->message ? error->message : "unreadable";
-    while (message.ends_with('\n')) message.remove_suffix(1);
-    if (error->code == XML_ERR_NO_MEMORY) message = "its names take too much memory";
-    const bool hasLine = error->line > 0;
-    kept = (hasLine ? "line " + std::to_string(error->line) + ": " : "") + std::string(message);
-}
-
-/// The parser takes a NUL, and bytes that are not of the text's encoding, for the end of the text;
-/// behind the root element it says nothing of them.
-void onEndDocument(void* user) {
-    RecordReader& reader = readerOf(user);
-    const xmlParserInput* input = reader.parser->input;
-    const bool unread = input->cur != input->end;
-    const bool unconverted = input->buf && input->buf->raw && xmlBufUse(input->buf->raw) > 0;
-    if (!unread && !unconverted) return;
-    reader.parser->wellFormed = 0;
-    if (reader.error.empty()) reader.error = "it goes on behind its end";
-}
-
-/// Takes what the parser tells its thread, and not its context: that a text can't be converted.
-/// Nobody else is told then, and nothing is written to the standard error stream.
-class ThreadErrors {
-  public:
-    explicit ThreadErrors(RecordReader& reader)
-        : m_function(xmlStructuredError), m_user(xmlStructuredErrorContext) {
-        xmlSetStructuredErrorFunc(&reader, onError);
+/// Runs what handles an event. No exception may pass through the parser.
+template <class Handling>
+void handle(void* user, const Handling& handling) {
+    RecordReader& reader = *static_cast<RecordReader*>(user);
+    try {
+        handling(reader);
+    } catch (...) {
+        reader.raised = std::current_exception();
+        XML_StopParser(reader.parser, XML_FALSE);
     }
-    ThreadErrors(const ThreadErrors&) = delete;
-    ThreadErrors& operator=(const ThreadErrors&) = delete;
-    ~ThreadErrors() { xmlSetStructuredErrorFunc(m_user, m_function); }
+}
 
-  private:
-    xmlStructuredErrorFunc m_function;
-    void* m_user;
+void onStart(void* user, const char* name, const char** attributes) {
+    handle(user, [&](RecordReader& reader) { reader.start(name, attributes); });
+}
+
+void onEnd(void* user, const char*) {
+    handle(user, [&](RecordReader& reader) { reader.end(); });
+}
+
+void onCharacters(void* user, const char* text, int length) {
+    handle(user, [&](RecordReader& reader) {
+        reader.characters({text, static_cast<std::size_t>(length)});
+    });
+}
+
+void onStartNamespace(void* user, const char*, const char*) {
+    handle(user, [](RecordReader& reader) { reader.startNamespace(); });
+}
+
+void onEndNamespace(void* user, const char*) {
+    static_cast<RecordReader*>(user)->endNamespace();
+}
+
+/// Comes before the first declaration of the type: those can take long, and none is wanted.
+void onDocumentType(void* user, const char*, const char*, const char*, int) {
+    handle(user, [](RecordReader& reader) { reader.blame("it has a document type declaration"); });
+}
+
+/// The parser takes any word for a version.
+void onDeclaration(void* user, const char* version, const char*, int) {
+    const std::string_view text = version;
+    const bool isVersion = text.starts_with("1.") && text.size() > 2 &&
+                           text.find_first_not_of("0123456789", 2) == std::string_view::npos;
+    if (isVersion) return;
+    handle(user, [](RecordReader& reader) {
+        reader.blame("it declares a version of XML that is not read");
+    });
+}
+
+/// Is asked for the encodings that the parser does not know by itself.
+int onUnknownEncoding(void* user, const char* name, XML_Encoding* encoding) {
+    const auto meanings = byteMeanings(name);
+    if (!meanings) {
+        handle(user, [&](RecordReader& reader) {
+            constexpr std::size_t shown = 40;
+            const std::string_view asked = name;
+            reader.fault = "it declares the encoding " + std::string(asked.substr(0, shown)) +
+                           (asked.size() > shown ? "..." : "") + ", which is not read";
+        });
+        return XML_STATUS_ERROR;
+    }
+    std::copy(meanings->begin(), meanings->end(), encoding->map);
+    encoding->data = nullptr;
+    encoding->convert = nullptr;
+    encoding->release = nullptr;
+    return XML_STATUS_OK;
+}
+
+void RecordReader::collectIn(std::string* text) {
+    m_text = text;
+    XML_SetCharacterDataHandler(parser, text ? onCharacters : nullptr);
+}
+
+struct FreeParser {
+    void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
 };
+using Parser = std::unique_ptr<XML_ParserStruct, FreeParser>;
 
-struct FreeContext {
-    void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
-};
-using Context = std::unique_ptr<xmlParserCtxt, FreeContext>;
-
-/// Making a parser context costs more than reading a record, so it is kept between the calls: one
-/// for each source, since what a context was once told about encodings it never forgets.
-Context& keptContext(XmlSource source) {
-    thread_local Context file;
-    thread_local Context memory;
-    return source == XmlSource::File ? file : memory;
+/// Making a parser costs more than reading a record, so it is kept between the calls.
+Parser& keptParser() {
+    thread_local Parser parser;
+    return parser;
 }
 
-/// What all threads share in the parser is made once, by one of them, before any of them touches
-/// it.
-void prepareParser() {
-    static const bool ready = (xmlInitParser(), true);
-    static_cast<void>(ready);
+/// Begins the hashing of names at a place of chance, so that nobody can make names meet. It is
+/// drawn once, as asking for chance costs a call to the system.
+unsigned long hashSalt() {
+    static const unsigned long salt = [] {
+        std::random_device chance;
+        std::uniform_int_distribution<unsigned long> any(1);
+        return any(chance);
+    }();
+    return salt;
 }
 
-Context makeContext() {
-    Context context(xmlNewParserCtxt());
-    if (!context) throw Error(errc::BadRecord, "There is no memory left to read a record.");
-    xmlSAXHandler& sax = *context->sax;
-    sax = {};
-    sax.initialized = XML_SAX2_MAGIC;
-    sax.startDocument = onStartDocument;
-    sax.endDocument = onEndDocument;
-    sax.startElementNs = onStart;
-    sax.endElementNs = onEnd;
-    sax.characters = onCharacters;
-    sax.ignorableWhitespace = onCharacters;
-    sax.cdataBlock = onCharacters;
-    sax.internalSubset = onDocumentType;
-    sax.serror = onError;
-    return context;
+/// Stands between a namespace and a name in it. No text of XML can hold it.
+constexpr char kSeparator[] = "\f";
+
+/// @param encoding  what the text is in, whatever it declares, or null
+void prepare(Parser& parser, RecordReader& reader, const char* encoding) {
+    static const XML_Memory_Handling_Suite memory{allocateForParser, reallocateForParser,
+                                                  freeForParser};
+    parserMemory().isExceeded = false;
+    if (!parser)
+        parser.reset(XML_ParserCreate_MM(nullptr, &memory, kSeparator));
+    else if (!XML_ParserReset(parser.get(), nullptr))
+        parser.reset();
+    if (!parser || (encoding && !XML_SetEncoding(parser.get(), encoding))) throw std::bad_alloc();
+    reader.parser = parser.get();
+    XML_SetUserData(parser.get(), &reader);
+    XML_SetHashSalt(parser.get(), hashSalt());
+    XML_SetElementHandler(parser.get(), onStart, onEnd);
+    XML_SetNamespaceDeclHandler(parser.get(), onStartNamespace, onEndNamespace);
+    XML_SetStartDoctypeDeclHandler(parser.get(), onDocumentType);
+    XML_SetXmlDeclHandler(parser.get(), onDeclaration);
+    XML_SetUnknownEncodingHandler(parser.get(), onUnknownEncoding, &reader);
 }
 
-/// Whether the parser might guess an encoding other than UTF-8 from the first bytes. It would have
-/// to be told then, at a price: an encoding that it is told, be it UTF-8, it converts byte by byte.
-bool mayPassForAnotherEncoding(std::string_view xml) {
-    return xml.size() < 2 || xml[0] != '<' || xml[1] == '\0';
+/// Whether text begins as one in UTF-16: with its byte order mark, or with a declaration in it.
+bool beginsInUtf16(std::string_view xml) {
+    using namespace std::string_view_literals;
+    return xml.starts_with("\xFF\xFE"sv) || xml.starts_with("\xFE\xFF"sv) ||
+           xml.starts_with("<\0?\0"sv) || xml.starts_with("\0<\0?"sv);
 }
 
-/// One pass over the text. Entities are never declared, so none is ever expanded but the five of
-/// XML itself; without XML_PARSE_NOENT an `&` would come out of an attribute as `&#38;`.
-/// The parser's own bounds on sizes and depth are lifted for those of this file.
+/// Whether the parser would take the text for UTF-16, whatever it is told.
+bool mayPassForUtf16(std::string_view xml) {
+    return beginsInUtf16(xml) || xml.substr(0, 2).find('\0') != std::string_view::npos;
+}
+
+/// Whether in UTF-16 each half of a character has its other half. The parser does not look.
+bool hasWholeCharacters(std::string_view utf16) {
+    const bool bigEndian = utf16.front() == '\xFE' || utf16.front() == '\0';
+    bool isOpen = false;
+    for (std::size_t at = bigEndian ? 0 : 1; at < utf16.size(); at += 2) {
+        const int half = static_cast<unsigned char>(utf16[at]) & 0xFC;
+        if (isOpen != (half == 0xDC)) return false;
+        isOpen = half == 0xD8;
+    }
+    return !isOpen;
+}
+
+/// Why the parser ended a pass, with the line.
+std::string errorOf(XML_Parser parser) {
+    return "line " + std::to_string(XML_GetCurrentLineNumber(parser)) + ": " +
+           XML_ErrorString(XML_GetErrorCode(parser));
+}
+
+/// What the parser must be told of the encoding; null where it is to take what the text declares.
+/// The marks are right: a person's editor has put them there and left the declaration alone.
+const char* encodingOf(std::string_view xml, XmlSource source) {
+    if (source == XmlSource::Memory || xml.starts_with(kByteOrderMark)) return "UTF-8";
+    return beginsInUtf16(xml) ? "UTF-16" : nullptr;
+}
+
+/// A fault of the encoding that the parser would not find; empty for none.
+std::string encodingFault(std::string_view xml, XmlSource source) {
+    if (!mayPassForUtf16(xml)) return {};
+    if (source == XmlSource::File && beginsInUtf16(xml))
+        return hasWholeCharacters(xml) ? "" : "it has half a character of UTF-16";
+    return std::string("line 1: ") + XML_ErrorString(XML_ERROR_INVALID_TOKEN);
+}
+
+/// One pass over the text. No entity is ever declared, so none is expanded but the five of XML
+/// itself.
 /// @return whether the text is well-formed
 bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
     static_assert(kMaxItemSize <= INT_MAX, "the parser counts in int");
@@ -362,27 +403,23 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
         reader.fault = "it is too large";
         return false;
     }
-    // The mark is right: a person's editor has put it there and left the declaration alone.
-    if (xml.starts_with(kByteOrderMark)) source = XmlSource::Memory;
-    prepareParser();
-    const ThreadErrors errors(reader);
-    Context& context = keptContext(source);
-    if (!context) context = makeContext();
-    context->userData = &reader;
-    reader.parser = context.get();
-    int options = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_HUGE;
-    const char* encoding = nullptr;
-    if (source == XmlSource::Memory) {
-        options |= XML_PARSE_IGNORE_ENC;
-        if (mayPassForAnotherEncoding(xml)) encoding = "UTF-8";
-    }
-    xmlCtxtReadMemory(context.get(), xml.data(), static_cast<int>(xml.size()), nullptr, encoding,
-                      options);
-    const bool wellFormed = context->wellFormed != 0 && reader.fault.empty();
-    // What strange texts leave in the context's dictionary would be held against later ones.
-    constexpr std::size_t dictionaryBound = std::size_t{4} * 1024;
-    if (!wellFormed || xmlDictGetUsage(context->dict) > dictionaryBound) context.reset();
-    return wellFormed;
+    reader.error = xml.empty() ? "it is empty" : encodingFault(xml, source);
+    if (!reader.error.empty()) return false;
+    Parser& parser = keptParser();
+    prepare(parser, reader, encodingOf(xml, source));
+    const bool wellFormed = XML_Parse(parser.get(), xml.data(), static_cast<int>(xml.size()),
+                                      XML_TRUE) == XML_STATUS_OK;
+    const bool noMemory = XML_GetErrorCode(parser.get()) == XML_ERROR_NO_MEMORY;
+    if (!wellFormed) reader.error = errorOf(parser.get());
+    // What a large text took, or a strange one, is not kept.
+    constexpr std::size_t keptSize = std::size_t{1} << 20;
+    if (!wellFormed || xml.size() > keptSize) parser.reset();
+    if (reader.raised) std::rethrow_exception(reader.raised);
+    if (parserMemory().isExceeded)
+        reader.fault = "it has too many different names";
+    else if (noMemory)
+        throw std::bad_alloc();
+    return wellFormed && reader.fault.empty();
 }
 
 }  // namespace
@@ -391,9 +428,7 @@ RecordText readRecord(std::string_view xml, XmlSource source) {
     RecordReader reader(true);
     if (parse(xml, source, reader)) return std::move(reader.record);
     if (!reader.fault.empty()) throw Error(errc::BadRecord, reader.fault);
-    throw Error(errc::BadRecord,
-                "it is not well-formed XML (" +
-                    (reader.error.empty() ? std::string("it is empty") : reader.error) + ")");
+    throw Error(errc::BadRecord, "it is not well-formed XML (" + reader.error + ")");
 }
 
 bool isWellFormed(std::string_view xml) {

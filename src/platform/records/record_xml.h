@@ -21,19 +21,23 @@ struct RecordText {
 
 /// How text is to be read.
 enum class XmlSource {
-    File,   ///< in the encoding of its byte order mark, else in the one that it declares, or UTF-8
-    Memory  ///< UTF-8, whatever it declares
+    /// In the encoding of its byte order mark, else in the one that it declares, or UTF-8. Read are
+    /// UTF-8, UTF-16, US-ASCII, and those of the families ISO-8859 and windows-125x.
+    File,
+    /// UTF-8, whatever it declares.
+    Memory
 };
 
 /// Reads a record. Raises `Error` (errc::BadRecord) with the cause, when the text is not
-/// well-formed, goes beyond the bounds of `isWellFormed`, has a document type declaration, or is no
-/// record. Attributes and elements that this version does not know are read over.
+/// well-formed in the sense of `isWellFormed`, is in an encoding that is not read, or is no record.
+/// Attributes and elements that this version does not know are read over.
 RecordText readRecord(std::string_view xml, XmlSource source);
 
-/// Whether text is well-formed XML within these bounds: it has no more than kMaxItemSize bytes, its
-/// elements are nested no more than 256 deep, with no more than 256 namespaces in force, and their
-/// names and those of their attributes take no more than some 16 KiB, each counted once. No entity
-/// is expanded and nothing is fetched.
+/// Whether text is well-formed XML with namespaces, without a document type declaration, and within
+/// these bounds: it has no more than kMaxItemSize bytes, its elements are nested no more than 256
+/// deep, with no more than 256 namespaces in force, and they and their attributes have no more than
+/// some ten thousand different names. No entity is expanded and nothing is fetched. Any text is
+/// read or refused in a time in proportion to its size.
 bool isWellFormed(std::string_view xml);
 
 /// Writes a record. Any text can be read back: `_xHHHH_` stands for a character that XML has no
