@@ -410,7 +410,9 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
     const bool wellFormed = XML_Parse(parser.get(), xml.data(), static_cast<int>(xml.size()),
                                       XML_TRUE) == XML_STATUS_OK;
     const bool noMemory = XML_GetErrorCode(parser.get()) == XML_ERROR_NO_MEMORY;
-    if (!wellFormed) reader.error = errorOf(parser.get());
+    // The parser counts the lines when it is asked.
+    if (!wellFormed && reader.fault.empty() && !parserMemory().isExceeded)
+        reader.error = errorOf(parser.get());
     // What a large text took, or a strange one, is not kept.
     constexpr std::size_t keptSize = std::size_t{1} << 20;
     if (!wellFormed || xml.size() > keptSize) parser.reset();

@@ -1,5 +1,7 @@
 // The encodings of stored texts. A file is read as it declares and a document as UTF-8, whatever
 // was read before; a walk over the sessions keeps what a file in another encoding says.
+#include <iconv.h>
+
 #include <optional>
 
 #include "dialogs/session/frmMORAMConfig.h"
@@ -9,6 +11,8 @@
 
 namespace wynconfig {
 namespace {
+
+using namespace std::string_literals;
 
 enum class From { File, Document };
 
@@ -126,6 +130,121 @@ TEST_F(Encodings, ThatFailWriteNothingToTheErrorStream) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_NE(error.description().find("line 1: not well-formed (invalid token)"),
               std::string::npos);
+}
+
+/// Turns bytes into UTF-8 by the system's own tables; nothing where they stand for nothing.
+std::optional<std::string> bySystem(const std::string& encoding, std::string bytes) {
+    const iconv_t converter = iconv_open("UTF-8", encoding.c_str());
+    EXPECT_NE(converter, reinterpret_cast<iconv_t>(-1)) << encoding;  // NOLINT(*-no-int-to-ptr)
+    std::string text(16, ' ');
+    char* in = bytes.data();
+    char* out = text.data();
+    std::size_t inLeft = bytes.size();
+    std::size_t outLeft = text.size();
+    const bool fails =
+        iconv(converter, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1) ||
+        iconv(converter, nullptr, nullptr, &out, &outLeft) == static_cast<std::size_t>(-1);
+    iconv_close(converter);
+    if (fails) return {};
+    return text.substr(0, text.size() - outLeft);
+}
+
+/// The families of encodings that are read.
+std::vector<std::string> families() {
+    std::vector<std::string> all;
+    for (int part = 1; part <= 16; ++part)
+        if (part != 12) all.push_back("ISO-8859-" + std::to_string(part));
+    for (int page = 1250; page <= 1258; ++page) all.push_back("windows-" + std::to_string(page));
+    return all;
+}
+
+/// What comes of a file: its name, or nothing where it is no record.
+std::optional<std::string> nameIn(const std::string& xml) {
+    const ItemPath file{"/store/", "ANY.vla"};
+    fileSystem().save(file, xml);
+    Dataset record;
+    try {
+        record.Load(file);
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), errc::BadRecord);
+        return {};
+    }
+    return record.Name();
+}
+
+TEST_F(Encodings, OfOneByteReadAsTheSystemReadsThem) {
+    for (const std::string& encoding : families()) {
+        for (int byte = 0x80; byte <= 0xFF; ++byte) {
+            const std::string bytes(1, static_cast<char>(byte));
+            EXPECT_EQ(nameIn(declared(encoding) + named(bytes)), bySystem(encoding, bytes))
+                << encoding << " " << byte;
+        }
+    }
+}
+
+TEST_F(Encodings, AreNamedInAnyCase) {
+    for (const std::string encoding : {"Iso-8859-15", "iso-8859-15", "ISO-8859-15"})
+        EXPECT_EQ(nameIn(declared(encoding) + named("\xA4")), "€") << encoding;
+    for (const std::string encoding : {"Windows-1252", "windows-1252", "WINDOWS-1252"})
+        EXPECT_EQ(nameIn(declared(encoding) + named("\x80")), "€") << encoding;
+    for (const std::string encoding : {"utf-8", "Us-Ascii"})
+        EXPECT_EQ(nameIn(declared(encoding) + named("N")), "N") << encoding;
+}
+
+TEST_F(Encodings, ThatAreNotReadAreRefusedByTheirNames) {
+    for (const std::string encoding :
+         {"UTF-7", "UTF-32", "UCS-4", "ASCII", "latin1", "ISO-8859-12", "ISO-8859-17", "ISO-8859-",
+          "windows-1249", "windows-1259", "windows-125", "cp1252", "KOI8-R", "Shift_JIS", "EUC-JP",
+          "GB18030", "Big5", "IBM850"}) {
+        const ItemPath file{"/store/", "ANY.vla"};
+        memory->save(file, declared(encoding) + named("N"));
+        EXPECT_EQ(raisedBy([&] { Dataset().Load(file); }).description(),
+                  "The file /store/ANY.vla holds no record: it declares the encoding " + encoding +
+                      ", which is not read.");
+    }
+}
+
+TEST_F(Encodings, WithLongNamesAreNotShownInFull) {
+    const ItemPath file{"/store/", "ANY.vla"};
+    memory->save(file, declared(std::string(100'000, 'x')) + named("N"));
+    EXPECT_EQ(raisedBy([&] { Dataset().Load(file); }).description(),
+              "The file /store/ANY.vla holds no record: it declares the encoding " +
+                  std::string(40, 'x') + "..., which is not read.");
+}
+
+TEST_F(Encodings, OfSevenBitsHoldNoOtherBytes) {
+    EXPECT_EQ(nameIn(declared("US-ASCII") + named("N")), "N");
+    EXPECT_EQ(nameIn(declared("US-ASCII") + named("\xC3\xA4")), std::nullopt);
+}
+
+TEST_F(Encodings, InUtf16NeedTheMarkOrTheDeclaration) {
+    for (const bool bigEndian : {false, true}) {
+        const auto withoutMark = [&](const std::string& xml) {
+            return utf16(xml, bigEndian).substr(2);
+        };
+        EXPECT_EQ(nameIn(withoutMark(declared("UTF-16") + named("N"))), "N");
+        EXPECT_EQ(nameIn(withoutMark(named("N"))), std::nullopt);
+    }
+    EXPECT_EQ(nameIn(declared("UTF-16") + named("N")), std::nullopt);
+}
+
+TEST_F(Encodings, InUtf16HaveWholeCharacters) {
+    const std::string high = "\x3D\xD8";
+    const std::string low = "\x00\xDE"s;
+    for (const bool bigEndian : {false, true}) {
+        const auto with = [&](std::string name) {
+            for (std::size_t i = 0; bigEndian && i < name.size(); i += 2)
+                std::swap(name[i], name[i + 1]);
+            const std::string xml = utf16(named("#"), bigEndian);
+            const std::string mark = bigEndian ? "\0#"s : "#\0"s;
+            const std::size_t at = xml.find(mark);
+            return nameIn(std::string(xml).replace(at, 2, name));
+        };
+        EXPECT_EQ(with(high + low), "😀");
+        for (const std::string& half : {high, low, low + high, high + high + low, high + low + low})
+            EXPECT_EQ(with(half), std::nullopt);
+    }
+    EXPECT_EQ(nameIn(utf16(named("N"), false) + high), std::nullopt);
 }
 
 /// Sessions of a store in an encoding of its own, in front of a person and in a walk.
