@@ -2,9 +2,11 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QStandardPaths>
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <optional>
+#include <stdexcept>
 #include <utility>
 
 #include "installed_view.h"
@@ -43,6 +45,19 @@ struct Arguments {
     fs::path pictures;                                   ///< empty: no pictures
 };
 
+/// Reads the command line. What the parser quotes of one that it can't read may hold a password.
+void process(QCommandLineParser& parser, const QApplication& application) {
+    const QStringList given = QApplication::arguments();
+    const bool isSecret = std::any_of(given.begin() + 1, given.end(), [](const QString& each) {
+        return wynconfig::DatabaseAddress::mayHoldPassword(each.toStdString());
+    });
+    if (isSecret && !parser.parse(given))
+        throw std::runtime_error(
+            "The command line can't be read. It is not quoted, since it may hold a password; "
+            "--help tells the options.");
+    parser.process(application);
+}
+
 Arguments readArguments(const QApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("A sample parts catalogue."));
@@ -56,7 +71,8 @@ Arguments readArguments(const QApplication& application) {
         {"dark", "Light text on dark ground."},
         {"database",
          "Database that workstations share, such as postgresql://user@host:port/name, or the "
-         "path of an SQLite file; catalogue.sqlite in the store when none is given.",
+         "path of an SQLite file; catalogue.sqlite in the store when none is given. The password "
+         "stands in PGPASSWORD or ~/.pgpass, never here.",
          "address"},
         {"tour",
          "Has a played user walk through the dialogs, puts pictures and the store into "
@@ -64,14 +80,15 @@ Arguments readArguments(const QApplication& application) {
          "folder"},
         {"pictures", "Puts pictures of the main dialogs into this folder.", "folder"},
     });
-    parser.process(application);
+    process(parser, application);
     Arguments arguments;
     arguments.store = absolutePath(parser.value("store"));
     arguments.resources = parser.value("resources").toStdString();
     arguments.language = parser.value("language").toStdString();
     arguments.dark = parser.isSet("dark");
     if (parser.isSet("database")) {
-        auto address = wynconfig::DatabaseAddress::parse(parser.value("database").toStdString());
+        auto address =
+            wynconfig::DatabaseAddress::parseCommandLine(parser.value("database").toStdString());
         if (address.kind == wynconfig::DatabaseAddress::Kind::Sqlite)
             address.name = absolutePath(QString::fromStdString(address.name)).string();
         arguments.database = std::move(address);

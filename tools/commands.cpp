@@ -1,6 +1,12 @@
 // The one table of commands.
 #include "commands.h"
 
+#include <algorithm>
+
+#ifdef WITH_DATABASE
+#include "wynconfig/database.h"
+#endif
+
 namespace tool {
 
 const std::vector<Command>& commands() {
@@ -23,6 +29,17 @@ const std::vector<Command>& commands() {
 #endif
     };
     return all;
+}
+
+bool mayHoldPassword([[maybe_unused]] const std::vector<std::string>& arguments) {
+#ifdef WITH_DATABASE
+    // The other commands take no address, but items such as session:DESK, which look like one.
+    return std::find(arguments.begin(), arguments.end(), "sql") != arguments.end() &&
+           std::any_of(arguments.begin(), arguments.end(),
+                       wynconfig::DatabaseAddress::mayHoldPassword);
+#else
+    return false;
+#endif
 }
 
 }  // namespace tool

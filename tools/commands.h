@@ -1,6 +1,7 @@
 // The commands of the program by their groups; each group has a file of its own.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "command.h"
@@ -9,6 +10,10 @@ namespace tool {
 
 /// The table of all commands, in the order of --help.
 const std::vector<Command>& commands();
+
+/// Whether a command line may hold the password of a database, so that nothing of it is to be
+/// shown.
+bool mayHoldPassword(const std::vector<std::string>& arguments);
 
 // looking.cpp: what is in a store.
 Run declareList(CLI::App& app);

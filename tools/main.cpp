@@ -16,6 +16,9 @@ namespace {
 constexpr const char* kFooter =
     "Exit code: 0 clean, 1 there are findings, 2 a command line that makes no sense, 3 failed.\n"
     "`wynconfig COMMAND --help` tells what a command takes; the manual is wynconfig(1).";
+constexpr const char* kUnquoted =
+    "The command line makes no sense. It is not quoted, since it may hold a password; "
+    "`wynconfig sql --help` tells what it takes.";
 constexpr const char* kCommandFooter = "`wynconfig --help` tells the options of all commands.";
 
 /// Runs what the command line asks for. A command line that can't be parsed has said nothing yet
@@ -44,7 +47,9 @@ int run(int argc, char** argv, bool wantsJson) {
     } catch (const CLI::Success& asked) {  // --help and --version
         return app.exit(asked);
     } catch (const CLI::ParseError& error) {
-        printError(wantsJson, "usage", 0, error.what());
+        // The parser quotes what it did not expect.
+        printError(wantsJson, "usage", 0,
+                   mayHoldPassword({argv + 1, argv + argc}) ? kUnquoted : error.what());
         return kUsage;
     }
     here.showsProgress = here.showsProgress || Progress::hasTerminal();

@@ -98,7 +98,7 @@ int pull(const Workplace& here, SessionDatabase& database, Manner manner) {
 int run(const Workplace& here, bool pushes, const std::string& address, const std::string& who,
         Manner manner) {
     try {
-        SessionDatabase database(wynconfig::DatabaseAddress::parse(address), who);
+        SessionDatabase database(wynconfig::DatabaseAddress::parseCommandLine(address), who);
         return pushes ? push(here, database, manner) : pull(here, database, manner);
     } catch (const wynconfig::DatabaseError& error) {
         throw wynconfig::Error(wynconfig::errc::FileAccess, error.what());
@@ -117,7 +117,9 @@ Run declareSql(CLI::App& app) {
         ->type_name("push|pull")
         ->check(CLI::IsMember({"push", "pull"}))
         ->required();
-    app.add_option("ADDRESS", *address, "postgresql://user@host:port/name, or a file of SQLite")
+    app.add_option("ADDRESS", *address,
+                   "postgresql://user@host:port/name without its password, which PGPASSWORD or "
+                   "~/.pgpass has; or a file of SQLite")
         ->required();
     app.add_option("--as", *who, "Who changes things there; without it the user")
         ->type_name("NAME");

@@ -81,11 +81,19 @@ bool holdsAny(const std::string& text, const char* characters) {
     return text.find_first_of(characters) != std::string::npos;
 }
 
+/// Whether something stands between the marks of an address that would be taken for a part of the
+/// user's name, and may be the mark in front of a password.
+bool hasStrayMark(const std::string& text) {
+    static const QRegularExpression stray(QStringLiteral("://[^:@/?#]*[\\s;,|][^@/?#]*@"));
+    return stray.match(QString::fromStdString(text)).hasMatch();
+}
+
 DatabaseAddress serverAddress(const std::string& text) {
     const QUrl url(QString::fromStdString(text));
     if (!url.isValid() || text.find("://") == std::string::npos)
         refuse("its host or port is none, or its parts are not set apart");
     if (url.hasFragment()) refuse("it holds a #");
+    if (hasStrayMark(text)) refuse("the user's name holds a blank, or a ; , or |");
     DatabaseAddress address;
     address.kind = DatabaseAddress::Kind::PostgreSql;
     address.name = url.path(QUrl::FullyDecoded).mid(1).toStdString();
@@ -105,7 +113,7 @@ DatabaseAddress serverAddress(const std::string& text) {
 /// Whether a text may be that of a server, written wrongly, and so hold a password.
 bool mayBeServer(const std::string& path) {
     static const QRegularExpression marks(
-        QStringLiteral("://|:.*@|^[^/.].*@|(password|passwd|pwd)\\s*[=:]"),
+        QStringLiteral("://|:.*@|^[^/.].*@|^[^/.:]{2,}:|^\\s*postgres|(pass\\w*|pwd)\\s*[=:]"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     return marks.match(QString::fromStdString(path)).hasMatch();
 }
@@ -126,6 +134,21 @@ DatabaseAddress DatabaseAddress::parse(const std::string& text) {
     if (path.empty()) refuse("it is empty");
     if (mayBeServer(path)) refuse("it is no path, or one that looks like the address of a server");
     return file(path);
+}
+
+DatabaseAddress DatabaseAddress::parseCommandLine(const std::string& text) {
+    DatabaseAddress address = parse(text);
+    const bool keyHasPassword = address.options.find("sslpassword=") != std::string::npos;
+    if (address.password.empty() && !keyHasPassword) return address;
+    throw DatabaseError(
+        "A password must not stand on the command line, where every user of this machine can see "
+        "it. Leave it out of the database address, and put it into the variable PGPASSWORD, or as "
+        "a line HOST:PORT:NAME:USER:PASSWORD into the file ~/.pgpass, or one that PGPASSFILE "
+        "names, which nobody but you may read.");
+}
+
+bool DatabaseAddress::mayHoldPassword(const std::string& text) {
+    return mayBeServer(text);
 }
 
 std::string DatabaseAddress::text() const {
