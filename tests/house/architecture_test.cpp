@@ -155,6 +155,7 @@ const std::map<std::string, std::string> kHomes{
     {"observer.h", "platform/forms"},
     {"qt_view.h", "views/qt"},
     {"resource_manager.h", "platform/text"},
+    {"save_file.h", "platform/files"},
     {"scripted_view.h", "views/scripted"},
     {"store.h", "store"},
     {"type_ahead.h", "platform/forms"},

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/text/text.h"
+#include "wynconfig/save_file.h"
 
 namespace wynconfig {
 
@@ -151,6 +152,12 @@ void FileSystem::save(const ItemPath& path, std::string_view content) {
     const bool current = hasCurrentIndex(place->folder);
     replaceFile(target, content);
     if (current) updateIndex(place->folder, name, true);
+}
+
+void FileSystem::saveExactly(const std::string& path, std::string_view content) {
+    if (path.empty() || path.back() == '/' || holdsNul(path))
+        throw refusal("file", path, "written", "its name is not allowed");
+    replaceFile(path, content);
 }
 
 void FileSystem::remove(const ItemPath& path) {
@@ -388,6 +395,10 @@ FileSystem& fileSystem() {
 
 void setFileSystem(FileSystem* replacement) {
     replacementDisk = replacement;
+}
+
+void saveFile(const std::string& path, std::string_view content) {
+    fileSystem().saveExactly(path, content);
 }
 
 }  // namespace wynconfig

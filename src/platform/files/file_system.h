@@ -71,6 +71,11 @@ class FileSystem {
     /// a `SaveBatch` is open the new content waits for its commit.
     void save(const ItemPath& path, std::string_view content);
 
+    /// Writes a whole file at exactly this path of the system, crash-safe as `save`, but of any
+    /// size and at once, also while a `SaveBatch` is open. For files outside the store. Raises
+    /// errc::FileAccess.
+    void saveExactly(const std::string& path, std::string_view content);
+
     /// Deletes a file, and takes back what an open batch was to save there. Raises
     /// errc::FileNotFound or errc::FileAccess.
     void remove(const ItemPath& path);

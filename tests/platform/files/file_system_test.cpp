@@ -327,6 +327,32 @@ TEST_P(AnyFileSystem, looksForExactPathsLetterByLetter) {
     }
 }
 
+TEST_P(AnyFileSystem, savesAtExactPathsLetterByLetter) {
+    files->save(at("Mine.txt"), "old");
+    files->saveExactly(root + "MINE.txt", "other");
+    EXPECT_EQ(stranger->names(root), (Names{"MINE.txt", "Mine.txt"}));
+    files->saveExactly(root + "Mine.txt", "new");
+    EXPECT_EQ(stranger->readExactly(root + "Mine.txt"), "new");
+    EXPECT_EQ(stranger->readExactly(root + "MINE.txt"), "other");
+    EXPECT_EQ(files->read(at("mINE.txt")), "other");
+    files->makeFolder(root + "Bin");
+    for (const std::string& path : {root, root + "Bin", root + "Bin/", root + "NONE/a.txt", ""s,
+                                    root + "a.txt\0"s, root + "BIN/a.txt"}) {
+        const Error error = raisedBy([&] { files->saveExactly(path, "x"); });
+        EXPECT_EQ(error.number(), errc::FileAccess) << path;
+        EXPECT_TRUE(holds(error.description(), "can't be written")) << error.description();
+    }
+    EXPECT_EQ(stranger->names(root), (Names{"Bin", "MINE.txt", "Mine.txt"}));
+}
+
+TEST_P(AnyFileSystem, savesAtExactPathsAtOnceAndOfAnySize) {
+    const SaveBatch batch{*files};
+    files->saveExactly(root + "small.txt", "new");
+    EXPECT_EQ(stranger->readExactly(root + "small.txt"), "new");
+    files->saveExactly(root + "large.txt", std::string(kMaxItemSize + 1, 'x'));
+    EXPECT_EQ(stranger->names(root), (Names{"large.txt", "small.txt"}));
+}
+
 TEST_P(AnyFileSystem, takesAnEmptyFolderForTheWorkingFolder) {
     const fs::path before = fs::current_path();
     fs::current_path(folder.path());

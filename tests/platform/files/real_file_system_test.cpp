@@ -135,6 +135,18 @@ TEST_F(Disk, savesInTheOrderThatSurvivesACrash) {
     EXPECT_EQ(saveCalls.log, (Names{"sync file", "rename", "sync folder"}));
 }
 
+TEST_F(Disk, savesAtExactPathsAsSafely) {
+    put("other", "x");
+    fs::create_symlink("other", root + "link");
+    files->saveExactly(root + "link", "new");
+    EXPECT_EQ(saveCalls.log, (Names{"sync file", "rename", "sync folder"}));
+    EXPECT_TRUE(fs::is_symlink(root + "link"));
+    EXPECT_EQ(contentOf("other"), "new");
+    ASSERT_EQ(mkfifo((root + "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(raisedBy([&] { files->saveExactly(root + "pipe", "x"); }).number(), errc::FileAccess);
+    EXPECT_EQ(names(), (std::set<std::string>{"link", "other", "pipe"}));
+}
+
 TEST_F(Disk, leavesForeignTemporariesAlone) {
     FolderWatch watch{root};
     files->save(at("A.vla"), "x");
