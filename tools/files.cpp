@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "wynconfig/error.h"
+#include "wynconfig/save_file.h"
 
 namespace tool {
 
@@ -21,9 +22,9 @@ using wynconfig::Error;
                 "The file " + path + " can't be " + verb + ": " + cause + ".");
 }
 
-void writeInPlace(const fs::path& target, const std::string& path, const std::string& content) {
+void writeInPlace(const std::string& path, const std::string& content) {
     errno = 0;
-    std::ofstream file(target, std::ios::binary | std::ios::trunc);
+    std::ofstream file(path, std::ios::binary);
     file << content;
     file.close();
     if (!file) refuse(path, "written", std::strerror(errno));
@@ -44,18 +45,8 @@ void writeFile(const std::string& path, const std::string& content) {
     const fs::file_status status = fs::status(path, error);
     // A pipe or a device takes what comes, and must not be replaced by a file.
     if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status))
-        return writeInPlace(path, path, content);
-    const fs::path target = fs::weakly_canonical(path, error);
-    fs::path temporary = target;
-    temporary += ".part";
-    try {
-        writeInPlace(temporary, path, content);
-        fs::rename(temporary, target, error);
-        if (error) refuse(path, "written", error.message());
-    } catch (const Error&) {
-        fs::remove(temporary, error);
-        throw;
-    }
+        return writeInPlace(path, content);
+    wynconfig::saveFile(path, content);
 }
 
 }  // namespace tool

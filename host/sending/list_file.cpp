@@ -1,10 +1,13 @@
-// Appending to a file and replacing it.
+// Appending to a file and replacing it, both by a whole new one.
 #include "sending/list_file.h"
 
 #include <cerrno>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <system_error>
+
+#include "wynconfig/save_file.h"
 
 namespace host {
 
@@ -16,48 +19,29 @@ namespace {
     throw std::runtime_error("The file " + path.string() + " can't be written: " + why + ".");
 }
 
-/// Writes and closes a file. A failure leaves it unfinished.
-/// @param shown  the name under which a failure is told
-void writeBytes(const fs::path& path, std::ios::openmode mode, std::string_view bytes,
-                const fs::path& shown) {
-    errno = 0;
-    std::ofstream stream(path, mode | std::ios::binary);
-    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    stream.close();
-    if (stream) return;
-    fail(shown, errno ? std::generic_category().message(errno) : "an unknown failure");
-}
-
-void append(const fs::path& path, std::string_view bytes) {
-    std::error_code ignored;
-    const bool wasThere = fs::exists(path, ignored);
-    const std::uintmax_t size = wasThere ? fs::file_size(path) : 0;
-    try {
-        writeBytes(path, std::ios::app, bytes, path);
-    } catch (const std::runtime_error&) {
-        // Half a list behind an older one would look like a list.
-        if (wasThere) fs::resize_file(path, size, ignored);
-        throw;
-    }
-}
-
-void replace(const fs::path& path, std::string_view bytes) {
+/// Where the list goes. Whoever puts a link there means the file behind it, be it yet to be made.
+fs::path behindLinks(const fs::path& path) {
+    constexpr int kMostLinks = 40;
+    fs::path place = path;
     std::error_code failure;
-    // A link stays a link: what it leads to is replaced.
-    const fs::path target = fs::exists(path) ? fs::canonical(path) : path;
-    fs::path fresh = target;
-    fresh += ".new";
-    try {
-        writeBytes(fresh, std::ios::trunc, bytes, path);
-        if (fs::exists(target)) fs::permissions(fresh, fs::status(target).permissions());
-        fs::rename(fresh, target);
-    } catch (const fs::filesystem_error& error) {
-        fs::remove(fresh, failure);
-        fail(path, error.code().message());
-    } catch (const std::runtime_error&) {
-        if (fs::is_regular_file(fresh, failure)) fs::remove(fresh, failure);
-        throw;
+    for (int links = 0; fs::is_symlink(fs::symlink_status(place, failure)); ++links) {
+        if (links == kMostLinks) fail(path, "its link leads round in a circle");
+        const fs::path next = fs::read_symlink(place, failure);
+        if (failure) fail(path, failure.message());
+        place = place.parent_path() / next;
     }
+    return place;
+}
+
+/// The content of a plain file.
+/// @param shown  the name under which a failure is told
+std::string contentOf(const fs::path& place, const fs::path& shown) {
+    errno = 0;
+    std::ifstream file(place, std::ios::binary);
+    std::string content{std::istreambuf_iterator<char>(file), {}};
+    if (file.bad() || !file.is_open())
+        fail(shown, errno ? std::generic_category().message(errno) : "what it holds can't be read");
+    return content;
 }
 
 }  // namespace
@@ -69,14 +53,20 @@ fs::path listFilePath(const std::string& folder, const std::string& name) {
 }
 
 void writeListFile(const ListFile& file, std::string_view bytes) {
+    const fs::path place = behindLinks(file.path);
     std::error_code failure;
-    if (!fs::is_directory(file.path.parent_path(), failure))
-        fail(file.path, "its folder is not there");
-    if (fs::is_directory(file.path, failure)) fail(file.path, "it is a folder");
-    if (file.append)
-        append(file.path, bytes);
-    else
-        replace(file.path, bytes);
+    if (!fs::is_directory(place.parent_path(), failure)) fail(file.path, "its folder is not there");
+    const fs::file_type kind = fs::status(place, failure).type();
+    if (kind == fs::file_type::none) fail(file.path, failure.message());
+    if (kind == fs::file_type::directory) fail(file.path, "it is a folder");
+    const bool isThere = kind != fs::file_type::not_found;
+    // Opening a pipe, a device or a socket would wait for another program, or do who knows what.
+    if (isThere && kind != fs::file_type::regular)
+        fail(file.path, "it is no plain file, but a pipe, a device or a socket");
+    std::string content;
+    if (file.append && isThere) content = contentOf(place, file.path);
+    content += bytes;
+    wynconfig::saveFile(place.string(), content);
 }
 
 }  // namespace host

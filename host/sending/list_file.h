@@ -17,9 +17,11 @@ struct ListFile {
 /// file name, such as one with a separator.
 std::filesystem::path listFilePath(const std::string& folder, const std::string& name);
 
-/// Writes the bytes as they are. A file that is replaced is at all times wholly the old or wholly
-/// the new one: the new one is written beside it, as `<name>.new`, and then takes its place.
-/// Raises `std::runtime_error` with a sentence for the user; what stood there stays then.
+/// Writes the bytes as they are. Whatever happens meanwhile, the file is wholly the old or wholly
+/// the new one, also when the list is appended: the whole file is then written anew. A link is
+/// followed, also one to a file that is yet to be made; what is no plain file is not opened. Of two
+/// programs that append at the same moment, one may lose its list. Raises `std::runtime_error` with
+/// a sentence for the user; what stood there stays then.
 void writeListFile(const ListFile& file, std::string_view bytes);
 
 }  // namespace host

@@ -3,7 +3,6 @@
 
 #include <QString>
 #include <QSysInfo>
-#include <fstream>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -11,6 +10,7 @@
 #include "installed_view.h"
 #include "sample/store_snapshot.h"
 #include "window/language.h"
+#include "wynconfig/save_file.h"
 
 namespace host {
 
@@ -81,9 +81,7 @@ std::string Workplace::sessionList() const {
 }
 
 void Workplace::keepSessionList(const std::string& list) const {
-    std::ofstream file(m_store.sessionList(), std::ios::binary);
-    if (!(file << list).flush())
-        throw std::runtime_error(m_store.sessionList().string() + " can't be written");
+    wynconfig::saveFile(m_store.sessionList().string(), list);
 }
 
 void Workplace::setLanguage(const std::string& language) {

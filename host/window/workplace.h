@@ -38,7 +38,7 @@ class Workplace {
 
     /// The session list of this workplace; all sessions of the store until one is kept.
     std::string sessionList() const;
-    /// Raises `std::runtime_error` when the list can't be written.
+    /// Raises `wynconfig::Error` when the list can't be written; the former one then stands.
     void keepSessionList(const std::string& list) const;
 
     const std::string& resources() const { return m_resources; }

@@ -88,6 +88,16 @@ class Exporting(ExchangeTestCase):
         with open(self.file, encoding="utf-8") as file:
             self.assertEqual(file.read(), "old")
 
+    def test_leaves_the_files_beside_it_alone(self):
+        for end in (".part", ".new", "~"):
+            with open(self.file + end, "w", encoding="utf-8") as file:
+                file.write("the user's own")
+        self.export("DESK")
+        self.assertEqual(self.exported()["sessions"][0]["name"], "DESK")
+        for end in (".part", ".new", "~"):
+            with open(self.file + end, encoding="utf-8") as file:
+                self.assertEqual(file.read(), "the user's own")
+
     def test_refuses_a_file_that_cant_be_written(self):
         for path in [self.folder, os.path.join(self.folder, "none", "x"), "/dev/full"]:
             self.assertIn("can't be written",

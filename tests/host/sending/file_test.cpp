@@ -1,5 +1,6 @@
 // How the sample host writes the file of a session.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
@@ -101,23 +102,79 @@ TEST_F(ListFileTest, TellsThatAFolderStandsInItsPlace) {
     }
 }
 
-TEST_F(ListFileTest, StaysAsItWasWhenTheNewOneCantBeWritten) {
+TEST_F(ListFileTest, BehindALinkIsMadeWhereTheLinkLeads) {
+    fs::create_directories(at("there/far"));
+    fs::create_symlink("there/link.txt", at("link.txt"));
+    fs::create_symlink("far/list.txt", at("there/link.txt"));
+    for (const bool append : {false, true}) {
+        writeListFile({at("link.txt"), append}, "new");
+        EXPECT_TRUE(fs::is_symlink(at("link.txt")));
+        EXPECT_TRUE(fs::is_symlink(at("there/link.txt")));
+    }
+    EXPECT_EQ(content(at("there/far/list.txt")), "newnew");
+}
+
+TEST_F(ListFileTest, TellsThatALinkLeadsRoundInACircle) {
+    fs::create_symlink("b.txt", at("a.txt"));
+    fs::create_symlink("a.txt", at("b.txt"));
+    for (const bool append : {false, true}) {
+        EXPECT_EQ(raisedBy({at("a.txt"), append}),
+                  "The file " + at("a.txt").string() +
+                      " can't be written: its link leads round in a circle.");
+    }
+    EXPECT_TRUE(fs::is_symlink(at("a.txt")));
+}
+
+TEST_F(ListFileTest, IsNoPipeAndNoDeviceNorBehindALink) {
+    ASSERT_EQ(mkfifo(at("pipe").c_str(), 0600), 0);
+    fs::create_symlink("/dev/null", at("device"));
+    fs::create_symlink("pipe", at("link"));
+    for (const char* name : {"pipe", "device", "link"}) {
+        for (const bool append : {false, true}) {
+            EXPECT_EQ(raisedBy({at(name), append}),
+                      "The file " + at(name).string() +
+                          " can't be written: it is no plain file, but a pipe, a device or a "
+                          "socket.");
+        }
+    }
+    EXPECT_TRUE(fs::is_fifo(at("pipe")));
+    EXPECT_EQ(filesInFolder(), 3U);
+}
+
+TEST_F(ListFileTest, LeavesTheFilesBesideItAlone) {
+    for (const char* other : {"list.txt.new", "list.txt.part", "list.txt~"})
+        std::ofstream(at(other)) << "the user's own";
     writeListFile({at("list.txt")}, "old");
-    fs::create_directory(at("list.txt.new"));
-    const std::string failure = raisedBy({at("list.txt")});
-    EXPECT_NE(failure.find(at("list.txt").string() + " can't be written"), std::string::npos)
-        << failure;
-    EXPECT_EQ(content(at("list.txt")), "old");
-    EXPECT_TRUE(fs::is_directory(at("list.txt.new")));
+    writeListFile({at("list.txt"), true}, "new");
+    EXPECT_EQ(content(at("list.txt")), "oldnew");
+    for (const char* other : {"list.txt.new", "list.txt.part", "list.txt~"})
+        EXPECT_EQ(content(at(other)), "the user's own") << other;
+    EXPECT_EQ(filesInFolder(), 4U);
+}
+
+TEST_F(ListFileTest, IsWrittenAnewAsAWholeAlsoWhenItIsAppended) {
+    writeListFile({at("list.txt")}, "one");
+    fs::create_hard_link(at("list.txt"), at("as it was"));
+    writeListFile({at("list.txt"), true}, "two");
+    EXPECT_EQ(content(at("list.txt")), "onetwo");
+    EXPECT_EQ(content(at("as it was")), "one");
 }
 
 TEST_F(ListFileTest, StaysAsItWasWhenTheDiskIsFull) {
     writeListFile({at("list.txt")}, "old");
-    if (!fs::exists("/dev/full")) FAIL() << "this system has no /dev/full";
-    fs::create_symlink("/dev/full", at("list.txt.new"));
-    const std::string failure = raisedBy({at("list.txt")});
-    EXPECT_NE(failure.find("No space left"), std::string::npos) << failure;
-    EXPECT_EQ(content(at("list.txt")), "old");
+    const auto disk = wynconfig::makeRealFileSystem();
+    wynconfig::FaultyFileSystem full(*disk);
+    full.failOn(wynconfig::FaultyFileSystem::Operation::Save);
+    wynconfig::setFileSystem(&full);
+    for (const bool append : {false, true}) {
+        EXPECT_EQ(
+            raisedBy({at("list.txt"), append}),
+            "The file " + at("list.txt").string() + " can't be written: No space left on device.");
+        EXPECT_EQ(content(at("list.txt")), "old");
+    }
+    EXPECT_EQ(full.count(wynconfig::FaultyFileSystem::Operation::Save), 2U);
+    wynconfig::setFileSystem(nullptr);
+    EXPECT_EQ(filesInFolder(), 1U);
 }
 
 TEST(ListFilePath, IsTheNameInTheFolder) {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "installed_view.h"
+#include "platform/files/faulty_file_system.h"
 #include "support/host_window.h"
 #include "window/operations.h"
 #include "wynconfig/dataset.h"
@@ -73,6 +74,25 @@ TEST_F(HostWorkplace, SavesFilesAgainAfterTheInMemoryMode) {
     wynconfig::Dataset record;
     record.Load((store.sessions() / "WORKSHOP COUNTER.vla").string());
     EXPECT_EQ(record.GetRow("CommandLineArgs")[1], "--of the file");
+}
+
+TEST_F(HostWorkplace, KeepsTheSessionListAsAWholeNewFile) {
+    workplace.keepSessionList("DESK,LONGER");
+    std::filesystem::create_hard_link(store.sessionList(), store.root / "as it was");
+    workplace.keepSessionList("DESK");
+    EXPECT_EQ(workplace.sessionList(), "DESK");
+    EXPECT_EQ(readFile(store.root / "as it was"), "DESK,LONGER");
+}
+
+TEST_F(HostWorkplace, KeepsTheFormerSessionListWhenTheNewOneCantBeWritten) {
+    workplace.keepSessionList("DESK");
+    const auto disk = wynconfig::makeRealFileSystem();
+    wynconfig::FaultyFileSystem full(*disk);
+    full.failOn(wynconfig::FaultyFileSystem::Operation::Save);
+    wynconfig::setFileSystem(&full);
+    EXPECT_THROW(workplace.keepSessionList("OTHER"), wynconfig::Error);
+    wynconfig::setFileSystem(nullptr);
+    EXPECT_EQ(workplace.sessionList(), "DESK");
 }
 
 }  // namespace
