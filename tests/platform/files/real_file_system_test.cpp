@@ -23,6 +23,7 @@
 #include "platform/files/file_system.h"
 #include "platform/text/text.h"
 #include "support/file_system_kit.h"
+#include "support/ordinary_user.h"
 #include "support/save_calls.h"
 
 namespace wynconfig {
@@ -31,21 +32,6 @@ namespace {
 namespace fs = std::filesystem;
 
 class Disk : public OnTheDisk {};
-
-/// Runs a call with the rights of an ordinary user, who owns these paths.
-void asOrdinaryUser(const Names& owned, const std::function<void()>& call) {
-    constexpr uid_t Nobody = 65534;
-    const bool privileged = geteuid() == 0;
-    if (privileged) {
-        for (const std::string& path : owned)
-            ASSERT_EQ(chown(path.c_str(), Nobody, static_cast<gid_t>(-1)), 0);
-        ASSERT_EQ(seteuid(Nobody), 0);
-    }
-    call();
-    if (privileged) {
-        ASSERT_EQ(seteuid(0), 0);
-    }
-}
 
 /// Runs a call while this program can open no further file.
 void withoutFreeFileNumbers(const std::function<void()>& call) {

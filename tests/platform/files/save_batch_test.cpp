@@ -15,6 +15,7 @@
 #include "platform/files/faulty_file_system.h"
 #include "platform/files/file_system.h"
 #include "support/file_system_kit.h"
+#include "support/ordinary_user.h"
 #include "support/save_calls.h"
 
 namespace wynconfig {
@@ -487,23 +488,15 @@ TEST_F(DiskBatch, keepsModeBits) {
 }
 
 TEST_F(DiskBatch, leavesWriteProtectedFilesAlone) {
-    constexpr uid_t Nobody = 65534;
     for (const char* name : {"A.vla", "B.vla"}) put(name, "old");
     fs::permissions(root + "A.vla", fs::perms{0444});
-    const bool privileged = geteuid() == 0;
-    if (privileged) {
-        for (const std::string& path : {root, root + "A.vla", root + "B.vla"}) {
-            ASSERT_EQ(chown(path.c_str(), Nobody, static_cast<gid_t>(-1)), 0);
-        }
-        ASSERT_EQ(seteuid(Nobody), 0);
-    }
-    SaveBatch batch{*files};
-    const Error error = raisedBy([&] { files->save(at("A.vla"), "new"); });
-    files->save(at("B.vla"), "new");
-    batch.commit();
-    if (privileged) {
-        ASSERT_EQ(seteuid(0), 0);
-    }
+    Error error{0, ""};
+    asOrdinaryUser({root, root + "A.vla", root + "B.vla"}, [&] {
+        SaveBatch batch{*files};
+        error = raisedBy([&] { files->save(at("A.vla"), "new"); });
+        files->save(at("B.vla"), "new");
+        batch.commit();
+    });
     EXPECT_TRUE(holds(error.description(), "Permission denied")) << error.description();
     EXPECT_EQ(contentOf("A.vla"), "old");
     EXPECT_EQ(contentOf("B.vla"), "new");
