@@ -7,6 +7,7 @@
 #include <exception>
 #include <optional>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 #include "installed_view.h"
@@ -32,7 +33,11 @@ void provideScreen() {
 }
 
 fs::path absolutePath(const QString& text) {
-    return fs::weakly_canonical(fs::absolute(text.toStdString()));
+    const fs::path path = fs::absolute(text.toStdString());
+    std::error_code failure;
+    const fs::path whole = fs::weakly_canonical(path, failure);
+    // Of a link that leads round in a circle the window tells.
+    return failure ? path.lexically_normal() : whole;
 }
 
 struct Arguments {

@@ -5,10 +5,12 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "installed_view.h"
 #include "sample/sample_formats.h"
+#include "wynconfig/error.h"
 #include "wynconfig/scripted_view.h"
 
 namespace host {
@@ -195,7 +197,62 @@ void clearPlace(const StoreFolders& store) {
         throw std::runtime_error(store.root.string() + " is in the way: it holds no store");
 }
 
+/// Why a file or folder can't be read; empty when it can, or when nothing is there. Looks at what
+/// it is before opening it, since a pipe or a device would wait for another program.
+std::string faultOf(const fs::path& path, fs::file_type wanted) {
+    std::error_code failure;
+    if (fs::symlink_status(path, failure).type() == fs::file_type::not_found) return {};
+    const fs::file_type kind = fs::status(path, failure).type();
+    if (kind == fs::file_type::not_found) return "its link leads nowhere";
+    if (kind == fs::file_type::none) return failure.message();
+    if (kind != wanted)
+        return wanted == fs::file_type::directory ? "it is no folder" : "it is no plain file";
+    if (wanted == fs::file_type::directory) {
+        const fs::directory_iterator opened(path, failure);
+        return failure ? failure.message() : std::string();
+    }
+    return std::ifstream(path) ? "" : "it can't be opened";
+}
+
 }  // namespace
+
+bool StoreFolders::unfinished() const {
+    std::error_code failure;
+    return fs::exists(fs::status(unfinishedMark(), failure));
+}
+
+bool StoreFolders::exist() const {
+    std::error_code failure;
+    return fs::symlink_status(sessions(), failure).type() != fs::file_type::not_found &&
+           !unfinished();
+}
+
+std::vector<std::string> StoreFolders::faults() const {
+    std::vector<std::string> faults;
+    const auto look = [&](const char* what, const fs::path& path, fs::file_type wanted) {
+        const std::string why = faultOf(path, wanted);
+        if (!why.empty())
+            faults.push_back("The " + std::string(what) + " " + path.string() +
+                             " can't be read: " + why + ".");
+        return why.empty();
+    };
+    const auto folder = [&](const fs::path& path) {
+        return look("folder", path, fs::file_type::directory);
+    };
+    if (!folder(root)) return faults;
+    for (const fs::path& items : {sessions(), formats()})
+        if (folder(items)) folder(items / "deleted");
+    look("file", sessionList(), fs::file_type::regular);
+    return faults;
+}
+
+std::vector<std::string> StoreFolders::readableNames(wynconfig::ItemKind kind) const {
+    try {
+        return names(kind);
+    } catch (const wynconfig::Error&) {
+        return {};
+    }
+}
 
 std::vector<std::string> StoreFolders::names(wynconfig::ItemKind kind) const {
     std::vector<std::string> names = wynconfig::Store(rootText()).names(kind);

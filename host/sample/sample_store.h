@@ -30,16 +30,19 @@ struct StoreFolders {
     /// Stands here from the first to the last moment of making the sample store. (Its sessions name
     /// programs below the root, so it can't be made elsewhere and moved here.)
     std::filesystem::path unfinishedMark() const { return root / "unfinished-sample"; }
-    bool unfinished() const { return std::filesystem::exists(unfinishedMark()); }
-    /// Whether there is a store already, and a whole one.
-    bool exist() const {
-        return std::filesystem::exists(sessions() / "MORAM.vls") && !unfinished();
-    }
+    bool unfinished() const;
+    /// Whether there is a store already, and a whole one, readable or not: where nobody can tell,
+    /// no other one is to be made in its place.
+    bool exist() const;
+    /// What of the store is there and can't be read, a sentence for the user each.
+    std::vector<std::string> faults() const;
     /// The root as the component takes it, with its trailing separator.
     std::string rootText() const { return root.string() + "/"; }
     /// The names of its items in upper case, in ascending order; none where there is no store.
     /// Raises `wynconfig::Error` when its folder can't be read.
     std::vector<std::string> names(wynconfig::ItemKind kind) const;
+    /// The same, and none where the folder can't be read, which is one of the `faults`.
+    std::vector<std::string> readableNames(wynconfig::ItemKind kind) const;
 };
 
 /// Makes the sample store: a played user walks through the dialogs and enters part formats and

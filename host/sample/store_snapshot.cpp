@@ -4,12 +4,19 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <system_error>
+#include <utility>
 
 namespace host {
 
 namespace fs = std::filesystem;
 
 std::string readFile(const fs::path& path) {
+    // Opening a pipe or a device would wait for another program.
+    std::error_code failure;
+    if (!fs::is_regular_file(path, failure))
+        throw std::runtime_error(path.string() + " can't be read: " +
+                                 (failure ? failure.message() : "it is no plain file"));
     std::ifstream file(path, std::ios::binary);
     std::string content{std::istreambuf_iterator<char>(file), {}};
     if (!file) throw std::runtime_error(path.string() + " can't be read");
@@ -18,10 +25,16 @@ std::string readFile(const fs::path& path) {
 
 Snapshot takeSnapshot(const fs::path& folder) {
     Snapshot snapshot;
-    if (!fs::exists(folder)) return snapshot;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
-        if (!entry.is_regular_file()) continue;
-        snapshot[fs::relative(entry.path(), folder).generic_string()] = readFile(entry.path());
+    std::error_code failure;
+    fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied,
+                                           failure);
+    for (; !failure && entry != fs::recursive_directory_iterator(); entry.increment(failure)) {
+        std::error_code unknown;
+        if (!entry->is_regular_file(unknown)) continue;
+        std::ifstream file(entry->path(), std::ios::binary);
+        std::string content{std::istreambuf_iterator<char>(file), {}};
+        if (!file) continue;
+        snapshot[entry->path().lexically_relative(folder).generic_string()] = std::move(content);
     }
     return snapshot;
 }

@@ -11,8 +11,8 @@ namespace host {
 /// Content of each file below a folder, by its path from there (with `/`).
 using Snapshot = std::map<std::string, std::string>;
 
-/// Reads all plain files below a folder; a folder that is not there is empty.
-/// Raises `std::runtime_error` when a file can't be read.
+/// Reads all plain files below a folder, but for what can't be read; a folder that is not there is
+/// empty.
 Snapshot takeSnapshot(const std::filesystem::path& folder);
 
 /// A file that differs between two snapshots.
@@ -29,7 +29,8 @@ std::vector<FileChange> changesBetween(const Snapshot& before, const Snapshot& a
 /// The word for a kind of change, such as "changed".
 const char* wordFor(FileChange::Kind kind);
 
-/// The whole content of a file. Raises `std::runtime_error` when it can't be read.
+/// The whole content of a plain file. Raises `std::runtime_error` when it can't be read, or is
+/// something else.
 std::string readFile(const std::filesystem::path& path);
 
 }  // namespace host

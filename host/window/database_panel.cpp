@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <stdexcept>
 
 #include "window/action_buttons.h"
 
@@ -76,7 +77,7 @@ void DatabasePanel::refresh(const std::string& select) {
         list();
         m_place->setText(
             tr("Database: %1").arg(QString::fromStdString(m_workplace.databaseText())));
-    } catch (const wynconfig::DatabaseError& error) {
+    } catch (const std::runtime_error& error) {  // of the database, or of the store's folders
         m_list->clear();
         m_items.clear();
         m_place->setText(QString::fromUtf8(error.what()));

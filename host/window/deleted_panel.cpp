@@ -69,7 +69,12 @@ void DeletedPanel::showEvent(QShowEvent* event) {
 
 void DeletedPanel::readStore() {
     const int row = m_table->currentRow();
-    m_items = deletedItems(m_store);
+    m_items.clear();
+    try {
+        m_items = deletedItems(m_store);
+    } catch (const std::exception& failure) {
+        m_outcome->setText(QString::fromUtf8(failure.what()));
+    }
     m_table->setRowCount(static_cast<int>(m_items.size()));
     for (int at = 0; at < m_table->rowCount(); ++at) {
         const DeletedItem& item = m_items[static_cast<std::size_t>(at)];

@@ -1,13 +1,13 @@
 // The main window and its menus.
 #include "window/main_window.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QVBoxLayout>
 
 #include "window/catalogue.h"
 #include "window/deleted_panel.h"
@@ -23,7 +23,8 @@ MainWindow::MainWindow(Workplace& workplace)
       m_send(new SendPanel(workplace.store())),
       m_sessions(new SessionPanel(workplace)),
       m_deleted(new DeletedPanel(workplace.store())),
-      m_place(new QLabel) {
+      m_place(new QLabel),
+      m_faults(new QLabel) {
     setWindowTitle(tr("Parts Catalogue"));
     auto* splitter = new QSplitter;
     splitter->addWidget(m_catalogue);
@@ -33,13 +34,19 @@ MainWindow::MainWindow(Workplace& workplace)
     splitter->setChildrenCollapsible(false);
     splitter->setHandleWidth(12);
     auto* central = new QWidget;
-    auto* layout = new QHBoxLayout(central);
-    layout->addWidget(splitter);
+    auto* layout = new QVBoxLayout(central);
+    m_faults->setObjectName(QStringLiteral("faults"));
+    m_faults->setTextFormat(Qt::PlainText);
+    m_faults->setWordWrap(true);
+    m_faults->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    layout->addWidget(m_faults);
+    layout->addWidget(splitter, 1);
     setCentralWidget(central);
     makeMenus();
     m_place->setTextFormat(Qt::PlainText);
     statusBar()->addPermanentWidget(m_place);
     connect(m_sessions, &SessionPanel::performed, this, &MainWindow::showStore);
+    connect(m_deleted, &DeletedPanel::restored, this, &MainWindow::showStore);
     showStore();
     resize(1180, 740);
 }
@@ -73,6 +80,11 @@ void MainWindow::showSending() {
 void MainWindow::showStore() {
     const std::string root = m_workplace.store().root.string();
     m_place->setText(tr("Store: %1").arg(QString::fromStdString(root)));
+    QStringList faults;
+    for (const std::string& fault : m_workplace.store().faults())
+        faults << QString::fromStdString(fault);
+    m_faults->setText(faults.join(u'\n'));
+    m_faults->setVisible(!faults.isEmpty());
 }
 
 void MainWindow::makeMenus() {

@@ -32,6 +32,7 @@ class MainWindow : public QMainWindow {
   private:
     QWidget* makePages();
     void makeMenus();
+    /// Shows which store it is, and what of it can't be read.
     void showStore();
 
     Workplace& m_workplace;
@@ -41,6 +42,7 @@ class MainWindow : public QMainWindow {
     DeletedPanel* m_deleted;
     QTabWidget* m_pages = nullptr;
     QLabel* m_place;
+    QLabel* m_faults;
 };
 
 }  // namespace host

@@ -196,7 +196,7 @@ void SendPanel::readStore() {
         const QSignalBlocker silent(m_sessions);
         const QString wanted = m_wanted;
         m_sessions->clear();
-        for (const std::string& name : m_store.names(wynconfig::ItemKind::Session))
+        for (const std::string& name : m_store.readableNames(wynconfig::ItemKind::Session))
             m_sessions->addItem(fromText(name));
         m_sessions->setCurrentIndex(std::max(m_sessions->findText(wanted), 0));
         m_wanted = m_sessions->currentText();
@@ -208,7 +208,10 @@ void SendPanel::readStore() {
 void SendPanel::readSession() {
     m_session.reset();
     try {
-        if (m_sessions->currentIndex() < 0) throw std::runtime_error("The store holds no session.");
+        if (m_sessions->currentIndex() < 0)
+            throw std::runtime_error(m_store.faults().empty()
+                                         ? "The store holds no session."
+                                         : "No session of the store can be read.");
         m_session = loadSession(m_store, m_sessions->currentText().toStdString());
     } catch (const std::exception& failure) {
         m_unreadable = failure.what();

@@ -166,7 +166,7 @@ void SessionPanel::selectInDatabase(wynconfig::ItemKind kind, const std::string&
 
 void SessionPanel::listSessions(const std::string& select) {
     m_sessions->clear();
-    for (const std::string& name : m_workplace.store().names(wynconfig::ItemKind::Session))
+    for (const std::string& name : m_workplace.store().readableNames(wynconfig::ItemKind::Session))
         m_sessions->addItem(QString::fromStdString(name));
     m_sessions->setCurrentRow(0);
     const auto found = m_sessions->findItems(QString::fromStdString(select), Qt::MatchExactly);

@@ -109,7 +109,7 @@ std::optional<TakeOver> askForTakeOver(QWidget* window) {
     QObject::connect(form.folder, &QLineEdit::textChanged, &form.dialog, [&] {
         session->clear();
         for (const std::string& each :
-             StoreFolders(form.path()).names(wynconfig::ItemKind::Session))
+             StoreFolders(form.path()).readableNames(wynconfig::ItemKind::Session))
             session->addItem(QString::fromStdString(each));
     });
     QObject::connect(session, &QComboBox::currentTextChanged, name, &QLineEdit::setText);

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QSysInfo>
 #include <set>
-#include <stdexcept>
+#include <system_error>
 #include <utility>
 
 #include "installed_view.h"
@@ -73,7 +73,9 @@ void Workplace::openStore(const std::filesystem::path& root) {
 }
 
 std::string Workplace::sessionList() const {
-    if (std::filesystem::exists(m_store.sessionList())) return readFile(m_store.sessionList());
+    std::error_code failure;
+    const auto kind = std::filesystem::symlink_status(m_store.sessionList(), failure).type();
+    if (kind != std::filesystem::file_type::not_found) return readFile(m_store.sessionList());
     std::string list;
     for (const std::string& name : m_store.names(wynconfig::ItemKind::Session))
         list += (list.empty() ? "" : ",") + name;

@@ -36,7 +36,8 @@ class Workplace {
     /// @param root  of the store; must exist
     void openStore(const std::filesystem::path& root);
 
-    /// The session list of this workplace; all sessions of the store until one is kept.
+    /// The session list of this workplace; all sessions of the store until one is kept. Raises
+    /// `std::runtime_error` when it can't be read.
     std::string sessionList() const;
     /// Raises `wynconfig::Error` when the list can't be written; the former one then stands.
     void keepSessionList(const std::string& list) const;

@@ -2,6 +2,7 @@
 #include "database/connection.h"
 
 #include <QDateTime>
+#include <QFileInfo>
 #include <QSqlError>
 #include <QStringList>
 #include <QUuid>
@@ -71,6 +72,11 @@ QString DatabaseConnection::holds(const QString& column) const {
 void DatabaseConnection::reopen() {
     QSqlDatabase database = this->database();
     database.close();
+    // Opening a pipe, a device or a socket would wait for another program, or do who knows what.
+    const QFileInfo file(toQt(m_address.name));
+    if (!onServer() && file.exists() && !file.isFile())
+        throw DatabaseError("The database " + m_address.text() +
+                            " can't be reached: it is no plain file");
     if (!database.open())
         throw DatabaseError("The database " + m_address.text() +
                             " can't be reached: " + messageOf(database.lastError()));

@@ -1,10 +1,13 @@
 """The host from its command line to its window."""
 
 import os
+import shutil
 import unittest
 
-from host_test_case import SAMPLE_HOST, HostTestCase
+from host_test_case import HOST, SAMPLE_HOST, HostTestCase
 from waiting import wait_for
+
+NAME = "WORKSHOP COUNTER"
 
 
 class CommandLine(HostTestCase):
@@ -35,6 +38,67 @@ class CommandLine(HostTestCase):
             said = self.refused(*arguments)
             self.assertIn("can't be read", said)
             self.assertNotIn("secret", said)
+
+
+class BrokenStore(HostTestCase):
+    """A store of which something can't be read."""
+
+    def setUp(self):
+        super().setUp()
+        self.quit_host()
+
+    def loop(self, *parts):
+        """Puts a link that leads to itself into the place of a file or folder."""
+        path = self.store.path(*parts)
+        if os.path.lexists(path):
+            os.rename(path, os.path.join(self.desktop.folder, "aside"))
+            self.addCleanup(shutil.rmtree, os.path.join(self.desktop.folder, "aside"))
+        os.symlink(os.path.basename(path), path)
+        return path
+
+    def start_again(self):
+        self.start(SAMPLE_HOST, "--store", self.store.folder)
+
+    def leave_boxes(self):
+        """Says OK to the box in front, if one is; gives the host's window when it is in front."""
+        if self.reader.active_message():
+            self.person.press("Return")
+        return self.reader.active(HOST)
+
+    def expect_told(self, *sentences):
+        """Waits for the window, which tells of what can't be read."""
+        told = self.wait_for("the window to tell", lambda: (
+            self.reader.active(HOST) and self.window(HOST).told()))
+        self.assertEqual([each for each in told if "can't be read" in each], [" ".join(sentences)])
+
+    def expect_end(self):
+        self.person.press("ctrl+q")
+        wait_for("the host to end", lambda: self.host.exit_code is not None, self.reader.listing)
+        self.assertEqual(self.host.exit_code, 0, self.host.printed())
+
+    def test_opens_and_tells_of_folders_and_files(self):
+        deleted = self.loop("MORAM", "deleted")
+        mark = self.loop("unfinished-sample")
+        session_list = self.store.path("session-list.txt")
+        os.mkfifo(session_list)
+        self.start_again()
+        self.expect_told(
+            f"The folder {deleted} can't be read: Too many levels of symbolic links.",
+            f"The file {session_list} can't be read: it is no plain file.")
+        self.click_session(NAME)
+        self.expect_end()
+        self.assertTrue(os.path.islink(mark))
+
+    def test_opens_on_a_folder_of_sessions_that_leads_nowhere(self):
+        folder = self.loop("MORAM")
+        before = self.store.formats()
+        self.start_again()
+        # The component tells first that it can't make its catalogue there.
+        self.assertTrue(any("MORAM" in each for each in self.message().told()))
+        self.wait_for("the window behind the boxes", self.leave_boxes)
+        self.expect_told(f"The folder {folder} can't be read: Too many levels of symbolic links.")
+        self.expect_end()
+        self.assertEqual(self.store.formats(), before)
 
 
 if __name__ == "__main__":

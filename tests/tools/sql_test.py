@@ -113,6 +113,11 @@ class Sql(ToolTestCase):
                           ("push", self.database, "--to=" + address)):
             self.assertNotIn("secret", self.refuse("sql", *arguments, code=USAGE))
 
+    def test_opens_no_pipe(self):
+        pipe = os.path.join(self.folder, "pipe")
+        os.mkfifo(pipe)
+        self.assertIn("it is no plain file", self.refuse("sql", "push", pipe))
+
     def test_says_what_makes_no_sense_where_that_is_no_secret(self):
         self.assertIn("shove", self.refuse("sql", "shove", self.database, code=USAGE))
 
