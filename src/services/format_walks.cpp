@@ -38,9 +38,9 @@ bool isOnlyFormatOfASession(const std::string& format, std::string& session) {
 void carryFormatThroughSessions(const std::string& oldName, const std::string& newName) {
     if (g_DatasetMode) return;
     OnError on{"UnifrmMORAMConfig:UpdatePartNumberFormatsInAllMORAMs"};
-    rewriteSessions(g_SessionFolder, on, [&](const ItemPath&, Dataset& record) {
+    rewriteSessions(g_SessionFolder, on, [&](const ItemPath& file, Dataset& record) {
         carryFormatThroughRecord(record, oldName, newName);
-        return true;
+        on([&] { record.Save(file); });
     });
 }
 

@@ -10,28 +10,60 @@
 
 namespace wynconfig {
 
-/// Goes through all sessions of a folder and writes those anew that it is told to. All files are
-/// written with one flush of the disk, each wholly old or wholly new at any moment.
-///
-/// One record object serves the whole walk: where the guard lets the walk go on behind a load that
-/// failed, it holds what it held before.
+/// Loads a session of a walk.
+/// @return false for one that somebody deleted since it was listed: it is no more to be written,
+/// and no failure, unless the whole folder is gone.
+inline bool loadListed(Dataset& record, const ItemPath& file) {
+    try {
+        record.Load(file, 0);
+        return true;
+    } catch (const Error& error) {
+        if (error.number() != errc::FileNotFound || !fileSystem().folderExists(file.folder)) throw;
+        return false;
+    }
+}
+
+/// Loads sessions one after the other and hands each on.
+/// @param files   the session files
+/// @param record  serves all of them: where the guard lets the walk go on behind a load that
+///                failed, it holds what it held before
+/// @param guard   runs each statement that may fail; what it raises ends the walk
+/// @param change  is given a session's file and record, and saves it if it is to be written
+template <class Guard, class Change>
+void walkSessions(const std::vector<ItemPath>& files, Dataset& record, Guard&& guard,
+                  Change&& change) {
+    for (const ItemPath& file : files) {
+        bool isThere = true;
+        guard([&] { isThere = loadListed(record, file); });
+        if (isThere) change(file, record);
+    }
+}
+
+/// The files of all sessions of a folder.
 /// @param folder  the session folder, with its trailing separator
-/// @param guard   runs each statement that may fail; what it raises ends the walk, and no file is
-///                changed
-/// @param change  is given a session's file and record; returns whether the record is to be written
+inline std::vector<ItemPath> sessionFiles(const std::string& folder) {
+    std::vector<ItemPath> files;
+    for (const std::string& name : listItemNames(folder))
+        files.push_back(ItemPath::item(folder, name));
+    return files;
+}
+
+/// Goes through all sessions of a folder and writes them anew: all files with one flush of the
+/// disk, each wholly old or wholly new at any moment. What another program saved meanwhile is
+/// loaded and changed once more before it is replaced, and what it deleted stays deleted.
+/// @param guard, change  as for `walkSessions`
 template <class Guard, class Change>
 void rewriteSessions(const std::string& folder, Guard&& guard, Change&& change) {
-    std::vector<std::string> names;
-    guard([&] { names = listItemNames(folder); });
-    if (names.empty()) return;
+    std::vector<ItemPath> files;
+    guard([&] { files = sessionFiles(folder); });
+    if (files.empty()) return;
     SaveBatch batch(fileSystem());
     Dataset record;
-    for (const std::string& name : names) {
-        const ItemPath file = ItemPath::item(folder, name);
-        guard([&] { record.Load(file, 0); });
-        if (change(file, record)) guard([&] { record.Save(file); });
-    }
-    guard([&] { batch.commit(); });
+    const auto walk = [&](const std::vector<ItemPath>& some) {
+        walkSessions(some, record, guard, change);
+    };
+    walk(files);
+    guard([&] { batch.commit(walk); });
 }
 
 }  // namespace wynconfig

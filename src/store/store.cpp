@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <map>
 #include <set>
 #include <utility>
 
@@ -284,11 +285,15 @@ void Store::save(const std::vector<StoreItem>& items, const StoreProgress& progr
     }
     StoreChange change;
     std::size_t done = 0;
+    std::map<std::string, const FileToSave*> byPath;
     for (const FileToSave& file : files) {
         change.save(file.path, file.text);
+        byPath.emplace(file.path.text(), &file);
         tellOf(progress, ++done, files.size());
     }
-    change.commit();
+    change.commit([&](const std::vector<ItemPath>& overtaken) {
+        for (const ItemPath& path : overtaken) change.save(path, byPath.at(path.text())->text);
+    });
 }
 
 std::vector<std::string> Store::rename(const std::string& format, const std::string& newName,
@@ -307,20 +312,29 @@ std::vector<std::string> Store::rename(const std::string& format, const std::str
     // The new file stands before any session names it, and the old one as long as one does.
     change.save(newFile, document.xml());
     change.remove(path(ItemKind::PartFormat, format));
-    const std::size_t all = names(ItemKind::Session).size();
+    const std::vector<ItemPath> sessions = sessionFiles(folder(ItemKind::Session));
     std::size_t done = 0;
-    Names renamed;
+    std::set<std::string> renamed;  // the names
+    Dataset reused;
     const auto raising = [](const auto& statement) { statement(); };
-    rewriteSessions(folder(ItemKind::Session), raising,
-                    [&](const ItemPath& file, Dataset& session) {
-                        tellOf(progress, ++done, all);
-                        if (!session::renameFormat(session, format, name)) return false;
-                        change.remember(file);
-                        renamed.push_back(nameOf(file));
-                        return true;
-                    });
-    change.commit();
-    return renamed;
+    const auto carry = [&](const std::vector<ItemPath>& some) {
+        for (const ItemPath& file : some) renamed.erase(nameOf(file));
+        walkSessions(some, reused, raising, [&](const ItemPath& file, Dataset& session) {
+            // A session that is walked through once more is not counted again.
+            if (done < sessions.size()) tellOf(progress, ++done, sessions.size());
+            if (!session::renameFormat(session, format, name)) return;
+            session.Save(document);
+            change.save(file, document.xml());
+            renamed.insert(nameOf(file));
+        });
+    };
+    carry(sessions);
+    change.commit(carry);
+    Names inOrder;
+    for (const ItemPath& file : sessions) {
+        if (renamed.contains(nameOf(file))) inOrder.push_back(nameOf(file));
+    }
+    return inOrder;
 }
 
 std::vector<std::string> Store::deletedNames(ItemKind kind) const {

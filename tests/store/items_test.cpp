@@ -288,8 +288,8 @@ class LateFailure : public FaultyFileSystem {
     using FaultyFileSystem::FaultyFileSystem;
 
   protected:
-    void commitStaged() override {
-        FaultyFileSystem::commitStaged();
+    void commitStaged(const MayReplace& mayReplace) override {
+        FaultyFileSystem::commitStaged(mayReplace);
         throw refusal("folder", "MORAM", "written", "the disk is gone");
     }
 };

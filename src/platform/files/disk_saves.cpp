@@ -161,11 +161,15 @@ void SaveFolder::unstage(const std::string& name) {
     m_staged.erase(staged);
 }
 
-void SaveFolder::publish(std::optional<SaveFailure>& first) {
+void SaveFolder::publish(const MayReplace& mayReplace, std::optional<SaveFailure>& first) {
     const auto keep = [&](SaveFailure::Of of, const std::string& path, bool published, int error) {
         if (!first) first = SaveFailure{of, path, published, error};
     };
     for (const auto& [name, number] : m_staged) {
+        if (!mayReplace(m_path + name)) {
+            discard(number);
+            continue;
+        }
         try {
             m_folder.rename(m_mark->follower(number), name);
         } catch (const SystemFailure& failure) {
@@ -242,14 +246,14 @@ void DiskSaves::unstage(const std::string& path) {
     if (folder) folder->unstage(parts.name);
 }
 
-void DiskSaves::commit() {
+void DiskSaves::commit(const MayReplace& mayReplace) {
     const std::unique_ptr<SaveFolders> batch = std::move(m_batch);
     if (!batch) return;
     syncFileSystems(*batch);
     std::optional<SaveFailure> first;
     for (const auto& folder : batch->all()) {
         if (folder->isEmpty()) continue;
-        folder->publish(first);
+        folder->publish(mayReplace, first);
         m_cleanFolders.note(folder->path(), folder->open(), folder->isClean());
     }
     if (first) throw *first;

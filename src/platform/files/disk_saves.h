@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -24,6 +25,9 @@ struct SaveFailure {
     bool published;    ///< the new content is in place, but may not outlast a crash
     int error;         ///< as the system numbers it
 };
+
+/// Asked for each file right before its temporary is put in place: false leaves the old one.
+using MayReplace = std::function<bool(const std::string& path)>;
 
 /// Which folder it is, by whatever path.
 struct FolderIdentity {
@@ -77,9 +81,9 @@ class SaveFolder {
     /// @param mode  the mode bits of the old file, if there is one.
     void stage(const std::string& name, std::optional<mode_t> mode, std::string_view content);
     void unstage(const std::string& name);
-    /// Puts all temporaries in place and brings the names to the disk. Their bytes must be there by
-    /// then. Tries all files, and keeps the first failure.
-    void publish(std::optional<SaveFailure>& first);
+    /// Puts all temporaries that may be in place and brings the names to the disk. Their bytes must
+    /// be there by then. Tries all files, and keeps the first failure.
+    void publish(const MayReplace& mayReplace, std::optional<SaveFailure>& first);
 
   private:
     void discard(unsigned number) const;
@@ -120,9 +124,9 @@ class DiskSaves {
     /// Writes the temporary of a file, in place of the one that was written for it before.
     void stage(const std::string& path, std::string_view content);
     void unstage(const std::string& path);
-    /// Puts all that is staged in place. When the temporaries can't be brought to the disk, nothing
-    /// is changed.
-    void commit();
+    /// Puts all that is staged and may be in place. When the temporaries can't be brought to the
+    /// disk, nothing is changed.
+    void commit(const MayReplace& mayReplace);
     void discard() noexcept { m_batch.reset(); }
 
   private:

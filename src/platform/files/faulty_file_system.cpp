@@ -43,6 +43,10 @@ bool FaultyFileSystem::stampOf(const std::string& folder, Stamp& stamp) {
     return m_wrapped.stampOf(folder, stamp);
 }
 
+std::optional<FileSystem::Version> FaultyFileSystem::versionOf(const std::string& path) {
+    return m_wrapped.versionOf(path);
+}
+
 bool FaultyFileSystem::isPlainFile(const std::string& path) {
     return m_wrapped.isPlainFile(path);
 }
@@ -87,13 +91,13 @@ void FaultyFileSystem::unstageFile(const std::string& path) {
     m_wrapped.unstageFile(path);
 }
 
-void FaultyFileSystem::commitStaged() {
+void FaultyFileSystem::commitStaged(const MayReplace& mayReplace) {
     const std::optional<std::string> folder = std::exchange(m_stagedFolder, std::nullopt);
     if (folder && begin(Operation::Commit, *folder)) {
         m_wrapped.discardStaged();
         throw refusal("files in", *folder, "written", std::errc::no_space_on_device);
     }
-    m_wrapped.commitStaged();
+    m_wrapped.commitStaged(mayReplace);
 }
 
 void FaultyFileSystem::discardStaged() noexcept {

@@ -49,6 +49,7 @@ class FaultyFileSystem : public FileSystem {
   protected:
     bool entriesOf(const std::string& folder, std::vector<Entry>& entries) override;
     bool stampOf(const std::string& folder, Stamp& stamp) override;
+    std::optional<Version> versionOf(const std::string& path) override;
     bool isPlainFile(const std::string& path) override;
     bool isFolder(const std::string& path) override;
     void createFolder(const std::string& path) override;
@@ -57,7 +58,7 @@ class FaultyFileSystem : public FileSystem {
     void removeFile(const std::string& path) override;
     void stageFile(const std::string& path, std::string_view content) override;
     void unstageFile(const std::string& path) override;
-    void commitStaged() override;
+    void commitStaged(const MayReplace& mayReplace) override;
     void discardStaged() noexcept override;
 
   private:

@@ -134,7 +134,8 @@ std::string FileSystem::read(const ItemPath& path) {
     const std::string name =
         nameOnDisk(place->folder, place->name, &FileSystem::isPlainFile, Trust::Settled);
     if (name.empty()) throw notFound(join(place->folder, place->name));
-    return readFile(join(place->folder, name));
+    const std::string file = join(place->folder, name);
+    return m_inBatch ? readInBatch(path, file) : readFile(file);
 }
 
 void FileSystem::save(const ItemPath& path, std::string_view content) {
@@ -186,11 +187,23 @@ SaveBatch::~SaveBatch() {
     m_files.discardStaged();
 }
 
-void SaveBatch::commit() {
+void SaveBatch::commit(const Again& again) {
     if (!m_leads) return;
+    constexpr int kMostRounds = 10;
+    std::optional<Error> first;
+    for (int round = 1;; ++round) {
+        std::vector<ItemPath> overtaken;
+        try {
+            m_files.commitBatch(again && round < kMostRounds ? &overtaken : nullptr);
+        } catch (const Error& failure) {
+            if (!first) first = failure;
+        }
+        if (overtaken.empty()) break;
+        m_files.beginBatch();
+        again(overtaken);
+    }
     m_leads = false;
-    m_files.endBatch();
-    m_files.commitStaged();
+    if (first) throw *first;
 }
 
 void FileSystem::beginBatch() {
@@ -202,6 +215,45 @@ void FileSystem::endBatch() {
     m_inBatch = false;
     m_newFiles.clear();
     m_batchFolders.clear();
+    m_read.clear();
+}
+
+/// Ends the batch and puts its files in place.
+/// @param overtaken  out, unless null: files that are left as they are, since somebody else changed
+/// them; filled also when a failure of another file is raised.
+void FileSystem::commitBatch(std::vector<ItemPath>* overtaken) {
+    const std::map<std::string, FileRead> read = std::move(m_read);
+    endBatch();
+    commitStaged([&](const std::string& file) {
+        const auto found = overtaken ? read.find(file) : read.end();
+        if (found == read.end() || isAsRead(file, found->second)) return true;
+        overtaken->push_back(found->second.path);
+        return false;
+    });
+}
+
+/// Reads a file, and notes how it was, so that the commit can tell whether it still is.
+std::string FileSystem::readInBatch(const ItemPath& path, const std::string& file) {
+    // The version is taken before the text: a change between the two makes the versions differ.
+    const std::optional<Version> version = versionOf(file);
+    std::string text = readFile(file);
+    if (version) {
+        m_read.try_emplace(file, FileRead{path, *version, version->settled ? std::string() : text});
+    }
+    return text;
+}
+
+/// Whether nobody changed a file since it was read. One that went with its whole folder is not
+/// taken for changed: to put it in place fails, and tells so.
+bool FileSystem::isAsRead(const std::string& file, const FileRead& read) {
+    try {
+        const std::optional<Version> version = versionOf(file);
+        if (!version) return !isFolder(ItemPath::of(file).folder);
+        if (version->value != read.version.value) return false;
+        return read.version.settled || readFile(file) == read.text;
+    } catch (const Error&) {
+        return false;  // whoever reads it once more is told
+    }
 }
 
 std::string FileSystem::join(const std::string& folder, std::string_view name) {

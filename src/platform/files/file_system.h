@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -93,9 +94,18 @@ class FileSystem {
         bool settled = true;
     };
 
+    /// Which state a file is in, told without reading it. `settled` is false while a change could
+    /// still leave `value` as it is.
+    struct Version {
+        std::array<std::int64_t, 4> value{};
+        bool settled = true;
+    };
+    /// Asked for each prepared file right before it is put in place: false leaves the old one.
+    using MayReplace = std::function<bool(const std::string& path)>;
+
     // What a kind of file system supplies. Paths are those of the system, already resolved: folders
     // without a trailing separator ("" is the working folder, "/" the system's root), files as
-    // `join` makes them. What fails raises `Error`, but for `stampOf`.
+    // `join` makes them. What fails raises `Error`, but for `stampOf` and `versionOf`.
 
     /// Fills in what lies in a folder, without "." and "..". False when there is no such folder;
     /// raises when it can't be read to its end.
@@ -103,6 +113,9 @@ class FileSystem {
     /// False when it can't be told, for whatever reason. Never raises: it is asked also behind a
     /// change that is done, which no failure may hide.
     virtual bool stampOf(const std::string& folder, Stamp& stamp) = 0;
+    /// Nothing when it can't be told, for whatever reason, or no plain file is there. A link's is
+    /// that of the file to which it leads.
+    virtual std::optional<Version> versionOf(const std::string& path) = 0;
     virtual bool isPlainFile(const std::string& path) = 0;
     virtual bool isFolder(const std::string& path) = 0;
     virtual void createFolder(const std::string& path) = 0;
@@ -114,9 +127,10 @@ class FileSystem {
     virtual void stageFile(const std::string& path, std::string_view content) = 0;
     /// Forgets what was prepared for a file, if anything was.
     virtual void unstageFile(const std::string& path) = 0;
-    /// Puts all that was prepared in place, or none of it when it can't be made safe first. Raises
-    /// the first failure at the end; nothing stays prepared in any case.
-    virtual void commitStaged() = 0;
+    /// Puts all that was prepared and may replace the old files in place, or none of it when it
+    /// can't be made safe first. Raises the first failure at the end; nothing stays prepared in any
+    /// case.
+    virtual void commitStaged(const MayReplace& mayReplace) = 0;
     virtual void discardStaged() noexcept = 0;
 
     /// A folder and a name in it as one path of the system.
@@ -151,6 +165,12 @@ class FileSystem {
         std::string name;
         bool isOnDisk;
     };
+    /// A file as it was when the open batch read it.
+    struct FileRead {
+        ItemPath path;  ///< as it was given
+        Version version;
+        std::string text;  ///< empty for a settled version, which tells enough
+    };
     using Question = bool (FileSystem::*)(const std::string& path);
 
     std::optional<Place> placeOf(const ItemPath& path);
@@ -162,8 +182,11 @@ class FileSystem {
     bool isThere(const std::string& path);
     std::string newFileName(const Place& place) const;
     void takeBack(const Place& place, const std::string& name);
+    std::string readInBatch(const ItemPath& path, const std::string& file);
+    bool isAsRead(const std::string& file, const FileRead& read);
     void beginBatch();
     void endBatch();
+    void commitBatch(std::vector<ItemPath>* overtaken);
 
     const Index* indexOf(const std::string& folder, Trust trust);
     bool hasCurrentIndex(const std::string& folder);
@@ -175,6 +198,8 @@ class FileSystem {
     std::set<std::array<std::string, 3>> m_newFiles;
     /// The folders that were found since the open batch began: resolved ones by given ones.
     std::map<std::string, std::string> m_batchFolders;
+    /// What the open batch has read, each file as it was at the first reading.
+    std::map<std::string, FileRead> m_read;
 };
 
 /// While one is open, `save` of its file system only prepares the new files; `commit` puts them all
@@ -192,10 +217,17 @@ class SaveBatch {
     /// Discards what was not committed; the old files stand.
     ~SaveBatch();
 
+    /// What is to be done once more for files that others changed: read, change and save each.
+    using Again = std::function<void(const std::vector<ItemPath>& overtaken)>;
+
     /// Puts all files in place and ends the batch: a `save` behind it goes through at once. Tries
     /// all files and raises the first failure, errc::FileAccess. When the new content can't be
     /// brought to the disk, no file is changed.
-    void commit();
+    /// @param again  with it, no file is replaced that anybody changed or deleted since it was read
+    /// in the batch: `again` gets those files, as their paths were given to `read`, while a batch
+    /// is open anew, and that one is committed likewise. Somebody who changes a file all the time
+    /// is given in to after some rounds: then the last save wins.
+    void commit(const Again& again = nullptr);
 
   private:
     FileSystem& m_files;

@@ -56,11 +56,13 @@ class MemoryFileSystem : public FileSystem {
         return true;
     }
 
-    bool isPlainFile(const std::string& path) override {
-        const Location location = locationOf(path);
-        const Folder* folder = folderAt(location.folder);
-        return folder && folder->files.count(location.name) != 0;
+    std::optional<Version> versionOf(const std::string& path) override {
+        const File* const file = fileAt(path);
+        if (!file) return std::nullopt;
+        return Version{{file->change}};
     }
+
+    bool isPlainFile(const std::string& path) override { return fileAt(path) != nullptr; }
 
     bool isFolder(const std::string& path) override { return folderAt(path) != nullptr; }
 
@@ -77,17 +79,14 @@ class MemoryFileSystem : public FileSystem {
     }
 
     std::string readFile(const std::string& path) override {
-        const Location location = locationOf(path);
-        const Folder* folder = folderAt(location.folder);
-        if (!folder) throw notFound(path);
-        const auto file = folder->files.find(location.name);
-        if (file == folder->files.end()) throw notFound(path);
-        return file->second;
+        const File* const file = fileAt(path);
+        if (!file) throw notFound(path);
+        return file->text;
     }
 
     void replaceFile(const std::string& path, std::string_view content) override {
         Folder& folder = folderToWrite(path);
-        folder.files.insert_or_assign(locationOf(path).name, std::string{content});
+        folder.files.insert_or_assign(locationOf(path).name, File{std::string{content}, ++m_saves});
         ++folder.changes;
     }
 
@@ -105,11 +104,11 @@ class MemoryFileSystem : public FileSystem {
 
     void unstageFile(const std::string& path) override { m_staged.erase(keyOf(path)); }
 
-    void commitStaged() override {
+    void commitStaged(const MayReplace& mayReplace) override {
         std::optional<Error> first;
         for (const auto& [path, content] : std::exchange(m_staged, {})) {
             try {
-                replaceFile(path, content);
+                if (mayReplace(path)) replaceFile(path, content);
             } catch (const Error& failure) {
                 if (!first) first = failure;
             }
@@ -120,8 +119,12 @@ class MemoryFileSystem : public FileSystem {
     void discardStaged() noexcept override { m_staged.clear(); }
 
   private:
+    struct File {
+        std::string text;
+        std::int64_t change;  ///< number of the save that wrote it
+    };
     struct Folder {
-        std::map<std::string, std::string> files;  ///< content by name
+        std::map<std::string, File> files;  ///< by name
         std::set<std::string> folders;
         std::int64_t changes = 0;
     };
@@ -130,6 +133,15 @@ class MemoryFileSystem : public FileSystem {
     Folder* folderAt(const std::string& path) {
         const auto folder = m_folders.find(keyOf(path));
         return folder == m_folders.end() ? nullptr : &folder->second;
+    }
+
+    /// The file of that path, null when there is none.
+    const File* fileAt(const std::string& path) {
+        const Location location = locationOf(path);
+        const Folder* folder = folderAt(location.folder);
+        if (!folder) return nullptr;
+        const auto file = folder->files.find(location.name);
+        return file == folder->files.end() ? nullptr : &file->second;
     }
 
     /// The folder of a file that may be written.
@@ -145,6 +157,7 @@ class MemoryFileSystem : public FileSystem {
 
     std::map<std::string, Folder> m_folders{{"", {}}, {"/", {}}};
     std::map<std::string, std::string> m_staged;  ///< content by the file's key
+    std::int64_t m_saves = 0;
 };
 
 }  // namespace

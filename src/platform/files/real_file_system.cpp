@@ -71,15 +71,18 @@ class RealFileSystem : public FileSystem {
 
     bool stampOf(const std::string& folder, Stamp& stamp) override {
         struct stat info {};
-        timespec now{};
         if (::stat(folderName(folder), &info) != 0 || !S_ISDIR(info.st_mode)) return false;
-        ::clock_gettime(CLOCK_REALTIME, &now);
-        // The time of the last change of any kind, since anybody may set the other one back. It
-        // moves in steps of some milliseconds, or of seconds where no part of one is kept.
-        const std::int64_t step = info.st_ctim.tv_nsec == 0 ? 2'020'000'000 : 20'000'000;
-        stamp.value = nanoseconds(info.st_ctim);
-        stamp.settled = nanoseconds(now) - stamp.value >= step;
+        stamp = changeOf(info);
         return true;
+    }
+
+    std::optional<Version> versionOf(const std::string& path) override {
+        struct stat info {};
+        if (::stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
+        const Stamp change = changeOf(info);
+        return Version{{static_cast<std::int64_t>(info.st_dev),
+                        static_cast<std::int64_t>(info.st_ino), info.st_size, change.value},
+                       change.settled};
     }
 
     bool isPlainFile(const std::string& path) override {
@@ -138,8 +141,8 @@ class RealFileSystem : public FileSystem {
         told([&] { m_saves.stage(path, content); });
     }
     void unstageFile(const std::string& path) override { m_saves.unstage(path); }
-    void commitStaged() override {
-        told([&] { m_saves.commit(); });
+    void commitStaged(const MayReplace& mayReplace) override {
+        told([&] { m_saves.commit(mayReplace); });
     }
     void discardStaged() noexcept override { m_saves.discard(); }
 
@@ -172,6 +175,16 @@ class RealFileSystem : public FileSystem {
             throw refusal(many ? "files in" : "file", failure.path,
                           failure.published ? confirmed : "written", causeOf(failure.error));
         }
+    }
+
+    /// The time of the last change of any kind, since anybody may set the other one back. It moves
+    /// in steps of some milliseconds, or of seconds where no part of one is kept.
+    static Stamp changeOf(const struct stat& info) {
+        timespec now{};
+        ::clock_gettime(CLOCK_REALTIME, &now);
+        const std::int64_t step = info.st_ctim.tv_nsec == 0 ? 2'020'000'000 : 20'000'000;
+        const std::int64_t changed = nanoseconds(info.st_ctim);
+        return {changed, nanoseconds(now) - changed >= step};
     }
 
     static std::int64_t nanoseconds(const timespec& time) {
