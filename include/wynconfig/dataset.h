@@ -2,11 +2,14 @@
 /// The record store: a keyed table of rows of two texts that goes to and from files and XML text.
 #pragma once
 
+#include <algorithm>
 #include <array>
-#include <list>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "wynconfig/export.h"
@@ -14,8 +17,137 @@
 
 namespace wynconfig {
 
+struct RecordText;
+
 /// A row: its `Element`, which is the key, and its `Data`.
 using DataRow = std::array<std::string, 2>;
+
+/// The rows of a record in their order, each key once. References and iterators into them hold
+/// until the record changes; a copy is independent of it.
+class DataRows {
+    struct Slot;
+
+  public:
+    /// Goes through the rows in both directions.
+    class const_iterator {
+      public:
+        using iterator_category = std::bidirectional_iterator_tag;  ///< as the standard asks
+        using value_type = DataRow;                                 ///< a row
+        using difference_type = std::ptrdiff_t;                     ///< as the standard asks
+        using pointer = const DataRow*;                             ///< to a row
+        using reference = const DataRow&;                           ///< to a row
+
+        /// Refers to no row.
+        const_iterator() = default;
+        /// The row.
+        reference operator*() const { return (*m_slots)[m_slot].row; }
+        /// The row's members.
+        pointer operator->() const { return &**this; }
+        /// Goes to the next row.
+        const_iterator& operator++() {
+            m_slot = (*m_slots)[m_slot].next;
+            return *this;
+        }
+        /// Goes to the next row, and gives what it was.
+        const_iterator operator++(int) {
+            const const_iterator was = *this;
+            ++*this;
+            return was;
+        }
+        /// Goes to the row before.
+        const_iterator& operator--() {
+            m_slot = (*m_slots)[m_slot].previous;
+            return *this;
+        }
+        /// Goes to the row before, and gives what it was.
+        const_iterator operator--(int) {
+            const const_iterator was = *this;
+            --*this;
+            return was;
+        }
+        /// Whether two of the same rows are at the same place.
+        bool operator==(const const_iterator& other) const { return m_slot == other.m_slot; }
+
+      private:
+        friend class DataRows;
+        const_iterator(const std::vector<Slot>& slots, std::uint32_t slot)
+            : m_slots(&slots), m_slot(slot) {}
+
+        const std::vector<Slot>* m_slots = nullptr;
+        std::uint32_t m_slot = 0;
+    };
+    using value_type = DataRow;       ///< a row
+    using iterator = const_iterator;  ///< rows are changed by their record alone
+
+    /// No rows.
+    DataRows() = default;
+    DataRows(const DataRows&) = default;             ///< a copy of all rows
+    DataRows& operator=(const DataRows&) = default;  ///< a copy of all rows
+    /// Takes the rows, and leaves none.
+    DataRows(DataRows&& other) noexcept { swap(other); }
+    /// Takes the rows, and leaves none.
+    DataRows& operator=(DataRows&& other) noexcept {
+        DataRows taken(std::move(other));
+        swap(taken);
+        return *this;
+    }
+    ~DataRows() = default;
+
+    /// How many rows there are.
+    std::size_t size() const { return m_size; }
+    /// Whether there is none.
+    bool empty() const { return m_size == 0; }
+    /// At the first row.
+    const_iterator begin() const { return {m_slots, m_slots.empty() ? 0 : m_slots[0].next}; }
+    /// Behind the last row.
+    const_iterator end() const { return {m_slots, 0}; }
+    /// The first row, of those that are not empty.
+    const DataRow& front() const { return *begin(); }
+    /// The last row, of those that are not empty.
+    const DataRow& back() const { return *std::prev(end()); }
+    /// Whether both have the same rows in the same order.
+    bool operator==(const DataRows& other) const {
+        return std::equal(begin(), end(), other.begin(), other.end());
+    }
+
+  private:
+    friend class Dataset;
+    friend struct RecordText;
+
+    /// A row and the slots of its neighbours. The neighbours of slot 0, which has no row, are the
+    /// last and the first one. A slot that is free has an empty row, and tells the next free one.
+    struct Slot {
+        DataRow row;
+        std::uint32_t previous = 0;
+        std::uint32_t next = 0;
+    };
+
+    /// @return the hash of a key; 0 while no row is found by it
+    std::uint32_t hashOf(std::string_view key) const;
+    /// @return the slot of the row of a key, whose hash is given; 0 for none
+    std::uint32_t slotOf(std::string_view key, std::uint32_t hash) const;
+    /// @return the key's row; null for none
+    const DataRow* find(std::string_view key) const;
+    /// Appends a row. @return it; null when its key is present, and nothing is taken
+    DataRow* add(DataRow&& row);
+    /// Removes the row of a key. @return false when there is none
+    bool remove(std::string_view key);
+    /// Replaces the row of a key, which is there, by one whose key no other row has.
+    void replace(std::string_view key, DataRow row);
+    void clear();
+    void makeRoom();
+    void swap(DataRows& other) noexcept {
+        m_slots.swap(other.m_slots);
+        m_index.swap(other.m_index);
+        std::swap(m_free, other.m_free);
+        std::swap(m_size, other.m_size);
+    }
+
+    std::vector<Slot> m_slots;           ///< empty until there was a row
+    std::vector<std::uint64_t> m_index;  ///< of the keys; empty while the rows are few
+    std::uint32_t m_free = 0;            ///< a slot that is free; 0 for none
+    std::size_t m_size = 0;
+};
 
 /// An XML document in memory, between a `Dataset` and the text that a host keeps.
 class WYNCONFIG_API Document {
@@ -90,7 +222,7 @@ class WYNCONFIG_API Dataset {
     /// absent, errc::DuplicateKey when the new row's key is that of another row.
     void UpdateRow(const DataRow& keyRow, const DataRow& newRow);
     /// All rows in their order.
-    const std::list<DataRow>& Rows() const { return m_rows; }
+    const DataRows& Rows() const { return m_rows; }
 
     /// Replaces the whole content by the record in a file. Raises errc::FileNotFound,
     /// errc::FileAccess, or errc::BadRecord when the file holds no record.
@@ -115,8 +247,7 @@ class WYNCONFIG_API Dataset {
     void Save(Document& document) const;
 
   private:
-    struct Content;
-    void take(Content content);
+    void take(RecordText record) noexcept;
     std::string text() const;
 
     std::string m_type;
@@ -124,8 +255,7 @@ class WYNCONFIG_API Dataset {
     std::string m_folder;
     std::array<std::string, 2> m_columns;
     std::string m_key;
-    std::list<DataRow> m_rows;
-    std::unordered_map<std::string_view, std::list<DataRow>::iterator> m_index;
+    DataRows m_rows;
 };
 
 }  // namespace wynconfig

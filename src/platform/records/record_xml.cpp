@@ -8,13 +8,13 @@
 #include <charconv>
 #include <climits>
 #include <cstdint>
+#include <cstring>
 #include <exception>
 #include <memory>
 #include <new>
 #include <optional>
 #include <random>
 #include <utility>
-#include <vector>
 
 #include "platform/records/parser_memory.h"
 #include "platform/records/single_byte_encodings.h"
@@ -170,15 +170,15 @@ class RecordReader {
     std::string error;          ///< why the parser ended it
     std::exception_ptr raised;  ///< what ended it beside the text, such as want of memory
 
-    void start(std::string_view name, const char** attributes) {
+    void start(const char* name, const char** attributes) {
         ++m_depth;
         if (m_depth > kMaxDepth) return blame("its elements are nested too deeply");
         if (!m_collects || m_depth > 2) return;
         if (m_depth == 2) return startInRecord(name, attributes);
-        if (name != "dataset") return blame("its root element is not a dataset");
+        if (!isName(name, "dataset")) return blame("its root element is not a dataset");
         record.type = unescape(attribute("type", attributes).value_or(""));
         record.name = unescape(attribute("name", attributes).value_or(""));
-        record.key = unescape(attribute("key", attributes).value_or("Element"));
+        if (const auto key = attribute("key", attributes)) record.key = unescape(*key);
     }
     void end() {
         if (m_depth-- != 2 || !m_text) return;
@@ -200,24 +200,27 @@ class RecordReader {
     }
 
   private:
-    void startInRecord(std::string_view name, const char** attributes) {
-        if (name == "row") {
+    void startInRecord(const char* name, const char** attributes) {
+        if (isName(name, "row")) {
             const auto key = attribute("key", attributes);
             if (!key) return blame("it has a row without a key");
-            record.rows.emplace_back()[0] = unescape(*key);
-            collectIn(&record.rows.back()[1]);
-        } else if (name == "column") {
-            collectIn(&record.columns.emplace_back());
+            DataRow* const added = record.add({unescape(*key), {}});
+            if (!added) return blame("it has the row \"" + unescape(*key) + "\" twice");
+            collectIn(&(*added)[1]);
+        } else if (isName(name, "column") && m_columns < record.columns.size()) {
+            std::string& column = record.columns[m_columns++];
+            column.clear();
+            collectIn(&column);
         }
     }
     /// The characters between the elements of a record are nobody's: they are not asked for.
     void collectIn(std::string* text);
 
     /// Names in a namespace bear its separator, and so are none of these.
-    static std::optional<std::string_view> attribute(std::string_view name,
-                                                     const char** attributes) {
+    static bool isName(const char* name, const char* one) { return std::strcmp(name, one) == 0; }
+    static std::optional<std::string_view> attribute(const char* name, const char** attributes) {
         for (; *attributes; attributes += 2)
-            if (name == attributes[0]) return attributes[1];
+            if (isName(attributes[0], name)) return attributes[1];
         return {};
     }
 
@@ -228,6 +231,7 @@ class RecordReader {
     int m_depth = 0;
     int m_namespaces = 0;           ///< that are in force
     std::string* m_text = nullptr;  ///< of the row or column that is open
+    std::size_t m_columns = 0;      ///< that were told
 };
 
 /// Runs what handles an event. No exception may pass through the parser.
@@ -439,7 +443,7 @@ bool isWellFormed(std::string_view xml) {
 }
 
 std::string writeRecord(std::string_view type, std::string_view name, std::string_view key,
-                        const std::array<std::string, 2>& columns, const std::list<DataRow>& rows) {
+                        const std::array<std::string, 2>& columns, const DataRows& rows) {
     std::size_t size = 256 + name.size();
     for (const DataRow& row : rows) size += row[0].size() + row[1].size() + 32;
     std::string out;

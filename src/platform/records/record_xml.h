@@ -1,22 +1,25 @@
 // The stored form of a record: XML text, readable by a person, described in docs/dataset.xsd.
 #pragma once
 
-#include <list>
+#include <array>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 #include "wynconfig/dataset.h"
 
 namespace wynconfig {
 
-/// What the stored form of a record carries.
+/// What the stored form of a record carries. Columns that it does not tell are the usual ones.
 struct RecordText {
     std::string type;
     std::string name;
-    std::string key;
-    std::vector<std::string> columns;
-    std::list<DataRow> rows;
+    std::string key = "Element";
+    std::array<std::string, 2> columns{"Element", "Data"};
+    DataRows rows;
+
+    /// Adds a row. @return it, for its data, until the next one; null when its key is there already
+    DataRow* add(DataRow&& row) { return rows.add(std::move(row)); }
 };
 
 /// How text is to be read.
@@ -44,6 +47,6 @@ bool isWellFormed(std::string_view xml);
 /// room for, and `_xDC80_` to `_xDCFF_` for a byte that is no UTF-8. Raises `Error`
 /// (errc::InvalidCall) when the text would have more than kMaxItemSize bytes.
 std::string writeRecord(std::string_view type, std::string_view name, std::string_view key,
-                        const std::array<std::string, 2>& columns, const std::list<DataRow>& rows);
+                        const std::array<std::string, 2>& columns, const DataRows& rows);
 
 }  // namespace wynconfig
