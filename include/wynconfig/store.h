@@ -118,7 +118,8 @@ class WYNCONFIG_API Store {
     std::vector<std::string> rename(const std::string& format, const std::string& newName,
                                     const StoreProgress& progress = {}) const;
 
-    /// The names of the deleted items of a kind; as `names`.
+    /// The names of the deleted items of a kind; as `names`. This and the two below raise for a
+    /// folder "deleted" that is a symbolic link, which would lead out of the store.
     std::vector<std::string> deletedNames(ItemKind kind) const;
     /// Moves an item, readable or not, into the folder "deleted", in place of a like-named one
     /// there. What refers to it stays as it is. Raises errc::FileNotFound.

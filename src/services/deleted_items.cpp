@@ -2,6 +2,7 @@
 #include "services/deleted_items.h"
 
 #include "platform/files/file_system.h"
+#include "store/item_names.h"
 #include "wynconfig/dataset.h"
 
 namespace wynconfig {
@@ -14,7 +15,7 @@ void moveToDeleted(OnError& on, const std::string& folder, const std::string& na
     on([&] { fileSystem().makeFolder(folder + "deleted"); });
     on.standard();
     on([&] { record.Load(file, 0); });
-    on([&] { record.Save(ItemPath::item(folder + "deleted\\", name)); });
+    on([&] { record.Save(ItemPath::item(deletedFolder(folder), name)); });
     on([&] { fileSystem().remove(file); });
 }
 

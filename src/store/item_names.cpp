@@ -15,6 +15,11 @@ std::vector<std::string> listItemNames(const std::string& folder) {
     return names;
 }
 
+std::string deletedFolder(const std::string& folder) {
+    fileSystem().refuseLink(folder + "deleted");
+    return folder + "deleted\\";
+}
+
 bool isRefusedName(const std::string& name, std::string_view forbidden) {
     const std::string trimmed = Trim(name);
     toInt16(charCount(trimmed));

@@ -10,6 +10,12 @@ namespace wynconfig {
 /// The names of the items in a store folder, without ".vla", in the order of the folder's listing.
 std::vector<std::string> listItemNames(const std::string& folder);
 
+/// The folder of a store folder's deleted items, with its trailing separator. Raises
+/// errc::FileAccess when it is a symbolic link: what is deleted would leave the store. The store
+/// folders themselves may be links.
+/// @param folder  the store folder, with its trailing separator
+std::string deletedFolder(const std::string& folder);
+
 /// What the name of a session or part format must not hold.
 inline constexpr std::string_view kNotInNames = "\\/:*?\"<>|.";
 

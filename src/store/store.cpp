@@ -25,7 +25,6 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-const std::string kDeleted = "deleted\\";
 constexpr std::array kKinds{ItemKind::Session, ItemKind::PartFormat};
 
 const std::string& typeOf(ItemKind kind) {
@@ -338,11 +337,11 @@ std::vector<std::string> Store::rename(const std::string& format, const std::str
 }
 
 std::vector<std::string> Store::deletedNames(ItemKind kind) const {
-    return listItemNames(folder(kind) + kDeleted);
+    return listItemNames(deletedFolder(folder(kind)));
 }
 
 void Store::moveToDeleted(ItemKind kind, const std::string& name) const {
-    const std::string deleted = folder(kind) + kDeleted;
+    const std::string deleted = deletedFolder(folder(kind));
     const ItemPath from = path(kind, name);
     if (!has(kind, name)) fileSystem().read(from);  // raises that it is not there
     if (!fileSystem().folderExists(deleted)) fileSystem().makeFolder(deleted);
@@ -350,7 +349,7 @@ void Store::moveToDeleted(ItemKind kind, const std::string& name) const {
 }
 
 void Store::restore(ItemKind kind, const std::string& name) const {
-    const ItemPath from = placeOf(folder(kind) + kDeleted, name);
+    const ItemPath from = placeOf(deletedFolder(folder(kind)), name);
     if (has(kind, name))
         throw Error(errc::DuplicateKey,
                     "The file " + path(kind, name).text() + " is there already.");

@@ -2,9 +2,11 @@
 // what becomes of the handling of failures around it.
 #include "services/deleted_items.h"
 
+#include <filesystem>
 #include <string>
 
 #include "support/session_list_desk.h"
+#include "support/temporary_folder.h"
 
 namespace wynconfig {
 namespace {
@@ -89,6 +91,22 @@ TEST_P(DeletedItems, AnItemThatCannotBeLoadedIsKeptAsAnEmptyRecordWhateverWentBe
     kept.Load(ItemPath::item(deletedFolder, "B"));
     EXPECT_EQ(kept.Name(), "");
     EXPECT_TRUE(kept.Rows().empty());
+}
+
+TEST_P(DeletedItems, AFolderThatIsALinkIsRefusedAndNothingLeavesTheStore) {
+    const TemporaryFolder store;
+    const TemporaryFolder outside;
+    const auto real = makeRealFileSystem();
+    setFileSystem(real.get());
+    const std::string folder = store.path() + "/";
+    real->save(ItemPath::item(folder, "B"), sessionText("B"));
+    std::filesystem::create_directory_symlink(outside.path(), folder + "deleted");
+    announceBoxes(1);
+    moveToDeleted(on, folder, "B");
+    expectBoxes({"The folder " + folder + "deleted can't be used: it is a link."});
+    EXPECT_TRUE(std::filesystem::is_empty(outside.path()));
+    EXPECT_TRUE(real->listItems(folder).empty()) << "as whenever a record can't be kept aside";
+    setFileSystem(&disk);
 }
 
 TEST_P(DeletedItems, FailuresAreToldAgainBehindIt) {

@@ -1,7 +1,6 @@
 // Saving to the disk, one file at a time or many.
 #include "platform/files/disk_saves.h"
 
-#include <cstdlib>
 #include <set>
 
 namespace wynconfig {
@@ -34,14 +33,6 @@ std::optional<struct stat> statusOf(const OpenFolder& folder, const std::string&
     return std::nullopt;
 }
 
-/// Where a link leads, or nothing when that is nowhere.
-std::optional<std::string> followed(const std::string& link) {
-    const std::unique_ptr<char, void (*)(void*)> path{::realpath(link.c_str(), nullptr), std::free};
-    if (path) return std::string{path.get()};
-    if (errno != ENOENT) throw SystemFailure{errno};
-    return std::nullopt;
-}
-
 /// Raises `SystemFailure` when the user may not write a file. A rename asks nobody whether the old
 /// file may be changed; whoever protected it means it.
 void checkWritable(const OpenFolder& folder, const std::string& name, const struct stat& info) {
@@ -50,24 +41,17 @@ void checkWritable(const OpenFolder& folder, const std::string& name, const stru
     checked([&] { return ::faccessat(folder.number(), name.c_str(), W_OK, AT_EACCESS); });
 }
 
-/// The file that is to be written for a path. Links are followed, so that a link stays a link; one
-/// that leads nowhere gets replaced.
+/// The file that is to be written for a path. A link is not followed: it gives way to a new file of
+/// its folder, and what it led to is no concern of a save, be it writable or not.
 Target targetOf(SaveFolders& folders, const std::string& path) {
-    PathParts parts = partsOf(path);
-    SaveFolder* folder = &folders.at(parts.folder);
-    std::optional<struct stat> status = statusOf(folder->open(), parts.name);
-    if (status && S_ISLNK(status->st_mode)) {
-        const std::optional<std::string> actual = followed(path);
-        if (!actual) return {*folder, parts.name, std::nullopt};
-        parts = partsOf(*actual);
-        folder = &folders.at(parts.folder);
-        status = statusOf(folder->open(), parts.name);
-    }
-    if (!status) return {*folder, parts.name, std::nullopt};
+    const PathParts parts = partsOf(path);
+    SaveFolder& folder = folders.at(parts.folder);
+    const std::optional<struct stat> status = statusOf(folder.open(), parts.name);
+    if (!status || S_ISLNK(status->st_mode)) return {folder, parts.name, std::nullopt};
     if (S_ISDIR(status->st_mode)) throw SystemFailure{EISDIR};
     if (!S_ISREG(status->st_mode)) throw SystemFailure{EINVAL};
-    checkWritable(folder->open(), parts.name, *status);
-    return {*folder, parts.name, status->st_mode & 07777};
+    checkWritable(folder.open(), parts.name, *status);
+    return {folder, parts.name, status->st_mode & 07777};
 }
 
 /// The mode with which a temporary is made: never more open than that of the old file.

@@ -55,6 +55,10 @@ bool FaultyFileSystem::isFolder(const std::string& path) {
     return m_wrapped.isFolder(path);
 }
 
+bool FaultyFileSystem::isLink(const std::string& path) {
+    return m_wrapped.isLink(path);
+}
+
 void FaultyFileSystem::createFolder(const std::string& path) {
     if (begin(Operation::MakeFolder, path)) {
         throw refusal("folder", path, "made", std::errc::no_space_on_device);

@@ -128,6 +128,12 @@ void FileSystem::makeFolder(const std::string& folder) {
     if (current) updateIndex(parent, path.name, true);
 }
 
+void FileSystem::refuseLink(const std::string& folder) {
+    if (holdsNul(folder)) return;
+    const std::string resolved = resolveFolder(folder);
+    if (isLink(resolved)) throw refusal("folder", resolved, "used", "it is a link");
+}
+
 std::string FileSystem::read(const ItemPath& path) {
     const auto place = placeOf(path);
     if (!place) throw notFound(path.text());

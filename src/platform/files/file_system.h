@@ -62,12 +62,16 @@ class FileSystem {
     /// folder or file of that name, in whatever case, is there already.
     void makeFolder(const std::string& folder);
 
-    /// Reads a whole file. Raises errc::FileNotFound, or errc::FileAccess, also for a file of more
-    /// than kMaxItemSize.
+    /// Raises errc::FileAccess for a folder that is a symbolic link, and so may lie anywhere.
+    void refuseLink(const std::string& folder);
+
+    /// Reads a whole file, through a link as well. What is no plain file is never even opened.
+    /// Raises errc::FileNotFound, or errc::FileAccess, also for a file of more than kMaxItemSize.
     std::string read(const ItemPath& path);
 
     /// Writes a whole file, crash-safe: the file is at all times wholly the old or wholly the new
-    /// one. An existing file keeps its spelling and its mode bits. Raises errc::FileAccess; the old
+    /// one. An existing file keeps its spelling and its mode bits. A symbolic link in its place
+    /// gives way to a new file, and what it led to stays as it is. Raises errc::FileAccess; the old
     /// file then stands, unless the text says that the new one is written but not confirmed. While
     /// a `SaveBatch` is open the new content waits for its commit.
     void save(const ItemPath& path, std::string_view content);
@@ -118,6 +122,7 @@ class FileSystem {
     virtual std::optional<Version> versionOf(const std::string& path) = 0;
     virtual bool isPlainFile(const std::string& path) = 0;
     virtual bool isFolder(const std::string& path) = 0;
+    virtual bool isLink(const std::string& path) = 0;
     virtual void createFolder(const std::string& path) = 0;
     virtual std::string readFile(const std::string& path) = 0;
     virtual void replaceFile(const std::string& path, std::string_view content) = 0;

@@ -66,6 +66,8 @@ class MemoryFileSystem : public FileSystem {
 
     bool isFolder(const std::string& path) override { return folderAt(path) != nullptr; }
 
+    bool isLink(const std::string&) override { return false; }
+
     void createFolder(const std::string& path) override {
         const Location location = locationOf(path);
         Folder* parent = folderAt(location.folder);

@@ -57,6 +57,29 @@ class Descriptor {
     int m_number;
 };
 
+/// Opens a file if it is a plain one. Anything else is looked at and not opened: that alone may
+/// have effects, at the other end of a pipe or on a device. The number is negative when it fails,
+/// and `errno` tells why; EINVAL: it is no plain file.
+/// @param folder  an open one, or AT_FDCWD
+/// @param access  O_RDONLY or O_RDWR
+/// @param links   O_NOFOLLOW: a link is no plain file either; else 0
+inline Descriptor openPlainFile(int folder, const char* name, int access, int links) {
+    const Descriptor place{::openat(folder, name, O_PATH | O_CLOEXEC | links)};
+    struct stat info {};
+    if (place.number() < 0 || ::fstat(place.number(), &info) != 0) return Descriptor{-1};
+    if (!S_ISREG(info.st_mode)) {
+        errno = EINVAL;
+        return Descriptor{-1};
+    }
+    // By this way it is the file that was looked at, whatever lies at its name by now.
+    const std::string way = "/proc/self/fd/" + std::to_string(place.number());
+    const int file = ::open(way.c_str(), access | O_CLOEXEC);
+    if (file >= 0) return Descriptor{file};
+    // Where the system shows no such ways, the name has to do: without a wait for a pipe's other
+    // end, and without getting a terminal to control us.
+    return Descriptor{::openat(folder, name, access | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | links)};
+}
+
 /// A folder in which files are changed. It is opened once, so that all steps see the same folder,
 /// and no temporary name is too long where the target's is not.
 class OpenFolder {

@@ -98,6 +98,13 @@ class RealFileSystem : public FileSystem {
         return S_ISDIR(info.st_mode);
     }
 
+    bool isLink(const std::string& path) override {
+        struct stat info {};
+        if (::lstat(path.c_str(), &info) != 0)
+            return refuseUnlessMissing("file", path, "looked at");
+        return S_ISLNK(info.st_mode);
+    }
+
     void createFolder(const std::string& path) override {
         try {
             checked([&] { return ::mkdir(path.c_str(), 0777); });
@@ -110,12 +117,11 @@ class RealFileSystem : public FileSystem {
 
     std::string readFile(const std::string& path) override {
         try {
-            // Without O_NONBLOCK a named pipe in the file's place would hold us up for ever.
-            const Descriptor file{
-                checked([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); })};
+            const Descriptor file = openPlainFile(AT_FDCWD, path.c_str(), O_RDONLY, 0);
+            if (file.number() < 0) throw SystemFailure{errno};
             struct stat info {};
             checked([&] { return ::fstat(file.number(), &info); });
-            if (!S_ISREG(info.st_mode)) throw refusal("file", path, "read", "it is no plain file");
+            if (!S_ISREG(info.st_mode)) throw SystemFailure{EINVAL};
             std::string content =
                 readToEnd(file.number(), static_cast<std::size_t>(info.st_size), kMaxItemSize);
             if (content.size() > kMaxItemSize)
@@ -123,6 +129,7 @@ class RealFileSystem : public FileSystem {
             return content;
         } catch (const SystemFailure& failure) {
             if (failure.error == ENOENT) throw notFound(path);
+            if (failure.error == EINVAL) throw refusal("file", path, "read", "it is no plain file");
             throw refusal("file", path, "read", causeOf(failure.error));
         }
     }

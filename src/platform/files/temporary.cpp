@@ -92,13 +92,11 @@ bool leadsToFile(const OpenFolder& folder, const std::string& name,
 }
 
 /// Opens a temporary for its lock alone; a negative number when that fails. On a file server only
-/// what is open for writing can be locked, here a reader can, too. Without O_NONBLOCK a named pipe
-/// would hold us up.
+/// what is open for writing can be locked, here a reader can, too.
 Descriptor openToLock(const OpenFolder& folder, const std::string& name) {
-    constexpr int kFlags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-    const int file = ::openat(folder.number(), name.c_str(), O_RDWR | kFlags);
-    if (file >= 0 || errno != EACCES) return Descriptor{file};
-    return Descriptor{::openat(folder.number(), name.c_str(), O_RDONLY | kFlags)};
+    Descriptor file = openPlainFile(folder.number(), name.c_str(), O_RDWR, O_NOFOLLOW);
+    if (file.number() >= 0 || errno != EACCES) return file;
+    return openPlainFile(folder.number(), name.c_str(), O_RDONLY, O_NOFOLLOW);
 }
 
 /// Deletes a locked temporary whose writer is dead. True when it is gone, by whatever hand.

@@ -329,59 +329,6 @@ TEST_F(Disk, readsFilesThatClaimNoLength) {
     EXPECT_TRUE(holds(status, "Pid:")) << status;
 }
 
-TEST_F(Disk, followsLinksToPlainFiles) {
-    fs::create_directory(root + "elsewhere");
-    put("elsewhere/real", "old");
-    fs::create_symlink("elsewhere/real", root + "Link.vla");
-    fs::create_symlink("nowhere", root + "Dangling.vla");
-    fs::create_symlink("elsewhere", root + "Folder.vla");
-    fs::create_symlink("Loop.vla", root + "Loop.vla");
-    EXPECT_EQ(files->listItems(root), Names{"Link.vla"});
-    EXPECT_EQ(files->find(at("LINK.VLA")), "Link.vla");
-    EXPECT_EQ(files->read(at("LINK.VLA")), "old");
-    EXPECT_EQ(files->find(at("Dangling.vla")), "");
-    EXPECT_EQ(files->find(at("DANGLING.VLA")), "");
-    EXPECT_EQ(files->find(at("FOLDER.VLA")), "");
-    EXPECT_TRUE(files->folderExists(root + "FOLDER.VLA"));
-
-    files->save(at("LINK.VLA"), "new");
-    EXPECT_TRUE(fs::is_symlink(root + "Link.vla"));
-    EXPECT_EQ(contentOf("elsewhere/real"), "new");
-    EXPECT_EQ(raisedBy([&] { files->save(at("Folder.vla"), "x"); }).number(), errc::FileAccess);
-    EXPECT_EQ(raisedBy([&] { files->save(at("Loop.vla"), "x"); }).number(), errc::FileAccess);
-    files->save(at("Dangling.vla"), "x");
-    EXPECT_EQ(contentOf("Dangling.vla"), "x");
-    files->remove(at("LINK.VLA"));
-    EXPECT_EQ(contentOf("elsewhere/real"), "new");
-    EXPECT_EQ(names(),
-              (std::set<std::string>{"elsewhere", "Dangling.vla", "Folder.vla", "Loop.vla"}));
-}
-
-TEST_F(Disk, seesALinksTargetComeAndGo) {
-    fs::create_directory(root + "elsewhere");
-    fs::create_symlink("elsewhere/real", root + "Link.vla");
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
-    EXPECT_EQ(files->find(at("LINK.VLA")), "");
-    put("elsewhere/real", "x");
-    EXPECT_EQ(files->find(at("LINK.VLA")), "Link.vla");
-    fs::remove(root + "elsewhere/real");
-    EXPECT_EQ(files->find(at("LINK.VLA")), "");
-}
-
-TEST_F(Disk, refusesWhatIsNoPlainFile) {
-    ASSERT_EQ(mkfifo((root + "Pipe.vla").c_str(), 0600), 0);
-    EXPECT_TRUE(files->listItems(root).empty());
-    EXPECT_EQ(files->find(at("Pipe.vla")), "");
-    EXPECT_FALSE(files->existsExactly(root + "Pipe.vla"));
-    EXPECT_EQ(raisedBy([&] { files->read(at("Pipe.vla")); }).number(), errc::FileNotFound);
-    EXPECT_EQ(raisedBy([&] { files->save(at("Pipe.vla"), "x"); }).number(), errc::FileAccess);
-    EXPECT_TRUE(fs::is_fifo(root + "Pipe.vla"));
-    // Put there behind our back, it must not hold up the program either.
-    const Error error = raisedBy([&] { Stranger{*files}.readExactly(root + "Pipe.vla"); });
-    EXPECT_TRUE(holds(error.description(), "it is no plain file")) << error.description();
-    EXPECT_EQ(names(), std::set<std::string>{"Pipe.vla"});
-}
-
 TEST_F(Disk, listsNoNameThatItCouldNotFind) {
     put("A\\B.vla", "x");
     put("C.vla", "x");

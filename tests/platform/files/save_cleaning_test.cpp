@@ -196,16 +196,6 @@ TEST_F(Leftovers, areCleanedAwayByTheFirstSave) {
     }
 }
 
-TEST_F(Leftovers, inTheFolderOfALinksTargetAreCleanedAway) {
-    fs::create_directory(root + "elsewhere");
-    put("elsewhere/real", "old");
-    put("elsewhere/.wyn-123-0123abcd-1.tmp", "left behind");
-    fs::create_symlink("elsewhere/real", root + "Link.vla");
-    save("Link.vla");
-    EXPECT_EQ(contentOf("elsewhere/real"), "saved");
-    EXPECT_FALSE(fs::exists(root + "elsewhere/.wyn-123-0123abcd-1.tmp"));
-}
-
 TEST_F(Leftovers, areNotWhatMerelyLooksAlike) {
     const NameSet foreign = {".wyn-1-1.tmp",
                              ".wyn-.tmp",
