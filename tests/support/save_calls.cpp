@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <string>
+#include <string_view>
 
 namespace wynconfig {
 namespace {
@@ -75,6 +77,21 @@ extern "C" ssize_t write(int file, const void* bytes, size_t size) {
 }
 
 extern "C" int flock(int file, int operation) noexcept {
-    wynconfig::saveCalls.beforeLock();
+    wynconfig::SaveCalls& calls = wynconfig::saveCalls;
+    ++calls.locks;
+    calls.beforeLock();
+    if (calls.lockError != 0) {
+        errno = calls.lockError;
+        return -1;
+    }
     return static_cast<int>(syscall(SYS_flock, file, operation));
+}
+
+extern "C" int fstatat(int folder, const char* name, struct stat* info, int flags) noexcept {
+    const std::string& part = wynconfig::saveCalls.unseenName;
+    if (!part.empty() && std::string_view{name}.find(part) != std::string_view::npos) {
+        errno = EIO;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_newfstatat, folder, name, info, flags));
 }

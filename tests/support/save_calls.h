@@ -14,10 +14,13 @@ struct SaveCalls {
     int failingSync = 0;          ///< the sync of this number, from 1, fails; 0: none
     std::string failingName;      ///< a rename to this name fails
     bool failingListing = false;  ///< the disk fails behind the first names of a folder
+    std::string unseenName;       ///< nobody can tell what lies at a name that holds this
+    int lockError = 0;            ///< every lock fails like this; 0: none
     bool breakUpWrites = false;   ///< every other write is broken off, the others take 7 bytes
     int syncs = 0;
     int renames = 0;
     int writes = 0;
+    int locks = 0;
     std::vector<std::string> log;  ///< the calls that order a save
     std::function<void()> beforeLock = [] {};
     std::function<void()> beforeSync = [] {};

@@ -82,12 +82,16 @@ bool lockUnlessHeld(const Descriptor& file) {
     return true;
 }
 
-/// True when a plain file of that name is there, and is the open one if one is given.
+/// True when a plain file of that name is there, and is the open one if one is given. Raises
+/// `SystemFailure` when it can't be told.
 bool leadsToFile(const OpenFolder& folder, const std::string& name,
                  const struct stat* open = nullptr) {
     struct stat info {};
-    return ::fstatat(folder.number(), name.c_str(), &info, AT_SYMLINK_NOFOLLOW) == 0 &&
-           S_ISREG(info.st_mode) &&
+    if (::fstatat(folder.number(), name.c_str(), &info, AT_SYMLINK_NOFOLLOW) != 0) {
+        if (errno == ENOENT) return false;
+        throw SystemFailure{errno};
+    }
+    return S_ISREG(info.st_mode) &&
            (!open || (info.st_ino == open->st_ino && info.st_dev == open->st_dev));
 }
 
@@ -142,20 +146,46 @@ LockedTemporary::~LockedTemporary() {
 }
 
 int LockedTemporary::create(mode_t mode) {
-    static std::atomic<unsigned> counter{0};
-    const std::string prefix = ownPrefix();
-    for (;;) {
-        m_name = prefix + std::to_string(++counter);
-        m_name += kSuffix;
-        Descriptor file{::openat(m_folder.number(), m_name.c_str(),
-                                 O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode)};
-        if (file.number() < 0) {
-            if (errno != EEXIST && errno != EINTR) throw SystemFailure{errno};
-            continue;
-        }
+    constexpr int kMostTries = 20;
+    for (int tries = 1;; ++tries) {
+        Descriptor file = createUnderNewName(mode);
         // Before the lock was ours another program may have taken the file for a dead program's,
         // and deletes it, or did so.
-        if (lockUnlessHeld(file) && leadsToFile(m_folder, m_name)) return file.release();
+        const bool isOurs = lockUnlessHeld(file) && isStillThere();
+        // Where every lock is held there is none to be had, and nobody can take the file for a dead
+        // program's: it will do without.
+        if (isOurs || (tries == kMostTries && isStillThere())) return file.release();
+        m_folder.remove(m_name);
+        if (tries == kMostTries) throw SystemFailure{EAGAIN};
+    }
+}
+
+/// Makes the file, and gives it a name that nobody has.
+Descriptor LockedTemporary::createUnderNewName(mode_t mode) {
+    static std::atomic<unsigned> counter{0};
+    constexpr int kMostNames = 1000;
+    const std::string prefix = ownPrefix();
+    for (int names = 1;; ++names) {
+        m_name = prefix + std::to_string(++counter);
+        m_name += kSuffix;
+        try {
+            return Descriptor{checked([&] {
+                return ::openat(m_folder.number(), m_name.c_str(),
+                                O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+            })};
+        } catch (const SystemFailure& failure) {
+            if (failure.error != EEXIST || names == kMostNames) throw;
+        }
+    }
+}
+
+/// Whether the file has its name still. Takes the file away, and raises, when that can't be told.
+bool LockedTemporary::isStillThere() const {
+    try {
+        return leadsToFile(m_folder, m_name);
+    } catch (const SystemFailure&) {
+        m_folder.remove(m_name);
+        throw;
     }
 }
 
@@ -179,11 +209,15 @@ bool cleanTemporaries(const OpenFolder& folder) {
     for (const std::string& name : names) {
         const std::string leader = *leaderOf(name);
         const auto [asked, isNew] = gone.try_emplace(leader, false);
-        if (isNew) asked->second = removeDeadLeader(folder, leader);
-        if (!asked->second) {
+        try {
+            if (isNew) asked->second = removeDeadLeader(folder, leader);
+            if (!asked->second) {
+                clean = false;
+            } else if (name != leader && leadsToFile(folder, name)) {
+                folder.remove(name);
+            }
+        } catch (const SystemFailure&) {
             clean = false;
-        } else if (name != leader && leadsToFile(folder, name)) {
-            folder.remove(name);
         }
     }
     return clean;

@@ -21,7 +21,8 @@ class LockedTemporary {
     /// an item's.
     /// @param folder  must outlive this object.
     /// @param mode    as for a new file, less what the user's mask takes away.
-    /// Raises `SystemFailure`.
+    /// Raises `SystemFailure`, and leaves no file then. Where locks are always refused it does
+    /// without one.
     LockedTemporary(const OpenFolder& folder, mode_t mode);
     LockedTemporary(const LockedTemporary&) = delete;
     LockedTemporary& operator=(const LockedTemporary&) = delete;
@@ -36,6 +37,8 @@ class LockedTemporary {
 
   private:
     int create(mode_t mode);
+    Descriptor createUnderNewName(mode_t mode);
+    bool isStillThere() const;
 
     const OpenFolder& m_folder;
     std::string m_name;
