@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cfenv>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <fstream>
 #include <limits>
 #include <sstream>
@@ -160,6 +162,29 @@ TEST_F(Numbers, takesSeparatorsBehindTheFirstDigitOnly) {
     EXPECT_FALSE(IsNumeric("1e5,"));
     EXPECT_FALSE(IsNumeric("1e,5"));
     EXPECT_FALSE(IsNumeric("5 ,"));
+}
+
+TEST_F(Numbers, readsEachHexadecimalDigitAndNoOtherLetter) {
+    for (int c = 1; c < 128; ++c) {
+        const std::string text = std::string("&H1") + static_cast<char>(c);
+        // A blank behind a number is no part of it, and a locale's marks are none of these.
+        if (std::isspace(c) != 0) continue;
+        const char* const digits = "0123456789abcdef";
+        const char* const found = std::strchr(digits, std::tolower(c));
+        if (found)
+            EXPECT_EQ(parseNumber(text), 16 + (found - digits)) << text;
+        else
+            EXPECT_EQ(parseNumber(text), std::nullopt) << text;
+    }
+}
+
+TEST_F(Numbers, takesTheBlanksOfAsciiAroundThem) {
+    for (int c = 1; c < 33; ++c) {
+        const auto blank = static_cast<char>(c);
+        const bool isBlank = (c >= 9 && c <= 13) || c == 32;
+        EXPECT_EQ(parseNumber(std::string{blank, '7'}).has_value(), isBlank) << c;
+        EXPECT_EQ(parseNumber(std::string{'7', blank}).has_value(), isBlank) << c;
+    }
 }
 
 TEST_F(Numbers, readsHexadecimalAndOctalText) {
