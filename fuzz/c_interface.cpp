@@ -2,7 +2,6 @@
 // another kind or of nobody, from a host and from within its own functions.
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string>
@@ -10,14 +9,10 @@
 #include <vector>
 
 #include "platform/files/file_system.h"
+#include "require.h"
 #include "wynconfig/c.h"
 
 namespace {
-
-/// A promise of the interface is broken.
-void require(bool kept) {
-    if (!kept) std::abort();
-}
 
 const std::array<const char*, 32> kTexts{nullptr,
                                          "",
