@@ -195,7 +195,7 @@ SaveBatch::~SaveBatch() {
 
 void SaveBatch::commit(const Again& again) {
     if (!m_leads) return;
-    constexpr int kMostRounds = 10;
+    constexpr int kMostRounds = 50;
     std::optional<Error> first;
     for (int round = 1;; ++round) {
         std::vector<ItemPath> overtaken;

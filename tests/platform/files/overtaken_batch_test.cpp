@@ -115,8 +115,8 @@ TEST_P(Overtaken, filesThatChangeAllTheTimeAreReplacedInTheEnd) {
     disk.beforeCommit = [&] { stranger->write(root + "B.vla", std::to_string(++changes)); };
     appendToAll();
     EXPECT_EQ(contentOf("B.vla"), std::to_string(changes - 1) + " ours");
-    EXPECT_EQ(disk.count(Operation::Commit), 10U);
-    EXPECT_EQ(work.size(), 12U);
+    EXPECT_EQ(disk.count(Operation::Commit), 50U);
+    EXPECT_EQ(work.size(), 52U);
 }
 
 TEST_P(Overtaken, filesAreReplacedWhereNothingIsToBeDoneAgain) {
@@ -197,12 +197,12 @@ TEST_F(OvertakenOnDisk, aFileIsToldByItsVersionAloneOnceTheClockHasMovedOn) {
     put("B.vla", "new");
     fs::last_write_time(root + "B.vla", before);
     batch.commit([&](const std::vector<ItemPath>& overtaken) {
+        EXPECT_EQ(counted.count(Operation::Read), 2U) << "no text was compared";
         ASSERT_EQ(overtaken.size(), 1U);
         EXPECT_EQ(overtaken[0].text(), root + "B.vla");
         counted.save(overtaken[0], counted.read(overtaken[0]) + "!");
     });
     EXPECT_EQ(contentOf("A.vla") + contentOf("B.vla"), "old!new!");
-    EXPECT_EQ(counted.count(Operation::Read), 3U) << "no text was compared";
 }
 
 TEST_F(OvertakenOnDisk, aFileThatWentWithItsFolderIsAFailure) {
