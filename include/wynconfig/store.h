@@ -68,7 +68,8 @@ using StoreProgress = std::function<void(std::size_t done, std::size_t all)>;
 /// A folder with sessions and part formats, as `WYNConfig::init` makes it. Names are compared
 /// without regard to case; text is UTF-8. Nothing is kept between the calls: each looks at the
 /// disk. Every operation raises `Error` when the disk fails it: errc::FileAccess, with a
-/// description that names the file or folder.
+/// description that names the file or folder. Where a save can't leave a file in the group that it
+/// had, the operation comes to its end all the same, and then raises that.
 class WYNCONFIG_API Store {
   public:
     /// @param root  the store's root with its trailing separator, as for `WYNConfig::init`

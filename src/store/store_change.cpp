@@ -25,8 +25,13 @@ void StoreChange::remove(const ItemPath& file) {
 }
 
 void StoreChange::commit(const SaveBatch::Again& again) {
+    std::optional<GroupLost> lost;
     try {
-        m_batch.commit(again);
+        try {
+            m_batch.commit(again);
+        } catch (const GroupLost& told) {
+            lost = told;
+        }
         for (auto& [path, step] : m_steps) {
             if (step.saved) continue;
             fileSystem().remove(step.file);
@@ -37,6 +42,7 @@ void StoreChange::commit(const SaveBatch::Again& again) {
         if (left.empty()) throw;
         throw Error(error.number(), error.description() + " Not put back could be:" + left + ".");
     }
+    if (lost) throw *lost;
 }
 
 /// The step for a file, which is remembered as it is now.

@@ -25,7 +25,8 @@ class StoreChange {
     /// The file goes behind all saves: at no moment its content is nowhere.
     void remove(const ItemPath& file);
     /// Does all of it. Raises the failure after which it was taken back; the description names the
-    /// files, if any, that could not be put back.
+    /// files, if any, that could not be put back. Only `GroupLost` takes nothing back: it is raised
+    /// when all is done.
     /// @param again  saves those files once more that another program changed meanwhile, see
     ///               `SaveBatch::commit`
     void commit(const SaveBatch::Again& again);

@@ -294,6 +294,18 @@ class LateFailure : public FaultyFileSystem {
     }
 };
 
+/// Puts a batch in place, and tells then that a file is no more in its group.
+class LostGroup : public FaultyFileSystem {
+  public:
+    using FaultyFileSystem::FaultyFileSystem;
+
+  protected:
+    void commitStaged(const MayReplace& mayReplace) override {
+        FaultyFileSystem::commitStaged(mayReplace);
+        throw GroupLost(refusal("file", "A", "kept in its group", "who knows"));
+    }
+};
+
 class StoreChanges : public StoreItems {
   protected:
     static std::shared_ptr<Dataset> recordOf(ItemKind kind, const std::string& name,
@@ -447,6 +459,17 @@ TEST_P(StoreChanges, RenameEverywhereOrNowhere) {
               }),
               errc::InvalidCall);
     EXPECT_EQ(calls, 2);
+}
+
+TEST_P(StoreChanges, ComeToTheirEndWhereAFileLosesItsGroup) {
+    putRecord(kFormat, "CSV", {});
+    putRecord(kSession, "A", sound({"CSV"}));
+    LostGroup lost(*files);
+    setFileSystem(&lost);
+    const Error raised = raisedBy([&] { store.rename("CSV", "NEW"); });
+    EXPECT_EQ(raised.description(), "The file A can't be kept in its group: who knows.");
+    EXPECT_EQ(store.names(kFormat), Names{"NEW"});
+    EXPECT_EQ(formatsIn("A"), Names{"NEW"});
 }
 
 TEST(UpperName, IsThatOfItsItem) {

@@ -87,6 +87,21 @@ extern "C" int flock(int file, int operation) noexcept {
     return static_cast<int>(syscall(SYS_flock, file, operation));
 }
 
+extern "C" int fchown(int file, uid_t user, gid_t group) noexcept {
+    struct stat info {};
+    fstat(file, &info);
+    wynconfig::saveCalls.modesBeforeOwners.push_back(info.st_mode & 07777);
+    return static_cast<int>(syscall(SYS_fchown, file, user, group));
+}
+
+extern "C" int fchmod(int file, mode_t mode) noexcept {
+    if (wynconfig::saveCalls.modeError != 0) {
+        errno = wynconfig::saveCalls.modeError;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_fchmod, file, mode));
+}
+
 extern "C" int fstatat(int folder, const char* name, struct stat* info, int flags) noexcept {
     const std::string& part = wynconfig::saveCalls.unseenName;
     if (!part.empty() && std::string_view{name}.find(part) != std::string_view::npos) {

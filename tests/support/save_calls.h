@@ -16,12 +16,14 @@ struct SaveCalls {
     bool failingListing = false;  ///< the disk fails behind the first names of a folder
     std::string unseenName;       ///< nobody can tell what lies at a name that holds this
     int lockError = 0;            ///< every lock fails like this; 0: none
+    int modeError = 0;            ///< no file gets another mode, but fails like this; 0: each does
     bool breakUpWrites = false;   ///< every other write is broken off, the others take 7 bytes
     int syncs = 0;
     int renames = 0;
     int writes = 0;
     int locks = 0;
-    std::vector<std::string> log;  ///< the calls that order a save
+    std::vector<unsigned> modesBeforeOwners;  ///< of the files that were given other owners
+    std::vector<std::string> log;             ///< the calls that order a save
     std::function<void()> beforeLock = [] {};
     std::function<void()> beforeSync = [] {};
     std::function<void()> beforeRename = [] {};

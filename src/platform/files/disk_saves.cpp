@@ -22,8 +22,18 @@ PathParts partsOf(const std::string& path) {
 struct Target {
     SaveFolder& folder;
     std::string name;
-    std::optional<mode_t> mode;  ///< mode bits of the file that is there, if one is
+    std::optional<Ownership> old;  ///< of the file that is there, if one is
 };
+
+Ownership ownershipOf(const struct stat& info) {
+    return {info.st_uid, info.st_gid, info.st_mode & 07777};
+}
+
+Ownership ownershipOf(const Descriptor& file) {
+    struct stat info {};
+    checked([&] { return ::fstat(file.number(), &info); });
+    return ownershipOf(info);
+}
 
 /// What lies at a name that a save is to write; nothing when nothing does.
 std::optional<struct stat> statusOf(const OpenFolder& folder, const std::string& name) {
@@ -51,21 +61,71 @@ Target targetOf(SaveFolders& folders, const std::string& path) {
     if (S_ISDIR(status->st_mode)) throw SystemFailure{EISDIR};
     if (!S_ISREG(status->st_mode)) throw SystemFailure{EINVAL};
     checkWritable(folder.open(), parts.name, *status);
-    return {folder, parts.name, status->st_mode & 07777};
+    return {folder, parts.name, ownershipOf(*status)};
 }
 
-/// The mode with which a temporary is made: never more open than that of the old file.
-mode_t modeToMake(const std::optional<mode_t>& mode) {
-    return mode ? *mode & 0777 : 0666;
+/// The mode of a new file, less what the user's mask takes away.
+constexpr mode_t kNewMode = 0666;
+
+/// The mode with which a temporary is made that has its owners still to get: as long as it bears
+/// another group, that one has no rights on it.
+mode_t modeUntilOwned(const std::optional<Ownership>& old) {
+    return old ? old->mode & 0700 : kNewMode;
 }
 
-/// Gives a temporary the mode of the old file. True when it was made with it.
-bool keepMode(const Descriptor& file, mode_t mode) {
-    struct stat info {};
-    if (::fstat(file.number(), &info) == 0 && (info.st_mode & 07777) == mode) return true;
-    // A mount without mode bits of its own refuses this, and has none to keep.
-    ::fchmod(file.number(), mode);
-    return false;
+/// Gives a temporary the owners of the old file. An owner that only a privileged user can give is
+/// given up without a word, since whoever may write the file may keep writing it by its group.
+/// @param file  out: what the file has by then
+/// @return why it did not get the group; 0: it did
+int keepOwners(const Descriptor& temporary, Ownership& file, const Ownership& old) {
+    if (file.user == old.user && file.group == old.group) return 0;
+    int error = EPERM;
+    if (::fchown(temporary.number(), old.user, old.group) != 0 && file.group != old.group &&
+        ::fchown(temporary.number(), static_cast<uid_t>(-1), old.group) != 0) {
+        error = errno;
+    }
+    file = ownershipOf(temporary);
+    return file.group == old.group ? 0 : error;
+}
+
+/// The mode of the old file, as far as it may go to other owners: another group gets no more than
+/// everybody has, and nobody gets what runs in another one's name.
+mode_t modeFor(const Ownership& file, const Ownership& old) {
+    mode_t mode = old.mode;
+    if (file.user != old.user || file.group != old.group) mode &= 0777;
+    if (file.group != old.group) mode &= 0707U | (mode & 07U) << 3;
+    return mode;
+}
+
+/// Gives a temporary its mode. Raises `SystemFailure`, but not on a mount without mode bits of its
+/// own, which has none to keep.
+void setMode(const Descriptor& temporary, mode_t mode) {
+    try {
+        checked([&] { return ::fchmod(temporary.number(), mode); });
+    } catch (const SystemFailure& failure) {
+        if (failure.error != EPERM && failure.error != ENOTSUP && failure.error != ENOSYS) throw;
+    }
+}
+
+/// Gives a temporary the owners and the mode of the old file, as far as the system allows that.
+/// @param asMade  out: whether it had all of it from the start
+/// Raises `SystemFailure`.
+/// @return why it did not get the group; 0: it did
+int keepOwnership(const Descriptor& temporary, const Ownership& old, bool& asMade) {
+    Ownership file = ownershipOf(temporary);
+    asMade = file == old;
+    if (asMade) return 0;
+    const int error = keepOwners(temporary, file, old);
+    const mode_t mode = modeFor(file, old);
+    if (file.mode != mode) setMode(temporary, mode);
+    return error;
+}
+
+/// Keeps a failure to be told unless there is one. That a file lost its group is told only when
+/// nothing worse happened.
+void keepFirst(std::optional<SaveFailure>& first, SaveFailure failure) {
+    constexpr auto kLeast = SaveFailure::What::GroupLost;
+    if (!first || (first->what == kLeast && failure.what != kLeast)) first = std::move(failure);
 }
 
 FolderIdentity identityOf(const struct stat& info) {
@@ -83,7 +143,8 @@ void syncFileSystems(const SaveFolders& folders) {
             if (!done.insert(folder->open().status().st_dev).second) continue;
             checked([&] { return ::syncfs(folder->open().number()); });
         } catch (const SystemFailure& failure) {
-            throw SaveFailure{SaveFailure::Of::Folder, folder->path(), false, failure.error};
+            throw SaveFailure{SaveFailure::Of::Folder, folder->path(),
+                              SaveFailure::What::NotWritten, failure.error};
         }
     }
 }
@@ -114,51 +175,67 @@ void CleanFolders::note(const std::string& path, const OpenFolder& folder, bool 
 }
 
 SaveFolder::~SaveFolder() {
-    for (const auto& staged : m_staged) discard(staged.second);
+    for (const auto& staged : m_staged) discard(staged.second.number);
 }
 
-void SaveFolder::stage(const std::string& name, std::optional<mode_t> mode,
+/// Whether a new file of the folder has the owners of an old one, and may be made with its mode.
+bool SaveFolder::isWrittenAsNew(const Ownership& old) const {
+    return m_new->user == old.user && m_new->group == old.group;
+}
+
+void SaveFolder::stage(const std::string& name, const std::optional<Ownership>& old,
                        std::string_view content) {
-    if (!m_mark) m_mark.emplace(m_folder, modeToMake(std::nullopt));
+    if (!m_mark) {
+        m_mark.emplace(m_folder, kNewMode);
+        m_new = ownershipOf(m_mark->file());
+    }
     const unsigned number = ++m_last;
     const std::string temporary = m_mark->follower(number);
+    const mode_t mode = old && isWrittenAsNew(*old) ? old->mode & 0777 : modeUntilOwned(old);
     Descriptor file{checked([&] {
         return ::openat(m_folder.number(), temporary.c_str(),
-                        O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, modeToMake(mode));
+                        O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     })};
+    int groupError = 0;
     try {
-        if (mode && mode != m_modeAsMade && keepMode(file, *mode)) m_modeAsMade = mode;
+        if (old && old != m_asMade) {
+            bool asMade = false;
+            groupError = keepOwnership(file, *old, asMade);
+            if (asMade) m_asMade = old;
+        }
         writeAll(file, content);
         file.close();
     } catch (...) {
         discard(number);
         throw;
     }
-    const auto [staged, isNew] = m_staged.try_emplace(name, number);
-    if (!isNew) discard(std::exchange(staged->second, number));
+    const Staged staged{number, groupError};
+    const auto [former, isNew] = m_staged.try_emplace(name, staged);
+    if (!isNew) discard(std::exchange(former->second, staged).number);
 }
 
 void SaveFolder::unstage(const std::string& name) {
     const auto staged = m_staged.find(name);
     if (staged == m_staged.end()) return;
-    discard(staged->second);
+    discard(staged->second.number);
     m_staged.erase(staged);
 }
 
 void SaveFolder::publish(const MayReplace& mayReplace, std::optional<SaveFailure>& first) {
-    const auto keep = [&](SaveFailure::Of of, const std::string& path, bool published, int error) {
-        if (!first) first = SaveFailure{of, path, published, error};
-    };
-    for (const auto& [name, number] : m_staged) {
+    using Of = SaveFailure::Of;
+    using What = SaveFailure::What;
+    for (const auto& [name, staged] : m_staged) {
         if (!mayReplace(m_path + name)) {
-            discard(number);
+            discard(staged.number);
             continue;
         }
         try {
-            m_folder.rename(m_mark->follower(number), name);
+            m_folder.rename(m_mark->follower(staged.number), name);
+            if (staged.groupError != 0)
+                keepFirst(first, {Of::File, m_path + name, What::GroupLost, staged.groupError});
         } catch (const SystemFailure& failure) {
-            discard(number);
-            keep(SaveFailure::Of::File, m_path + name, false, failure.error);
+            discard(staged.number);
+            keepFirst(first, {Of::File, m_path + name, What::NotWritten, failure.error});
         }
     }
     m_staged.clear();
@@ -166,7 +243,7 @@ void SaveFolder::publish(const MayReplace& mayReplace, std::optional<SaveFailure
     try {
         m_folder.sync();
     } catch (const SystemFailure& failure) {
-        keep(SaveFailure::Of::Folder, m_path, true, failure.error);
+        keepFirst(first, {Of::Folder, m_path, What::NotConfirmed, failure.error});
     }
 }
 
@@ -194,21 +271,26 @@ SaveFolder* SaveFolders::known(const std::string& path) const {
 }
 
 void DiskSaves::save(const std::string& path, std::string_view content) {
-    bool published = false;
+    SaveFailure failed{SaveFailure::Of::File, path, SaveFailure::What::NotWritten, 0};
     try {
         SaveFolders folders{m_cleanFolders, CleanFolders::When::Changed};
         const Target target = targetOf(folders, path);
         const OpenFolder& folder = target.folder.open();
-        LockedTemporary temporary{folder, modeToMake(target.mode)};
-        if (target.mode) keepMode(temporary.file(), *target.mode);
+        LockedTemporary temporary{folder, modeUntilOwned(target.old)};
+        bool asMade = false;
+        const int groupError =
+            target.old ? keepOwnership(temporary.file(), *target.old, asMade) : 0;
         writeAll(temporary.file(), content);
         checked([&] { return ::fsync(temporary.file().number()); });
         temporary.publish(target.name);
-        published = true;
+        failed.what = SaveFailure::What::NotConfirmed;
         folder.sync();
         m_cleanFolders.note(target.folder.path(), folder, target.folder.isClean());
+        failed.what = SaveFailure::What::GroupLost;
+        if (groupError != 0) throw SystemFailure{groupError};
     } catch (const SystemFailure& failure) {
-        throw SaveFailure{SaveFailure::Of::File, path, published, failure.error};
+        failed.error = failure.error;
+        throw failed;
     }
 }
 
@@ -218,9 +300,10 @@ void DiskSaves::stage(const std::string& path, std::string_view content) {
             m_batch = std::make_unique<SaveFolders>(m_cleanFolders, CleanFolders::When::Always);
         }
         const Target target = targetOf(*m_batch, path);
-        target.folder.stage(target.name, target.mode, content);
+        target.folder.stage(target.name, target.old, content);
     } catch (const SystemFailure& failure) {
-        throw SaveFailure{SaveFailure::Of::File, path, false, failure.error};
+        throw SaveFailure{SaveFailure::Of::File, path, SaveFailure::What::NotWritten,
+                          failure.error};
     }
 }
 

@@ -20,10 +20,23 @@ namespace wynconfig {
 /// Why a save failed, for a message.
 struct SaveFailure {
     enum class Of { File, Folder };
+    enum class What {
+        NotWritten,
+        NotConfirmed,  ///< the new content is in place, but may not outlast a crash
+        GroupLost,     ///< the new content is in place, but not in the old file's group
+    };
     Of of;             ///< Folder: all files of the batch that lie in it
     std::string path;  ///< of the file, or of the folder
-    bool published;    ///< the new content is in place, but may not outlast a crash
-    int error;         ///< as the system numbers it
+    What what;
+    int error;  ///< as the system numbers it
+};
+
+/// What a file takes over from the one that it replaces.
+struct Ownership {
+    uid_t user;
+    gid_t group;
+    mode_t mode;  ///< with the bits beyond the rights
+    bool operator==(const Ownership&) const = default;
 };
 
 /// Asked for each file right before its temporary is put in place: false leaves the old one.
@@ -78,23 +91,30 @@ class SaveFolder {
 
     /// Writes the temporary of a file, in place of the one that it has. Raises `SystemFailure`; the
     /// former temporary then stands.
-    /// @param mode  the mode bits of the old file, if there is one.
-    void stage(const std::string& name, std::optional<mode_t> mode, std::string_view content);
+    /// @param old  what is to be kept of the old file, if there is one.
+    void stage(const std::string& name, const std::optional<Ownership>& old,
+               std::string_view content);
     void unstage(const std::string& name);
     /// Puts all temporaries that may be in place and brings the names to the disk. Their bytes must
     /// be there by then. Tries all files, and keeps the first failure.
     void publish(const MayReplace& mayReplace, std::optional<SaveFailure>& first);
 
   private:
+    struct Staged {
+        unsigned number;  ///< of the temporary
+        int groupError;   ///< why it is not in the old file's group; 0: it is
+    };
     void discard(unsigned number) const;
+    bool isWrittenAsNew(const Ownership& old) const;
 
     std::string m_path;
     OpenFolder m_folder;
     bool m_isClean;
-    std::optional<LockedTemporary> m_mark;     ///< by its lock the temporaries live
-    std::map<std::string, unsigned> m_staged;  ///< number of the temporary by the file's name
-    std::optional<mode_t> m_modeAsMade;        ///< one that new files of the folder get as asked
-    unsigned m_last = 0;                       ///< number of the temporary made last
+    std::optional<LockedTemporary> m_mark;   ///< by its lock the temporaries live
+    std::map<std::string, Staged> m_staged;  ///< by the file's name
+    std::optional<Ownership> m_new;          ///< that of the mark, as new files of the folder have
+    std::optional<Ownership> m_asMade;       ///< one that new files of the folder get as asked
+    unsigned m_last = 0;                     ///< number of the temporary made last
 };
 
 /// The folders in which files are being saved, each opened once.

@@ -197,10 +197,13 @@ void SaveBatch::commit(const Again& again) {
     if (!m_leads) return;
     constexpr int kMostRounds = 50;
     std::optional<Error> first;
+    std::optional<GroupLost> lost;
     for (int round = 1;; ++round) {
         std::vector<ItemPath> overtaken;
         try {
             m_files.commitBatch(again && round < kMostRounds ? &overtaken : nullptr);
+        } catch (const GroupLost& failure) {
+            if (!lost) lost = failure;
         } catch (const Error& failure) {
             if (!first) first = failure;
         }
@@ -210,6 +213,7 @@ void SaveBatch::commit(const Again& again) {
     }
     m_leads = false;
     if (first) throw *first;
+    if (lost) throw *lost;
 }
 
 void FileSystem::beginBatch() {

@@ -22,6 +22,13 @@
 
 namespace wynconfig {
 
+/// Raised behind a save that is done: the file is written, but its user may not leave it in the
+/// group that the old one had.
+class GroupLost : public Error {
+  public:
+    explicit GroupLost(const Error& told) : Error(told) {}
+};
+
 /// Files and folders as the component uses them. The public operations find every part of a path
 /// without regard to case (as `UCase` compares), an exact name first, then the first in ascending
 /// byte order; they share one resolver. Parts that are not there stay as given. What a kind of file
@@ -70,10 +77,12 @@ class FileSystem {
     std::string read(const ItemPath& path);
 
     /// Writes a whole file, crash-safe: the file is at all times wholly the old or wholly the new
-    /// one. An existing file keeps its spelling and its mode bits. A symbolic link in its place
-    /// gives way to a new file, and what it led to stays as it is. Raises errc::FileAccess; the old
-    /// file then stands, unless the text says that the new one is written but not confirmed. While
-    /// a `SaveBatch` is open the new content waits for its commit.
+    /// one. An existing file keeps its spelling, its group and its mode bits, and its owner where
+    /// the user may give files away. Where the user is no member of the group, the new one gets no
+    /// more rights than everybody has, and `GroupLost` is raised in the end. A symbolic link in its
+    /// place gives way to a new file, and what it led to stays as it is. Raises errc::FileAccess;
+    /// the old file then stands, unless the text says that the new one is written but not
+    /// confirmed. While a `SaveBatch` is open the new content waits for its commit.
     void save(const ItemPath& path, std::string_view content);
 
     /// Writes a whole file at exactly this path of the system, crash-safe as `save`, but of any
@@ -227,7 +236,8 @@ class SaveBatch {
 
     /// Puts all files in place and ends the batch: a `save` behind it goes through at once. Tries
     /// all files and raises the first failure, errc::FileAccess. When the new content can't be
-    /// brought to the disk, no file is changed.
+    /// brought to the disk, no file is changed. `GroupLost` is raised when there is no other
+    /// failure.
     /// @param again  with it, no file is replaced that anybody changed or deleted since it was read
     /// in the batch: `again` gets those files, as their paths were given to `read`, while a batch
     /// is open anew, and that one is committed likewise. Somebody who changes a file all the time

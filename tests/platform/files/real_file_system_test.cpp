@@ -219,6 +219,19 @@ TEST_F(Disk, keepsModeBits) {
     EXPECT_EQ(modeOf("B.vla"), 0640U);
 }
 
+TEST_F(Disk, keepsTheOldFileWhenTheNewOneCantGetItsMode) {
+    put("A.vla", "old");
+    fs::permissions(root + "A.vla", fs::perms{0664});
+    saveCalls.modeError = EIO;
+    const Error error = raisedBy([&] { files->save(at("A.vla"), "new"); });
+    EXPECT_TRUE(holds(error.description(), "Input/output error")) << error.description();
+    EXPECT_EQ(contentOf("A.vla"), "old");
+    EXPECT_EQ(names(), std::set<std::string>{"A.vla"});
+    saveCalls.modeError = EPERM;  // as where files have no modes of their own
+    files->save(at("A.vla"), "new");
+    EXPECT_EQ(contentOf("A.vla"), "new");
+}
+
 TEST_F(Disk, leavesWriteProtectedFilesAlone) {
     put("A.vla", "old");
     fs::permissions(root + "A.vla", fs::perms{0444});
