@@ -226,7 +226,7 @@ TEST_P(StoreInit, AFolderInTheCataloguesPlaceMakesABox) {
 TEST_P(StoreInit, AFileInTheFoldersPlaceMakesABox) {
     memory->makeFolder("/new");
     memory->save({"/new/", "MORAM"}, "a file");
-    onFailureBox("The file /new/MORAM/MORAM.vls can't be written: its folder is not there.");
+    onFailureBox("The file /new/MORAM/MORAM.vls can't be written: Not a directory.");
     component.init("/new/");
     EXPECT_EQ(memory->read({"/new/", "MORAM"}), "a file");
     expectCatalogue("/new/", "PARTFORMAT");

@@ -59,6 +59,10 @@ bool FaultyFileSystem::isLink(const std::string& path) {
     return m_wrapped.isLink(path);
 }
 
+std::errc FaultyFileSystem::whyNoFolder(const std::string& path) {
+    return m_wrapped.whyNoFolder(path);
+}
+
 void FaultyFileSystem::createFolder(const std::string& path) {
     if (begin(Operation::MakeFolder, path)) {
         throw refusal("folder", path, "made", std::errc::no_space_on_device);

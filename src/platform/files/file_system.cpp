@@ -121,7 +121,8 @@ void FileSystem::makeFolder(const std::string& folder) {
     }
     const std::string resolved = join(parent, path.name);
     if (!isFolder(parent)) {
-        throw refusal("folder", resolved, "made", "the folder above it is not there");
+        throw refusal("folder", resolved, "made",
+                      causeOfNoFolder(parent, "the folder above it is not there"));
     }
     const bool current = hasCurrentIndex(parent);
     createFolder(resolved);
@@ -356,12 +357,20 @@ FileSystem::NameToWrite FileSystem::nameToWrite(const Place& place) {
 
     const std::string target = join(place.folder, place.name);
     if (!isFolder(place.folder)) {
-        throw refusal("file", target, "written", "its folder is not there");
+        throw refusal("file", target, "written",
+                      causeOfNoFolder(place.folder, "its folder is not there"));
     }
     if (!nameOnDisk(place.folder, place.name, &FileSystem::isFolder, Trust::SameStamp).empty()) {
         throw refusal("file", target, "written", "a folder of that name is there");
     }
     return {place.name, false};
+}
+
+/// Why nothing can be put into what is no folder, in the usual words when nothing is there.
+std::string FileSystem::causeOfNoFolder(const std::string& folder, const char* usual) {
+    const std::errc cause = whyNoFolder(folder);
+    if (cause == std::errc::no_such_file_or_directory) return usual;
+    return std::make_error_code(cause).message();
 }
 
 /// The name under which the open batch is to make a new file, in whatever case it is asked for, or

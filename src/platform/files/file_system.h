@@ -132,6 +132,8 @@ class FileSystem {
     virtual bool isPlainFile(const std::string& path) = 0;
     virtual bool isFolder(const std::string& path) = 0;
     virtual bool isLink(const std::string& path) = 0;
+    /// Why a path that `isFolder` denies leads to no folder.
+    virtual std::errc whyNoFolder(const std::string& path) = 0;
     virtual void createFolder(const std::string& path) = 0;
     virtual std::string readFile(const std::string& path) = 0;
     virtual void replaceFile(const std::string& path, std::string_view content) = 0;
@@ -193,6 +195,7 @@ class FileSystem {
     std::string nameOnDisk(const std::string& folder, const std::string& name, Question isWanted,
                            Trust trust);
     NameToWrite nameToWrite(const Place& place);
+    std::string causeOfNoFolder(const std::string& folder, const char* usual);
     bool isThere(const std::string& path);
     std::string newFileName(const Place& place) const;
     void takeBack(const Place& place, const std::string& name);

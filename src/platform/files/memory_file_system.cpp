@@ -68,6 +68,14 @@ class MemoryFileSystem : public FileSystem {
 
     bool isLink(const std::string&) override { return false; }
 
+    std::errc whyNoFolder(const std::string& path) override {
+        for (std::string above = keyOf(path); !above.empty() && above != "/";
+             above = locationOf(above).folder) {
+            if (isPlainFile(above)) return std::errc::not_a_directory;
+        }
+        return std::errc::no_such_file_or_directory;
+    }
+
     void createFolder(const std::string& path) override {
         const Location location = locationOf(path);
         Folder* parent = folderAt(location.folder);

@@ -105,6 +105,12 @@ class RealFileSystem : public FileSystem {
         return S_ISLNK(info.st_mode);
     }
 
+    std::errc whyNoFolder(const std::string& path) override {
+        struct stat info {};
+        const bool isThere = ::stat(folderName(path), &info) == 0;
+        return static_cast<std::errc>(isThere ? ENOTDIR : errno);
+    }
+
     void createFolder(const std::string& path) override {
         try {
             checked([&] { return ::mkdir(path.c_str(), 0777); });

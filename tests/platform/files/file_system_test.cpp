@@ -218,7 +218,8 @@ TEST_P(AnyFileSystem, takesNoFolderForAFile) {
 TEST_P(AnyFileSystem, refusesToSaveIntoAFolderThatIsNotThere) {
     expectRefused({root + "NONE\\", "A.vla"}, "its folder is not there");
     stranger->write(root + "FILE", "x");
-    expectRefused({root + "FILE\\", "A.vla"}, "its folder is not there");
+    for (const char* inFile : {"FILE\\", "FILE\\SUB\\"})
+        expectRefused({root + inFile, "A.vla"}, "Not a directory");
     EXPECT_EQ(files->find({root + "FILE\\", "A.vla"}), "");
     const Error error = raisedBy([&] { files->save({root + "None\\", "A.vla"}, ""); });
     EXPECT_EQ(error.description(),

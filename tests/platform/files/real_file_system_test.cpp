@@ -253,7 +253,7 @@ TEST_F(Disk, takesNoFolderForEmptyThatItCantOpen) {
     // The sanitizer that looks at objects needs a free number itself for the first of a class:
     // those of the disk, of a failure and of its cause have to be seen before.
     EXPECT_FALSE(makeRealFileSystem()->folderExists(root + "none"));
-    const Error failure = raisedBy([&] { files->makeFolder(root + "A.vla/x"); });
+    const Error failure = raisedBy([&] { files->makeFolder(root + "none/x"); });
     EXPECT_TRUE(holds(failure.description(), "is not there"));
     EXPECT_EQ(std::generic_category().message(EMFILE), cause);
     withoutFreeFileNumbers([&] {
@@ -312,6 +312,53 @@ TEST_F(Disk, tellsAFolderThatItsUserMayNotReadFromAMissingOne) {
         expectUnreadable(unseen, cause, [&] { files->find(exact); });
     });
     EXPECT_TRUE(files->listItems(root + "none").empty());
+}
+
+TEST_F(Disk, tellsWhyThereIsNoFolderToSaveIn) {
+    put("FILE", "x");
+    fs::create_symlink("Loop", root + "Loop");
+    fs::create_symlink("nowhere", root + "Dangling");
+    const std::string longName(300, 'n');
+    const std::vector<std::pair<std::string, std::string>> causes = {
+        {"none", "its folder is not there"},
+        {"Dangling", "its folder is not there"},
+        {"FILE", "Not a directory"},
+        {"FILE/SUB", "Not a directory"},
+        {"Loop", "Too many levels of symbolic links"},
+        {longName, "File name too long"}};
+    for (const auto& [name, cause] : causes) {
+        const Error error = raisedBy([&] { files->save({root + name + "/", "A.vla"}, "x"); });
+        EXPECT_TRUE(error.description().ends_with("A.vla can't be written: " + cause + "."))
+            << error.description();
+        const Error made = raisedBy([&] { files->makeFolder(root + name + "/SUB"); });
+        const bool isMissing = cause == "its folder is not there";
+        EXPECT_TRUE(made.description().ends_with(
+            ": " + (isMissing ? "the folder above it is not there" : cause) + "."))
+            << made.description();
+    }
+}
+
+TEST_F(Disk, tellsAFolderThatItsUserMayNotSearchFromAMissingOne) {
+    fs::permissions(root, fs::perms{0755});
+    fs::create_directories(root + "shut/SUB");
+    put("shut/SUB/A.vla", "x");
+    const std::string cause = "Permission denied";
+    const std::string unseen = "folder " + root + "shut/SUB can't be looked at";
+    for (const unsigned rights : {0U, 0444U}) {
+        fs::permissions(root + "shut", fs::perms{rights});
+        asOrdinaryUser({}, [&] {
+            const ItemPath file{root + "shut\\SUB\\", "A.vla"};
+            expectUnreadable(unseen, cause, [&] { files->listItems(root + "shut\\SUB"); });
+            expectUnreadable(unseen, cause, [&] { files->find(file); });
+            expectUnreadable(unseen, cause, [&] { files->read(file); });
+            expectUnreadable(unseen, cause, [&] { files->save(file, "y"); });
+            expectUnreadable(unseen, cause, [&] { files->remove(file); });
+            expectUnreadable(unseen, cause, [&] { files->folderExists(root + "shut\\SUB"); });
+            expectUnreadable(unseen, cause, [&] { files->makeFolder(root + "shut\\SUB\\NEW"); });
+        });
+        fs::permissions(root + "shut", fs::perms{0755});
+    }
+    EXPECT_EQ(contentOf("shut/SUB/A.vla"), "x");
 }
 
 TEST_F(Disk, leavesOutALinkThatLeadsWhereItsUserMayNotLook) {
