@@ -70,8 +70,8 @@ class DataRows {
 
       private:
         friend class DataRows;
-        const_iterator(const std::vector<Slot>& slots, std::uint32_t slot)
-            : m_slots(&slots), m_slot(slot) {}
+        const_iterator(const std::vector<Slot>& all, std::uint32_t slot)
+            : m_slots(&all), m_slot(slot) {}
 
         const std::vector<Slot>* m_slots = nullptr;
         std::uint32_t m_slot = 0;
