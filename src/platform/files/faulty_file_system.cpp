@@ -59,6 +59,10 @@ bool FaultyFileSystem::isLink(const std::string& path) {
     return m_wrapped.isLink(path);
 }
 
+std::string FaultyFileSystem::behindLinks(const std::string& path) {
+    return m_wrapped.behindLinks(path);
+}
+
 std::errc FaultyFileSystem::whyNoFolder(const std::string& path) {
     return m_wrapped.whyNoFolder(path);
 }

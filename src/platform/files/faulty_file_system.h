@@ -53,6 +53,7 @@ class FaultyFileSystem : public FileSystem {
     bool isPlainFile(const std::string& path) override;
     bool isFolder(const std::string& path) override;
     bool isLink(const std::string& path) override;
+    std::string behindLinks(const std::string& path) override;
     std::errc whyNoFolder(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::string readFile(const std::string& path) override;

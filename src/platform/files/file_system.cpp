@@ -165,7 +165,7 @@ void FileSystem::save(const ItemPath& path, std::string_view content) {
 void FileSystem::saveExactly(const std::string& path, std::string_view content) {
     if (path.empty() || path.back() == '/' || holdsNul(path))
         throw refusal("file", path, "written", "its name is not allowed");
-    replaceFile(path, content);
+    replaceFile(behindLinks(path), content);
 }
 
 void FileSystem::remove(const ItemPath& path) {

@@ -86,8 +86,8 @@ class FileSystem {
     void save(const ItemPath& path, std::string_view content);
 
     /// Writes a whole file at exactly this path of the system, crash-safe as `save`, but of any
-    /// size and at once, also while a `SaveBatch` is open. For files outside the store. Raises
-    /// errc::FileAccess.
+    /// size and at once, also while a `SaveBatch` is open. A link is followed, unless it leads
+    /// nowhere. For files outside the store. Raises errc::FileAccess.
     void saveExactly(const std::string& path, std::string_view content);
 
     /// Deletes a file, and takes back what an open batch was to save there. Raises
@@ -132,6 +132,8 @@ class FileSystem {
     virtual bool isPlainFile(const std::string& path) = 0;
     virtual bool isFolder(const std::string& path) = 0;
     virtual bool isLink(const std::string& path) = 0;
+    /// Where a link leads, behind all links; the path itself where it is none, or leads nowhere.
+    virtual std::string behindLinks(const std::string& path) = 0;
     /// Why a path that `isFolder` denies leads to no folder.
     virtual std::errc whyNoFolder(const std::string& path) = 0;
     virtual void createFolder(const std::string& path) = 0;

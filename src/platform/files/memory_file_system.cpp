@@ -68,6 +68,8 @@ class MemoryFileSystem : public FileSystem {
 
     bool isLink(const std::string&) override { return false; }
 
+    std::string behindLinks(const std::string& path) override { return path; }
+
     std::errc whyNoFolder(const std::string& path) override {
         for (std::string above = keyOf(path); !above.empty() && above != "/";
              above = locationOf(above).folder) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <ctime>
 #include <system_error>
 
@@ -103,6 +104,15 @@ class RealFileSystem : public FileSystem {
         if (::lstat(path.c_str(), &info) != 0)
             return refuseUnlessMissing("file", path, "looked at");
         return S_ISLNK(info.st_mode);
+    }
+
+    std::string behindLinks(const std::string& path) override {
+        if (!isLink(path)) return path;
+        const std::unique_ptr<char, void (*)(void*)> place{::realpath(path.c_str(), nullptr),
+                                                           std::free};
+        if (place) return place.get();
+        if (errno == ENOENT) return path;
+        throw refusal("file", path, "written", causeOf(errno));
     }
 
     std::errc whyNoFolder(const std::string& path) override {
