@@ -185,10 +185,8 @@ bool SaveFolder::isWrittenAsNew(const Ownership& old) const {
 
 void SaveFolder::stage(const std::string& name, const std::optional<Ownership>& old,
                        std::string_view content) {
-    if (!m_mark) {
-        m_mark.emplace(m_folder, kNewMode);
-        m_new = ownershipOf(m_mark->file());
-    }
+    if (!m_mark) m_mark.emplace(m_folder, kNewMode);
+    if (!m_new) m_new = ownershipOf(m_mark->file());
     const unsigned number = ++m_last;
     const std::string temporary = m_mark->follower(number);
     const mode_t mode = old && isWrittenAsNew(*old) ? old->mode & 0777 : modeUntilOwned(old);
