@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/files/faulty_file_system.h"
+#include "store/store_change.h"
 #include "support/file_system_kit.h"
 #include "support/format_rows.h"
 #include "support/raised.h"
@@ -347,6 +348,19 @@ TEST_P(StoreChanges, SaveRecordsUnderTheirNames) {
     EXPECT_EQ(rowsOf(*store.read(kSession, "DESK")), sound({"CSV"}));
     EXPECT_EQ(rowsOf(*store.read(kFormat, "CSV")), (Stored{{"MaxRecords", "2"}}));
     store.save({});
+}
+
+TEST_P(StoreChanges, SaveManyNewRecordsWithoutReadingTheFolderForEach) {
+    std::vector<StoreItem> items;
+    for (int i = 0; i < 300; ++i)
+        items.push_back({kSession, recordOf(kSession, "NEW " + std::to_string(i), {})});
+    disk.resetCounts();
+    StoreChange change;
+    for (const StoreItem& item : items)
+        change.save(store.path(kSession, item.record->Name()), xmlOf(*item.record));
+    EXPECT_LE(disk.count(Operation::List), 2U);
+    change.commit(nullptr);
+    EXPECT_EQ(store.names(kSession).size(), 300U);
 }
 
 TEST_P(StoreChanges, RefuseRecordsThatCantBeItems) {

@@ -96,7 +96,7 @@ std::vector<std::string> FileSystem::listItems(const std::string& folder) {
 std::string FileSystem::find(const ItemPath& path) {
     const auto place = placeOf(path);
     if (!place) return {};
-    return nameOnDisk(place->folder, place->name, &FileSystem::isPlainFile, Trust::Settled);
+    return nameToRead(*place);
 }
 
 bool FileSystem::existsExactly(const std::string& path) {
@@ -138,8 +138,7 @@ void FileSystem::refuseLink(const std::string& folder) {
 std::string FileSystem::read(const ItemPath& path) {
     const auto place = placeOf(path);
     if (!place) throw notFound(path.text());
-    const std::string name =
-        nameOnDisk(place->folder, place->name, &FileSystem::isPlainFile, Trust::Settled);
+    const std::string name = nameToRead(*place);
     if (name.empty()) throw notFound(join(place->folder, place->name));
     const std::string file = join(place->folder, name);
     return m_inBatch ? readInBatch(path, file) : readFile(file);
@@ -342,6 +341,14 @@ std::string FileSystem::nameOnDisk(const std::string& folder, const std::string&
         if ((this->*isWanted)(join(folder, it->second))) return it->second;
     }
     return {};
+}
+
+/// The name of the file that a path means, or the empty string. An open batch goes by the names
+/// that it knows where the exact one is not there: its own temporaries make the folder look changed
+/// each time, and to read it for each of many new files would take for ever.
+std::string FileSystem::nameToRead(const Place& place) {
+    return nameOnDisk(place.folder, place.name, &FileSystem::isPlainFile,
+                      m_inBatch ? Trust::SameStamp : Trust::Settled);
 }
 
 /// The name under which a file is to be written: an existing file's, else that of a file which the

@@ -196,6 +196,7 @@ class FileSystem {
     std::string folderOf(const std::string& folder);
     std::string nameOnDisk(const std::string& folder, const std::string& name, Question isWanted,
                            Trust trust);
+    std::string nameToRead(const Place& place);
     NameToWrite nameToWrite(const Place& place);
     std::string causeOfNoFolder(const std::string& folder, const char* usual);
     bool isThere(const std::string& path);
