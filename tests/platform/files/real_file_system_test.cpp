@@ -327,10 +327,11 @@ TEST_F(Disk, tellsWhyThereIsNoFolderToSaveIn) {
         {"Loop", "Too many levels of symbolic links"},
         {longName, "File name too long"}};
     for (const auto& [name, cause] : causes) {
-        const Error error = raisedBy([&] { files->save({root + name + "/", "A.vla"}, "x"); });
+        const std::string path = root + name + "/";
+        const Error error = raisedBy([&] { files->save({path, "A.vla"}, "x"); });
         EXPECT_TRUE(error.description().ends_with("A.vla can't be written: " + cause + "."))
             << error.description();
-        const Error made = raisedBy([&] { files->makeFolder(root + name + "/SUB"); });
+        const Error made = raisedBy([&] { files->makeFolder(path + "SUB"); });
         const bool isMissing = cause == "its folder is not there";
         EXPECT_TRUE(made.description().ends_with(
             ": " + (isMissing ? "the folder above it is not there" : cause) + "."))
