@@ -101,7 +101,12 @@ class OpenFolder {
     }
     /// Deletes a file; false when it can't be deleted.
     bool remove(const std::string& name) const {
-        return ::unlinkat(number(), name.c_str(), 0) == 0;
+        try {
+            checked([&] { return ::unlinkat(number(), name.c_str(), 0); });
+        } catch (const SystemFailure&) {
+            return false;
+        }
+        return true;
     }
 
     /// Brings the folder's names to the disk. Some file systems know no such call for folders.
