@@ -2,11 +2,12 @@
 #include "database/connection.h"
 
 #include <QDateTime>
-#include <QFileInfo>
 #include <QSqlError>
 #include <QStringList>
 #include <QUuid>
 #include <utility>
+
+#include "platform/files/file_system.h"
 
 namespace wynconfig {
 
@@ -73,8 +74,7 @@ void DatabaseConnection::reopen() {
     QSqlDatabase database = this->database();
     database.close();
     // Opening a pipe, a device or a socket would wait for another program, or do who knows what.
-    const QFileInfo file(toQt(m_address.name));
-    if (!onServer() && file.exists() && !file.isFile())
+    if (!onServer() && fileSystem().isNoPlainFile(m_address.name))
         throw DatabaseError("The database " + m_address.text() +
                             " can't be reached: it is no plain file");
     if (!database.open())

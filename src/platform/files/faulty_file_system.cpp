@@ -55,6 +55,10 @@ bool FaultyFileSystem::isFolder(const std::string& path) {
     return m_wrapped.isFolder(path);
 }
 
+bool FaultyFileSystem::isOther(const std::string& path) {
+    return m_wrapped.isOther(path);
+}
+
 bool FaultyFileSystem::isLink(const std::string& path) {
     return m_wrapped.isLink(path);
 }

@@ -52,6 +52,7 @@ class FaultyFileSystem : public FileSystem {
     std::optional<Version> versionOf(const std::string& path) override;
     bool isPlainFile(const std::string& path) override;
     bool isFolder(const std::string& path) override;
+    bool isOther(const std::string& path) override;
     bool isLink(const std::string& path) override;
     std::string behindLinks(const std::string& path) override;
     std::errc whyNoFolder(const std::string& path) override;

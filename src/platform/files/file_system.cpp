@@ -106,6 +106,10 @@ bool FileSystem::existsExactly(const std::string& path) {
     return isPlainFile(systemPath(path));
 }
 
+bool FileSystem::isNoPlainFile(const std::string& path) {
+    return !path.empty() && !holdsNul(path) && isOther(systemPath(path));
+}
+
 bool FileSystem::folderExists(const std::string& folder) {
     return !holdsNul(folder) && isFolder(resolveFolder(folder));
 }

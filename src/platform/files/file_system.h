@@ -61,6 +61,10 @@ class FileSystem {
     /// store. Raises errc::FileAccess when it can't be told.
     bool existsExactly(const std::string& path);
 
+    /// True when something lies at exactly this path that is no plain file, such as a folder or a
+    /// pipe. For paths outside the store. Raises errc::FileAccess when it can't be told.
+    bool isNoPlainFile(const std::string& path);
+
     /// True when a folder is there. A path without a folder's trailing separator is fine. Raises
     /// errc::FileAccess when it can't be told.
     bool folderExists(const std::string& folder);
@@ -131,6 +135,8 @@ class FileSystem {
     virtual std::optional<Version> versionOf(const std::string& path) = 0;
     virtual bool isPlainFile(const std::string& path) = 0;
     virtual bool isFolder(const std::string& path) = 0;
+    /// A folder or whatever else is there and no plain file.
+    virtual bool isOther(const std::string& path) = 0;
     virtual bool isLink(const std::string& path) = 0;
     /// Where a link leads, behind all links; the path itself where it is none, or leads nowhere.
     virtual std::string behindLinks(const std::string& path) = 0;

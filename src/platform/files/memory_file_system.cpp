@@ -66,6 +66,8 @@ class MemoryFileSystem : public FileSystem {
 
     bool isFolder(const std::string& path) override { return folderAt(path) != nullptr; }
 
+    bool isOther(const std::string& path) override { return isFolder(path); }
+
     bool isLink(const std::string&) override { return false; }
 
     std::string behindLinks(const std::string& path) override { return path; }

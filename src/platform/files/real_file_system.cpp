@@ -99,6 +99,12 @@ class RealFileSystem : public FileSystem {
         return S_ISDIR(info.st_mode);
     }
 
+    bool isOther(const std::string& path) override {
+        struct stat info {};
+        if (::stat(path.c_str(), &info) != 0) return refuseUnlessMissing("file", path, "looked at");
+        return !S_ISREG(info.st_mode);
+    }
+
     bool isLink(const std::string& path) override {
         struct stat info {};
         if (::lstat(path.c_str(), &info) != 0)

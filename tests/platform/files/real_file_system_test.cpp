@@ -133,6 +133,17 @@ TEST_F(Disk, savesAtExactPathsAsSafely) {
     EXPECT_EQ(names(), (std::set<std::string>{"link", "other", "pipe"}));
 }
 
+TEST_F(Disk, tellsWhatIsNoPlainFile) {
+    put("plain", "x");
+    fs::create_symlink("plain", root + "link");
+    fs::create_directory(root + "folder");
+    ASSERT_EQ(mkfifo((root + "pipe").c_str(), 0600), 0);
+    for (const char* name : {"plain", "link", "none", "plain/x", ""})
+        EXPECT_FALSE(files->isNoPlainFile(*name ? root + name : "")) << name;
+    for (const char* name : {"folder", "folder/", "pipe"})
+        EXPECT_TRUE(files->isNoPlainFile(root + name)) << name;
+}
+
 TEST_F(Disk, leavesForeignTemporariesAlone) {
     FolderWatch watch{root};
     files->save(at("A.vla"), "x");
