@@ -159,9 +159,11 @@ class WYNCONFIG_API Document {
 
     /// Takes XML text, UTF-8 (whatever encoding it declares). Whether it is a record shows when a
     /// `Dataset` loads it.
-    /// @return false when the text is not well-formed, has a document type declaration, is larger
-    ///         than kMaxItemSize, nested more than 256 deep, or of more than 256 namespaces or some
-    ///         ten thousand different names; the document is empty then
+    /// A document type that declares anything ends the reading: the text is taken unread from there
+    /// on, and is no record.
+    /// @return false when the text is not well-formed, larger than kMaxItemSize, nested more than
+    ///         256 deep, or of more than 256 namespaces or some ten thousand different names; the
+    ///         document is empty then
     bool loadXML(const std::string& text);
 
     /// The document's text; empty for a fresh document.

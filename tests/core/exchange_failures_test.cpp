@@ -17,7 +17,9 @@ bool isXml(const BadText& bad) {
     if (bad.what == "DtdAndMore") return false;
     // A parser may or may not mind entities that nobody declares.
     if (bad.cause.empty()) return Document().loadXML(bad.xml);
-    return !bad.cause.starts_with(kIllFormed) && bad.cause != kTooDeep;
+    const bool isOfNoVersion = bad.cause.starts_with("it declares a version");
+    const bool isBeyondBounds = bad.cause == kTooDeep || bad.cause.starts_with("it has too many");
+    return !bad.cause.starts_with(kIllFormed) && !isOfNoVersion && !isBeyondBounds;
 }
 
 /// Memory holds the session "OLD" and the part format "HELD" of an earlier exchange; the store

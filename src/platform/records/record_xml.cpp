@@ -170,6 +170,14 @@ class RecordReader {
     std::string error;          ///< why the parser ended it
     std::exception_ptr raised;  ///< what ended it beside the text, such as want of memory
 
+    bool isLeftUnread = false;  ///< the pass was stopped, though nothing is wrong by then
+
+    void documentType(bool hasDeclarations) {
+        if (m_collects) return blame("it has a document type declaration");
+        if (!hasDeclarations) return;
+        isLeftUnread = true;
+        XML_StopParser(parser, XML_FALSE);
+    }
     void start(const char* name, const char** attributes) {
         ++m_depth;
         if (m_depth > kMaxDepth) return blame("its elements are nested too deeply");
@@ -269,8 +277,8 @@ void onEndNamespace(void* user, const char*) {
 }
 
 /// Comes before the first declaration of the type: those can take long, and none is wanted.
-void onDocumentType(void* user, const char*, const char*, const char*, int) {
-    handle(user, [](RecordReader& reader) { reader.blame("it has a document type declaration"); });
+void onDocumentType(void* user, const char*, const char*, const char*, int hasDeclarations) {
+    handle(user, [&](RecordReader& reader) { reader.documentType(hasDeclarations != 0); });
 }
 
 /// The parser takes any word for a version.
@@ -421,6 +429,7 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
     constexpr std::size_t keptSize = std::size_t{1} << 20;
     if (!wellFormed || xml.size() > keptSize) parser.reset();
     if (reader.raised) std::rethrow_exception(reader.raised);
+    if (reader.isLeftUnread) return true;
     if (parserMemory().isExceeded)
         reader.fault = "it has too many different names";
     else if (noMemory)

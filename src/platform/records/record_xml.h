@@ -36,11 +36,11 @@ enum class XmlSource {
 /// Attributes and elements that this version does not know are read over.
 RecordText readRecord(std::string_view xml, XmlSource source);
 
-/// Whether text is well-formed XML with namespaces, without a document type declaration, and within
-/// these bounds: it has no more than kMaxItemSize bytes, its elements are nested no more than 256
-/// deep, with no more than 256 namespaces in force, and they and their attributes have no more than
-/// some ten thousand different names. No entity is expanded and nothing is fetched. Any text is
-/// read or refused in a time in proportion to its size.
+/// Whether text is well-formed XML with namespaces, up to the first declaration of a document type,
+/// and within these bounds: it has no more than kMaxItemSize bytes, its elements are nested no more
+/// than 256 deep, with no more than 256 namespaces in force, and they and their attributes have no
+/// more than some ten thousand different names. No entity is expanded and nothing is fetched. Any
+/// text is read or refused in a time in proportion to its size.
 bool isWellFormed(std::string_view xml);
 
 /// Writes a record. Any text can be read back: `_xHHHH_` stands for a character that XML has no
