@@ -27,7 +27,7 @@ class Making(ToolTestCase):
         os.mkdir(os.path.join(self.folder, "taken"))
         with open(os.path.join(self.folder, "taken", "MORAM"), "w", encoding="utf-8"):
             pass
-        self.assertIn("its folder is not there", self.refuse("--store", "taken", "init"))
+        self.assertIn("Not a directory", self.refuse("--store", "taken", "init"))
 
 
 class Renaming(ToolTestCase):
