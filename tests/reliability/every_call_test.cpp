@@ -149,14 +149,16 @@ TEST_P(EveryCall, MayFail) {
     int faults = 0;
     std::map<std::string, int> complaints;
     std::map<std::string, std::string> examples;
+    std::map<long, std::size_t> ofKind;  // calls so far
     for (std::size_t at = 0; at < well.run.calls.size(); ++at) {
         const TracedCall& call = well.run.calls[at];
         const FileCall& kind = *fileCall(call.number);
+        const std::size_t nth = ofKind[call.number]++;
         for (const int error : errorsFor(call, at)) {
             for (const bool forGood : {false, true}) {
                 if (forGood && error == EINTR) continue;
                 ++faults;
-                const Tried tried = this->tried(CallFault{at, error, forGood});
+                const Tried tried = this->tried(CallFault{call.number, nth, error, forGood});
                 const bool removes = std::string(kind.name).starts_with("unlink");
                 const std::string told = complaint(work, before, well.first, tried, removes);
                 if (told.empty()) continue;

@@ -185,7 +185,11 @@ class Tracer {
 
     /// Behind a single fault nothing is left to be done with the calls.
     bool isOver() const {
-        return m_fault && !m_fault->forGood && m_run.calls.size() > m_fault->at && !m_isFileCall;
+        return m_fault && !m_fault->forGood && m_ofTheKind > m_fault->nth && !m_isFileCall;
+    }
+
+    bool isMet(std::size_t number) const {
+        return m_fault->forGood ? number >= m_fault->nth : number == m_fault->nth;
     }
 
     bool waitForStop() {
@@ -214,11 +218,8 @@ class Tracer {
             return;
         }
         m_isFileCall = true;
-        const std::size_t at = m_run.calls.size();
         record(number, info);
-        const bool fails = m_fault && (m_fault->at == at ||
-                                       (m_fault->forGood && m_kind == number && m_fault->at < at));
-        if (m_fault && m_fault->at == at) m_kind = number;
+        const bool fails = m_fault && m_fault->number == number && isMet(m_ofTheKind++);
         m_replaces = fails || isSync(number);
         m_result = fails ? -m_fault->error : 0;
         // A file is closed even by a call that tells a failure.
@@ -253,7 +254,7 @@ class Tracer {
     bool m_isFileCall = false;  ///< the call that the process is in
     bool m_replaces = false;    ///< and whether its result is ours
     long m_result = 0;
-    long m_kind = -1;  ///< number of the kind of call that fails for good
+    std::size_t m_ofTheKind = 0;  ///< calls so far of the kind that is to fail
 };
 
 /// Writes all of it, whatever the test has done to the calls of the library.

@@ -43,9 +43,10 @@ std::vector<int> errorsOf(const TracedCall& call);
 
 /// A failure of one call.
 struct CallFault {
-    std::size_t at;        ///< which of the calls concerning files, from 0
+    long number;           ///< kind of the call
+    std::size_t nth;       ///< which of its kind, from 0
     int error;             ///< as `errno` numbers it
-    bool forGood = false;  ///< all later ones of the same kind fail as well
+    bool forGood = false;  ///< all later ones of the kind fail as well
 };
 
 /// What came of a traced process.
