@@ -213,7 +213,8 @@ TEST_F(ManyPrograms, KeepEachOthersWork) {
     // Between the last look at a file and its replacement lies a moment that nothing closes.
     EXPECT_LT(lost, 2 + saves / 20);
     EXPECT_LT(deleted.undead, 2 + deleted.works / 20);
-    EXPECT_LT(orphansOf("TWO"), 6 + renamed.works / 20);
+    // Without that look it is all of them, within a second.
+    EXPECT_LT(orphansOf("TWO"), kSessions / 2);
     files->save(fileOf("LAST"), "x");
     for (const auto& entry : std::filesystem::directory_iterator(root + "MORAM"))
         EXPECT_EQ(entry.path().extension(), ".vla") << entry.path();
