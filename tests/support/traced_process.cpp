@@ -15,12 +15,15 @@
 #include <cerrno>
 #include <climits>
 #include <csignal>
+#include <filesystem>
 #include <map>
+#include <system_error>
 
 namespace wynconfig {
 namespace {
 
-/// Calls that have to do with memory, time, signals and the process itself. They do not fail here.
+/// Calls that have to do with memory, time, signals, pipes and the process itself. They do not fail
+/// here.
 const std::set<long> kOtherCalls{SYS_brk,
                                  SYS_mmap,
                                  SYS_munmap,
@@ -50,7 +53,8 @@ const std::set<long> kOtherCalls{SYS_brk,
                                  SYS_uname,
                                  SYS_restart_syscall,
                                  SYS_sched_getaffinity,
-                                 SYS_capget};
+                                 SYS_capget,
+                                 SYS_pipe2};
 
 const std::vector<int> kLooking{EIO, EACCES, ENOMEM};
 const std::vector<int> kOpening{EIO, EACCES, EMFILE, EINTR, ENOSPC, EROFS, ENAMETOOLONG};
@@ -217,6 +221,7 @@ class Tracer {
             if (!kOtherCalls.contains(number)) m_run.unknown.insert(number);
             return;
         }
+        if (isOnPipe(number, info.entry.args[0])) return;
         m_isFileCall = true;
         record(number, info);
         const bool fails = m_fault && m_fault->number == number && isMet(m_ofTheKind++);
@@ -224,6 +229,15 @@ class Tracer {
         m_result = fails ? -m_fault->error : 0;
         // A file is closed even by a call that tells a failure.
         if (m_replaces && number != SYS_close) setCall(m_process, -1);
+    }
+
+    /// A sanitizer tries by a pipe of its own which memory can be read.
+    bool isOnPipe(long number, std::uint64_t file) const {
+        if (number != SYS_read && number != SYS_write && number != SYS_close) return false;
+        const std::string link =
+            "/proc/" + std::to_string(m_process) + "/fd/" + std::to_string(file);
+        std::error_code none;
+        return std::filesystem::read_symlink(link, none).string().starts_with("pipe:");
     }
 
     void record(long number, const __ptrace_syscall_info& info) {
