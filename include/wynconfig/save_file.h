@@ -1,5 +1,5 @@
 /// @file
-/// Files of a host outside the store, saved as the component saves its own.
+/// Files of a host outside the store, looked at and saved as the component does with its own.
 #pragma once
 
 #include <string>
@@ -22,5 +22,12 @@ namespace wynconfig {
 /// what is no plain file, such as a folder, a pipe or a device. The old file then stands, unless
 /// the sentence says that the new one is written but not confirmed on the disk.
 WYNCONFIG_API void saveFile(const std::string& path, std::string_view content);
+
+/// Whether something lies at a path that is no plain file, such as a folder, a pipe, a device or a
+/// socket: opening one may wait for another program, or do harm. It is looked at without being
+/// opened; a link is what it leads to. False where nothing is.
+/// @param path  as the system spells it, UTF-8
+/// Raises `Error` with errc::FileAccess when it can't be told.
+WYNCONFIG_API bool isNoPlainFile(const std::string& path);
 
 }  // namespace wynconfig

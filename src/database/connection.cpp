@@ -7,7 +7,7 @@
 #include <QUuid>
 #include <utility>
 
-#include "platform/files/file_system.h"
+#include "wynconfig/save_file.h"
 
 namespace wynconfig {
 
@@ -74,7 +74,7 @@ void DatabaseConnection::reopen() {
     QSqlDatabase database = this->database();
     database.close();
     // Opening a pipe, a device or a socket would wait for another program, or do who knows what.
-    if (!onServer() && fileSystem().isNoPlainFile(m_address.name))
+    if (!onServer() && isNoPlainFile(m_address.name))
         throw DatabaseError("The database " + m_address.text() +
                             " can't be reached: it is no plain file");
     if (!database.open())

@@ -483,4 +483,8 @@ void saveFile(const std::string& path, std::string_view content) {
     fileSystem().saveExactly(path, content);
 }
 
+bool isNoPlainFile(const std::string& path) {
+    return fileSystem().isNoPlainFile(path);
+}
+
 }  // namespace wynconfig
