@@ -10,6 +10,7 @@
 #include "support/format_desk.h"
 
 // There in a program that a sanitizer watches.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" __attribute__((weak)) std::size_t __sanitizer_get_current_allocated_bytes();
 
 namespace wynconfig {
