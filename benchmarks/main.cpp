@@ -117,6 +117,8 @@ void registerDialogFigures();
 void registerListFigures();
 void registerWalkFigures();
 void registerDatabaseFigures();
+void registerSqliteFigures();
+void registerSizeFigures();
 
 }  // namespace wynconfig::bench
 
@@ -134,6 +136,8 @@ int main(int argc, char** argv) {
     registerListFigures();
     registerWalkFigures();
     registerDatabaseFigures();
+    registerSqliteFigures();
+    registerSizeFigures();
     LinePerFigure reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return reporter.failed() ? 1 : 0;

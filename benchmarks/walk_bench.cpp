@@ -22,21 +22,11 @@
 #include "dialogs/session/frmMORAMConfig.h"
 #include "figures.h"
 #include "store/config_global_module.h"
+#include "turn.h"
 
 namespace wynconfig::bench {
 
 namespace {
-
-const std::string kNames[] = {"OLD NAME", "NEW NAME"};
-
-/// Two names take turns, so that every walk has all the work and leaves the store as it found it
-/// after the next one.
-struct Turn {
-    bool odd = false;
-    const std::string& from() const { return kNames[odd ? 1 : 0]; }
-    const std::string& to() const { return kNames[odd ? 0 : 1]; }
-    void next() { odd = !odd; }
-};
 
 /// Creating files slows down for a while after many were deleted.
 void rest() {
@@ -178,7 +168,7 @@ Work saveFileWalk(int sessions) {
 void makeSettings(const QString& folder, int sessions, const std::function<QString(int)>& path) {
     QDir().mkpath(folder);
     Dataset record;
-    fillSession(record, "SESSION", kNames[0]);
+    fillSession(record, "SESSION", formatNames[0]);
     for (int i = 0; i < sessions; ++i) {
         QSettings settings(path(i), QSettings::IniFormat);
         for (const DataRow& row : record.Rows())
@@ -219,7 +209,7 @@ double flushesOfWalk(int sessions) {
     const BenchStore store(sessions, 1);
     frmMORAMConfig form;
     const long before = flushCount();
-    form.UpdatePartNumberFormatsInAllMORAMs(kNames[0], kNames[1]);
+    form.UpdatePartNumberFormatsInAllMORAMs(formatNames[0], formatNames[1]);
     return static_cast<double>(flushCount() - before);
 }
 
