@@ -1,8 +1,7 @@
 // A store of a hundred thousand sessions and as many part formats: nothing may grow faster than it.
-#include <unistd.h>
+#include <malloc.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "bench_store.h"
@@ -68,22 +67,19 @@ Work checking(int items) {
     };
 }
 
-/// Bytes that the process has in memory.
-double residentBytes() {
-    std::ifstream told("/proc/self/statm");
-    long all = 0;
-    long resident = 0;
-    told >> all >> resident;
-    return static_cast<double>(resident * sysconf(_SC_PAGESIZE));
+/// Bytes that the process has asked for and not given back.
+double heapBytes() {
+    const struct mallinfo2 told = mallinfo2();
+    return static_cast<double>(told.uordblks + told.hblkhd);
 }
 
 /// What the open dialog holds for each part format in its list.
 double bytesOfAFormat(int items) {
     storeOf(items);
-    const double before = residentBytes();
+    const double before = heapBytes();
     frmMORAMConfig form;
     form.init(sessionName(3));
-    return (residentBytes() - before) / items;
+    return (heapBytes() - before) / items;
 }
 
 }  // namespace
