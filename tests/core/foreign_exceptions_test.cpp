@@ -100,7 +100,7 @@ class ForeignExceptions : public ExchangeDesk {
         const int calls = manager->calls();
         EXPECT_NO_THROW(user().finish()) << "undisturbed";
         // What the widgets add is the way through their event loop: some of the calls will do.
-        const int step = onQt() ? 11 : 1;
+        const int step = onScreen() ? 11 : 1;
         int kind = 0;  // they take turns
         for (int call = 1; call <= calls; call += step) {
             for (const Duration duration : {Duration::OneCall, Duration::EverSince}) {

@@ -68,7 +68,7 @@ ON_EVERY_VIEW(Growth);
 
 TEST_P(Growth, IsNoneHoweverManyDialogsAreOpened) {
     const char* const wanted = std::getenv("WYNCONFIG_DIALOGS");
-    const int dialogs = wanted ? std::atoi(wanted) : onQt() ? 280 : 1400;
+    const int dialogs = wanted ? std::atoi(wanted) : onScreen() ? 280 : 1400;
     // What the toolkit keeps of drawn parts is bounded, but not by a few dialogs.
     QPixmapCache::setCacheLimit(0);
     constexpr int warm = 5;

@@ -357,7 +357,7 @@ TEST_P(PartFormatRecord, TemplatesMayBeOfAMegabyte) {
 
 TEST_P(PartFormatRecord, LongTemplatesMayBeTyped) {
     // The boxes of a desktop lay out what they take, which makes a megabyte slow.
-    const std::size_t size = onQt() ? 50'000 : 1'000'000;
+    const std::size_t size = onScreen() ? 50'000 : 1'000'000;
     Stored rows = with(kOwnFormat, "MaxRecords", "1");
     for (std::size_t i = 0; i < 4; ++i)
         rows[i].second = std::string(size, 'x') + "<TAB>" + std::to_string(i);

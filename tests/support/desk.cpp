@@ -1,12 +1,41 @@
 // The fixture's set-up, and its short ways to the store.
 #include "support/desk.h"
 
+#include <stdexcept>
+
 #include "platform/text/numbers.h"
 #include "services/global_error.h"
 #include "store/session_record.h"
 #include "wynconfig/error.h"
+#ifdef WYNCONFIG_TEST_WIN32
+#include "wynconfig/win32_view.h"
+#endif
+#ifdef WYNCONFIG_TEST_QT
+#include "wynconfig/qt_view.h"
+#endif
 
 namespace wynconfig {
+
+namespace {
+
+template <typename Kind>
+std::shared_ptr<View> withUser(std::shared_ptr<Kind> view, User*& user) {
+    user = &view->user();
+    return view;
+}
+
+}  // namespace
+
+std::shared_ptr<View> makeView(const std::string& name, User*& user) {
+    if (name == "Scripted") return withUser(std::make_shared<ScriptedView>(), user);
+#ifdef WYNCONFIG_TEST_WIN32
+    if (name == "Win32") return withUser(makeWin32View(), user);
+#endif
+#ifdef WYNCONFIG_TEST_QT
+    if (name == "Qt") return withUser(makeQtView(), user);
+#endif
+    throw std::invalid_argument("there is no view " + name);
+}
 
 std::string TestTexts::GetString(const std::string& key) {
     asked.push_back(key);
@@ -26,15 +55,7 @@ void Desk::SetUp() {
     setNumberLocale("en-US");
     setFileSystem(&disk);
     memory->makeFolder("/store");
-    if (onQt()) {
-        auto view = makeQtView();
-        m_user = &view->user();
-        m_view = view;
-    } else {
-        auto view = std::make_shared<ScriptedView>();
-        m_user = &view->user();
-        m_view = view;
-    }
+    m_view = makeView(GetParam(), m_user);
     installView(m_view);
     component.InitResourceManager(texts);
     component.init("/store/");

@@ -16,7 +16,6 @@
 #include "store/config_global_module.h"
 #include "support/short_names.h"
 #include "wynconfig/dataset.h"
-#include "wynconfig/qt_view.h"
 #include "wynconfig/resource_manager.h"
 #include "wynconfig/scripted_view.h"
 #include "wynconfig/wynconfig.h"
@@ -48,7 +47,8 @@ class Desk : public ::testing::TestWithParam<const char*> {
     void TearDown() override;
 
     User& user() { return *m_user; }
-    bool onQt() const { return std::string(GetParam()) == "Qt"; }
+    /// Whether the dialogs come up in windows, which takes its time.
+    static bool onScreen() { return std::string(GetParam()) != "Scripted"; }
 
     /// Writes an item file straight into the store.
     void putSession(const std::string& name,
@@ -102,9 +102,12 @@ class Desk : public ::testing::TestWithParam<const char*> {
     User* m_user = nullptr;
 };
 
-/// Runs the tests of a fixture on every view.
-#define ON_EVERY_VIEW(Fixture)                                                    \
-    INSTANTIATE_TEST_SUITE_P(Views, Fixture, ::testing::Values("Scripted", "Qt"), \
+/// Makes a view by its name, one of `WYNCONFIG_TEST_VIEWS`, and gives its user.
+std::shared_ptr<View> makeView(const std::string& name, User*& user);
+
+/// Runs the tests of a fixture on every view that this build has.
+#define ON_EVERY_VIEW(Fixture)                                                        \
+    INSTANTIATE_TEST_SUITE_P(Views, Fixture, ::testing::Values(WYNCONFIG_TEST_VIEWS), \
                              [](const auto& each) { return std::string(each.param); })
 
 }  // namespace wynconfig

@@ -40,11 +40,10 @@ class Replacing : public Desk {
   protected:
     /// Installs a view of the kind under test that tells when it goes.
     User& installTold(bool& gone) {
-        const auto told = [&gone](const auto& view) {
-            installView(std::shared_ptr<View>(view.get(), [view, &gone](View*) { gone = true; }));
-            return &view->user();
-        };
-        return onQt() ? *told(makeQtView()) : *told(std::make_shared<ScriptedView>());
+        User* person = nullptr;
+        const std::shared_ptr<View> view = makeView(GetParam(), person);
+        installView(std::shared_ptr<View>(view.get(), [view, &gone](View*) { gone = true; }));
+        return *person;
     }
 };
 ON_EVERY_VIEW(Replacing);
