@@ -1,18 +1,22 @@
 // The operations of the in-memory mode: a host keeps sessions and part formats itself, hands them
 // in as XML text and takes them back so.
+#include "core/exchange.h"
+
+#include <cstdint>
+#include <limits>
 #include <memory>
 
 #include "core/run_dialog.h"
 #include "dialogs/session/frmAddMORAMConfig.h"
 #include "dialogs/session/frmMORAMConfig.h"
 #include "platform/forms/observing.h"
-#include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "services/global_error.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
 #include "store/config_global_module.h"
 #include "wynconfig/dataset.h"
+#include "wynconfig/error.h"
 #include "wynconfig/wynconfig.h"
 
 namespace wynconfig {
@@ -36,15 +40,23 @@ void takePartFormat(OnError& on, const Document& document) {
         on([&] { g_PartFormats.Add(format, name); });
 }
 
+/// The texts are counted by a 16-bit number. Raises `Error` where it doesn't serve.
+void checkBounds(const ExchangedFormats& formats) {
+    if (!formats.isThere) throw Error(errc::SubscriptRange, "Subscript out of range");
+    const auto last = static_cast<std::int64_t>(formats.texts.size()) - 1 + formats.first;
+    const bool fits = formats.first >= std::numeric_limits<std::int16_t>::min() &&
+                      last <= std::numeric_limits<std::int16_t>::max();
+    if (!fits && !formats.texts.empty()) throw Error(errc::Overflow, "Overflow");
+}
+
 /// @return false when one of the texts is no XML, which ends the taking
-bool takePartFormats(OnError& on, Document& document, const std::vector<std::string>& texts) {
+bool takePartFormats(OnError& on, Document& document, const ExchangedFormats& formats) {
     g_PartFormats = {};
-    if (texts.empty()) return true;
-    // The texts are counted from 0 by a 16-bit number.
-    if (!on([&] { toInt16(texts.size() - 1); })) return true;
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        if (!document.loadXML(texts[i])) {
-            refuseText("arrayPartFormats(" + std::to_string(i) + ")");
+    if (!on([&] { checkBounds(formats); })) return true;
+    for (std::size_t i = 0; i < formats.texts.size(); ++i) {
+        if (!document.loadXML(formats.texts[i])) {
+            const std::int64_t index = formats.first + static_cast<std::int64_t>(i);
+            refuseText("arrayPartFormats(" + std::to_string(index) + ")");
             return false;
         }
         takePartFormat(on, document);
@@ -81,6 +93,11 @@ std::vector<std::string> WYNConfig::GetDatasetFormatsData() {
 
 long WYNConfig::showMORAMConfigDlgEX(std::string& sName, const std::string& strSessionDataXML,
                                      const std::vector<std::string>& arrayPartFormats) {
+    return showExchange(sName, strSessionDataXML, {arrayPartFormats});
+}
+
+long showExchange(std::string& sName, const std::string& strSessionDataXML,
+                  const ExchangedFormats& formats) {
     const OperationScope here("showMORAMConfigDlgEX");
     OnError on{"WYNConfig:showMORAMConfigDlgEX"};
     constexpr long kRefusedXml = 1;
@@ -92,7 +109,7 @@ long WYNConfig::showMORAMConfigDlgEX(std::string& sName, const std::string& strS
         return kRefusedXml;
     }
     on([&] { g_Session->Load(document, 0); });
-    if (!takePartFormats(on, document, arrayPartFormats)) return kRefusedXml;
+    if (!takePartFormats(on, document, formats)) return kRefusedXml;
     frmMORAMConfig form;
     on([&] { form.initEX(UCase(sName), true); });
     return runDialog(on, form, sName);

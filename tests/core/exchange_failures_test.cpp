@@ -1,5 +1,6 @@
 // Bad input and failures in the in-memory mode: which boxes come up, what the host is answered, and
 // what stays as it was.
+#include "core/exchange.h"
 #include "support/bad_texts.h"
 #include "support/exchange_desk.h"
 #include "support/failing_views.h"
@@ -108,6 +109,41 @@ TEST_P(ExchangeFailures, OnlyTheFirstBadFormatIsTold) {
     ASSERT_EQ(user().boxes().size(), 1U);
     expectNoXml(0, "arrayPartFormats(2)");
     EXPECT_EQ(formatsBack(), (Names{"A", "B"}));
+}
+
+TEST_P(ExchangeFailures, TheIndexIsTheOneByWhichTheHostCounts) {
+    for (const long first : {-3L, 1L, 1000L}) {
+        forget();
+        user().onBox();
+        EXPECT_EQ(showExchange(name, kNew, {{formatXml("A"), "<"}, first}), 1);
+        ASSERT_EQ(user().boxes().size(), 1U);
+        expectNoXml(0, "arrayPartFormats(" + std::to_string(first + 1) + ")");
+        EXPECT_EQ(formatsBack(), (Names{"A"}));
+    }
+}
+
+TEST_P(ExchangeFailures, AnIndexBeyond16BitsIsTold) {
+    for (const long first : {32'767L, -32'769L}) {
+        forget();
+        user().onBox();
+        announceConfiguring(pressing("btnCancel"));
+        EXPECT_EQ(showExchange(name, kNew, {{formatXml("A"), formatXml("B")}, first}), 1);
+        ASSERT_EQ(user().boxes().size(), 1U);
+        EXPECT_TRUE(isFailureOf(user().boxes()[0].text, "WYNConfig:showMORAMConfigDlgEX"));
+        EXPECT_EQ(component.GetDatasetFormatsData(), kNoFormats);
+    }
+}
+
+TEST_P(ExchangeFailures, AnArrayThatWasNeverMadeIsToldBehindTheSession) {
+    user().onBox();
+    announceConfiguring(pressing("btnCancel"));
+    ExchangedFormats none;
+    none.isThere = false;
+    EXPECT_EQ(showExchange(name, kNew, none), 1);
+    ASSERT_EQ(user().boxes().size(), 1U);
+    EXPECT_TRUE(isFailureOf(user().boxes()[0].text, "WYNConfig:showMORAMConfigDlgEX"));
+    EXPECT_EQ(component.GetDatasetSessionData(), kNew);
+    EXPECT_EQ(component.GetDatasetFormatsData(), kNoFormats);
 }
 
 TEST_P(ExchangeFailures, ABadSessionIsToldBeforeABadFormat) {
