@@ -120,6 +120,7 @@ const std::vector<Room> kRooms{
     {"platform/files", {"platform/text"}, {Foreign::System}},
     {"platform/records", {"platform/text", "platform/files"}, {Foreign::Xml}},
     {"platform/forms", {"platform/text"}, {}},
+    {"platform/resources", {"platform/text"}, {Foreign::Icu}},
     {"store", {"platform/"}, {}},
     {"services", {"store", "platform/"}, {}},
     {"dialogs/partformat", {"services", "store", "platform/"}, {}},
@@ -187,7 +188,7 @@ const std::vector<Include> kReachingBack{
     {"src/dialogs/session/frmMORAMMaintenance.cpp", "wynconfig/wynconfig.h", false},
     {"src/dialogs/session/frmSessionManager.cpp", "wynconfig/wynconfig.h", false},
     // The texts lie beside the program, not in the store.
-    {"src/platform/text/bundle_resource_manager.cpp", "filesystem", true},
+    {"src/platform/resources/bundle_resource_manager.cpp", "filesystem", true},
 };
 
 /// The room of a file or of what an include names; null for none.
