@@ -10,14 +10,13 @@
 #include <cstdint>
 #include <cstring>
 #include <exception>
-#include <memory>
 #include <new>
 #include <optional>
-#include <random>
 #include <utility>
 
 #include "platform/records/parser_memory.h"
 #include "platform/records/single_byte_encodings.h"
+#include "platform/records/xml_parser.h"
 #include "platform/text/text.h"
 #include "wynconfig/error.h"
 
@@ -281,12 +280,8 @@ void onDocumentType(void* user, const char*, const char*, const char*, int hasDe
     handle(user, [&](RecordReader& reader) { reader.documentType(hasDeclarations != 0); });
 }
 
-/// The parser takes any word for a version.
 void onDeclaration(void* user, const char* version, const char*, int) {
-    const std::string_view text = version;
-    const bool isVersion = text.starts_with("1.") && text.size() > 2 &&
-                           text.find_first_not_of("0123456789", 2) == std::string_view::npos;
-    if (isVersion) return;
+    if (isReadVersion(version)) return;
     handle(user, [](RecordReader& reader) {
         reader.blame("it declares a version of XML that is not read");
     });
@@ -316,44 +311,18 @@ void RecordReader::collectIn(std::string* text) {
     XML_SetCharacterDataHandler(parser, text ? onCharacters : nullptr);
 }
 
-struct FreeParser {
-    void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
-};
-using Parser = std::unique_ptr<XML_ParserStruct, FreeParser>;
-
 /// Making a parser costs more than reading a record, so it is kept between the calls.
-Parser& keptParser() {
-    thread_local Parser parser;
+XmlParser& keptParser() {
+    thread_local XmlParser parser;
     return parser;
 }
 
-/// Begins the hashing of names at a place of chance, so that nobody can make names meet. It is
-/// drawn once, as asking for chance costs a call to the system.
-unsigned long hashSalt() {
-    static const unsigned long salt = [] {
-        std::random_device chance;
-        std::uniform_int_distribution<unsigned long> any(1);
-        return any(chance);
-    }();
-    return salt;
-}
-
-/// Stands between a namespace and a name in it. No text of XML can hold it.
-constexpr char kSeparator[] = "\f";
-
 /// @param encoding  what the text is in, whatever it declares, or null
-void prepare(Parser& parser, RecordReader& reader, const char* encoding) {
-    static const XML_Memory_Handling_Suite memory{allocateForParser, reallocateForParser,
-                                                  freeForParser};
-    parserMemory().isExceeded = false;
-    if (!parser)
-        parser.reset(XML_ParserCreate_MM(nullptr, &memory, kSeparator));
-    else if (!XML_ParserReset(parser.get(), nullptr))
-        parser.reset();
-    if (!parser || (encoding && !XML_SetEncoding(parser.get(), encoding))) throw std::bad_alloc();
+void prepare(XmlParser& parser, RecordReader& reader, const char* encoding) {
+    renew(parser);
+    if (encoding && !XML_SetEncoding(parser.get(), encoding)) throw std::bad_alloc();
     reader.parser = parser.get();
     XML_SetUserData(parser.get(), &reader);
-    XML_SetHashSalt(parser.get(), hashSalt());
     XML_SetElementHandler(parser.get(), onStart, onEnd);
     XML_SetNamespaceDeclHandler(parser.get(), onStartNamespace, onEndNamespace);
     XML_SetStartDoctypeDeclHandler(parser.get(), onDocumentType);
@@ -385,12 +354,6 @@ bool hasWholeCharacters(std::string_view utf16) {
     return !isOpen;
 }
 
-/// Why the parser ended a pass, with the line.
-std::string errorOf(XML_Parser parser) {
-    return "line " + std::to_string(XML_GetCurrentLineNumber(parser)) + ": " +
-           XML_ErrorString(XML_GetErrorCode(parser));
-}
-
 /// What the parser must be told of the encoding; null where it is to take what the text declares.
 /// The marks are right: a person's editor has put them there and left the declaration alone.
 const char* encodingOf(std::string_view xml, XmlSource source) {
@@ -417,14 +380,13 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
     }
     reader.error = xml.empty() ? "it is empty" : encodingFault(xml, source);
     if (!reader.error.empty()) return false;
-    Parser& parser = keptParser();
+    XmlParser& parser = keptParser();
     prepare(parser, reader, encodingOf(xml, source));
     const bool wellFormed = XML_Parse(parser.get(), xml.data(), static_cast<int>(xml.size()),
                                       XML_TRUE) == XML_STATUS_OK;
     const bool noMemory = XML_GetErrorCode(parser.get()) == XML_ERROR_NO_MEMORY;
-    // The parser counts the lines when it is asked.
     if (!wellFormed && reader.fault.empty() && !parserMemory().isExceeded)
-        reader.error = errorOf(parser.get());
+        reader.error = xmlErrorOf(parser);
     // What a large text took, or a strange one, is not kept.
     constexpr std::size_t keptSize = std::size_t{1} << 20;
     if (!wellFormed || xml.size() > keptSize) parser.reset();
