@@ -70,7 +70,7 @@ Arguments readArguments(const QApplication& application) {
     parser.addOptions({
         {"store", "Folder of the store; a sample store is made there when it has none.", "folder",
          QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/sample-store"},
-        {"resources", "Folder of the compiled texts.", "folder",
+        {"resources", "Folder of the texts.", "folder",
          QString::fromStdString(wynconfig::bundleFolder())},
         {"language", "Language of the dialogs, such as de; otherwise the user's.", "language"},
         {"dark", "Light text on dark ground."},

@@ -42,7 +42,7 @@ class Tour {
     /// Makes the sample store anew in DIR/sample and works on a copy of it in DIR/store, and on a
     /// database in DIR/catalogue.sqlite.
     /// Raises what goes wrong, also when DIR holds folders of these names that are no stores.
-    /// @param resources  folder of the compiled texts
+    /// @param resources  folder of the texts
     Tour(wynconfig::WYNConfig& component, wynconfig::ResourceManager& texts,
          const std::string& resources, const std::filesystem::path& folder);
     ~Tour();

@@ -10,7 +10,7 @@ namespace host {
 
 /// Sets the language of Qt's own words (such as Yes and No) and the side from which all windows are
 /// read, and gives the component's texts in that language.
-/// @param resources  folder of the compiled texts
+/// @param resources  folder of the texts
 /// @param language   such as "de"; empty: the user's
 /// Raises `wynconfig::Error` when the folder has no texts.
 std::shared_ptr<wynconfig::ResourceManager> useLanguage(const std::string& resources,

@@ -16,7 +16,7 @@ class Workplace {
   public:
     /// @param component  is set to the store already
     /// @param database   none: the file beside the store
-    /// @param resources  folder of the compiled texts
+    /// @param resources  folder of the texts
     /// @param language   of the component's texts by now; empty: the user's
     Workplace(wynconfig::WYNConfig& component, StoreFolders store,
               std::optional<wynconfig::DatabaseAddress> database, std::string resources,

@@ -137,7 +137,7 @@ typedef struct wyn_resource_manager {
 WYNCONFIG_API int32_t wyn_InitResourceManager(const wyn_resource_manager* manager);
 
 /// Takes the texts that come with the component. Fails where the folder has no texts that serve.
-/// @param folder  of the compiled texts; NULL or empty: where they are installed
+/// @param folder  of the texts; NULL or empty: where they are installed
 /// @param locale  such as "de" or "zh-Hans"; NULL or empty: the user's own
 WYNCONFIG_API int32_t wyn_use_bundle(const char* folder, const char* locale);
 /// Where the texts are installed.

@@ -30,7 +30,7 @@ class WYNCONFIG_API ResourceManager {
     /// The text of a key in the user's language. An empty text is a text like any other. Raises for
     /// a key that it does not know: a dialog then shows all its texts of design, in English, and a
     /// message lacks that part.
-    /// @param key  such as "BUTTON_OK"; `resources/en.txt` lists all of them
+    /// @param key  such as "BUTTON_OK"; `resources/en.xlf` lists all of them
     /// @return UTF-8, in a caption with the mark of a key as mnemonic.h tells
     virtual std::string GetString(const std::string& key) = 0;
 
@@ -47,17 +47,16 @@ class WYNCONFIG_API ResourceManager {
 /// `WYNCONFIG_RESOURCES`, which comes with the CMake target.
 WYNCONFIG_API std::string bundleFolder();
 
-/// The resource manager that comes with the component: texts from compiled ICU resource bundles,
-/// one bundle a language. All texts are read once, here.
-/// @param folder  folder of the compiled bundles (`*.res`), as the build makes it; UTF-8, as all
-///                paths here
+/// The resource manager that comes with the component: texts from files of XLIFF 1.2, one
+/// file a language, each named by its tag, such as `zh-Hans.xlf`. All texts are read once, here.
+/// @param folder  folder of the files; UTF-8, as all paths here
 /// @param locale  language to take, such as "en" or "de-DE"; empty: the user's. A text comes from
-///                the locale's own bundle, or else from that of its language in the same script,
+///                the locale's own file, or else from that of its language in the same script,
 ///                or else from English: "de-AT" takes "de", and "zh-CN" takes "zh-Hans", while
 ///                "zh-TW", which is written in the other script, takes English.
 /// @param font    what `GetFont` gives
-/// Raises `Error` when the folder has no bundle that serves. `GetString` of an unknown key raises
-/// `Error`.
+/// Raises `Error` when the folder has no file that serves, or one that can't be read. `GetString`
+/// of an unknown key raises `Error`.
 WYNCONFIG_API std::shared_ptr<ResourceManager> makeBundleResourceManager(
     const std::string& folder, const std::string& locale = {}, const Font& font = {});
 
@@ -71,11 +70,11 @@ struct Language {
     bool operator==(const Language&) const = default;
 };
 
-/// The languages of the bundles in a folder, in the order of their tags; none when there is none.
+/// The languages of the files in a folder, in the order of their tags; none when there is none.
 WYNCONFIG_API std::vector<Language> bundleLanguages(const std::string& folder);
 
 /// The language that `makeBundleResourceManager` gives for the same folder and locale.
-/// Raises `Error` when the folder has no bundle that serves.
+/// Raises `Error` when the folder has no file that serves.
 WYNCONFIG_API Language bundleLanguage(const std::string& folder, const std::string& locale = {});
 
 }  // namespace wynconfig

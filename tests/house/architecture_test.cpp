@@ -120,7 +120,7 @@ const std::vector<Room> kRooms{
     {"platform/files", {"platform/text"}, {Foreign::System}},
     {"platform/records", {"platform/text", "platform/files"}, {Foreign::Xml}},
     {"platform/forms", {"platform/text"}, {}},
-    {"platform/resources", {"platform/text"}, {Foreign::Icu}},
+    {"platform/resources", {"platform/records", "platform/text"}, {Foreign::Icu, Foreign::Xml}},
     {"store", {"platform/"}, {}},
     {"services", {"store", "platform/"}, {}},
     {"dialogs/partformat", {"services", "store", "platform/"}, {}},
@@ -189,6 +189,7 @@ const std::vector<Include> kReachingBack{
     {"src/dialogs/session/frmSessionManager.cpp", "wynconfig/wynconfig.h", false},
     // The texts lie beside the program, not in the store.
     {"src/platform/resources/bundle_resource_manager.cpp", "filesystem", true},
+    {"src/platform/resources/bundle_resource_manager.cpp", "fstream", true},
 };
 
 /// The room of a file or of what an include names; null for none.

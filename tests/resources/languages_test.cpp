@@ -96,12 +96,10 @@ class EveryLanguage : public testing::TestWithParam<std::string> {
     std::string english(const std::string& key) const { return m_english->GetString(key); }
     static bool isPseudo() { return GetParam() == kPseudoLanguage; }
 
-    /// The file that the bundle is made of.
+    /// The file of the texts.
     static std::string source() {
-        std::string name = GetParam();
-        std::replace(name.begin(), name.end(), '-', '_');
         return std::string(isPseudo() ? WYNCONFIG_PSEUDO_RESOURCES : WYNCONFIG_RESOURCE_SOURCE) +
-               "/" + name + ".txt";
+               "/" + GetParam() + ".xlf";
     }
 
   private:
@@ -115,7 +113,7 @@ class ShippedLanguage : public EveryLanguage {};
 TEST_P(EveryLanguage, HasTheKeysOfTheComponentAndNoOthers) {
     std::ifstream file(source());
     ASSERT_TRUE(file) << source();
-    const std::regex entry(R"(^\s+([A-Za-z0-9_]+)\s*\{.*)");
+    const std::regex entry(R"re(\s*<trans-unit id="([^"]+)">\s*)re");
     std::multiset<std::string> keys;
     for (std::string line; std::getline(file, line);) {
         std::smatch match;

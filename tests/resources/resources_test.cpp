@@ -1,27 +1,20 @@
-// The resource manager that reads the texts: which bundles serve a locale, how they lie over each
+// The resource manager that reads the texts: which files serve a locale, how they lie over each
 // other, and what languages there are to choose from.
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
+#include "platform/resources/text_file.h"
 #include "support/temporary_folder.h"
 #include "support/text_keys.h"
 #include "wynconfig/error.h"
 #include "wynconfig/resource_manager.h"
-
-#ifndef WYNCONFIG_GENRB
-#define WYNCONFIG_GENRB "genrb"
-#endif
 
 namespace wynconfig {
 namespace {
@@ -36,16 +29,24 @@ void writeFile(const fs::path& file, const std::string& content) {
 }
 
 void copyEnglish(const fs::path& folder) {
-    fs::copy_file(fs::path(WYNCONFIG_RESOURCES) / "en.res", folder / "en.res");
+    fs::copy_file(fs::path(WYNCONFIG_RESOURCES) / "en.xlf", folder / "en.xlf");
 }
 
-/// Compiles a bundle of the given entries into `folder`.
-void compileBundle(const fs::path& folder, const std::string& name, const std::string& entries) {
-    writeFile(folder / (name + ".txt"), name + " {\n" + entries + "\n}\n");
-    const std::string command = std::string("\"") + WYNCONFIG_GENRB +
-                                "\" --quiet --encoding UTF-8 --sourcedir \"" + folder.string() +
-                                "\" --destdir \"" + folder.string() + "\" " + name + ".txt";
-    ASSERT_EQ(std::system(command.c_str()), 0) << command;
+/// A unit of an XLIFF file; the target as it stands in the file.
+std::string unit(const std::string& key, const std::string& target) {
+    return "<trans-unit id='" + key + "'><source>?</source>" + target + "</trans-unit>";
+}
+
+std::string unitOf(const std::string& key, const std::string& text) {
+    return unit(key, "<target>" + text + "</target>");
+}
+
+/// Writes a file of the given units into `folder`; its name is that of a locale.
+void writeTexts(const fs::path& folder, const std::string& name, const std::string& units) {
+    writeFile(folder / (name + ".xlf"),
+              "<xliff version='1.2' xmlns='urn:oasis:names:tc:xliff:document:1.2'>"
+              "<file original='x' source-language='en' datatype='plaintext'><body>" +
+                  units + "</body></file></xliff>");
 }
 
 std::string descriptionOfFailure(ResourceManager& texts, const std::string& key) {
@@ -93,7 +94,7 @@ TEST_F(ResourcesTest, aFolderWithoutABundleRaises) {
     EXPECT_THROW(makeBundleResourceManager(folder.path(), "en"), Error);
     EXPECT_THROW(makeBundleResourceManager((folder / "none").string(), "en"), Error);
     EXPECT_THROW(makeBundleResourceManager("", "en"), Error);
-    fs::create_directory(folder / "en.res");
+    fs::create_directory(folder / "en.xlf");
     EXPECT_THROW(makeBundleResourceManager(folder.path(), "en"), Error);
 }
 
@@ -106,10 +107,79 @@ TEST_F(ResourcesTest, aBundleThatComesLaterIsFound) {
 
 TEST_F(ResourcesTest, aFileThatIsNoBundleRaises) {
     const TemporaryFolder folder;
-    writeFile(folder / "en.res", "BUTTON_OK=OK\n");
+    writeFile(folder / "en.xlf", "BUTTON_OK=OK\n");
     EXPECT_THROW(makeBundleResourceManager(folder.path(), "en"), Error);
-    writeFile(folder / "fr.res", "");
+    writeFile(folder / "fr.xlf", "");
     EXPECT_THROW(makeBundleResourceManager(folder.path(), "fr"), Error);
+}
+
+TEST_F(ResourcesTest, theFailureNamesTheFileAndWhatIsWrongWithIt) {
+    const TemporaryFolder folder;
+    writeFile(folder / "en.xlf", "<xliff version='1.2'>");
+    try {
+        makeBundleResourceManager(folder.path(), "en");
+        ADD_FAILURE() << "nothing was raised";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), errc::BadRecord);
+        EXPECT_EQ(error.description().find("The texts in "), 0U) << error.description();
+        for (const char* part : {"en.xlf", " can't be read: it is not well-formed XML (line 1: "})
+            EXPECT_NE(error.description().find(part), std::string::npos) << error.description();
+    }
+}
+
+TEST_F(ResourcesTest, aFileOfMoreBytesThanAnyTextsNeedIsRefused) {
+    const TemporaryFolder folder;
+    copyEnglish(folder.path());
+    fs::resize_file(folder / "en.xlf", kMaxTextFileSize + 1);
+    EXPECT_THROW(makeBundleResourceManager(folder.path(), "en"), Error);
+}
+
+TEST_F(ResourcesTest, aTextWithoutTranslationIsEnglish) {
+    const TemporaryFolder folder;
+    copyEnglish(folder.path());
+    writeTexts(folder.path(), "de",
+               unit("BUTTON_OK", "") + unit("BUTTON_NEW", "<target state='new'/>") +
+                   unit("BUTTON_COPY", "<target state='needs-translation'></target>") +
+                   unit("BUTTON_EDIT", "<target state='needs-translation'>&amp;Ändern</target>") +
+                   unit("BUTTON_ADD", "<target state='translated'/>"));
+    const auto texts = makeBundleResourceManager(folder.path(), "de");
+    EXPECT_EQ(texts->GetString("BUTTON_OK"), "OK");
+    EXPECT_EQ(texts->GetString("BUTTON_NEW"), "&New");
+    EXPECT_EQ(texts->GetString("BUTTON_COPY"), "&Copy");
+    EXPECT_EQ(texts->GetString("BUTTON_EDIT"), "&Ändern");
+    EXPECT_EQ(texts->GetString("BUTTON_ADD"), "");
+}
+
+TEST_F(ResourcesTest, EnglishIsItsSourceUnlessItHasATarget) {
+    const TemporaryFolder folder;
+    writeTexts(folder.path(), "en", unit("BUTTON_OK", "") + unitOf("BUTTON_NEW", "Neu"));
+    writeTexts(folder.path(), "en-GB", unit("BUTTON_OK", ""));
+    for (const char* locale : {"en", "en-GB"}) {
+        const auto texts = makeBundleResourceManager(folder.path(), locale);
+        EXPECT_EQ(texts->GetString("BUTTON_OK"), "?") << locale;
+        EXPECT_EQ(texts->GetString("BUTTON_NEW"), "Neu") << locale;
+    }
+}
+
+TEST_F(ResourcesTest, aFileIsFoundByItsNameWithEitherMarkBetweenItsParts) {
+    const TemporaryFolder folder;
+    writeTexts(folder.path(), "zh_Hans", unitOf("BUTTON_OK", "一"));
+    EXPECT_EQ(makeBundleResourceManager(folder.path(), "zh-CN")->GetString("BUTTON_OK"), "一");
+    EXPECT_EQ(bundleLanguages(folder.path()).size(), 1U);
+    writeTexts(folder.path(), "zh-Hans", unitOf("BUTTON_OK", "二"));
+    EXPECT_EQ(makeBundleResourceManager(folder.path(), "zh-CN")->GetString("BUTTON_OK"), "二");
+    ASSERT_EQ(bundleLanguages(folder.path()).size(), 1U);
+    EXPECT_EQ(bundleLanguages(folder.path())[0].tag, "zh-Hans");
+}
+
+TEST_F(ResourcesTest, theFolderMayHaveAnyName) {
+    const TemporaryFolder parent;
+    const std::string name = "文字 ü";
+    const fs::path folder = fs::path(parent.path()) / std::u8string(name.begin(), name.end());
+    fs::create_directory(folder);
+    copyEnglish(folder);
+    EXPECT_EQ(makeBundleResourceManager(parent.path() + "/" + name, "en")->GetString("BUTTON_OK"),
+              "OK");
 }
 
 TEST_F(ResourcesTest, theFolderMayBeSpeltInAnyWay) {
@@ -144,10 +214,10 @@ TEST_F(ResourcesTest, theLanguageOfTheUserHasEveryText) {
 TEST_F(ResourcesTest, aLanguageLiesOverEnglishKeyByKey) {
     const TemporaryFolder folder;
     copyEnglish(folder.path());
-    compileBundle(folder.path(), "de",
-                  "BUTTON_APPLY { \"Übernehmen\" }\nBUTTON_COPY { \"Kopieren\" }\n"
-                  "BUTTON_NEW { \"\" }\nNOT_A_TEXT { child { \"x\" } }");
-    compileBundle(folder.path(), "de_AT", "BUTTON_COPY { \"Kopie 🧾\" }");
+    writeTexts(folder.path(), "de",
+               unitOf("BUTTON_APPLY", "Übernehmen") + unitOf("BUTTON_COPY", "Kopieren") +
+                   unitOf("BUTTON_NEW", "") + unit("NOT_A_TEXT", ""));
+    writeTexts(folder.path(), "de-AT", unitOf("BUTTON_COPY", "Kopie 🧾"));
 
     for (const char* locale : {"de", "de-DE", "de_DE", "DE", "de_DE.UTF-8", "de-DE-u-co-phonebk"}) {
         const auto texts = makeBundleResourceManager(folder.path(), locale);
@@ -170,7 +240,7 @@ TEST_F(ResourcesTest, aLanguageLiesOverEnglishKeyByKey) {
 
 TEST_F(ResourcesTest, aLanguageServesWithoutEnglish) {
     const TemporaryFolder folder;
-    compileBundle(folder.path(), "de", "BUTTON_OK { \"Gut\" }");
+    writeTexts(folder.path(), "de", unitOf("BUTTON_OK", "Gut"));
     const auto texts = makeBundleResourceManager(folder.path(), "de");
     EXPECT_EQ(texts->GetString("BUTTON_OK"), "Gut");
     descriptionOfFailure(*texts, "BUTTON_CANCEL");
@@ -218,11 +288,11 @@ TEST_F(ResourcesTest, onlyBundlesThatALocaleCanNameAreLanguages) {
     EXPECT_EQ(bundleLanguages((folder / "none").string()), std::vector<Language>{});
     EXPECT_EQ(bundleLanguages(""), std::vector<Language>{});
     EXPECT_THROW(bundleLanguage(folder.path(), "de"), Error);
-    compileBundle(folder.path(), "he", "BUTTON_OK { \"אישור\" }");
-    compileBundle(folder.path(), "de_AT", "BUTTON_OK { \"Passt\" }");
-    for (const char* other : {"notes.txt", "DE.res", "de-AT.res", "no language.res", ".res", "en"})
+    writeTexts(folder.path(), "he", unitOf("BUTTON_OK", "אישור"));
+    writeTexts(folder.path(), "de-AT", unitOf("BUTTON_OK", "Passt"));
+    for (const char* other : {"notes.txt", "pt-br.xlf", "ja.XLF", "no language.xlf", ".xlf", "en"})
         writeFile(folder / other, "");
-    fs::create_directory(folder / "fr.res");
+    fs::create_directory(folder / "fr.xlf");
     const std::vector<Language> languages = {{"de-AT", "Österreichisches Deutsch", false},
                                              {"he", "עברית", true}};
     EXPECT_EQ(bundleLanguages(folder.path()), languages);
@@ -235,7 +305,7 @@ TEST_F(ResourcesTest, theLanguageGivenIsTheOneWhoseTextsAreThere) {
     copyEnglish(folder.path());
     EXPECT_EQ(bundleLanguage(folder.path(), "ar-EG").tag, "en");
     EXPECT_FALSE(bundleLanguage(folder.path(), "ar-EG").rightToLeft);
-    compileBundle(folder.path(), "zh_TW", "BUTTON_OK { \"確定\" }");
+    writeTexts(folder.path(), "zh_TW", unitOf("BUTTON_OK", "確定"));
     EXPECT_EQ(bundleLanguage(folder.path(), "zh-TW").tag, "zh-TW");
     EXPECT_EQ(bundleLanguage(folder.path(), "zh-Hant-TW").tag, "zh-TW");
     EXPECT_EQ(bundleLanguage(folder.path(), "zh-Hans-TW").tag, "en");

@@ -8,7 +8,9 @@ pseudo_texts.py ENGLISH PSEUDO: reads the one file and writes the other, whose n
 import pathlib
 import re
 import sys
+from xml.etree import ElementTree
 
+SPACE = "urn:oasis:names:tc:xliff:document:1.2"
 PLAIN = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
 ACCENTED = "ÅƁÇÐÉƑĜĤÎĴĶĻṀÑÖÞǪŔŠŢÛṼŴẊÝŽåƀçðéƒĝĥîĵķļṁñöþǫŕšţûṽŵẋýž"
 TWICE = "AEIOUNTaeiount"
@@ -16,21 +18,26 @@ ACCENTS = {
     ord(plain): accented * (2 if plain in TWICE else 1)
     for plain, accented in zip(PLAIN, ACCENTED, strict=True)
 }
-KEPT = re.compile(r"(<[^>]*>|&.|\\u[0-9A-Fa-f]{4}|\\.)")
+KEPT = re.compile(r"(<[^>]*>|&.|\n)")
 
 
 def pseudo(text):
-    """The text of one string literal."""
+    """The text in the pseudo-language."""
     pieces = KEPT.split(text)
     return "".join(piece if KEPT.fullmatch(piece) else piece.translate(ACCENTS) for piece in pieces)
 
 
 def main(source, target):
-    lines = pathlib.Path(source).read_text(encoding="utf-8").splitlines()
-    texts = [line for line in lines if not line.lstrip().startswith("//")]
-    made = [re.sub(r'"([^"]*)"', lambda found: f'"{pseudo(found[1])}"', line) for line in texts]
-    body = "\n".join(made).replace("en {", pathlib.Path(target).stem + " {", 1)
-    pathlib.Path(target).write_text(body + "\n", encoding="utf-8")
+    ElementTree.register_namespace("", SPACE)
+    document = ElementTree.parse(source)
+    for file in document.iter(f"{{{SPACE}}}file"):
+        file.set("target-language", pathlib.Path(target).stem)
+    for unit in document.iter(f"{{{SPACE}}}trans-unit"):
+        english = unit.find(f"{{{SPACE}}}source")
+        made = ElementTree.Element(f"{{{SPACE}}}target")
+        made.text = pseudo(english.text)
+        unit.insert(list(unit).index(english) + 1, made)
+    document.write(target, encoding="UTF-8", xml_declaration=True)
 
 
 main(*sys.argv[1:])

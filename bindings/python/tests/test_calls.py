@@ -250,7 +250,7 @@ def test_the_languages_of_the_texts():
     assert wynconfig.bundle_languages(wynconfig.bundle_folder()) == languages
     assert wynconfig.bundle_right_to_left(locale="ar")
     assert not wynconfig.bundle_right_to_left(locale="de")
-    assert os.path.isfile(os.path.join(wynconfig.bundle_folder(), "de.res"))
+    assert os.path.isfile(os.path.join(wynconfig.bundle_folder(), "de.xlf"))
 
 
 def test_the_store_without_a_dialog(store, root):

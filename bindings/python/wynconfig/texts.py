@@ -89,7 +89,7 @@ def use_bundle(folder: PathLike = "", locale: str = "") -> None:
     """Takes the texts that come with the component.
 
     Args:
-        folder: Of the compiled texts; empty: where they are installed.
+        folder: Of the texts; empty: where they are installed.
         locale: Such as "de" or "zh-Hans"; empty: the user's own.
 
     Raises:

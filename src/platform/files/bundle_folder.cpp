@@ -42,7 +42,7 @@ std::string bundleFolder() {
         const fs::path folder = above / WYNCONFIG_DATA / "wynconfig";
         std::error_code ignored;
         // English has every text.
-        if (fs::exists(folder / "en.res", ignored)) return folder.string();
+        if (fs::exists(folder / "en.xlf", ignored)) return folder.string();
     }
     return (fs::path(WYNCONFIG_INSTALLED_DATA) / "wynconfig").string();
 }

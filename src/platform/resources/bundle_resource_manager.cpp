@@ -1,15 +1,17 @@
-// Texts from compiled ICU resource bundles, and the languages that there are bundles of. The texts
-// of a language lie over the English ones, and all of them are read once, so that a look-up needs
-// neither the disk nor ICU.
+// Texts from the files of a folder, and the languages that there are files of. The texts of a
+// language lie over the English ones, and all of them are read once, so that a look-up needs no
+// disk.
 
 #include <unicode/uldnames.h>
 #include <unicode/uloc.h>
 #include <unicode/unistr.h>
-#include <unicode/ures.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
+#include <set>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -17,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/resources/text_file.h"
 #include "wynconfig/error.h"
 #include "wynconfig/resource_manager.h"
 
@@ -28,6 +31,7 @@ namespace fs = std::filesystem;
 using Texts = std::unordered_map<std::string, std::string>;
 
 constexpr std::string_view kFallbackLanguage = "en";
+constexpr char kExtension[] = ".xlf";
 
 class BundleResourceManager : public ResourceManager {
   public:
@@ -75,7 +79,7 @@ std::string scriptOf(const std::string& name) {
     return askIcu(uloc_getScript, askIcu(uloc_addLikelySubtags, name));
 }
 
-/// The bundles that can serve a locale, the most general first: "en", "de", "de_Latn", "de_DE",
+/// The locales whose texts can serve one, the most general first: "en", "de", "de_Latn", "de_DE",
 /// "de_Latn_DE". Those of the language in another script don't.
 std::vector<std::string> bundleNames(const std::string& locale) {
     std::vector<std::string> names{std::string(kFallbackLanguage)};
@@ -93,54 +97,67 @@ std::vector<std::string> bundleNames(const std::string& locale) {
     return names;
 }
 
-[[noreturn]] void raiseUnreadable(const fs::path& file, UErrorCode status) {
-    throw Error(errc::BadRecord,
-                "The texts in " + file.string() + " can't be read: " + u_errorName(status) + ".");
+/// A path by its UTF-8 text, whatever the system has for paths.
+fs::path pathOf(const std::string& text) {
+    return std::u8string(text.begin(), text.end());
 }
 
-/// Adds the texts of one bundle to `texts`, replacing those of the same key.
-void readBundle(const fs::path& folder, const std::string& name, Texts& texts) {
-    const fs::path file = folder / (name + ".res");
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::LocalUResourceBundlePointer bundle(
-        ures_openDirect(folder.c_str(), name.c_str(), &status));
-    if (U_FAILURE(status)) {
-        raiseUnreadable(file, status);
-    }
-    for (std::int32_t i = 0; i < ures_getSize(bundle.getAlias()); ++i) {
-        const icu::LocalUResourceBundlePointer entry(
-            ures_getByIndex(bundle.getAlias(), i, nullptr, &status));
-        if (U_SUCCESS(status) && ures_getType(entry.getAlias()) != URES_STRING) {
-            continue;
-        }
-        std::int32_t length = 0;
-        const UChar* text = ures_getString(entry.getAlias(), &length, &status);
-        if (U_FAILURE(status)) {
-            raiseUnreadable(file, status);
-        }
-        std::string utf8;
-        icu::UnicodeString(false, text, length).toUTF8String(utf8);
-        texts.insert_or_assign(ures_getKey(entry.getAlias()), std::move(utf8));
-    }
+std::string textOf(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
 }
 
-/// The folder as ICU needs it: absolute, as it takes a bare name for one of its own packages, and
-/// without a separator at the end. Empty for an empty folder.
+/// The folder, absolute and without a separator at the end. Empty for an empty folder.
 fs::path bundleFolder(const std::string& folder) {
     std::error_code failed;
-    const fs::path path = fs::absolute(folder, failed).lexically_normal();
+    const fs::path path = fs::absolute(pathOf(folder), failed).lexically_normal();
     return path.has_filename() ? path : path.parent_path();
 }
 
-/// The bundles of a folder that serve a locale, the most general first. Raises when there is none.
-std::vector<std::string> bundlesFor(const std::string& folder, const std::string& locale) {
-    const fs::path path = bundleFolder(folder);
-    std::vector<std::string> names = bundleNames(locale);
-    // ICU remembers a bundle that it did not find, so it is asked only for those on disk.
-    std::erase_if(names, [&](const std::string& name) {
+/// The file of a locale by its plain name, such as "zh_Hans"; empty when there is none.
+fs::path bundleFile(const fs::path& folder, std::string name) {
+    const std::string usual = name;
+    std::replace(name.begin(), name.end(), '_', '-');
+    for (const std::string& each : {name, usual}) {
         std::error_code failed;
-        return path.empty() || !fs::is_regular_file(path / (name + ".res"), failed);
-    });
+        fs::path file = folder / (each + kExtension);
+        if (!folder.empty() && fs::is_regular_file(file, failed)) return file;
+    }
+    return {};
+}
+
+std::string contentOf(const fs::path& file) {
+    std::error_code failed;
+    const std::uintmax_t size = fs::file_size(file, failed);
+    if (!failed && size > kMaxTextFileSize) throw Error(errc::BadRecord, "it is too large");
+    std::ifstream in(file, std::ios::binary);
+    std::string content(failed ? 0 : static_cast<std::size_t>(size), '\0');
+    if (failed || !in.read(content.data(), static_cast<std::streamsize>(content.size())))
+        throw Error(errc::BadRecord, "it can't be opened or read to its end");
+    return content;
+}
+
+/// Adds the texts of one file to `texts`, replacing those of the same key.
+void readBundle(const fs::path& file, bool isFallback, Texts& texts) {
+    try {
+        for (FileText& each : readTextFile(contentOf(file))) {
+            if (each.target)
+                texts.insert_or_assign(std::move(each.key), std::move(*each.target));
+            else if (isFallback)
+                texts.insert_or_assign(std::move(each.key), std::move(each.source));
+        }
+    } catch (const Error& error) {
+        throw Error(errc::BadRecord, "The texts in " + textOf(file) +
+                                         " can't be read: " + error.description() + ".");
+    }
+}
+
+/// The locales of which a folder has texts that serve a locale, by their plain names, the most
+/// general first. Raises when there is none.
+std::vector<std::string> bundlesFor(const std::string& folder, const std::string& locale) {
+    std::vector<std::string> names = bundleNames(locale);
+    const fs::path path = bundleFolder(folder);
+    std::erase_if(names, [&](const std::string& name) { return bundleFile(path, name).empty(); });
     if (names.empty()) {
         throw Error(errc::FileNotFound, "There are no texts in the folder \"" + folder + "\".");
     }
@@ -178,22 +195,25 @@ std::shared_ptr<ResourceManager> makeBundleResourceManager(const std::string& fo
                                                            const Font& font) {
     Texts texts;
     for (const std::string& name : bundlesFor(folder, locale))
-        readBundle(bundleFolder(folder), name, texts);
+        readBundle(bundleFile(bundleFolder(folder), name), name == kFallbackLanguage, texts);
     return std::make_shared<BundleResourceManager>(std::move(texts), font);
 }
 
 std::vector<Language> bundleLanguages(const std::string& folder) {
-    std::vector<Language> languages;
+    std::set<std::string> names;
     std::error_code failed;
     for (fs::directory_iterator each(bundleFolder(folder), failed), end; !failed && each != end;
          each.increment(failed)) {
         const fs::path& file = each->path();
-        const std::string name = file.stem().string();
+        std::string name = textOf(file.stem());
+        std::replace(name.begin(), name.end(), '-', '_');
         std::error_code unknown;
-        if (file.extension() != ".res" || !each->is_regular_file(unknown)) continue;
-        // Only a bundle that is named like a locale is ever asked for.
-        if (!name.empty() && localeName(name) == name) languages.push_back(languageOf(name));
+        if (file.extension() != kExtension || !each->is_regular_file(unknown)) continue;
+        // Only a file that is named like a locale is ever asked for.
+        if (!name.empty() && localeName(name) == name) names.insert(name);
     }
+    std::vector<Language> languages;
+    for (const std::string& name : names) languages.push_back(languageOf(name));
     std::sort(languages.begin(), languages.end(),
               [](const Language& one, const Language& other) { return one.tag < other.tag; });
     return languages;

@@ -1,0 +1,151 @@
+"""The files of texts themselves: they are in the form that translators' tools open, say the same in
+the same order in every language, and stand in one layout, so that a change shows as what it is.
+"""
+import os
+import pathlib
+import re
+import subprocess
+import unittest
+from xml.etree import ElementTree
+
+SPACE = "{urn:oasis:names:tc:xliff:document:1.2}"
+FOLDER = pathlib.Path(os.environ["SOURCE"]) / "resources"
+FILES = sorted(FOLDER.glob("*.xlf"))
+# The attributes of each element, in this order, and its children.
+FORM = {
+    "xliff": ("version", "file "),
+    "file": ("original source-language( target-language)? datatype", "header body "),
+    "header": ("", "(note )+"),
+    "body": ("", "(group )+"),
+    "group": ("id", "note (trans-unit )+"),
+    "trans-unit": ("id", "source (target )?(note )*"),
+    "source": ("", ""),
+    "target": ("", ""),
+    "note": ("", ""),
+}
+# The notes that quote a message have the words of their language.
+QUOTE = re.compile(r'"[^"]*"')
+# Scripts in which letters have no case, so that a note on case is left out.
+WITHOUT_CASE = {"ar", "ja", "zh-Hans"}
+# Languages whose two labels don't make the sentence that the English ones make.
+OTHER_LABELS = {"ja", "zh-Hans"}
+
+
+def name_of(element):
+    return element.tag.removeprefix(SPACE)
+
+
+def plain(text):
+    return " ".join(text.split())
+
+
+def units_of(root):
+    """The units by their keys, in their order, each with the group it is in."""
+    return {
+        unit.get("id"): (group.get("id"), unit)
+        for group in root.iter(f"{SPACE}group")
+        for unit in group.iter(f"{SPACE}trans-unit")
+    }
+
+
+def notes_of(unit, tag):
+    """The notes of a unit, by what all languages share of them."""
+    notes = [QUOTE.sub('"..."', plain(note.text)) for note in unit.findall(f"{SPACE}note")]
+    if tag in OTHER_LABELS:
+        notes = [note.replace("In English this label", "This label") for note in notes]
+    if tag in WITHOUT_CASE:
+        on_case = "part format; names are in upper case."
+        notes = [re.sub(r"part format\.$", on_case, note) for note in notes]
+    return notes
+
+
+class TextFiles(unittest.TestCase):
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        cls.roots = {file.stem: ElementTree.parse(file).getroot() for file in FILES}
+        cls.english = units_of(cls.roots["en"])
+
+    def test_there_are_nine(self):
+        self.assertEqual(len(FILES), 9)
+
+    def test_each_is_well_formed(self):
+        subprocess.run(["xmllint", "--noout", *FILES], check=True)
+
+    def test_each_has_the_form(self):
+        for tag, root in self.roots.items():
+            self.assertEqual(root.tag, SPACE + "xliff")
+            for element in root.iter():
+                attributes, children = FORM[name_of(element)]
+                there = "".join(name_of(child) + " " for child in element)
+                self.assertRegex(" ".join(element.keys()), f"^{attributes}$")
+                self.assertRegex(there, f"^{children}$", element.attrib)
+                if children:
+                    self.assertEqual((element.text or "").strip(), "")
+                self.assertEqual((element.tail or "").strip(), "")
+            file = root.find(f"{SPACE}file")
+            self.assertEqual(file.get("source-language"), "en")
+            self.assertEqual(file.get("target-language"), None if tag == "en" else tag)
+
+    def test_each_has_the_units_of_english_in_their_order(self):
+        for tag, root in self.roots.items():
+            there = [(key, group) for key, (group, _) in units_of(root).items()]
+            english = [(key, group) for key, (group, _) in self.english.items()]
+            self.assertEqual(there, english, tag)
+            self.assertEqual(len(there), len(list(root.iter(f"{SPACE}trans-unit"))))
+
+    def test_each_source_is_the_english_text(self):
+        for tag, root in self.roots.items():
+            for key, (_, unit) in units_of(root).items():
+                english = self.english[key][1].find(f"{SPACE}source").text
+                self.assertEqual(unit.find(f"{SPACE}source").text, english, (tag, key))
+
+    def test_each_text_is_translated_but_for_english(self):
+        for tag, root in self.roots.items():
+            for key, (_, unit) in units_of(root).items():
+                self.assertEqual(unit.find(f"{SPACE}target") is None, tag == "en", (tag, key))
+
+    def test_the_notes_of_english_stand_in_each(self):
+        for tag, root in self.roots.items():
+            for key, (_, unit) in units_of(root).items():
+                english = notes_of(self.english[key][1], "en")
+                self.assertEqual(notes_of(unit, tag), english, (tag, key))
+            for group, english in zip(
+                root.iter(f"{SPACE}group"), self.roots["en"].iter(f"{SPACE}group"), strict=True
+            ):
+                self.assertEqual(group.find(f"{SPACE}note").text, english.find(f"{SPACE}note").text)
+
+    def test_a_message_that_is_joined_has_notes_that_show_it_in_its_language(self):
+        for tag, root in self.roots.items():
+            units = units_of(root)
+            for key in ("GLOBAL_MOD_ERROR", "GLOBAL_MOD_TEXT", "GLOBAL_MOD_PROCEDURE",
+                        "MORAM_CONFIG_MSG_NAME_EXISTS", "MORAM_CONFIG_MSG_REENTER_NAME"):
+                unit = units[key][1]
+                text = unit.find(f"{SPACE}{'source' if tag == 'en' else 'target'}").text
+                notes = unit.findall(f"{SPACE}note")
+                self.assertTrue(notes)
+                for note in notes:
+                    # A no-break blank is a plain one in a note.
+                    shown = plain(note.text).replace("\u00a0", " ")
+                    self.assertIn(text.replace("\u00a0", " "), shown, (tag, key))
+
+    def test_each_stands_in_one_layout(self):
+        for file in FILES:
+            lines = file.read_text(encoding="utf-8").splitlines()
+            with self.subTest(file=file.name):
+                self.assertEqual(lines[0], '<?xml version="1.0" encoding="UTF-8"?>')
+                depth = 0
+                for number, line in enumerate(lines[1:], 2):
+                    opened = len(re.findall(r"<[a-z]", line))
+                    closed = line.count("</")
+                    indent = 2 * (depth - max(0, closed - opened))
+                    self.assertEqual(len(line) - len(line.lstrip()), indent, number)
+                    self.assertEqual(line, line.rstrip(), number)
+                    depth += opened - closed
+                    if "<source>" not in line and "<target>" not in line:
+                        self.assertLessEqual(len(line), 100, number)
+
+
+if __name__ == "__main__":
+    unittest.main()
