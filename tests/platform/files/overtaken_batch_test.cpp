@@ -1,7 +1,6 @@
 // Batches that are not to replace what others changed meanwhile: how a change is noticed, and what
 // becomes of the file.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <chrono>
 #include <filesystem>

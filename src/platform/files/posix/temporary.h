@@ -10,7 +10,7 @@
 
 #include <string>
 
-#include "platform/files/posix.h"
+#include "platform/files/posix/posix.h"
 
 namespace wynconfig {
 

@@ -10,9 +10,9 @@
 #include <ctime>
 #include <system_error>
 
-#include "platform/files/disk_saves.h"
 #include "platform/files/file_system.h"
-#include "platform/files/posix.h"
+#include "platform/files/posix/disk_saves.h"
+#include "platform/files/posix/posix.h"
 
 namespace wynconfig {
 

@@ -1,7 +1,7 @@
 // Temporaries are named .wyn-WRITER-NUMBER.tmp when they are locked, and
 // .wyn-WRITER-NUMBER-FOLLOWER.tmp when they live by the lock of the former. WRITER is the process
 // number and eight hexadecimal digits by chance, since process numbers come again.
-#include "platform/files/temporary.h"
+#include "platform/files/posix/temporary.h"
 
 #include <dirent.h>
 #include <sys/file.h>

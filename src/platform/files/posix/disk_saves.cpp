@@ -1,5 +1,5 @@
 // Saving to the disk, one file at a time or many.
-#include "platform/files/disk_saves.h"
+#include "platform/files/posix/disk_saves.h"
 
 #include <set>
 

@@ -12,8 +12,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/files/posix.h"
-#include "platform/files/temporary.h"
+#include "platform/files/posix/posix.h"
+#include "platform/files/posix/temporary.h"
 
 namespace wynconfig {
 
