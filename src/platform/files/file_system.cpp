@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/files/paths.h"
 #include "platform/text/text.h"
 #include "wynconfig/save_file.h"
 
@@ -25,7 +26,7 @@ bool holdsNul(std::string_view path) {
 /// True when a name stands for one file of its folder; one with a separator could lead out of it.
 bool isUsableName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." && !holdsNul(name) &&
-           std::none_of(name.begin(), name.end(), isSeparator);
+           std::none_of(name.begin(), name.end(), isSeparator) && isNameOfSystem(name);
 }
 
 bool isItemName(std::string_view name) {
@@ -33,18 +34,10 @@ bool isItemName(std::string_view name) {
            UCase(name.substr(name.size() - kItemExtension.size())) == UCase(kItemExtension);
 }
 
-/// A path in the system's spelling: `/` between the parts, one at a time, none at the end.
-std::string systemPath(std::string_view path) {
-    std::string system;
-    for (const char c : path) {
-        if (!isSeparator(c)) {
-            system += c;
-        } else if (system.empty() || system.back() != '/') {
-            system += '/';
-        }
-    }
-    if (system.size() > 1 && system.back() == '/') system.pop_back();
-    return system;
+/// What is said of a cause. The C libraries do not all say the same of a long name.
+std::string wordsOf(std::errc cause) {
+    if (cause == std::errc::filename_too_long) return "File name too long";
+    return std::make_error_code(cause).message();
 }
 
 /// A path as a message shows it: well-formed, and no longer than a box can hold.
@@ -123,6 +116,8 @@ void FileSystem::makeFolder(const std::string& folder) {
         !nameOnDisk(parent, path.name, &FileSystem::isThere, Trust::Settled).empty()) {
         throw refusal("folder", system, "made", "something of that name is there already");
     }
+    if (!isNameOfSystem(path.name))
+        throw refusal("folder", system, "made", "its name is not allowed");
     const std::string resolved = join(parent, path.name);
     if (!isFolder(parent)) {
         throw refusal("folder", resolved, "made",
@@ -166,9 +161,9 @@ void FileSystem::save(const ItemPath& path, std::string_view content) {
 }
 
 void FileSystem::saveExactly(const std::string& path, std::string_view content) {
-    if (path.empty() || path.back() == '/' || holdsNul(path))
+    if (path.empty() || isSystemSeparator(path.back()) || holdsNul(path))
         throw refusal("file", path, "written", "its name is not allowed");
-    replaceFile(behindLinks(path), content);
+    replaceFile(behindLinks(exactPath(path)), content);
 }
 
 void FileSystem::remove(const ItemPath& path) {
@@ -291,7 +286,7 @@ Error FileSystem::refusal(std::string_view kind, std::string_view path, std::str
 
 Error FileSystem::refusal(std::string_view kind, std::string_view path, std::string_view verb,
                           std::errc cause) {
-    return refusal(kind, path, verb, std::make_error_code(cause).message());
+    return refusal(kind, path, verb, wordsOf(cause));
 }
 
 /// Where a file lies, or nothing for a name that no file can have. Folder and name are glued as
@@ -319,7 +314,7 @@ std::string FileSystem::resolveFolder(std::string_view folder) {
     // A folder that is there as it is typed needs no walk: all its parts are exact.
     if (isFolder(system)) return system;
 
-    std::size_t at = system.starts_with('/') ? 1 : 0;
+    std::size_t at = rootLength(system);
     std::string resolved = system.substr(0, at);
     while (at < system.size()) {
         const std::size_t end = std::min(system.find('/', at), system.size());
@@ -381,7 +376,7 @@ FileSystem::NameToWrite FileSystem::nameToWrite(const Place& place) {
 std::string FileSystem::causeOfNoFolder(const std::string& folder, const char* usual) {
     const std::errc cause = whyNoFolder(folder);
     if (cause == std::errc::no_such_file_or_directory) return usual;
-    return std::make_error_code(cause).message();
+    return wordsOf(cause);
 }
 
 /// The name under which the open batch is to make a new file, in whatever case it is asked for, or

@@ -1,9 +1,11 @@
 // Files and folders in memory, for tests and for records that are not to last. It refuses what a
 // disk would refuse.
-#include <filesystem>
+#include <algorithm>
+#include <cstddef>
 #include <system_error>
 
 #include "platform/files/file_system.h"
+#include "platform/files/paths.h"
 
 namespace wynconfig {
 
@@ -16,9 +18,26 @@ constexpr std::size_t kMaxPath = 4095;
 /// The one spelling under which a path is kept: without ".", without ".." where it can be resolved,
 /// and "" for the working folder.
 std::string keyOf(const std::string& path) {
-    std::string key = std::filesystem::path(path).lexically_normal().string();
-    if (key.size() > 1 && key.back() == '/') key.pop_back();
-    return key == "." ? std::string{} : key;
+    const std::size_t root = rootLength(path);
+    std::vector<std::string> parts;
+    for (std::size_t at = root; at < path.size();) {
+        const std::size_t end = std::min(path.find('/', at), path.size());
+        std::string part = path.substr(at, end - at);
+        at = end + 1;
+        if (part.empty() || part == ".") continue;
+        const bool isUp = part == "..";
+        if (isUp && !parts.empty() && parts.back() != "..") {
+            parts.pop_back();
+        } else if (!isUp || root == 0) {
+            parts.push_back(std::move(part));
+        }
+    }
+    std::string key = path.substr(0, root);
+    for (const std::string& part : parts) {
+        if (!key.empty() && key.back() != '/') key += '/';
+        key += part;
+    }
+    return key;
 }
 
 /// A file's or folder's own name and the key of the folder it lies in.

@@ -121,13 +121,6 @@ int keepOwnership(const Descriptor& temporary, const Ownership& old, bool& asMad
     return error;
 }
 
-/// Keeps a failure to be told unless there is one. That a file lost its group is told only when
-/// nothing worse happened.
-void keepFirst(std::optional<SaveFailure>& first, SaveFailure failure) {
-    constexpr auto kLeast = SaveFailure::What::GroupLost;
-    if (!first || (first->what == kLeast && failure.what != kLeast)) first = std::move(failure);
-}
-
 FolderIdentity identityOf(const struct stat& info) {
     return {info.st_dev, info.st_ino};
 }

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -14,22 +13,9 @@
 
 #include "platform/files/posix/posix.h"
 #include "platform/files/posix/temporary.h"
+#include "platform/files/save_failure.h"
 
 namespace wynconfig {
-
-/// Why a save failed, for a message.
-struct SaveFailure {
-    enum class Of { File, Folder };
-    enum class What {
-        NotWritten,
-        NotConfirmed,  ///< the new content is in place, but may not outlast a crash
-        GroupLost,     ///< the new content is in place, but not in the old file's group
-    };
-    Of of;             ///< Folder: all files of the batch that lie in it
-    std::string path;  ///< of the file, or of the folder
-    What what;
-    int error;  ///< as the system numbers it
-};
 
 /// What a file takes over from the one that it replaces.
 struct Ownership {
@@ -38,9 +24,6 @@ struct Ownership {
     mode_t mode;  ///< with the bits beyond the rights
     bool operator==(const Ownership&) const = default;
 };
-
-/// Asked for each file right before its temporary is put in place: false leaves the old one.
-using MayReplace = std::function<bool(const std::string& path)>;
 
 /// Which folder it is, by whatever path.
 struct FolderIdentity {

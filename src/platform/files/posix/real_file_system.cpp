@@ -202,16 +202,10 @@ class RealFileSystem : public FileSystem {
         }
     }
     [[noreturn]] static void throwTold(const SaveFailure& failure) {
-        using What = SaveFailure::What;
-        const bool many = failure.of == SaveFailure::Of::Folder;
-        const auto toldAs = [&](const char* verb) {
-            return refusal(many ? "files in" : "file", failure.path, verb, causeOf(failure.error));
-        };
-        if (failure.what == What::NotWritten) throw toldAs("written");
-        if (failure.what == What::GroupLost)
-            throw GroupLost(toldAs("kept in its group, though it is written"));
-        throw toldAs(many ? "confirmed on the disk, though they are written"
-                          : "confirmed on the disk, though it is written");
+        const SaveFailureWords words = wordsOf(failure);
+        const Error told = refusal(words.kind, failure.path, words.verb, causeOf(failure.error));
+        if (failure.what == SaveFailure::What::GroupLost) throw GroupLost(told);
+        throw told;
     }
 
     /// The time of the last change of any kind, since anybody may set the other one back. It moves

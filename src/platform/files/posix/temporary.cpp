@@ -1,74 +1,21 @@
-// Temporaries are named .wyn-WRITER-NUMBER.tmp when they are locked, and
-// .wyn-WRITER-NUMBER-FOLLOWER.tmp when they live by the lock of the former. WRITER is the process
-// number and eight hexadecimal digits by chance, since process numbers come again.
+// Temporaries that are locked, and the look for those of the dead.
 #include "platform/files/posix/temporary.h"
 
 #include <dirent.h>
 #include <sys/file.h>
 
-#include <algorithm>
-#include <atomic>
-#include <cstdio>
 #include <map>
 #include <memory>
-#include <optional>
-#include <random>
 #include <vector>
+
+#include "platform/files/temporary_names.h"
 
 namespace wynconfig {
 
 namespace {
 
-constexpr std::string_view kPrefix = ".wyn-";
-constexpr std::string_view kSuffix = ".tmp";
-constexpr std::string_view kDigits = "0123456789";
-
-/// What the names of this process's temporaries begin with. After a fork it is another one.
-std::string ownPrefix() {
-    static const unsigned chance = std::random_device{}();
-    char writer[32];
-    std::snprintf(writer, sizeof writer, "%ld-%08x-", static_cast<long>(::getpid()), chance);
-    return std::string{kPrefix} + writer;
-}
-
-/// Takes a number as `std::to_string` writes it off the front of a text.
-bool takeNumber(std::string_view& text) {
-    constexpr std::size_t kMostDigits = 10;
-    const std::size_t length = std::min(text.find_first_not_of(kDigits), text.size());
-    if (length == 0 || length > kMostDigits || text.front() == '0') return false;
-    text.remove_prefix(length);
-    return true;
-}
-
-bool takeDash(std::string_view& text) {
-    if (!text.starts_with('-')) return false;
-    text.remove_prefix(1);
-    return true;
-}
-
-bool takeChance(std::string_view& text) {
-    constexpr std::size_t kLength = 8;
-    if (text.size() < kLength) return false;
-    if (text.find_first_not_of("0123456789abcdef") < kLength) return false;
-    text.remove_prefix(kLength);
-    return true;
-}
-
-/// The temporary by whose lock the one of this name lives, itself or another one; nothing for a
-/// name that is no temporary's.
-std::optional<std::string> leaderOf(std::string_view name) {
-    if (!name.starts_with(kPrefix) || !name.ends_with(kSuffix)) return std::nullopt;
-    std::string_view rest = name.substr(0, name.size() - kSuffix.size());
-    const std::string_view body = rest;
-    rest.remove_prefix(kPrefix.size());
-    if (!takeNumber(rest) || !takeDash(rest) || !takeChance(rest) || !takeDash(rest) ||
-        !takeNumber(rest)) {
-        return std::nullopt;
-    }
-    std::string leader{body.substr(0, body.size() - rest.size())};
-    leader += kSuffix;
-    if (!rest.empty() && !(takeDash(rest) && takeNumber(rest) && rest.empty())) return std::nullopt;
-    return leader;
+unsigned long ownProcess() {
+    return static_cast<unsigned long>(::getpid());
 }
 
 /// False only when another program holds the lock. Where files can't be locked nobody takes a
@@ -124,13 +71,13 @@ bool listTemporaries(const OpenFolder& folder, std::vector<std::string>& names) 
     if (!listing) return false;
     own.release();
 
-    const std::string prefix = ownPrefix();
+    const std::string prefix = temporariesOf(ownProcess());
     for (;;) {
         errno = 0;
         const dirent* entry = ::readdir(listing.get());
         if (!entry) return errno == 0;
         const std::string_view name = entry->d_name;
-        if (name.starts_with(kPrefix) && !name.starts_with(prefix) && leaderOf(name)) {
+        if (name.starts_with(kTemporaryPrefix) && !name.starts_with(prefix) && leaderOf(name)) {
             names.emplace_back(name);
         }
     }
@@ -162,12 +109,9 @@ int LockedTemporary::create(mode_t mode) {
 
 /// Makes the file, and gives it a name that nobody has.
 Descriptor LockedTemporary::createUnderNewName(mode_t mode) {
-    static std::atomic<unsigned> counter{0};
     constexpr int kMostNames = 1000;
-    const std::string prefix = ownPrefix();
     for (int names = 1;; ++names) {
-        m_name = prefix + std::to_string(++counter);
-        m_name += kSuffix;
+        m_name = newTemporaryName(ownProcess());
         try {
             return Descriptor{checked([&] {
                 return ::openat(m_folder.number(), m_name.c_str(),
@@ -195,11 +139,7 @@ void LockedTemporary::publish(const std::string& target) {
 }
 
 std::string LockedTemporary::follower(unsigned number) const {
-    std::string name = m_name.substr(0, m_name.size() - kSuffix.size());
-    name += '-';
-    name += std::to_string(number);
-    name += kSuffix;
-    return name;
+    return followerOf(m_name, number);
 }
 
 bool cleanTemporaries(const OpenFolder& folder) {
