@@ -4,6 +4,12 @@ include(CMakePackageConfigHelpers)
 set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/wynconfig)
 set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
+# What pkg-config adds for an archive.
+set(private_modules expat)
+if(NOT WIN32)
+  string(APPEND private_modules " icu-uc icu-i18n")
+endif()
+
 # A library, with the files by which CMake and pkg-config find it.
 function(wynconfig_install target component)
   install(TARGETS ${target} EXPORT ${target}Targets

@@ -2,10 +2,6 @@
 // language lie over the English ones, and all of them are read once, so that a look-up needs no
 // disk.
 
-#include <unicode/uldnames.h>
-#include <unicode/uloc.h>
-#include <unicode/unistr.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -20,6 +16,7 @@
 #include <vector>
 
 #include "platform/resources/text_file.h"
+#include "platform/text/locales.h"
 #include "wynconfig/error.h"
 #include "wynconfig/resource_manager.h"
 
@@ -53,50 +50,6 @@ class BundleResourceManager : public ResourceManager {
     Font m_font;
 };
 
-/// What a function of ICU tells about a locale, or an empty text when it can't.
-template <class Function>
-std::string askIcu(Function function, const std::string& locale) {
-    char answer[ULOC_FULLNAME_CAPACITY] = {};
-    UErrorCode status = U_ZERO_ERROR;
-    function(locale.c_str(), answer, ULOC_FULLNAME_CAPACITY, &status);
-    return U_FAILURE(status) || status == U_STRING_NOT_TERMINATED_WARNING ? std::string{} : answer;
-}
-
-/// The locale's plain name in ICU's form, "de_DE" for "de-DE" or "de_DE.UTF-8"; empty for text that
-/// names no locale. The name serves as a file name, so it holds letters, digits and "_" alone.
-std::string localeName(const std::string& locale) {
-    const std::string given = locale.empty() ? uloc_getDefault() : locale;
-    const std::string name = askIcu(uloc_getBaseName, askIcu(uloc_canonicalize, given));
-    const bool plain = std::all_of(name.begin(), name.end(), [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-               c == '_';
-    });
-    return plain ? name : std::string{};
-}
-
-/// The script that a locale is written in, "Hans" for "zh_CN".
-std::string scriptOf(const std::string& name) {
-    return askIcu(uloc_getScript, askIcu(uloc_addLikelySubtags, name));
-}
-
-/// The locales whose texts can serve one, the most general first: "en", "de", "de_Latn", "de_DE",
-/// "de_Latn_DE". Those of the language in another script don't.
-std::vector<std::string> bundleNames(const std::string& locale) {
-    std::vector<std::string> names{std::string(kFallbackLanguage)};
-    const std::string name = localeName(locale);
-    if (name.empty()) return names;
-    const std::string language = askIcu(uloc_getLanguage, name);
-    const std::string region = askIcu(uloc_getCountry, name);
-    const std::string script = scriptOf(name);
-    const std::string written = language + "_" + script;
-    for (const std::string& each :
-         {language, written, language + "_" + region, written + "_" + region, name}) {
-        const bool known = std::find(names.begin(), names.end(), each) != names.end();
-        if (!known && localeName(each) == each && scriptOf(each) == script) names.push_back(each);
-    }
-    return names;
-}
-
 /// A path by its UTF-8 text, whatever the system has for paths.
 fs::path pathOf(const std::string& text) {
     return std::u8string(text.begin(), text.end());
@@ -114,11 +67,11 @@ fs::path bundleFolder(const std::string& folder) {
     return path.has_filename() ? path : path.parent_path();
 }
 
-/// The file of a locale by its plain name, such as "zh_Hans"; empty when there is none.
-fs::path bundleFile(const fs::path& folder, std::string name) {
-    const std::string usual = name;
-    std::replace(name.begin(), name.end(), '_', '-');
-    for (const std::string& each : {name, usual}) {
+/// The file of a locale by its tag, such as "zh-Hans"; empty when there is none.
+fs::path bundleFile(const fs::path& folder, const std::string& tag) {
+    std::string other = tag;
+    std::replace(other.begin(), other.end(), '-', '_');
+    for (const std::string& each : {tag, other}) {
         std::error_code failed;
         fs::path file = folder / (each + kExtension);
         if (!folder.empty() && fs::is_regular_file(file, failed)) return file;
@@ -152,40 +105,20 @@ void readBundle(const fs::path& file, bool isFallback, Texts& texts) {
     }
 }
 
-/// The locales of which a folder has texts that serve a locale, by their plain names, the most
-/// general first. Raises when there is none.
+/// The tags of the locales that serve one and have texts in a folder, the most general first.
+/// Raises when there is none.
 std::vector<std::string> bundlesFor(const std::string& folder, const std::string& locale) {
-    std::vector<std::string> names = bundleNames(locale);
+    std::vector<std::string> tags = localesServing(locale);
     const fs::path path = bundleFolder(folder);
-    std::erase_if(names, [&](const std::string& name) { return bundleFile(path, name).empty(); });
-    if (names.empty()) {
+    std::erase_if(tags, [&](const std::string& tag) { return bundleFile(path, tag).empty(); });
+    if (tags.empty()) {
         throw Error(errc::FileNotFound, "There are no texts in the folder \"" + folder + "\".");
     }
-    return names;
+    return tags;
 }
 
-/// A language's name in the language itself, written as at the start of a line.
-std::string ownName(const std::string& name) {
-    UDisplayContext contexts[] = {UDISPCTX_DIALECT_NAMES,
-                                  UDISPCTX_CAPITALIZATION_FOR_UI_LIST_OR_MENU};
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::LocalULocaleDisplayNamesPointer names(
-        uldn_openForContext(name.c_str(), contexts, std::size(contexts), &status));
-    constexpr std::int32_t kCapacity = 200;
-    UChar text[kCapacity] = {};
-    const std::int32_t length =
-        uldn_localeDisplayName(names.getAlias(), name.c_str(), text, kCapacity, &status);
-    if (U_FAILURE(status) || length > kCapacity) return name;
-    std::string utf8;
-    icu::UnicodeString(false, text, length).toUTF8String(utf8);
-    return utf8;
-}
-
-Language languageOf(const std::string& name) {
-    const auto toTag = [](const char* locale, char* tag, std::int32_t size, UErrorCode* status) {
-        uloc_toLanguageTag(locale, tag, size, false, status);
-    };
-    return {askIcu(toTag, name), ownName(name), uloc_isRightToLeft(name.c_str()) != 0};
+Language languageOf(const std::string& tag) {
+    return {tag, ownNameOf(tag), isRightToLeft(tag)};
 }
 
 }  // namespace
@@ -194,28 +127,26 @@ std::shared_ptr<ResourceManager> makeBundleResourceManager(const std::string& fo
                                                            const std::string& locale,
                                                            const Font& font) {
     Texts texts;
-    for (const std::string& name : bundlesFor(folder, locale))
-        readBundle(bundleFile(bundleFolder(folder), name), name == kFallbackLanguage, texts);
+    for (const std::string& tag : bundlesFor(folder, locale))
+        readBundle(bundleFile(bundleFolder(folder), tag), tag == kFallbackLanguage, texts);
     return std::make_shared<BundleResourceManager>(std::move(texts), font);
 }
 
 std::vector<Language> bundleLanguages(const std::string& folder) {
-    std::set<std::string> names;
+    std::set<std::string> tags;
     std::error_code failed;
     for (fs::directory_iterator each(bundleFolder(folder), failed), end; !failed && each != end;
          each.increment(failed)) {
         const fs::path& file = each->path();
-        std::string name = textOf(file.stem());
-        std::replace(name.begin(), name.end(), '-', '_');
+        std::string tag = textOf(file.stem());
+        std::replace(tag.begin(), tag.end(), '_', '-');
         std::error_code unknown;
         if (file.extension() != kExtension || !each->is_regular_file(unknown)) continue;
         // Only a file that is named like a locale is ever asked for.
-        if (!name.empty() && localeName(name) == name) names.insert(name);
+        if (!tag.empty() && localeOf(tag).tag == tag) tags.insert(tag);
     }
     std::vector<Language> languages;
-    for (const std::string& name : names) languages.push_back(languageOf(name));
-    std::sort(languages.begin(), languages.end(),
-              [](const Language& one, const Language& other) { return one.tag < other.tag; });
+    for (const std::string& tag : tags) languages.push_back(languageOf(tag));
     return languages;
 }
 

@@ -21,10 +21,6 @@
 // wherever that may stand: U+FF01 to U+FF5E, and U+3000 for the blank U+0020.
 #include "platform/text/numbers.h"
 
-#include <unicode/uloc.h>
-#include <unicode/unum.h>
-#include <unicode/ustring.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -40,50 +36,6 @@ namespace wynconfig {
 namespace {
 
 // ---- Marks of a locale ----
-
-/// Runs an ICU call that fills a buffer, and gives what it wrote; empty when it failed.
-template <typename Unit, typename Fill>
-std::basic_string<Unit> filled(Fill fill) {
-    std::basic_string<Unit> buffer(ULOC_FULLNAME_CAPACITY, Unit{});
-    UErrorCode status = U_ZERO_ERROR;
-    const int32_t length = fill(buffer.data(), static_cast<int32_t>(buffer.size()), &status);
-    if (U_FAILURE(status) || length < 0 || length > static_cast<int32_t>(buffer.size())) return {};
-    buffer.resize(static_cast<std::size_t>(length));
-    return buffer;
-}
-
-/// The full name of a locale, the user's for no name and for one that is no name at all. The
-/// country, guessed where it is missing, tells the currency; the digits are set to ASCII ones, so
-/// that the marks are those written with such digits.
-std::string fullLocaleName(const std::string& locale) {
-    const std::string asked = filled<char>([&](char* to, int32_t size, UErrorCode* status) {
-        return uloc_canonicalize(locale.c_str(), to, size, status);
-    });
-    const std::string known = asked.empty() ? uloc_getDefault() : asked;
-    return filled<char>([&](char* to, int32_t size, UErrorCode* status) {
-        uloc_addLikelySubtags(known.c_str(), to, size, status);
-        return uloc_setKeywordValue("numbers", "latn", to, size, status);
-    });
-}
-
-/// Whether a locale, by its full name, is written in a script with forms of full width.
-bool writesFullWidth(const std::string& fullName) {
-    const std::string script = filled<char>([&](char* to, int32_t size, UErrorCode* status) {
-        return uloc_getScript(fullName.c_str(), to, size, status);
-    });
-    return script == "Jpan" || script == "Hans" || script == "Hant" || script == "Kore";
-}
-
-std::string symbolOf(const UNumberFormat* format, UNumberFormatSymbol symbol) {
-    const auto wide = filled<UChar>([&](UChar* to, int32_t size, UErrorCode* status) {
-        return unum_getSymbol(format, symbol, to, size, status);
-    });
-    return filled<char>([&](char* to, int32_t size, UErrorCode* status) {
-        int32_t length = 0;
-        u_strToUTF8(to, size, &length, wide.data(), static_cast<int32_t>(wide.size()), status);
-        return length;
-    });
-}
 
 NumberMarks& currentMarks() {
     thread_local NumberMarks marks = numberMarksOf({});
@@ -385,21 +337,6 @@ double halfToEven(double value) {
 }
 
 }  // namespace
-
-NumberMarks numberMarksOf(const std::string& locale) {
-    UErrorCode status = U_ZERO_ERROR;
-    const std::string name = fullLocaleName(locale);
-    UNumberFormat* const format =
-        unum_open(UNUM_DECIMAL, nullptr, 0, name.c_str(), nullptr, &status);
-    const icu::LocalUNumberFormatPointer owner(format);
-    if (U_FAILURE(status)) return {".", ",", "", false};
-    NumberMarks marks{symbolOf(format, UNUM_DECIMAL_SEPARATOR_SYMBOL),
-                      symbolOf(format, UNUM_GROUPING_SEPARATOR_SYMBOL),
-                      symbolOf(format, UNUM_CURRENCY_SYMBOL), writesFullWidth(name)};
-    // The general currency sign is what ICU gives where it knows no currency.
-    if (marks.currency == "\u00A4") marks.currency.clear();
-    return marks;
-}
 
 void setNumberLocale(const std::string& locale) {
     currentMarks() = numberMarksOf(locale);

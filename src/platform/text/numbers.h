@@ -7,19 +7,9 @@
 #include <string>
 #include <string_view>
 
+#include "platform/text/locales.h"
+
 namespace wynconfig {
-
-/// The marks by which a locale writes numbers; each is UTF-8 text, an empty one is not in use.
-struct NumberMarks {
-    std::string decimal;     ///< decimal mark, such as "."
-    std::string thousands;   ///< thousands separator, such as ","
-    std::string currency;    ///< currency mark, such as "$"
-    bool fullWidth = false;  ///< whether forms of full width stand for ASCII characters
-};
-
-/// The marks of a locale.
-/// @param locale  a locale's name, such as "de-DE" or "fr_FR"; empty: the user's.
-NumberMarks numberMarksOf(const std::string& locale);
 
 /// Sets the locale whose marks every following call of this module uses. Without a call the
 /// user's locale holds.
