@@ -1,11 +1,14 @@
 // Locales by Windows, which knows them by names of BCP 47.
 #define WIN32_LEAN_AND_MEAN
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <string_view>
 
 #include "platform/text/locales.h"
@@ -114,26 +117,32 @@ bool takeParts(const std::vector<std::string>& parts, Locale& locale) {
     return true;
 }
 
+/// Those with forms of full width. Each stands for several, such as "Jpan" for kanji and kana.
+constexpr std::array<const char*, 4> kScriptsOfFullWidth{"Hans", "Hant", "Jpan", "Kore"};
+constexpr std::array<const char*, 6> kScriptsFromTheRight{"Adlm", "Arab", "Hebr",
+                                                          "Nkoo", "Syrc", "Thaa"};
+
+template <std::size_t Size>
+bool isAmong(const std::array<const char*, Size>& all, const std::string& one) {
+    return std::find(all.begin(), all.end(), one) != all.end();
+}
+
 /// The script that a locale is written in, where its name does not tell it.
 std::string usualScript(const Locale& locale) {
     for (const std::string& name : {locale.language + "-" + locale.region, locale.language}) {
-        // Such as "Latn;", or "Hani;Hira;Jpan;Kana;" with the one for all of them among them.
+        // Such as "Latn;", or "Hani;Hans;", where one of them stands for them all.
         const std::string scripts = isKnown(name) ? told(name, LOCALE_SSCRIPTS) : "";
-        for (const char* all : {"Jpan", "Kore"})
+        for (const char* all : kScriptsOfFullWidth)
             if (scripts.find(all) != std::string::npos) return all;
         if (!scripts.empty()) return scripts.substr(0, scripts.find(';'));
     }
     return {};
 }
 
-/// The name by which Windows knows a locale, or the nearest one; empty where it knows none.
-std::string knownName(const Locale& locale) {
-    const std::string inScript = locale.language + "-" + locale.script;
-    const std::string inRegion = locale.language + "-" + locale.region;
-    for (const std::string& name :
-         {locale.tag, inScript + "-" + locale.region, inRegion, inScript, locale.language})
-        if (isKnown(name)) return name;
-    return {};
+/// The first of some names by which Windows knows a locale; empty where it knows none.
+std::string firstKnown(std::initializer_list<std::string> names) {
+    const auto* const known = std::find_if(names.begin(), names.end(), isKnown);
+    return known == names.end() ? std::string{} : *known;
 }
 
 }  // namespace
@@ -149,7 +158,10 @@ Locale localeOf(const std::string& name) {
 }
 
 std::string ownNameOf(const std::string& tag) {
-    const std::string known = knownName(localeOf(tag));
+    const Locale locale = localeOf(tag);
+    const std::string inScript = locale.language + "-" + locale.script;
+    const std::string known = firstKnown({locale.tag, inScript + "-" + locale.region, inScript,
+                                          locale.language + "-" + locale.region, locale.language});
     const std::string name = known.empty() ? "" : told(known, LOCALE_SNATIVEDISPLAYNAME);
     if (name.empty()) return tag;
     const std::size_t first = byteOffset(name, 1);
@@ -157,19 +169,22 @@ std::string ownNameOf(const std::string& tag) {
 }
 
 bool isRightToLeft(const std::string& tag) {
-    const std::string known = knownName(localeOf(tag));
-    return !known.empty() && told(known, LOCALE_IREADINGLAYOUT) == "1";
+    return isAmong(kScriptsFromTheRight, localeOf(tag).script);
 }
 
 NumberMarks numberMarksOf(const std::string& name) {
     // Of the user's own locale Windows tells what the user has set.
     const Locale locale = localeOf(name.empty() ? told("", LOCALE_SNAME) : name);
-    const std::string known = name.empty() ? "" : knownName(locale);
+    const std::string inScript = locale.language + "-" + locale.script;
+    const std::string known =
+        name.empty()
+            ? ""
+            : firstKnown({locale.tag, inScript + "-" + locale.region,
+                          locale.language + "-" + locale.region, inScript, locale.language});
     const bool hasCurrency = name.empty() || !known.empty();
     return {told(known, LOCALE_SDECIMAL), told(known, LOCALE_STHOUSAND),
             hasCurrency ? told(known, LOCALE_SCURRENCY) : "",
-            locale.script == "Jpan" || locale.script == "Hans" || locale.script == "Hant" ||
-                locale.script == "Kore"};
+            isAmong(kScriptsOfFullWidth, locale.script)};
 }
 
 }  // namespace wynconfig

@@ -437,8 +437,10 @@ TEST_F(Numbers, readsArabicLocalesByTheMarksOfAsciiDigits) {
 }
 
 TEST_F(Numbers, tellsACurrencyMarkFromAnExponentAndASeparator) {
-    const NumberMarks algerian = numberMarksOf("fr-DZ");
-    ASSERT_EQ(algerian.currency, "DA");
+    const NumberMarks algerian{",", "\u202F", "DA", false};
+#ifndef _WIN32  // writes the currency of fr-DZ in Arabic letters
+    EXPECT_EQ(numberMarksOf("fr-DZ").currency, "DA");
+#endif
     EXPECT_EQ(parseNumber("12DA", algerian), 12);
     EXPECT_EQ(parseNumber("12D1DA", algerian), 120);
     const NumberMarks danish = numberMarksOf("da-DK");
