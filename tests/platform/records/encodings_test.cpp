@@ -1,7 +1,5 @@
 // The encodings of stored texts. A file is read as it declares and a document as UTF-8, whatever
 // was read before; a walk over the sessions keeps what a file in another encoding says.
-#include <iconv.h>
-
 #include <optional>
 
 #include "dialogs/session/frmMORAMConfig.h"
@@ -132,32 +130,6 @@ TEST_F(Encodings, ThatFailWriteNothingToTheErrorStream) {
               std::string::npos);
 }
 
-/// Turns bytes into UTF-8 by the system's own tables; nothing where they stand for nothing.
-std::optional<std::string> bySystem(const std::string& encoding, std::string bytes) {
-    const iconv_t converter = iconv_open("UTF-8", encoding.c_str());
-    EXPECT_NE(converter, reinterpret_cast<iconv_t>(-1)) << encoding;  // NOLINT(*-no-int-to-ptr)
-    std::string text(16, ' ');
-    char* in = bytes.data();
-    char* out = text.data();
-    std::size_t inLeft = bytes.size();
-    std::size_t outLeft = text.size();
-    const bool fails =
-        iconv(converter, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1) ||
-        iconv(converter, nullptr, nullptr, &out, &outLeft) == static_cast<std::size_t>(-1);
-    iconv_close(converter);
-    if (fails) return {};
-    return text.substr(0, text.size() - outLeft);
-}
-
-/// The families of encodings that are read.
-std::vector<std::string> families() {
-    std::vector<std::string> all;
-    for (int part = 1; part <= 16; ++part)
-        if (part != 12) all.push_back("ISO-8859-" + std::to_string(part));
-    for (int page = 1250; page <= 1258; ++page) all.push_back("windows-" + std::to_string(page));
-    return all;
-}
-
 /// What comes of a file: its name, or nothing where it is no record.
 std::optional<std::string> nameIn(const std::string& xml) {
     const ItemPath file{"/store/", "ANY.vla"};
@@ -170,16 +142,6 @@ std::optional<std::string> nameIn(const std::string& xml) {
         return {};
     }
     return record.Name();
-}
-
-TEST_F(Encodings, OfOneByteReadAsTheSystemReadsThem) {
-    for (const std::string& encoding : families()) {
-        for (int byte = 0x80; byte <= 0xFF; ++byte) {
-            const std::string bytes(1, static_cast<char>(byte));
-            EXPECT_EQ(nameIn(declared(encoding) + named(bytes)), bySystem(encoding, bytes))
-                << encoding << " " << byte;
-        }
-    }
 }
 
 TEST_F(Encodings, AreNamedInAnyCase) {
