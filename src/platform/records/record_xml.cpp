@@ -330,30 +330,6 @@ void prepare(XmlParser& parser, RecordReader& reader, const char* encoding) {
     XML_SetUnknownEncodingHandler(parser.get(), onUnknownEncoding, &reader);
 }
 
-/// Whether text begins as one in UTF-16: with its byte order mark, or with a declaration in it.
-bool beginsInUtf16(std::string_view xml) {
-    using namespace std::string_view_literals;
-    return xml.starts_with("\xFF\xFE"sv) || xml.starts_with("\xFE\xFF"sv) ||
-           xml.starts_with("<\0?\0"sv) || xml.starts_with("\0<\0?"sv);
-}
-
-/// Whether the parser would take the text for UTF-16, whatever it is told.
-bool mayPassForUtf16(std::string_view xml) {
-    return beginsInUtf16(xml) || xml.substr(0, 2).find('\0') != std::string_view::npos;
-}
-
-/// Whether in UTF-16 each half of a character has its other half. The parser does not look.
-bool hasWholeCharacters(std::string_view utf16) {
-    const bool bigEndian = utf16.front() == '\xFE' || utf16.front() == '\0';
-    bool isOpen = false;
-    for (std::size_t at = bigEndian ? 0 : 1; at < utf16.size(); at += 2) {
-        const int half = static_cast<unsigned char>(utf16[at]) & 0xFC;
-        if (isOpen != (half == 0xDC)) return false;
-        isOpen = half == 0xD8;
-    }
-    return !isOpen;
-}
-
 /// What the parser must be told of the encoding; null where it is to take what the text declares.
 /// The marks are right: a person's editor has put them there and left the declaration alone.
 const char* encodingOf(std::string_view xml, XmlSource source) {

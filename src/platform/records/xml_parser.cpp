@@ -1,6 +1,7 @@
 // Makes the parser, and says what it has found.
 #include "platform/records/xml_parser.h"
 
+#include <cstddef>
 #include <new>
 #include <random>
 #include <string_view>
@@ -40,6 +41,27 @@ bool isReadVersion(const char* version) {
     const std::string_view text = version;
     return text.starts_with("1.") && text.size() > 2 &&
            text.find_first_not_of("0123456789", 2) == std::string_view::npos;
+}
+
+bool beginsInUtf16(std::string_view xml) {
+    using namespace std::string_view_literals;
+    return xml.starts_with("\xFF\xFE"sv) || xml.starts_with("\xFE\xFF"sv) ||
+           xml.starts_with("<\0?\0"sv) || xml.starts_with("\0<\0?"sv);
+}
+
+bool mayPassForUtf16(std::string_view xml) {
+    return beginsInUtf16(xml) || xml.substr(0, 2).find('\0') != std::string_view::npos;
+}
+
+bool hasWholeCharacters(std::string_view utf16) {
+    const bool bigEndian = utf16.front() == '\xFE' || utf16.front() == '\0';
+    bool isOpen = false;
+    for (std::size_t at = bigEndian ? 0 : 1; at < utf16.size(); at += 2) {
+        const int half = static_cast<unsigned char>(utf16[at]) & 0xFC;
+        if (isOpen != (half == 0xDC)) return false;
+        isOpen = half == 0xD8;
+    }
+    return !isOpen;
 }
 
 std::string xmlErrorOf(const XmlParser& parser) {

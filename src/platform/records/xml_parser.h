@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace wynconfig {
 
@@ -25,6 +26,16 @@ void renew(XmlParser& parser);
 /// Whether what a text declares as its version of XML is one that is read. The parser takes any
 /// word.
 bool isReadVersion(const char* version);
+
+/// Whether text begins as one in UTF-16: with its byte order mark, or with a declaration in it.
+bool beginsInUtf16(std::string_view xml);
+
+/// Whether the parser would take the text for UTF-16, whatever it is told.
+bool mayPassForUtf16(std::string_view xml);
+
+/// Whether in text that begins in UTF-16 each half of a character has its other half. The parser
+/// does not look.
+bool hasWholeCharacters(std::string_view utf16);
 
 /// Why the parser ended a text, with the line. The parser counts the lines when it is asked.
 std::string xmlErrorOf(const XmlParser& parser);

@@ -12,7 +12,6 @@
 
 #include "platform/records/parser_memory.h"
 #include "platform/records/xml_parser.h"
-#include "platform/text/text.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {
@@ -112,7 +111,6 @@ class TextReader {
     void endText() {
         std::string text = m_open.back() ? m_characters : withoutLayout(m_characters);
         m_text = 0;
-        if (!isUtf8(text)) return blame("it has half a character of UTF-16");
         if (!std::exchange(m_isTarget, false))
             m_read.source = std::move(text);
         else if (!text.empty() || !m_isUntranslated)
@@ -199,6 +197,8 @@ void setHandlers(XML_Parser parser) {
 
 std::vector<FileText> readTextFile(std::string_view xml) {
     if (xml.size() > kMaxTextFileSize) raiseBadTexts("it is too large");
+    if (mayPassForUtf16(xml) && !(beginsInUtf16(xml) && hasWholeCharacters(xml)))
+        raiseBadTexts("it is no whole text in UTF-16");
     XmlParser parser;
     renew(parser);
     TextReader reader;

@@ -146,23 +146,36 @@ TEST(TextFile, ReadsOverAUnitWithoutAKey) {
               (Texts{{"K", "b", std::nullopt}}));
 }
 
+/// A text in UTF-16 with bytes in the place of its "?".
+std::string inUtf16(const std::string& text, std::string_view bytes) {
+    std::string wide = "\xFF\xFE";
+    for (const char each : text) {
+        if (each == '?')
+            wide += bytes;
+        else
+            (wide += each) += '\0';
+    }
+    return wide;
+}
+
 TEST(TextFile, ReadsOtherEncodings) {
-    const std::string bytes =
-        "<?xml version='1.0' encoding='ISO-8859-1'?><xliff><trans-unit id='K'>"
-        "<target>\xFC</target></trans-unit></xliff>";
-    EXPECT_EQ(readTextFile(bytes)[0].target, "ü");
-    const std::string plain = "<xliff><trans-unit id='K'><target>?</target></trans-unit></xliff>";
-    const auto inUtf16 = [&](std::string_view character) {
-        std::string wide = "\xFF\xFE";
-        for (const char each : plain) {
-            if (each == '?')
-                wide += character;
-            else
-                (wide += each) += '\0';
+    EXPECT_EQ(readTextFile("<?xml version='1.0' encoding='ISO-8859-1'?><xliff>"
+                           "<trans-unit id='K'><target>\xFC</target></trans-unit></xliff>"),
+              (Texts{{"K", "", "ü"}}));
+    const std::string wide = "<xliff><trans-unit id='?'><target>?</target></trans-unit></xliff>";
+    EXPECT_EQ(readTextFile(inUtf16(wide, "\x3D\xD8\x00\xDE"sv)), (Texts{{"😀", "", "😀"}}));
+}
+
+TEST(TextFile, RefusesHalfACharacter) {
+    for (const std::string unit : {"<trans-unit id='?'/>",
+                                   "<trans-unit id='K'><target>?</target>"
+                                   "</trans-unit>"}) {
+        for (const std::string_view half : {"\x3D\xD8"sv, "\x00\xDE"sv}) {
+            EXPECT_EQ(faultOf(inUtf16("<xliff>" + unit + "</xliff>", half)),
+                      "it is no whole text in UTF-16");
         }
-        return wide;
-    };
-    EXPECT_EQ(readTextFile(inUtf16("\x3D\xD8\x00\xDE"sv))[0].target, "😀");
+    }
+    EXPECT_EQ(faultOf("<\0x\0/\0>\0"sv), "it is no whole text in UTF-16");
 }
 
 TEST(TextFile, RefusesWhatIsNoXliff) {
