@@ -56,7 +56,7 @@ class TextReader {
         const std::string_view own = ownName(name);
         if (m_unit == 0 && own == "trans-unit") return startUnit(attributes);
         // Proposals have sources and targets as well, one deeper.
-        if (m_unit == 0 || m_open.size() != m_unit + 1) return;
+        if (m_open.size() != m_unit + 1) return;
         if (own == "source" || own == "target") {
             m_text = m_open.size();
             m_characters.clear();
