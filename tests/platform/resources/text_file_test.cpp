@@ -201,7 +201,10 @@ TEST(TextFile, RefusesADocumentTypeUnread) {
 }
 
 TEST(TextFile, IsHeldToBounds) {
-    EXPECT_EQ(faultOf(std::string(kMaxTextFileSize + 1, ' ')), "it is too large");
+    const std::string small = "<xliff/>";
+    const std::string large = small + std::string(kMaxTextFileSize - small.size(), ' ');
+    EXPECT_EQ(faultOf(large), "");
+    EXPECT_EQ(faultOf(large + " "), "it is too large");
     EXPECT_EQ(faultOf("<xliff>" + repeated("<g>", 255) + repeated("</g>", 255) + "</xliff>"), "");
     EXPECT_EQ(faultOf("<xliff>" + repeated("<g>", 256)), "its elements are nested too deeply");
     EXPECT_EQ(faultOf("<xliff>" + repeated("<g>", 255) + "<g/>"),

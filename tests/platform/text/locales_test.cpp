@@ -26,6 +26,8 @@ TEST(Locales, HaveNamesOfParts) {
     EXPECT_EQ(partsOfLocale("ja-JP"), "ja-JP ja Jpan JP");
     EXPECT_EQ(partsOfLocale("ko-KR"), "ko-KR ko Kore KR");
     EXPECT_EQ(partsOfLocale("es-419"), "es-419 es Latn 419");
+    EXPECT_EQ(partsOfLocale("en-ZA"), "en-ZA en Latn ZA");
+    EXPECT_EQ(partsOfLocale("en-001"), "en-001 en Latn 001");
     EXPECT_EQ(partsOfLocale("az-Arab"), "az-Arab az Arab ");
 }
 
