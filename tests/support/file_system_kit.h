@@ -3,7 +3,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -50,6 +49,12 @@ class Stranger : public FaultyFileSystem {
 /// The file systems on which every rule is tested.
 enum class FilesOn { Disk, Memory };
 
+#ifdef _WIN32
+inline constexpr bool kOnWindows = true;
+#else
+inline constexpr bool kOnWindows = false;
+#endif
+
 /// The fixture of rules that hold on all of them: an empty folder, and a stranger in it.
 class OnEveryFileSystem : public testing::TestWithParam<FilesOn> {
   protected:
@@ -66,6 +71,8 @@ class OnEveryFileSystem : public testing::TestWithParam<FilesOn> {
     }
 
     ItemPath at(const std::string& name) const { return {root, name}; }
+    /// Whether two names that differ in case alone can stand side by side.
+    static bool tellsCase() { return !kOnWindows || GetParam() == FilesOn::Memory; }
 
     TemporaryFolder folder;
     std::string root;
@@ -101,10 +108,8 @@ class OnTheDisk : public testing::Test {
         }
         return all;
     }
-    mode_t modeOf(const std::string& name) const {
-        struct stat info {};
-        EXPECT_EQ(lstat((root + name).c_str(), &info), 0);
-        return info.st_mode & 07777;
+    unsigned modeOf(const std::string& name) const {
+        return static_cast<unsigned>(std::filesystem::symlink_status(root + name).permissions());
     }
 
     TemporaryFolder folder;

@@ -1,11 +1,9 @@
 // A folder on the disk for tests.
 #pragma once
 
-#include <cerrno>
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <string>
-#include <system_error>
 
 namespace wynconfig {
 
@@ -14,15 +12,19 @@ class TemporaryFolder {
   public:
     TemporaryFolder() {
         namespace fs = std::filesystem;
-        std::string pattern = (fs::canonical(fs::temp_directory_path()) / "test-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) throw std::system_error(errno, std::generic_category());
-        m_path = pattern;
+        const fs::path above = fs::canonical(fs::temp_directory_path());
+        fs::path folder;
+        do {
+            folder = above / ("test-" + std::to_string(std::random_device{}()));
+        } while (!fs::create_directory(folder));
+        fs::permissions(folder, fs::perms::owner_all);
+        m_path = folder.generic_string();
     }
     ~TemporaryFolder() { std::filesystem::remove_all(m_path); }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    /// Absolute, without links, and without a separator at its end.
+    /// Absolute, with `/` between its parts, without links, and without a separator at its end.
     const std::string& path() const { return m_path; }
     std::filesystem::path operator/(const std::string& name) const {
         return std::filesystem::path(m_path) / name;

@@ -54,10 +54,10 @@ TEST_F(AnyDisk, seesChangesByOthersAtOnce) {
 TEST_F(AnyDisk, seesChangesByOthersInAFolderWhoseTimeWasSetBack) {
     put("one.vla", "x");
     std::this_thread::sleep_for(std::chrono::milliseconds(60));
-    const auto before = fs::last_write_time(root);
+    const auto before = fs::last_write_time(folder.path());
     EXPECT_EQ(files->find(at("TWO.VLA")), "");
     put("two.vla", "x");
-    fs::last_write_time(root, before);
+    fs::last_write_time(folder.path(), before);
     EXPECT_EQ(files->find(at("TWO.VLA")), "two.vla");
 }
 
@@ -87,34 +87,35 @@ TEST_F(AnyDisk, seesAFolderMadeAnew) {
     EXPECT_EQ(files->find({root + "SUB\\", "A.VLA"}), "");
 }
 
-/// Saves thousands of new files, and a catalogue over and over in between.
-void expectFewListings(FileSystem& files, const std::string& root) {
+/// Saves many new files, and a catalogue over and over in between.
+void expectFewListings(FileSystem& files, const std::string& root, int many) {
     const auto at = [&](const std::string& name) { return ItemPath{root, name}; };
+    const auto all = static_cast<std::size_t>(many);
     FaultyFileSystem counted{files};
-    for (int i = 0; i < 5000; ++i) {
+    for (int i = 0; i < many; ++i) {
         counted.save(at("Item " + std::to_string(i) + ".vla"), "x");
         if (i % 10 == 0) counted.save(at("CATALOGUE.vls"), std::to_string(i));
     }
     EXPECT_LE(counted.count(Operation::List), 3U);
-    EXPECT_EQ(counted.count(Operation::Save), 5500U);
-    EXPECT_EQ(counted.find(at("ITEM 4999.VLA")), "Item 4999.vla");
+    EXPECT_EQ(counted.count(Operation::Save), all + all / 10);
+    EXPECT_EQ(counted.find(at("ITEM 199.VLA")), "Item 199.vla");
     EXPECT_EQ(counted.find(at("ITEM 0.VLA")), "Item 0.vla");
-    EXPECT_EQ(counted.listItems(root).size(), 5000U);
+    EXPECT_EQ(counted.listItems(root).size(), all);
     // What the saves entered themselves is known to the saves behind them.
     counted.resetCounts();
-    for (int i = 0; i < 500; ++i) counted.save(at("ITEM " + std::to_string(i) + ".VLA"), "y");
+    for (int i = 0; i < many / 10; ++i) counted.save(at("ITEM " + std::to_string(i) + ".VLA"), "y");
     EXPECT_LE(counted.count(Operation::List), 1U);
-    EXPECT_EQ(counted.listItems(root).size(), 5000U);
+    EXPECT_EQ(counted.listItems(root).size(), all);
 }
 
 TEST_F(AnyDisk, readsAFolderAFewTimesForThousandsOfNewFiles) {
     saveCalls.skipSync = true;
-    expectFewListings(*files, root);
+    expectFewListings(*files, root, kOnWindows ? 200 : 5000);  // no sync can be skipped there
 }
 
 TEST(Memory, readsAFolderAFewTimesForThousandsOfNewFiles) {
     const auto memory = makeMemoryFileSystem();
-    expectFewListings(*memory, "");
+    expectFewListings(*memory, "", 5000);
 }
 
 }  // namespace

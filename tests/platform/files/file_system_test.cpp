@@ -66,6 +66,7 @@ TEST_P(AnyFileSystem, findsNamesWithoutRegardToCase) {
 }
 
 TEST_P(AnyFileSystem, prefersTheExactSpellingThenTheFirstInByteOrder) {
+    if (!tellsCase()) GTEST_SKIP() << "this disk takes names that differ in case alone for one";
     stranger->write(root + "same.vla", "lower");
     stranger->write(root + "Same.vla", "mixed");
     EXPECT_EQ(files->find(at("same.vla")), "same.vla");
@@ -160,6 +161,10 @@ TEST_P(AnyFileSystem, takesWildcardsAsPlainLetters) {
         SCOPED_TRACE(name);
         EXPECT_EQ(files->find(at(name)), "");
         EXPECT_EQ(raisedBy([&] { files->read(at(name)); }).number(), errc::FileNotFound);
+        if (kOnWindows && name.find_first_of("*?") != name.npos) {
+            expectRefused(at(name), "its name is not allowed");
+            continue;
+        }
         files->save(at(name), "letters");
         EXPECT_EQ(files->find(at(name)), name);
         EXPECT_EQ(files->read(at(name)), "letters");
@@ -170,8 +175,10 @@ TEST_P(AnyFileSystem, takesWildcardsAsPlainLetters) {
 }
 
 TEST_P(AnyFileSystem, listsItemsInTheOrderOfTheirUpperCasedNames) {
-    const Names ordered = {"!B.vla", ".vla",  "A B.vla", "A.B.vla", "A.VLA", "a.vla", "b.vLa",
-                           "C.vla",  "z.vla", "[a.vla",  "_.vla",   "Ä.vla", "ä.vla", "Ö.vla"};
+    Names ordered = {"!B.vla", ".vla",  "A B.vla", "A.B.vla", "A.VLA", "a.vla", "b.vLa",
+                     "C.vla",  "z.vla", "[a.vla",  "_.vla",   "Ä.vla", "ä.vla", "Ö.vla"};
+    if (!tellsCase())
+        std::erase_if(ordered, [](const auto& n) { return n == "a.vla" || n == "ä.vla"; });
     Names shuffled = ordered;
     std::reverse(shuffled.begin(), shuffled.end());
     std::rotate(shuffled.begin(), shuffled.begin() + 5, shuffled.end());
@@ -208,6 +215,7 @@ TEST_P(AnyFileSystem, takesNoFolderForAFile) {
     }
     EXPECT_TRUE(files->folderExists(root + "Q.vla"));
     EXPECT_TRUE(stranger->names(root + "Q.vla").empty());
+    if (!tellsCase()) return;
     // A plain file of the name in another case is found beside it, by every operation.
     stranger->write(root + "q.vla", "old");
     EXPECT_EQ(files->find(at("Q.vla")), "q.vla");
@@ -275,6 +283,7 @@ TEST_P(AnyFileSystem, findsFoldersWithoutRegardToCase) {
 }
 
 TEST_P(AnyFileSystem, takesOnlyFoldersForFolders) {
+    if (!tellsCase()) GTEST_SKIP() << "this disk takes names that differ in case alone for one";
     stranger->write(root + "MORAM", "a file");
     stranger->makeExactly(root + "Moram");
     stranger->makeExactly(root + "moram");
@@ -329,6 +338,7 @@ TEST_P(AnyFileSystem, looksForExactPathsLetterByLetter) {
 }
 
 TEST_P(AnyFileSystem, savesAtExactPathsLetterByLetter) {
+    if (!tellsCase()) GTEST_SKIP() << "this disk takes names that differ in case alone for one";
     files->save(at("Mine.txt"), "old");
     files->saveExactly(root + "MINE.txt", "other");
     EXPECT_EQ(stranger->names(root), (Names{"MINE.txt", "Mine.txt"}));
@@ -375,6 +385,7 @@ TEST_P(AnyFileSystem, takesAnEmptyFolderForTheWorkingFolder) {
 }
 
 TEST_P(AnyFileSystem, keepsBytesThatAreNoText) {
+    if (kOnWindows) GTEST_SKIP() << "its names are no bytes";
     const std::string name = "caf\xE9 \xFF.vla";
     stranger->write(root + name, "x");
     EXPECT_EQ(files->listItems(root), Names{name});

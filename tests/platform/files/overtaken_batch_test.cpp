@@ -205,6 +205,7 @@ TEST_F(OvertakenOnDisk, aFileIsToldByItsVersionAloneOnceTheClockHasMovedOn) {
 }
 
 TEST_F(OvertakenOnDisk, aFileThatWentWithItsFolderIsAFailure) {
+    if (kOnWindows) GTEST_SKIP() << "a folder in which files are being saved can't go there";
     fs::create_directory(root + "X");
     const ItemPath file{root + "X/", "A.vla"};
     files->save(file, "old");

@@ -202,6 +202,7 @@ TEST_P(Batch, isFoundInAnyCaseBehindTheCommit) {
 }
 
 TEST_P(Batch, knowsNothingOfTheOneBefore) {
+    if (!tellsCase()) GTEST_SKIP() << "this disk takes names that differ in case alone for one";
     files->makeFolder(root + "Sub");
     {
         SaveBatch batch{*files};
@@ -236,16 +237,18 @@ TEST_P(Batch, isTakenBackByRemoving) {
 
 TEST_P(Batch, readsAFolderOnceForThousandsOfNewFiles) {
     saveCalls.skipSync = true;
+    const int many =
+        kOnWindows && GetParam() == FilesOn::Disk ? 200 : 2000;  // no sync can be skipped there
     FaultyFileSystem counted{*files};
     SaveBatch batch{counted};
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < many; ++i) {
         counted.save(at("Item " + std::to_string(i) + ".vla"), "x");
         if (i % 10 == 0) counted.save(at("A.vla"), std::to_string(i));
     }
     batch.commit();
     EXPECT_LE(counted.count(Operation::List), 1U);
-    EXPECT_EQ(files->listItems(root).size(), 2003U);
-    EXPECT_EQ(contents({"A.vla"}), "1990 ");
+    EXPECT_EQ(files->listItems(root).size(), static_cast<std::size_t>(many) + 3);
+    EXPECT_EQ(contents({"A.vla"}), std::to_string(many - 10) + " ");
 }
 
 // ---------------------------------------------------------------------------------------------
