@@ -52,6 +52,7 @@ TEST_F(AnyDisk, seesChangesByOthersAtOnce) {
 }
 
 TEST_F(AnyDisk, seesChangesByOthersInAFolderWhoseTimeWasSetBack) {
+    if (kOnWindows) GTEST_SKIP() << "there the standard library can't set the time of a folder";
     put("one.vla", "x");
     std::this_thread::sleep_for(std::chrono::milliseconds(60));
     const auto before = fs::last_write_time(folder.path());

@@ -201,6 +201,20 @@ TEST_F(WindowsDisk, savesWithEitherSeparator) {
     EXPECT_FALSE(files->isNoPlainFile(root + "A\\mine.txt"));
 }
 
+TEST_F(WindowsDisk, seesChangesByOthersInAFolderWhoseTimeWasSetBack) {
+    put("one.vla", "x");
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    const Handle open{::CreateFileW(nativePath(root).c_str(),
+                                    FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES, kShareAll,
+                                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)};
+    FILETIME before{};
+    ASSERT_TRUE(::GetFileTime(open.get(), nullptr, nullptr, &before));
+    EXPECT_EQ(files->find(at("TWO.VLA")), "");
+    put("two.vla", "x");
+    ASSERT_TRUE(::SetFileTime(open.get(), nullptr, nullptr, &before));
+    EXPECT_EQ(files->find(at("TWO.VLA")), "two.vla");
+}
+
 TEST_F(WindowsDisk, keepsAFolderThatFilesAreSavedIn) {
     fs::create_directory(root + "X");
     const ItemPath path{root + "X\\", "A.vla"};
