@@ -32,9 +32,13 @@ void* allocateForParser(std::size_t size) {
         all.isExceeded = true;
         return nullptr;
     }
-    if (size > std::numeric_limits<std::size_t>::max() - kHead) return nullptr;
-    char* const block = static_cast<char*>(::operator new(kHead + size, std::nothrow));
-    if (!block) return nullptr;
+    char* const block = size > std::numeric_limits<std::size_t>::max() - kHead
+                            ? nullptr
+                            : static_cast<char*>(::operator new(kHead + size, std::nothrow));
+    if (!block) {
+        all.hasRunOut = true;
+        return nullptr;
+    }
     ++all.blocks;
     std::memcpy(block, &size, sizeof size);
     return block + kHead;

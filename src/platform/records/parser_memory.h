@@ -12,6 +12,7 @@ namespace wynconfig {
 struct ParserMemory {
     std::size_t blocks = 0;   ///< that it has now
     bool isExceeded = false;  ///< it was refused one for their number
+    bool hasRunOut = false;   ///< it was refused one since there was no memory
 
     /// The bound: some sixteen thousand names.
     static constexpr std::size_t kMostBlocks = std::size_t{16} * 1024;

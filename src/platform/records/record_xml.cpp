@@ -360,18 +360,16 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
     prepare(parser, reader, encodingOf(xml, source));
     const bool wellFormed = XML_Parse(parser.get(), xml.data(), static_cast<int>(xml.size()),
                                       XML_TRUE) == XML_STATUS_OK;
-    const bool noMemory = XML_GetErrorCode(parser.get()) == XML_ERROR_NO_MEMORY;
-    if (!wellFormed && reader.fault.empty() && !parserMemory().isExceeded)
+    const bool noMemory = hasRunOutOfMemory(parser);
+    if (!wellFormed && reader.fault.empty() && !parserMemory().isExceeded && !noMemory)
         reader.error = xmlErrorOf(parser);
     // What a large text took, or a strange one, is not kept.
     constexpr std::size_t keptSize = std::size_t{1} << 20;
-    if (!wellFormed || xml.size() > keptSize) parser.reset();
+    if (!wellFormed || noMemory || xml.size() > keptSize) parser.reset();
+    if (noMemory) throw std::bad_alloc();
     if (reader.raised) std::rethrow_exception(reader.raised);
     if (reader.isLeftUnread) return true;
-    if (parserMemory().isExceeded)
-        reader.fault = "it has too many different names";
-    else if (noMemory)
-        throw std::bad_alloc();
+    if (parserMemory().isExceeded) reader.fault = "it has too many different names";
     return wellFormed && reader.fault.empty();
 }
 

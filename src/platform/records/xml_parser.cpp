@@ -29,6 +29,7 @@ void renew(XmlParser& parser) {
     static const XML_Memory_Handling_Suite memory{allocateForParser, reallocateForParser,
                                                   freeForParser};
     parserMemory().isExceeded = false;
+    parserMemory().hasRunOut = false;
     if (!parser)
         parser.reset(XML_ParserCreate_MM(nullptr, &memory, kNamespaceEnd));
     else if (!XML_ParserReset(parser.get(), nullptr))
@@ -62,6 +63,11 @@ bool hasWholeCharacters(std::string_view utf16) {
         isOpen = half == 0xD8;
     }
     return !isOpen;
+}
+
+bool hasRunOutOfMemory(const XmlParser& parser) {
+    return parserMemory().hasRunOut ||
+           (!parserMemory().isExceeded && XML_GetErrorCode(parser.get()) == XML_ERROR_NO_MEMORY);
 }
 
 std::string xmlErrorOf(const XmlParser& parser) {

@@ -37,6 +37,11 @@ bool mayPassForUtf16(std::string_view xml);
 /// does not look.
 bool hasWholeCharacters(std::string_view utf16);
 
+/// Whether the parser was refused memory other than by the bound. Where that was for a name alone
+/// it may have taken the name for unknown, and so whatever it says of the text is not to be
+/// believed.
+bool hasRunOutOfMemory(const XmlParser& parser);
+
 /// Why the parser ended a text, with the line. The parser counts the lines when it is asked.
 std::string xmlErrorOf(const XmlParser& parser);
 

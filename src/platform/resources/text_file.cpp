@@ -207,11 +207,11 @@ std::vector<FileText> readTextFile(std::string_view xml) {
     setHandlers(parser.get());
     const bool wellFormed = XML_Parse(parser.get(), xml.data(), static_cast<int>(xml.size()),
                                       XML_TRUE) == XML_STATUS_OK;
+    if (hasRunOutOfMemory(parser)) throw std::bad_alloc();
     if (reader.raised) std::rethrow_exception(reader.raised);
     if (!reader.fault.empty()) raiseBadTexts(reader.fault);
     if (wellFormed) return std::move(reader.texts);
     if (parserMemory().isExceeded) raiseBadTexts("it has too many different names");
-    if (XML_GetErrorCode(parser.get()) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
     raiseBadTexts("it is not well-formed XML (" + xmlErrorOf(parser) + ")");
 }
 

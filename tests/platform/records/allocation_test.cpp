@@ -2,64 +2,15 @@
 // object is as it was, nothing is lost, and the next try works.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <array>
 #include <functional>
-#include <limits>
-#include <new>
 #include <string>
 
 #include "platform/files/file_system.h"
 #include "platform/records/record_xml.h"
+#include "support/failing_memory.h"
 #include "support/rows.h"
 #include "wynconfig/dataset.h"
-
-namespace {
-
-/// What is counted of the memory of this thread while a test asks for it.
-struct Memory {
-    long untilFailure = std::numeric_limits<long>::max();  ///< allocations that still come about
-    long blocks = 0;                                       ///< that it has
-};
-
-Memory& memoryOfThread() {
-    thread_local Memory memory;
-    return memory;
-}
-
-void* allocate(std::size_t size) noexcept {
-    Memory& memory = memoryOfThread();
-    if (memory.untilFailure <= 0) return nullptr;
-    --memory.untilFailure;
-    void* const block = std::malloc(size ? size : 1);
-    if (block) ++memory.blocks;
-    return block;
-}
-
-void release(void* block) noexcept {
-    if (!block) return;
-    --memoryOfThread().blocks;
-    std::free(block);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    void* const block = allocate(size);
-    if (!block) throw std::bad_alloc();
-    return block;
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size);
-}
-void operator delete(void* block) noexcept {
-    release(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-    release(block);
-}
-void operator delete(void* block, const std::nothrow_t&) noexcept {
-    release(block);
-}
 
 namespace wynconfig {
 namespace {
@@ -71,31 +22,22 @@ long blocksInUse() {
     return memoryOfThread().blocks;
 }
 
-/// Runs a statement whose allocation of that number fails. @return whether it came about all the
-/// same
-bool comesAbout(const std::function<void()>& statement, long failing) {
-    memoryOfThread().untilFailure = failing;
-    bool done = true;
-    try {
-        statement();
-    } catch (const std::bad_alloc&) {
-        done = false;
-    }
-    memoryOfThread().untilFailure = std::numeric_limits<long>::max();
-    return done;
-}
-
-/// Lets each allocation of a statement fail in turn, until it comes about.
+/// Lets each allocation of a statement fail in turn, alone and with all behind it, until there is
+/// none left.
 /// @param isAsBefore  whether its objects are as they were
 /// @return how many failed
 long failEachAllocation(const std::function<void()>& statement,
                         const std::function<bool()>& isAsBefore) {
     const long before = blocksInUse();
-    for (long failing = 0;; ++failing) {
-        if (comesAbout(statement, failing)) return failing;
-        EXPECT_TRUE(isAsBefore()) << failing;
-        EXPECT_EQ(blocksInUse(), before) << failing;
-        if (::testing::Test::HasFailure() || failing > 10'000) return failing;
+    for (long behind = 0;; ++behind) {
+        for (const Failing failing : {Failing::ForGood, Failing::Once}) {
+            const Outcome outcome = withFailure(statement, behind, failing);
+            if (outcome == Outcome::Undisturbed) return behind;
+            EXPECT_EQ(outcome, Outcome::Raised) << behind;
+            EXPECT_TRUE(isAsBefore()) << behind;
+            EXPECT_EQ(blocksInUse(), before) << behind;
+            if (::testing::Test::HasFailure() || behind > 10'000) return behind;
+        }
     }
 }
 
