@@ -3,6 +3,7 @@
 #include "platform/files/file_system.h"
 
 #include <algorithm>
+#include <new>
 
 #include "platform/files/paths.h"
 #include "platform/text/text.h"
@@ -151,8 +152,10 @@ void FileSystem::save(const ItemPath& path, std::string_view content) {
     if (content.size() > kMaxItemSize) throw refusal("file", target, "written", "it is too large");
 
     if (m_inBatch) {
+        std::set<std::array<std::string, 3>> made;
+        if (!isOnDisk) made.insert({place->folder, UCase(name), name});
         stageFile(target, content);
-        if (!isOnDisk) m_newFiles.insert({place->folder, UCase(name), name});
+        m_newFiles.merge(made);  // takes no memory: what is prepared is known
         return;
     }
     const bool current = hasCurrentIndex(place->folder);
@@ -423,14 +426,14 @@ const FileSystem::Index* FileSystem::indexOf(const std::string& folder, Trust tr
     if (!stamped && !isFolder(folder)) return nullptr;
     std::vector<Entry> entries;
     if (!entriesOf(folder, entries)) return nullptr;
-    Index& index = m_indexes[folder];
+    Index index;
     index.stamp = stamped ? now : Stamp{0, false};
     index.seenInBatch = m_inBatch;
     for (Entry& entry : entries) {
         std::string key = UCase(entry.name);
         index.names.emplace(std::move(key), std::move(entry.name));
     }
-    return &index;
+    return &m_indexes.insert_or_assign(folder, std::move(index)).first->second;
 }
 
 /// True when the index at hand bears the folder's stamp, so that a change of ours may be entered.
@@ -441,19 +444,28 @@ bool FileSystem::hasCurrentIndex(const std::string& folder) {
 }
 
 /// Enters a change of ours. The stamp counts as unsettled from here on: what others changed along
-/// with us may hide behind it.
-void FileSystem::updateIndex(const std::string& folder, const std::string& name, bool present) {
-    Index& index = m_indexes[folder];
-    if (!stampOf(folder, index.stamp)) {
-        m_indexes.erase(folder);
-        return;
+/// with us may hide behind it. Never raises, since the change is done: an index that can't have it
+/// is given up.
+void FileSystem::updateIndex(const std::string& folder, const std::string& name,
+                             bool present) noexcept {
+    const auto held = m_indexes.find(folder);
+    if (held == m_indexes.end()) return;
+    Index& index = held->second;
+    try {
+        if (present)
+            index.names.emplace(UCase(name), name);
+        else
+            index.names.erase({UCase(name), name});
+        index.stamp.settled = false;
+        Stamp now;
+        if (stampOf(folder, now)) {
+            index.stamp.value = now.value;
+            return;
+        }
+    } catch (const std::bad_alloc&) {
+        // Without the memory to tell what it holds, it is read anew.
     }
-    index.stamp.settled = false;
-    if (present) {
-        index.names.emplace(UCase(name), name);
-    } else {
-        index.names.erase({UCase(name), name});
-    }
+    m_indexes.erase(held);
 }
 
 namespace {

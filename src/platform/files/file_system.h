@@ -216,7 +216,7 @@ class FileSystem {
 
     const Index* indexOf(const std::string& folder, Trust trust);
     bool hasCurrentIndex(const std::string& folder);
-    void updateIndex(const std::string& folder, const std::string& name, bool present);
+    void updateIndex(const std::string& folder, const std::string& name, bool present) noexcept;
 
     std::map<std::string, Index> m_indexes;  ///< by resolved folder
     bool m_inBatch = false;

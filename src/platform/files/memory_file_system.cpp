@@ -106,8 +106,9 @@ class MemoryFileSystem : public FileSystem {
         if (isTooLong(path, location)) refuse(std::errc::filename_too_long);
         if (!parent) refuse(std::errc::no_such_file_or_directory);
         if (isFolder(path) || isPlainFile(path)) refuse(std::errc::file_exists);
+        std::set<std::string> made{location.name};
         m_folders[keyOf(path)];
-        parent->folders.insert(location.name);
+        parent->folders.merge(made);  // takes no memory: a folder is made wholly or not at all
         ++parent->changes;
     }
 

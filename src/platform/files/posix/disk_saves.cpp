@@ -1,6 +1,7 @@
 // Saving to the disk, one file at a time or many.
 #include "platform/files/posix/disk_saves.h"
 
+#include <new>
 #include <set>
 
 namespace wynconfig {
@@ -164,11 +165,13 @@ void CleanFolders::note(const std::string& path, const OpenFolder& folder, bool 
         m_clean.emplace(path, stampOf(folder));
     } catch (const SystemFailure&) {
         // Not noted, it is looked through next time; the save itself is done.
+    } catch (const std::bad_alloc&) {
+        // Likewise.
     }
 }
 
 SaveFolder::~SaveFolder() {
-    for (const auto& staged : m_staged) discard(staged.second.number);
+    for (const auto& staged : m_staged) m_folder.remove(staged.second.temporary);
 }
 
 /// Whether a new file of the folder has the owners of an old one, and may be made with its mode.
@@ -180,8 +183,7 @@ void SaveFolder::stage(const std::string& name, const std::optional<Ownership>& 
                        std::string_view content) {
     if (!m_mark) m_mark.emplace(m_folder, kNewMode);
     if (!m_new) m_new = ownershipOf(m_mark->file());
-    const unsigned number = ++m_last;
-    const std::string temporary = m_mark->follower(number);
+    std::string temporary = m_mark->follower(++m_last);
     const mode_t mode = old && isWrittenAsNew(*old) ? old->mode & 0777 : modeUntilOwned(old);
     Descriptor file{checked([&] {
         return ::openat(m_folder.number(), temporary.c_str(),
@@ -196,19 +198,20 @@ void SaveFolder::stage(const std::string& name, const std::optional<Ownership>& 
         }
         writeAll(file, content);
         file.close();
+        const auto staged = m_staged.try_emplace(name).first;
+        // From here on nothing fails.
+        const Staged former = std::exchange(staged->second, {std::move(temporary), groupError});
+        if (!former.temporary.empty()) m_folder.remove(former.temporary);
     } catch (...) {
-        discard(number);
+        m_folder.remove(temporary);
         throw;
     }
-    const Staged staged{number, groupError};
-    const auto [former, isNew] = m_staged.try_emplace(name, staged);
-    if (!isNew) discard(std::exchange(former->second, staged).number);
 }
 
 void SaveFolder::unstage(const std::string& name) {
     const auto staged = m_staged.find(name);
     if (staged == m_staged.end()) return;
-    discard(staged->second.number);
+    m_folder.remove(staged->second.temporary);
     m_staged.erase(staged);
 }
 
@@ -217,15 +220,15 @@ void SaveFolder::publish(const MayReplace& mayReplace, std::optional<SaveFailure
     using What = SaveFailure::What;
     for (const auto& [name, staged] : m_staged) {
         if (!mayReplace(m_path + name)) {
-            discard(staged.number);
+            m_folder.remove(staged.temporary);
             continue;
         }
         try {
-            m_folder.rename(m_mark->follower(staged.number), name);
+            m_folder.rename(staged.temporary, name);
             if (staged.groupError != 0)
                 keepFirst(first, {Of::File, m_path + name, What::GroupLost, staged.groupError});
         } catch (const SystemFailure& failure) {
-            discard(staged.number);
+            m_folder.remove(staged.temporary);
             keepFirst(first, {Of::File, m_path + name, What::NotWritten, failure.error});
         }
     }
@@ -236,10 +239,6 @@ void SaveFolder::publish(const MayReplace& mayReplace, std::optional<SaveFailure
     } catch (const SystemFailure& failure) {
         keepFirst(first, {Of::Folder, m_path, What::NotConfirmed, failure.error});
     }
-}
-
-void SaveFolder::discard(unsigned number) const {
-    m_folder.remove(m_mark->follower(number));
 }
 
 SaveFolder& SaveFolders::at(const std::string& path) {

@@ -84,10 +84,9 @@ class SaveFolder {
 
   private:
     struct Staged {
-        unsigned number;  ///< of the temporary
-        int groupError;   ///< why it is not in the old file's group; 0: it is
+        std::string temporary;  ///< its name
+        int groupError;         ///< why it is not in the old file's group; 0: it is
     };
-    void discard(unsigned number) const;
     bool isWrittenAsNew(const Ownership& old) const;
 
     std::string m_path;

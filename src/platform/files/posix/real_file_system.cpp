@@ -128,10 +128,11 @@ class RealFileSystem : public FileSystem {
     }
 
     void createFolder(const std::string& path) override {
+        const std::string parent = path.substr(0, path.rfind('/') + 1);
         try {
             checked([&] { return ::mkdir(path.c_str(), 0777); });
             // Without this a file saved into the new folder could get lost with it.
-            OpenFolder{path.substr(0, path.rfind('/') + 1)}.sync();
+            OpenFolder{parent}.sync();
         } catch (const SystemFailure& failure) {
             throw refusal("folder", path, "made", causeOf(failure.error));
         }
