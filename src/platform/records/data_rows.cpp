@@ -86,9 +86,10 @@ const DataRow* DataRows::find(std::string_view key) const {
 }
 
 void DataRows::makeRoom() {
-    if (m_slots.empty()) m_slots.emplace_back();
-    if (!m_free && m_slots.size() == m_slots.capacity())
-        m_slots.reserve(std::max<std::size_t>(kMostWithoutIndex, 2 * m_slots.size()));
+    if (m_slots.empty()) {
+        m_slots.reserve(kMostWithoutIndex);
+        m_slots.emplace_back();
+    }
     if (m_size < kMostWithoutIndex || 4 * (m_size + 1) <= 3 * m_index.size()) return;
     Index larger(std::max(4 * kMostWithoutIndex, 2 * m_index.size()));
     if (m_index.empty()) {
@@ -105,7 +106,6 @@ DataRow* DataRows::add(DataRow&& row) {
     const std::uint32_t hash = hashOf(row[0]);
     if (slotOf(row[0], hash)) return nullptr;
     makeRoom();
-    // From here on nothing fails.
     std::uint32_t slot = m_free;
     if (slot) {
         m_free = m_slots[slot].next;
@@ -113,6 +113,7 @@ DataRow* DataRows::add(DataRow&& row) {
         slot = static_cast<std::uint32_t>(m_slots.size());
         m_slots.emplace_back();
     }
+    // From here on nothing fails.
     if (!m_index.empty()) enter(m_index, entryOf(hash, slot));
     Slot& added = m_slots[slot];
     added.row = std::move(row);
