@@ -74,7 +74,7 @@ bool startsWithAny(const std::string& text, const Names& heads) {
 // What lies outside this tree.
 
 /// Of Qt, its core and its databases are told apart from what has windows.
-enum class Foreign { Standard, QtCore, QtSql, Qt, Icu, Xml, System };
+enum class Foreign { Standard, QtCore, QtSql, Qt, Icu, Xml, Windows, System };
 
 Foreign kindOf(const std::string& name) {
     static const std::regex standard("[a-z_]+|std(def|int)\\.h");  // C's as well
@@ -83,12 +83,15 @@ Foreign kindOf(const std::string& name) {
         "Q(ByteArray|Char|CoreApplication|DateTime|File|List|RegularExpression|String|StringList|"
         "Url|UrlQuery|Uuid|"
         "Variant|VariantList)");
+    // Those of its windows alone.
+    static const std::regex windows("(commctrl|uxtheme|initguid|oleacc|shlobj|shobjidl)\\.h");
     if (std::regex_match(name, standard)) return Foreign::Standard;
     if (std::regex_match(name, qtCore)) return Foreign::QtCore;
     if (name.starts_with("QSql")) return Foreign::QtSql;
     if (std::regex_match(name, qt)) return Foreign::Qt;
     if (name.starts_with("unicode/")) return Foreign::Icu;
     if (name == "expat.h") return Foreign::Xml;
+    if (std::regex_match(name, windows)) return Foreign::Windows;
     return Foreign::System;
 }
 
@@ -103,6 +106,7 @@ TEST(Architecture, TheTestTellsWhatIsForeign) {
     EXPECT_EQ(kindOf("QSqlQuery"), Foreign::QtSql);
     EXPECT_EQ(kindOf("unicode/uchar.h"), Foreign::Icu);
     EXPECT_EQ(kindOf("expat.h"), Foreign::Xml);
+    EXPECT_EQ(kindOf("commctrl.h"), Foreign::Windows);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -129,6 +133,7 @@ const std::vector<Room> kRooms{
     // A view knows controls, Form and View, and no dialog.
     {"views/scripted", {"platform/forms", "platform/text"}, {}},
     {"views/qt", {"platform/forms", "platform/text"}, {Foreign::Qt, Foreign::QtCore}},
+    {"views/win32", {"platform/forms", "platform/text"}, {Foreign::Windows}},
     // The C interface is a shell around the public face.
     {"c/qt", {"c", "platform/", "views/qt"}, {}},
     {"c", {"core", "store", "platform/", "views/scripted"}, {}},
@@ -163,6 +168,7 @@ const std::map<std::string, std::string> kHomes{
     {"user.h", "platform/forms"},
     {"version.h", "core"},
     {"view.h", "platform/forms"},
+    {"win32_view.h", "views/win32"},
     {"wynconfig.h", "core"},
 };
 
@@ -184,6 +190,7 @@ const std::map<std::string, std::string> kReserved{
 const std::map<std::string, Foreign> kSides{
     {"src/platform/text/locales_icu.cpp", Foreign::Icu},
     {"src/platform/text/locales_win32.cpp", Foreign::System},
+    {"src/views/win32/winapi.h", Foreign::System},
 };
 
 /// Where two parts call each other, the lower one reaches back, from its source alone.
@@ -285,6 +292,11 @@ TEST(Architecture, TheWallsStand) {
         {"src/views/qt/binding.cpp", "wynconfig/dataset.h", false},
         {"src/views/qt/binding.cpp", "unistd.h", true},
         {"src/views/scripted/scripted_view.cpp", "QWidget", true},
+        {"src/views/win32/boxes.cpp", "dialogs/session/frmMORAMConfig.h", false},
+        {"src/views/win32/boxes.cpp", "unistd.h", true},
+        {"src/views/win32/boxes.cpp", "windows.h", true},
+        {"src/views/qt/binding.cpp", "commctrl.h", true},
+        {"src/core/wynconfig.cpp", "windows.h", true},
         {"src/views/scripted/scripted_view.cpp", "views/qt/binding.h", false},
         {"src/database/connection.cpp", "QMessageBox", true},
         {"src/database/connection.cpp", "services/texts.h", false},

@@ -1,0 +1,19 @@
+// What assistive programs are told of the windows that Windows would speak of wrongly, and tips.
+#pragma once
+
+#include <string>
+
+#include "views/win32/winapi.h"
+
+namespace wynconfig::native {
+
+/// By which a window is spoken of. Where the system has no such service, Windows finds out by the
+/// label before the window.
+void setSpokenName(HWND window, const std::wstring& name);
+
+/// Makes the window that shows the tips of a form.
+HWND makeTips(HWND form);
+/// What is shown when the mouse rests on a window.
+void setTip(HWND tips, HWND window, const std::wstring& text);
+
+}  // namespace wynconfig::native

@@ -1,0 +1,153 @@
+// The window of one form: shows what the form's controls are, and runs until the form unloads.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/forms/door.h"
+#include "views/win32/arranging.h"
+#include "views/win32/classes.h"
+#include "views/win32/colours.h"
+#include "views/win32/fonts.h"
+#include "views/win32/modality.h"
+#include "views/win32/piece.h"
+#include "wynconfig/form.h"
+#include "wynconfig/keyboard.h"
+
+namespace wynconfig::native {
+
+class FormWindow : private FormObserver, private Stage, private Ground, private WindowOwner {
+  public:
+    /// @param owner     the window that it stands in front of; null: none
+    /// @param mirrored  from right to left
+    FormWindow(Form& form, UserInput input, HWND owner, bool mirrored);
+    ~FormWindow() override;
+
+    /// Shows the window and returns once the form has unloaded.
+    /// @param cameUp  is called from the window's message loop as soon as it runs
+    void run(const std::function<void()>& cameUp);
+
+    /// False once the form has unloaded.
+    bool live() const { return m_form != nullptr; }
+    const std::string& name() const { return m_name; }
+    /// The form shown here; null once it has unloaded.
+    Form* form() const { return m_form; }
+    HWND window() const { return m_window; }
+    Piece* piece(const Control& control) const;
+    /// Shows all changes that have not been shown yet.
+    void sync();
+    /// Puts the window in front of all others, for good or no longer.
+    void raise(bool topMost) const;
+    /// Deals with a message of this thread as the message loop does.
+    void handle(MSG& message);
+    /// The person pulls the window to this inner size, in twips.
+    void pullTo(int width, int height);
+    /// Leaves the form the way that changes the least: by its cancel button, else by the frame.
+    void giveUp();
+    /// What stands behind the text of a box.
+    HBRUSH groundOf(const Piece& piece) const;
+    const Colours& colours() const { return m_colours; }
+
+  private:
+    // FormObserver
+    void changed(Control* control) override;
+    void focusMoved(Control& control) override;
+    void unloaded() override;
+    // Stage
+    Door& door() override { return m_door; }
+    bool showing() const override { return m_syncing; }
+    Fonts& fonts() override { return m_fonts; }
+    int dpi() const override { return m_dpi; }
+    void showLater(Piece& piece) override;
+    void takeFocusTo(Piece& piece) override;
+    void focusCame(Piece& piece) override;
+    void obey(const KeyAct& act) override;
+    // Ground
+    Room roomOf(const Control& control) const override;
+    Insets insetsOf(const Control& control) const override;
+    void put(const Control& control, const Place& place) override;
+    // WindowOwner
+    bool received(UINT message, WPARAM w, LPARAM l, LRESULT& result) noexcept override;
+
+    void build(const Layout& node, HWND parent, const CaptionedControl* frame);
+    void add(Control& control, Standing standing, const CaptionedControl* frame);
+    void syncLater();
+    void showAll();
+    void showForm();
+    void showNames();
+    void lookAnew();
+
+    bool on(UINT message, WPARAM w, LPARAM l, LRESULT& result);
+    LRESULT colourOf(UINT message, HDC dc, HWND child) const;
+    void sized(int width, int height);
+    void rescale(int dpi, const RECT& suggested);
+    Piece* pieceAt(HWND window) const;
+
+    // Sizes, all of them inside the frame and in pixels.
+    Extent leastSize(Arranging& arranging);
+    int leastWidth();
+    void applySize();
+    void setInnerSize(const Extent& size);
+    Extent innerSize() const;
+    void arrangeNow();
+    Gaps gaps() const;
+    void centre(HWND above) const;
+
+    // The focus and the keyboard.
+    bool canFocus(const Piece* piece) const;
+    bool isActive() const;
+    void settleFocus();
+    void focusFirst();
+    Piece* stopAfter(const std::vector<Control*>& order, const Control* from, bool forward) const;
+    void markDefaultButton() const;
+    bool takes(const MSG& message);
+    bool takeKey(WPARAM key);
+    bool takeFormKey(FormKey key);
+    bool followMark(const std::string& key);
+    void leaveScreen();
+
+    /// A box that is spoken of by the caption of another control.
+    struct SpokenName {
+        Piece* box;
+        const CaptionedControl* caption;
+        std::wstring told;
+    };
+    /// A button that moves rows between two lists, which go by their labels.
+    struct Mover {
+        Piece* button;
+        const CaptionedControl* from;
+        const CaptionedControl* into;
+        std::wstring told;
+    };
+
+    Form* m_form;
+    std::string m_name;
+    HWND m_owner;
+    Door m_door;
+    HWND m_window = nullptr;
+    int m_dpi;
+    Fonts m_fonts;
+    Colours m_colours;
+    std::vector<std::unique_ptr<Piece>> m_pieces;  ///< in the order of the layout
+    std::unordered_map<const Control*, Piece*> m_byControl;
+    std::unordered_map<HWND, Piece*> m_byWindow;
+    std::vector<SpokenName> m_spokenNames;
+    std::vector<Mover> m_movers;
+    HWND m_tips = nullptr;
+    std::optional<Modality> m_modality;
+    std::function<void()> m_cameUp;
+    Extent m_least;
+    Extent m_ownSize;     ///< that the form gave the window
+    Extent m_pulledTo;    ///< in twips, that the person last gave it
+    bool m_fixed;         ///< the person can't change the size
+    bool m_formChanged = true;
+    bool m_syncPending = false;
+    bool m_syncing = false;
+    bool m_sizing = false;
+};
+
+}  // namespace wynconfig::native

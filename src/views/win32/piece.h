@@ -1,0 +1,127 @@
+// A control and its window: shows the control's state, and reports what the person does to the
+// window.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/forms/door.h"
+#include "views/win32/arranging.h"
+#include "views/win32/fonts.h"
+#include "views/win32/winapi.h"
+#include "wynconfig/controls.h"
+#include "wynconfig/keyboard.h"
+#include "wynconfig/layout.h"
+
+namespace wynconfig::native {
+
+class Piece;
+
+/// What a piece needs of the window of its form.
+class Stage {
+  public:
+    virtual ~Stage() = default;
+    virtual Door& door() = 0;
+    /// Pieces are just being shown: what happens to their windows is not the person's doing.
+    virtual bool showing() const = 0;
+    virtual Fonts& fonts() = 0;
+    virtual int dpi() const = 0;
+    /// Has a piece shown again, as soon as what moved it is done.
+    virtual void showLater(Piece& piece) = 0;
+    /// Gives a piece the focus; its control hears of it first.
+    virtual void takeFocusTo(Piece& piece) = 0;
+    /// The focus came to a piece, whatever brought it.
+    virtual void focusCame(Piece& piece) = 0;
+    /// Does what comes of a key or a double click.
+    virtual void obey(const KeyAct& act) = 0;
+};
+
+/// What a control is to those beside it in the layout.
+struct Standing {
+    HWND parent = nullptr;
+    const CaptionedControl* labelledBy = nullptr;  ///< the label in front of or above it
+    const Control* labels = nullptr;               ///< of a label: what it stands at
+    ListActs acts = {};                            ///< of a list
+    bool isDefault = false;                        ///< of a button
+    bool movesRows = false;                        ///< of a button between two lists
+};
+
+class Piece {
+  public:
+    virtual ~Piece();
+    Piece(const Piece&) = delete;
+    Piece& operator=(const Piece&) = delete;
+
+    Control& control() const { return m_control; }
+    HWND window() const { return m_window; }
+    /// Shows the control's present state; reports nothing.
+    void show();
+    /// Makes it seen or not; what is around it is none of its business.
+    void showVisible(bool visible);
+    void place(const Place& place);
+    /// The screen, and all fonts with it, is another one.
+    void renewFont();
+
+    virtual Room room(const Measure& measure) const;
+    /// The code of a WM_COMMAND that its window sent.
+    virtual void commanded(UINT) {}
+    /// A WM_NOTIFY that its window sent.
+    virtual LRESULT notified(NMHDR&) { return 0; }
+    /// A key that is none of the form's was pressed. False: its window deals with it.
+    virtual bool takeKey(WPARAM) { return false; }
+    /// Whether its window needs Enter and Escape for itself now.
+    virtual bool wantsEnter() const { return false; }
+    /// Whether the Tab key can lead here.
+    bool takesFocus() const { return m_takesFocus; }
+    /// Whether a person can act on it now, which a program can try at any time.
+    bool inReach() const;
+    HFONT font() const { return m_font; }
+
+    bool dirty = true;
+
+  protected:
+    Piece(Control& control, Stage& stage) : m_control(control), m_stage(stage) {}
+    /// Makes the window; to be called once, before anything else.
+    void make(HWND parent, const wchar_t* windowClass, DWORD style, DWORD extended = 0);
+    virtual void showContent() = 0;
+    /// What becomes of a message to the window.
+    virtual LRESULT received(UINT message, WPARAM w, LPARAM l);
+    LRESULT passOn(UINT message, WPARAM w, LPARAM l) const;
+    LRESULT send(UINT message, WPARAM w = 0, LPARAM l = 0) const;
+
+    Stage& stage() const { return m_stage; }
+    int scale(int length) const;
+    /// Reports an act that takes the focus first, as one of the mouse does.
+    template <class Report>
+    void act(const Report& report) {
+        if (inReach()) m_stage.takeFocusTo(*this);
+        actInPlace(report);
+    }
+    /// Reports an act that leaves the focus where it is.
+    template <class Report>
+    void actInPlace(const Report& report) {
+        m_stage.door()([&](const UserInput& input) {
+            // Leaving the control before may have changed what can be used.
+            if (inReach() && m_control.enabled() && m_control.visible())
+                report(input);
+            else
+                m_stage.showLater(*this);
+        });
+    }
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                                      DWORD_PTR piece);
+
+    Control& m_control;
+    Stage& m_stage;
+    HWND m_window = nullptr;
+    HFONT m_font = nullptr;
+    Place m_place;
+    bool m_takesFocus = false;
+};
+
+/// Makes the window for a control and ties the two together.
+std::unique_ptr<Piece> makePiece(Control& control, Stage& stage, const Standing& standing);
+
+}  // namespace wynconfig::native
