@@ -137,6 +137,8 @@ const std::vector<Room> kRooms{
     // The C interface is a shell around the public face.
     {"c/qt", {"c", "platform/", "views/qt"}, {}},
     {"c", {"core", "store", "platform/", "views/scripted"}, {}},
+    // The COM server is a shell likewise.
+    {"com", {"core", "store", "platform/", "views/win32"}, {Foreign::Windows, Foreign::System}},
     {"database", {"core", "store", "platform/"}, {Foreign::QtCore, Foreign::QtSql}},
 };
 
