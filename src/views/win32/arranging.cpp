@@ -120,8 +120,7 @@ Arranging::Arranging(const Layout& body, Ground& ground, const Gaps& gaps)
 
 void Arranging::ask(const Layout& node) {
     for (const Control* each : {node.label, node.control}) {
-        if (each && each->kind() != ControlKind::Container)
-            m_rooms[each] = m_ground.roomOf(*each);
+        if (each && each->kind() != ControlKind::Container) m_rooms[each] = m_ground.roomOf(*each);
     }
     for (const Layout& child : node.children) ask(child);
     evenOut(node.children);
@@ -228,8 +227,8 @@ Room Arranging::ofField(const Layout& node, const Columns& columns) {
     if (isBox(*node.control) && columns.behind > 0 && !endsInStretch(node.children))
         room = beside(roomOf(*node.control), {{columns.behind, 0}, {columns.behind, 0}},
                       m_gaps.between);
-    room = widest(room, {{0, inRow(node.children).least.height},
-                         {0, inRow(node.children).wanted.height}});
+    room = widest(
+        room, {{0, inRow(node.children).least.height}, {0, inRow(node.children).wanted.height}});
     room.least.width += columns.labels;
     room.wanted.width += columns.labels;
     if (!node.label) return room;
@@ -308,8 +307,10 @@ void Arranging::putRow(const Nodes& nodes, const Place& place) {
         const Room room = measure(each, columnsOf({&each, 1}));
         const bool grows = byWord ? each.grows : widens(each);
         // Lists share by what they ask for, buttons and all, so that they come out alike.
-        shares.push_back(
-            {room.least.width, room.wanted.width, !grows ? 0 : lists ? room.wanted.width : 1});
+        shares.push_back({room.least.width, room.wanted.width,
+                          !grows  ? 0
+                          : lists ? room.wanted.width
+                                  : 1});
         if (takesRoom(each) && !std::exchange(first, false)) gaps += m_gaps.between;
     }
     const std::vector<int> widths = shareOut(shares, place.width - gaps);
@@ -375,8 +376,8 @@ void Arranging::putTitled(const Layout& node, const Place& place) {
     const int width = place.width - aside;
     const Place line{x, place.y + title, width, place.height - title};
     m_ground.put(*node.label, {x, place.y, width, label.height});
-    const int own = growsDown(node) ? line.height
-                                    : std::min(line.height, roomOf(*node.control).wanted.height);
+    const int own =
+        growsDown(node) ? line.height : std::min(line.height, roomOf(*node.control).wanted.height);
     m_ground.put(*node.control, {line.x, line.y, line.width, own});
     if (attendants == 0) return;
     putStack(node.children, {node.behindBox ? x + width + m_gaps.between : place.x, line.y,

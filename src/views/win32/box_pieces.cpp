@@ -112,7 +112,8 @@ void EditPiece::showContent() {
 LRESULT EditPiece::received(UINT message, WPARAM w, LPARAM l) {
     if (takeTyped(message, w)) return 0;
     const LRESULT result = Piece::received(message, w, l);
-    if (mayMoveCaret(message) && !stage().showing() && !isHalfBefore(textOf(window()), caretUnits()))
+    if (mayMoveCaret(message) && !stage().showing() &&
+        !isHalfBefore(textOf(window()), caretUnits()))
         reportCaret();
     return result;
 }
@@ -147,8 +148,8 @@ ComboPiece::ComboPiece(ComboBox& combo, Stage& stage, const Standing& standing)
 Room ComboPiece::room(const Measure& measure) const {
     RECT closed{};
     ::GetWindowRect(window(), &closed);
-    const int height = std::max(static_cast<int>(closed.bottom - closed.top),
-                                measure.lineHeight() + scale(8));
+    const int height =
+        std::max(static_cast<int>(closed.bottom - closed.top), measure.lineHeight() + scale(8));
     const int arrow = ::GetSystemMetrics(SM_CXVSCROLL) + scale(8);
     return {{measure.chars(kLeastChoice) + arrow, height},
             {measure.chars(kUsualChoice) + arrow, height}};

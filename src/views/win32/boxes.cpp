@@ -133,8 +133,8 @@ void BoxBuilder::addButtons(const std::vector<BoxButton>& buttons, int width, in
     for (const BoxButton& each : buttons) {
         const bool first = &each == &buttons.front();
         const HWND made =
-            make(WC_BUTTONW, each.caption,
-                 WS_TABSTOP | (first ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), each.number);
+            make(WC_BUTTONW, each.caption, WS_TABSTOP | (first ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON),
+                 each.number);
         ::MoveWindow(made, x, top, width, height, FALSE);
         x += width + gap;
         if (first) ::SetFocus(made);
@@ -147,8 +147,8 @@ SIZE BoxBuilder::build() {
     const std::vector<BoxButton> buttons = buttonsOf(m_wanted);
     int width = scaled(80, m_dpi);
     for (const BoxButton& each : buttons)
-        width = std::max(width,
-                         static_cast<int>(m_measure.text(each.caption).cx) + m_measure.chars(4));
+        width =
+            std::max(width, static_cast<int>(m_measure.text(each.caption).cx) + m_measure.chars(4));
     const int row = static_cast<int>(buttons.size()) * (width + m_margin);
     const int inner = std::max({text + 2 * m_margin, row + m_margin, titleWidth(m_box, m_dpi)});
     const int top = m_lineHeight + 2 * m_margin + scaled(4, m_dpi);

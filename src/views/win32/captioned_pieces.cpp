@@ -143,7 +143,8 @@ class LabelPiece : public CaptionedPiece {
           m_label(label),
           m_labels(standing.labels),
           m_isValue(!standing.labels) {
-        const DWORD style = m_isValue ? SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY : SS_LEFT;
+        const DWORD style =
+            m_isValue ? SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY : SS_LEFT;
         make(standing.parent, WC_STATICW, style);
     }
     Room room(const Measure& measure) const override {
@@ -161,7 +162,7 @@ class LabelPiece : public CaptionedPiece {
         // A caption is text and no markup, and so is a value.
         if (m_isValue) return showText(window(), toWide(m_label.caption()));
         showText(window(), wynconfig::takesFocus(*m_labels) ? toWideCaption(m_label.caption())
-                                                           : toWideUnmarked(m_label.caption()));
+                                                            : toWideUnmarked(m_label.caption()));
     }
     Label& m_label;
     const Control* m_labels;

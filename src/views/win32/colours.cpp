@@ -49,7 +49,7 @@ COLORREF inactiveColour() {
 
 /// What the user's style fills the pages of tabs with.
 COLORREF paneColour() {
-    constexpr int kBody = 10;            // TABP_BODY
+    constexpr int kBody = 10;              // TABP_BODY
     constexpr int kFillColourHint = 3821;  // TMT_FILLCOLORHINT
     COLORREF colour = ::GetSysColor(COLOR_3DFACE);
     if (const HTHEME theme = ::IsAppThemed() ? ::OpenThemeData(nullptr, L"TAB") : nullptr) {

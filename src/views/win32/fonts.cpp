@@ -28,8 +28,7 @@ Fonts::~Fonts() {
 
 HFONT Fonts::of(const Font* font) {
     const Font wanted = font ? *font : Font{};
-    HFONT& made =
-        m_made[{m_dpi, wanted.family, wanted.pointSize, wanted.bold, wanted.italic}];
+    HFONT& made = m_made[{m_dpi, wanted.family, wanted.pointSize, wanted.bold, wanted.italic}];
     if (!made) made = makeFont(wanted, m_dpi);
     return made;
 }

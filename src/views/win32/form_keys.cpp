@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/text/text.h"
 #include "views/win32/convert.h"
 #include "views/win32/form_window.h"
 #include "views/win32/list_piece.h"
-#include "platform/text/text.h"
 #include "wynconfig/key_holder.h"
 
 namespace wynconfig::native {
@@ -149,8 +149,8 @@ bool FormWindow::takeKey(WPARAM key) {
 bool FormWindow::takeFormKey(FormKey key) {
     if (key == FormKey::Tab || key == FormKey::BackTab) {
         // The bar of tabs is a stop as well.
-        Piece* to = stopAfter(tabOrder(m_form->layout().body), m_form->focused(),
-                              key == FormKey::Tab);
+        Piece* to =
+            stopAfter(tabOrder(m_form->layout().body), m_form->focused(), key == FormKey::Tab);
         if (to) takeFocusTo(*to);
         return to != nullptr;
     }

@@ -18,8 +18,7 @@ Room FormWindow::roomOf(const Control& control) const {
 Insets FormWindow::insetsOf(const Control& control) const {
     const Piece* around = piece(control);
     const int gap = scaled(8, m_dpi);
-    if (control.kind() == ControlKind::Tabs)
-        return static_cast<const TabsPiece*>(around)->insets();
+    if (control.kind() == ControlKind::Tabs) return static_cast<const TabsPiece*>(around)->insets();
     if (control.kind() == ControlKind::Container) return {gap, gap, gap, gap};
     const bool titled = ::GetWindowTextLengthW(around->window()) > 0;
     const int line = Measure(around->font()).lineHeight();

@@ -252,8 +252,8 @@ void FormWindow::showNames() {
     }
     for (Mover& each : m_movers) {
         // Its caption is but an arrow, so that it goes by the lists between which it moves rows.
-        const std::wstring name = toWidePlain(each.from->caption()) + L" \u2192 " +
-                                  toWidePlain(each.into->caption());
+        const std::wstring name =
+            toWidePlain(each.from->caption()) + L" \u2192 " + toWidePlain(each.into->caption());
         if (name == std::exchange(each.told, name)) continue;
         setSpokenName(each.button->window(), name);
         setTip(m_tips, each.button->window(), name);
@@ -287,10 +287,9 @@ bool FormWindow::on(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
             sized(LOWORD(l), HIWORD(l));
             return true;
         case WM_GETMINMAXINFO: {
-            const SIZE outer = outerSize({m_least.width, m_least.height},
-                                         kStyle | WS_THICKFRAME, kExtended, m_dpi);
-            if (!m_fixed)
-                reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {outer.cx, outer.cy};
+            const SIZE outer = outerSize({m_least.width, m_least.height}, kStyle | WS_THICKFRAME,
+                                         kExtended, m_dpi);
+            if (!m_fixed) reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {outer.cx, outer.cy};
             return true;
         }
         case kDpiChanged:

@@ -141,9 +141,9 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     std::optional<Modality> m_modality;
     std::function<void()> m_cameUp;
     Extent m_least;
-    Extent m_ownSize;     ///< that the form gave the window
-    Extent m_pulledTo;    ///< in twips, that the person last gave it
-    bool m_fixed;         ///< the person can't change the size
+    Extent m_ownSize;   ///< that the form gave the window
+    Extent m_pulledTo;  ///< in twips, that the person last gave it
+    bool m_fixed;       ///< the person can't change the size
     bool m_formChanged = true;
     bool m_syncPending = false;
     bool m_syncing = false;

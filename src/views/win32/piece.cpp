@@ -13,8 +13,7 @@ void Piece::make(HWND parent, const wchar_t* windowClass, DWORD style, DWORD ext
     m_takesFocus = (style & WS_TABSTOP) != 0;
     m_window = ::CreateWindowExW(extended, windowClass, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0,
                                  0, 0, 0, parent, nullptr, moduleHandle(), nullptr);
-    if (m_window)
-        ::SetWindowSubclass(m_window, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    if (m_window) ::SetWindowSubclass(m_window, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
 }
 
 Piece::~Piece() {
@@ -64,7 +63,8 @@ void Piece::show() {
     if (::IsWindowEnabled(m_window) != enabled) ::EnableWindow(m_window, enabled);
     if (m_takesFocus) {
         const LONG_PTR style = ::GetWindowLongPtrW(m_window, GWL_STYLE);
-        const LONG_PTR stop = m_control.tabStop() ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP};
+        const LONG_PTR stop =
+            m_control.tabStop() ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP};
         if (stop != style) ::SetWindowLongPtrW(m_window, GWL_STYLE, stop);
     }
 }

@@ -208,8 +208,7 @@ void Person::choose(std::string_view name, const std::string& text) {
     const HWND combo = piece.window();
     const std::vector<std::string> items = itemsIn(combo);
     const auto found = std::find(items.begin(), items.end(), text);
-    if (found == items.end())
-        throw UserError(std::string(name) + " has no item \"" + text + "\"");
+    if (found == items.end()) throw UserError(std::string(name) + " has no item \"" + text + "\"");
     takeFocus(piece);
     ::SendMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
     ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(found - items.begin()), 0);

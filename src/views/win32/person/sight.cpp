@@ -18,9 +18,8 @@ std::wstring rowText(HWND list, int row) {
         LVITEMW item{};
         item.pszText = text.data();
         item.cchTextMax = static_cast<int>(room);
-        const auto units = static_cast<std::size_t>(
-            ::SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
-                           reinterpret_cast<LPARAM>(&item)));
+        const auto units = static_cast<std::size_t>(::SendMessageW(
+            list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
         if (units + 1 >= room) continue;
         return item.pszText;
     }
@@ -58,8 +57,8 @@ void lookAt(const TabsPiece& tabs, Sight& sight) {
 /// A label that reads no marks shows its text as it stands.
 void lookAtCaption(HWND window, ControlKind kind, Sight& sight) {
     const std::string caption = fromWide(textOf(window));
-    const bool noMarks = kind == ControlKind::Label &&
-                         (::GetWindowLongPtrW(window, GWL_STYLE) & SS_NOPREFIX) != 0;
+    const bool noMarks =
+        kind == ControlKind::Label && (::GetWindowLongPtrW(window, GWL_STYLE) & SS_NOPREFIX) != 0;
     sight.caption = noMarks ? caption : plainCaption(caption);
     sight.key = noMarks ? std::string() : mnemonicOf(caption);
     const bool turns = kind == ControlKind::CheckBox || kind == ControlKind::OptionButton;
