@@ -3,18 +3,17 @@
 
 #include <vector>
 
-#include "wynconfig/export.h"
 #include "wynconfig/layout.h"
 
 namespace wynconfig {
 
 /// Whether a control is a box, whose content knows no bounds: for text, with rows, or to choose in.
-WYNCONFIG_API bool isBox(const Control& control);
+bool isBox(const Control& control);
 
 /// Whether a node has a use for more height than it needs.
-WYNCONFIG_API bool growsDown(const Layout& node);
+bool growsDown(const Layout& node);
 
 /// Whether one of several does.
-WYNCONFIG_API bool anyGrowsDown(const std::vector<Layout>& nodes);
+bool anyGrowsDown(const std::vector<Layout>& nodes);
 
 }  // namespace wynconfig
