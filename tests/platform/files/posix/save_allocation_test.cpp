@@ -292,7 +292,8 @@ class EachWriting : public SavesWithoutMemory,
                     public testing::WithParamInterface<std::tuple<FilesOn, Writing>> {};
 
 TEST_P(EachWriting, IsDoneOrNot) {
-    const auto& [kind, writing] = GetParam();
+    const FilesOn kind = std::get<0>(GetParam());
+    const Writing& writing = std::get<1>(GetParam());
     const long allocations =
         failEachAllocationOf(kind, writing.before, writing.run, [&](auto& store, Outcome outcome) {
             const Tree tree = treeWithout(store.tree(), kLeft);
