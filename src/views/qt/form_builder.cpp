@@ -10,54 +10,16 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/forms/growing.h"
 #include "wynconfig/keyboard.h"
 
 namespace wynconfig::desktop {
 
 namespace {
 
-bool growsDown(const Layout& node);
-
-bool anyGrowsDown(const std::vector<Layout>& nodes) {
-    return std::any_of(nodes.begin(), nodes.end(), growsDown);
-}
-
-/// Whether a node has a use for more height than it needs.
-bool growsDown(const Layout& node) {
-    switch (node.kind) {
-        case Layout::Kind::Stretch:
-            return true;
-        case Layout::Kind::Row:
-            // A stretch in a row takes width.
-            return std::any_of(node.children.begin(), node.children.end(), [](const Layout& each) {
-                return each.kind != Layout::Kind::Stretch && growsDown(each);
-            });
-        case Layout::Kind::Column:
-        case Layout::Kind::Group:
-        case Layout::Kind::Pane:
-        case Layout::Kind::Tabs:
-            return anyGrowsDown(node.children);
-        case Layout::Kind::Buttons:
-            return false;
-        default:
-            return node.control->kind() == ControlKind::ListView;
-    }
-}
-
 /// Children that have no use for the height that is left stand at the top, in their own size.
 void keepUp(QLayout* layout, const std::vector<Layout>& nodes) {
     if (!anyGrowsDown(nodes)) layout->setAlignment(Qt::AlignTop);
-}
-
-bool isBox(const Control& control) {
-    switch (control.kind()) {
-        case ControlKind::Edit:
-        case ControlKind::ListView:
-        case ControlKind::ComboBox:
-            return true;
-        default:
-            return false;
-    }
 }
 
 bool holds(const Layout& node, const Control& control) {
