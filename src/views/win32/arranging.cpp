@@ -48,6 +48,21 @@ std::vector<int> shareOut(const std::vector<Share>& shares, int length) {
     return lengths;
 }
 
+/// Gives those that grow one and the same length, where each has enough with that.
+void evenOutGrowing(std::vector<Share>& shares, int length) {
+    int count = 0;
+    int most = 0;
+    for (const Share& each : shares) {
+        if (each.weight == 0) length -= each.wanted;
+        if (each.weight > 0) most = std::max(most, each.least);
+        count += each.weight;
+    }
+    if (count == 0 || length / count < most) return;
+    for (Share& each : shares) {
+        if (each.weight > 0) each.wanted = length / count;
+    }
+}
+
 bool isButton(const Layout& node) {
     return node.kind == Kind::Single && node.control->kind() == ControlKind::Button;
 }
@@ -313,6 +328,7 @@ void Arranging::putRow(const Nodes& nodes, const Place& place) {
                                   : 1});
         if (takesRoom(each) && !std::exchange(first, false)) gaps += m_gaps.between;
     }
+    if (byWord && !lists) evenOutGrowing(shares, place.width - gaps);
     const std::vector<int> widths = shareOut(shares, place.width - gaps);
     int x = place.x;
     first = true;
