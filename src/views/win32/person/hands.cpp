@@ -59,14 +59,20 @@ POINT middleOf(HWND window) {
     return {all.right / 2, all.bottom / 2};
 }
 
-/// Some windows wait for the button to be let go before they are done with its press: that comes
-/// from the queue by then. In others it is still there afterwards.
 void pressButton(FormWindow& form, HWND at, POINT place, UINT press) {
     const LPARAM spot = MAKELPARAM(place.x, place.y);
-    ::PostMessageW(at, WM_LBUTTONUP, 0, spot);
     post(form, at, press, MK_LBUTTON, spot);
+    if (::IsWindow(at)) post(form, at, WM_LBUTTONUP, 0, spot);
+}
+
+/// Lists wait for the button to be let go before they are done with its press: that comes from the
+/// queue by then. Where they don't, it is still there afterwards.
+void pressRow(FormWindow& form, HWND list, POINT place, UINT press) {
+    const LPARAM spot = MAKELPARAM(place.x, place.y);
+    ::PostMessageW(list, WM_LBUTTONUP, 0, spot);
+    post(form, list, press, MK_LBUTTON, spot);
     MSG release{};
-    if (::IsWindow(at) && ::PeekMessageW(&release, at, WM_LBUTTONUP, WM_LBUTTONUP, PM_REMOVE))
+    if (::IsWindow(list) && ::PeekMessageW(&release, list, WM_LBUTTONUP, WM_LBUTTONUP, PM_REMOVE))
         form.handle(release);
 }
 
@@ -85,8 +91,12 @@ void mouseClick(FormWindow& form, HWND at, POINT place) {
     pressButton(form, at, place, WM_LBUTTONDOWN);
 }
 
-void mouseDoubleClick(FormWindow& form, HWND at, POINT place) {
-    pressButton(form, at, place, WM_LBUTTONDBLCLK);
+void rowClick(FormWindow& form, HWND list, POINT place) {
+    pressRow(form, list, place, WM_LBUTTONDOWN);
+}
+
+void rowDoubleClick(FormWindow& form, HWND list, POINT place) {
+    pressRow(form, list, place, WM_LBUTTONDBLCLK);
 }
 
 void keyClick(FormWindow& form, WORD key, bool withCtrl) {

@@ -13,8 +13,10 @@ void bringUp(HWND window);
 /// Presses and lets go the left mouse button in the middle of a window, or at a place in it.
 void mouseClick(FormWindow& form, HWND at);
 void mouseClick(FormWindow& form, HWND at, POINT place);
-/// Presses and lets go the button once more, quickly after a click at the same place.
-void mouseDoubleClick(FormWindow& form, HWND at, POINT place);
+/// The same at a row of a list.
+void rowClick(FormWindow& form, HWND list, POINT place);
+/// Presses and lets go the button once more, quickly after a click at the same row.
+void rowDoubleClick(FormWindow& form, HWND list, POINT place);
 /// Presses and lets go a key in the window that has the focus.
 void keyClick(FormWindow& form, WORD key, bool withCtrl = false);
 /// Presses Alt and the key of a character, as a mark in a caption asks for.

@@ -33,11 +33,14 @@ void Person::answer(const MessageWindow& box, const MessageBox& shown) {
 void Person::pickPath(Browsing& dialog, const BrowseRequest& request) {
     const std::string path = browseCameUp(request);
     if (!path.empty()) {
+        std::wstring wanted = toWide(path);
+        std::replace(wanted.begin(), wanted.end(), L'/', L'\\');
         // Asked before, since the dialog tells of a path that is not there by a box of its own.
-        const DWORD kind = ::GetFileAttributesW(toWide(path).c_str());
+        const DWORD kind = ::GetFileAttributesW(wanted.c_str());
         const bool folder = (kind & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        if (kind != INVALID_FILE_ATTRIBUTES && folder != request.files)
-            return dialog.enter(toWide(path));
+        const bool fits = kind != INVALID_FILE_ATTRIBUTES && folder != request.files;
+        if (fits) dialog.enter(wanted);
+        if (!::IsWindowVisible(dialog.window())) return;
         blame("the browse dialog \"" + request.title + "\" does not take \"" + path + "\"");
     }
     dialog.cancel();
@@ -179,14 +182,14 @@ POINT Person::reach(const ListPiece& list, const std::string& text) const {
 void Person::pick(std::string_view name, const std::string& text) {
     const auto& list = static_cast<ListPiece&>(usable(name, {ControlKind::ListView}));
     const POINT place = reach(list, text);
-    mouseClick(inHand(), list.window(), place);
+    rowClick(inHand(), list.window(), place);
 }
 
 void Person::doubleClick(std::string_view name, const std::string& text) {
     pick(name, text);
     const auto& list = static_cast<ListPiece&>(usable(name, {ControlKind::ListView}));
     const POINT place = reach(list, text);
-    mouseDoubleClick(inHand(), list.window(), place);
+    rowDoubleClick(inHand(), list.window(), place);
 }
 
 void Person::typeAhead(std::string_view name, const std::string& letters) {
@@ -234,7 +237,7 @@ void Person::closeByFrame() {
 
 Sight Person::see(std::string_view name) {
     const Control& control = there(name);
-    return look(top(), control);
+    return look(inHand(), control);
 }
 
 }  // namespace wynconfig::native
