@@ -54,7 +54,7 @@ EditPiece::EditPiece(Edit& edit, Stage& stage, const Standing& standing)
     send(EM_SETLIMITTEXT, 0x7FFFFFFE);
 }
 
-Room EditPiece::room(const Measure& measure) const {
+Room EditPiece::measured(const Measure& measure) const {
     const int frame = scale(8);
     const int height = measure.lineHeight() + frame;
     return {{measure.chars(kLeastText) + frame, height},
@@ -145,7 +145,7 @@ ComboPiece::ComboPiece(ComboBox& combo, Stage& stage, const Standing& standing)
     make(standing.parent, WC_COMBOBOXW, WS_TABSTOP | CBS_DROPDOWNLIST | WS_VSCROLL);
 }
 
-Room ComboPiece::room(const Measure& measure) const {
+Room ComboPiece::measured(const Measure& measure) const {
     RECT closed{};
     ::GetWindowRect(window(), &closed);
     const int height =

@@ -14,7 +14,7 @@ class EditPiece : public Piece {
   public:
     EditPiece(Edit& edit, Stage& stage, const Standing& standing);
     void commanded(UINT code) override;
-    Room room(const Measure& measure) const override;
+    Room measured(const Measure& measure) const override;
     /// Where the selection starts, or the caret when nothing is selected, in units of UTF-16.
     std::size_t caretUnits() const;
 
@@ -37,7 +37,7 @@ class ComboPiece : public Piece {
   public:
     ComboPiece(ComboBox& combo, Stage& stage, const Standing& standing);
     void commanded(UINT code) override;
-    Room room(const Measure& measure) const override;
+    Room measured(const Measure& measure) const override;
     bool wantsEnter() const override { return isOpen(); }
 
     Typing typing;

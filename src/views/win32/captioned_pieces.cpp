@@ -23,7 +23,10 @@ class CaptionedPiece : public Piece {
   protected:
     CaptionedPiece(CaptionedControl& control, Stage& stage)
         : Piece(control, stage), m_captioned(control) {}
-    void showContent() override { showText(window(), toWideCaption(m_captioned.caption())); }
+    void showContent() override { showWords(toWideCaption(m_captioned.caption())); }
+    void showWords(const std::wstring& words) {
+        if (showText(window(), words)) forgetRoom();
+    }
     SIZE textSize(const Measure& measure) const { return measure.text(textOf(window())); }
 
   private:
@@ -41,7 +44,7 @@ class ButtonPiece : public CaptionedPiece {
         if (code == BN_CLICKED)
             actInPlace([this](const UserInput& input) { input.click(m_button); });
     }
-    Room room(const Measure& measure) const override {
+    Room measured(const Measure& measure) const override {
         const int height = measure.lineHeight() + scale(10);
         if (m_square) return fixed(height * 5 / 4, height);
         const int air = 2 * measure.chars(2);
@@ -66,7 +69,7 @@ class CheckPiece : public CaptionedPiece {
         if (code == BN_CLICKED)
             actInPlace([this](const UserInput& input) { input.tick(m_box, !m_box.value()); });
     }
-    Room room(const Measure& measure) const override {
+    Room measured(const Measure& measure) const override {
         return fixed(static_cast<int>(textSize(measure).cx) + scale(kMarkWidth),
                      measure.lineHeight() + scale(4));
     }
@@ -91,7 +94,7 @@ class OptionPiece : public CaptionedPiece {
             actInPlace([this](const UserInput& input) { input.choose(m_option); });
     }
     bool takeKey(WPARAM key) override;
-    Room room(const Measure& measure) const override {
+    Room measured(const Measure& measure) const override {
         return fixed(static_cast<int>(textSize(measure).cx) + scale(kMarkWidth),
                      measure.lineHeight() + scale(4));
     }
@@ -147,7 +150,7 @@ class LabelPiece : public CaptionedPiece {
             m_isValue ? SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY : SS_LEFT;
         make(standing.parent, WC_STATICW, style);
     }
-    Room room(const Measure& measure) const override {
+    Room measured(const Measure& measure) const override {
         const int line = measure.lineHeight();
         const SIZE text = m_isValue ? measure.text(textOf(window()), DT_NOPREFIX | DT_SINGLELINE)
                                     : textSize(measure);
@@ -160,9 +163,9 @@ class LabelPiece : public CaptionedPiece {
   private:
     void showContent() override {
         // A caption is text and no markup, and so is a value.
-        if (m_isValue) return showText(window(), toWide(m_label.caption()));
-        showText(window(), wynconfig::takesFocus(*m_labels) ? toWideCaption(m_label.caption())
-                                                            : toWideUnmarked(m_label.caption()));
+        if (m_isValue) return showWords(toWide(m_label.caption()));
+        showWords(wynconfig::takesFocus(*m_labels) ? toWideCaption(m_label.caption())
+                                                   : toWideUnmarked(m_label.caption()));
     }
     Label& m_label;
     const Control* m_labels;
@@ -175,7 +178,7 @@ class FramePiece : public CaptionedPiece {
         : CaptionedPiece(frame, stage) {
         make(standing.parent, WC_BUTTONW, BS_GROUPBOX, WS_EX_TRANSPARENT);
     }
-    Room room(const Measure& measure) const override {
+    Room measured(const Measure& measure) const override {
         return fixed(static_cast<int>(textSize(measure).cx) + scale(24), 0);
     }
 };

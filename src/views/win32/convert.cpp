@@ -75,8 +75,10 @@ std::wstring textOf(HWND window) {
     return text;
 }
 
-void showText(HWND window, const std::wstring& text) {
-    if (textOf(window) != text) ::SetWindowTextW(window, text.c_str());
+bool showText(HWND window, const std::wstring& text) {
+    if (textOf(window) == text) return false;
+    ::SetWindowTextW(window, text.c_str());
+    return true;
 }
 
 bool isPair(std::wstring_view text, std::size_t at) {

@@ -22,7 +22,8 @@ std::wstring toWidePlain(std::string_view caption);
 /// What a window shows: its title, its caption, or the text of a box.
 std::wstring textOf(HWND window);
 /// Writes the text where it is another one.
-void showText(HWND window, const std::wstring& text);
+/// @return whether it was
+bool showText(HWND window, const std::wstring& text);
 
 /// Carets of Windows count units of UTF-16, those of the component characters.
 std::size_t charsBefore(std::wstring_view text, std::size_t units);

@@ -11,8 +11,7 @@
 namespace wynconfig::native {
 
 Room FormWindow::roomOf(const Control& control) const {
-    const Piece* asked = piece(control);
-    return asked->room(Measure(asked->font()));
+    return piece(control)->room();
 }
 
 Insets FormWindow::insetsOf(const Control& control) const {
@@ -71,6 +70,7 @@ void FormWindow::setInnerSize(const Extent& size) {
 }
 
 void FormWindow::applySize() {
+    m_roomChanged = false;
     Arranging arranging(m_form->layout().body, *this, gaps());
     m_least = leastSize(arranging);
     const auto atLeast = [this](Extent size) -> Extent {

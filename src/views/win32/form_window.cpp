@@ -224,11 +224,16 @@ void FormWindow::sync() {
 void FormWindow::showAll() {
     const bool formChanged = std::exchange(m_formChanged, false);
     for (const auto& each : m_pieces) {
-        if (each->dirty) each->show();
+        if (!each->dirty) continue;
+        // Hidden buttons leave no room.
+        if (each->control().kind() == ControlKind::Button) m_roomChanged = true;
+        each->show();
     }
     if (formChanged) showForm();
-    showNames();
-    applySize();
+    if (formChanged || m_roomChanged) {
+        showNames();
+        applySize();
+    }
     const Layout& body = m_form->layout().body;
     // First what comes, then what goes, so that the focus finds a place.
     for (const auto& each : m_pieces) {

@@ -66,6 +66,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     void takeFocusTo(Piece& piece) override;
     void focusCame(Piece& piece) override;
     void obey(const KeyAct& act) override;
+    void roomChanged() override { m_roomChanged = true; }
     // Ground
     Room roomOf(const Control& control) const override;
     Insets insetsOf(const Control& control) const override;
@@ -145,6 +146,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     Extent m_pulledTo;  ///< in twips, that the person last gave it
     bool m_fixed;       ///< the person can't change the size
     bool m_formChanged = true;
+    bool m_roomChanged = true;
     bool m_syncPending = false;
     bool m_syncing = false;
     bool m_sizing = false;

@@ -35,15 +35,17 @@ ListPiece::ListPiece(ListView& list, Stage& stage, const Standing& standing)
          WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
              LVS_NOSORTHEADER | LVS_NOCOLUMNHEADER,
          WS_EX_CLIENTEDGE);
-    constexpr DWORD kLook = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
-    send(LVM_SETEXTENDEDLISTVIEWSTYLE, kLook, kLook);
+    // Not every system draws in a buffer from right to left.
+    const bool mirrored = (::GetWindowLongPtrW(window(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+    const DWORD look =
+        LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | (mirrored ? 0 : LVS_EX_DOUBLEBUFFER);
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, look, static_cast<LPARAM>(look));
     LVCOLUMNW column{};
     send(LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
 }
 
-Room ListPiece::room(const Measure& measure) const {
-    const int hint =
-        m_list.columns().empty() ? 0 : toPixels(m_list.columns().front().width, stage().dpi());
+Room ListPiece::measured(const Measure& measure) const {
+    const int hint = toPixels(m_widthHint, stage().dpi());
     const int frame = ::GetSystemMetrics(SM_CXVSCROLL) + scale(12);
     const auto heightOf = [&](int rows) {
         const LRESULT size = send(LVM_APPROXIMATEVIEWRECT, static_cast<WPARAM>(rows), -1);
@@ -99,6 +101,8 @@ void ListPiece::showHeading() {
     const LONG_PTR wanted =
         m_headed || heading.empty() ? headless : headless & ~LONG_PTR{LVS_NOCOLUMNHEADER};
     if (wanted != style) ::SetWindowLongPtrW(window(), GWL_STYLE, wanted);
+    const int hint = columns.empty() ? 0 : columns.front().width;
+    if (hint != std::exchange(m_widthHint, hint) || wanted != style) forgetRoom();
     LVCOLUMNW column{};
     column.mask = LVCF_TEXT;
     column.pszText = heading.data();

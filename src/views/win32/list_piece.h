@@ -18,7 +18,7 @@ class ListPiece : public Piece {
     ListPiece(ListView& list, Stage& stage, const Standing& standing);
     LRESULT notified(NMHDR& what) override;
     bool takeKey(WPARAM key) override;
-    Room room(const Measure& measure) const override;
+    Room measured(const Measure& measure) const override;
 
     /// Number of the row that the keyboard is at, or 0.
     std::size_t marked() const;
@@ -59,8 +59,9 @@ class ListPiece : public Piece {
     void takeLetter(const std::string& letter);
 
     ListView& m_list;
-    bool m_headed;      ///< by a label, under which a heading would say the same twice
-    bool m_deliberate;  ///< nothing but a click, the space bar and Enter picks
+    bool m_headed;        ///< by a label, under which a heading would say the same twice
+    bool m_deliberate;    ///< nothing but a click, the space bar and Enter picks
+    int m_widthHint = 0;  ///< of its column, in twips
     bool m_moving = false;
     bool m_pressing = false;
     bool m_doubled = false;

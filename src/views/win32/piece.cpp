@@ -80,6 +80,7 @@ void Piece::renewFont() {
     const HFONT font = m_stage.fonts().of(whole.get());
     if (font == m_font) return;
     m_font = font;
+    forgetRoom();
     send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
@@ -91,8 +92,14 @@ void Piece::place(const Place& place) {
     ::InvalidateRect(m_window, nullptr, TRUE);
 }
 
-Room Piece::room(const Measure&) const {
-    return {};
+const Room& Piece::room() const {
+    if (!m_room) m_room = measured(Measure(m_font));
+    return *m_room;
+}
+
+void Piece::forgetRoom() {
+    m_room.reset();
+    m_stage.roomChanged();
 }
 
 }  // namespace wynconfig::native

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "platform/forms/door.h"
 #include "views/win32/arranging.h"
@@ -34,6 +35,8 @@ class Stage {
     virtual void focusCame(Piece& piece) = 0;
     /// Does what comes of a key or a double click.
     virtual void obey(const KeyAct& act) = 0;
+    /// A piece asks for another room than before.
+    virtual void roomChanged() = 0;
 };
 
 /// What a control is to those beside it in the layout.
@@ -62,7 +65,8 @@ class Piece {
     /// The screen, and all fonts with it, is another one.
     void renewFont();
 
-    virtual Room room(const Measure& measure) const;
+    /// How much room it asks for; measured once for the same font and words.
+    const Room& room() const;
     /// The code of a WM_COMMAND that its window sent.
     virtual void commanded(UINT) {}
     /// A WM_NOTIFY that its window sent.
@@ -81,6 +85,9 @@ class Piece {
 
   protected:
     Piece(Control& control, Stage& stage) : m_control(control), m_stage(stage) {}
+    virtual Room measured(const Measure&) const { return {}; }
+    /// What it shows asks for another room.
+    void forgetRoom();
     /// Makes the window; to be called once, before anything else.
     void make(HWND parent, const wchar_t* windowClass, DWORD style, DWORD extended = 0);
     virtual void showContent() = 0;
@@ -117,6 +124,7 @@ class Piece {
     Stage& m_stage;
     HWND m_window = nullptr;
     HFONT m_font = nullptr;
+    mutable std::optional<Room> m_room;
     Place m_place;
     bool m_takesFocus = false;
 };

@@ -20,7 +20,7 @@ LRESULT TabsPiece::notified(NMHDR& what) {
     return 0;
 }
 
-Room TabsPiece::room(const Measure&) const {
+Room TabsPiece::measured(const Measure&) const {
     RECT last{};
     send(TCM_GETITEMRECT, static_cast<WPARAM>(send(TCM_GETITEMCOUNT) - 1),
          reinterpret_cast<LPARAM>(&last));
@@ -51,6 +51,7 @@ void TabsPiece::showContent() {
     for (int i = 0; i < m_tabs.count(); ++i) {
         std::wstring caption = toWideCaption(m_tabs.caption(i));
         if (i < there && captionOf(i) == caption) continue;
+        forgetRoom();
         TCITEMW item{};
         item.mask = TCIF_TEXT;
         item.pszText = caption.data();

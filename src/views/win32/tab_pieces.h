@@ -12,7 +12,7 @@ class TabsPiece : public Piece {
   public:
     TabsPiece(Tabs& tabs, Stage& stage, const Standing& standing);
     LRESULT notified(NMHDR& what) override;
-    Room room(const Measure& measure) const override;
+    Room measured(const Measure& measure) const override;
     /// What the tabs and their frame take of their place.
     Insets insets() const;
     /// The caption of a tab that is on the screen.
