@@ -21,9 +21,10 @@ void setSpokenName(HWND window, const std::wstring& name) {
     if (SUCCEEDED(entered)) ::CoUninitialize();
 }
 
-HWND makeTips(HWND form) {
+HWND makeTips() {
+    // Not owned by the form: not every system puts a window in front that owns another one there.
     return ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0,
-                             0, 0, form, nullptr, moduleHandle(), nullptr);
+                             0, 0, nullptr, nullptr, moduleHandle(), nullptr);
 }
 
 void setTip(HWND tips, HWND window, const std::wstring& text) {

@@ -11,8 +11,8 @@ namespace wynconfig::native {
 /// label before the window.
 void setSpokenName(HWND window, const std::wstring& name);
 
-/// Makes the window that shows the tips of a form.
-HWND makeTips(HWND form);
+/// Makes the window that shows the tips of a form, which destroys it.
+HWND makeTips();
 /// What is shown when the mouse rests on a window.
 void setTip(HWND tips, HWND window, const std::wstring& text);
 

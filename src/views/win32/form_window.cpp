@@ -54,7 +54,7 @@ FormWindow::FormWindow(Form& form, UserInput input, HWND owner, bool mirrored)
                                  CW_USEDEFAULT, 0, 0, owner, nullptr, moduleHandle(), nullptr);
     m_dpi = dpiOf(m_window);
     m_fonts.setDpi(m_dpi);
-    m_tips = makeTips(m_window);
+    m_tips = makeTips();
     build(form.layout().body, m_window, nullptr);
     setOwner(m_window, this);
     form.observe(this);
@@ -66,6 +66,7 @@ FormWindow::~FormWindow() {
     if (m_form) m_form->observe(nullptr);
     setOwner(m_window, nullptr);
     m_pieces.clear();
+    ::DestroyWindow(m_tips);
     ::DestroyWindow(m_window);
 }
 
