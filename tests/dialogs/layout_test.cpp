@@ -197,7 +197,7 @@ TEST(AllDialogs, AreUnderTheseTests) {
         std::ostringstream text;
         text << std::ifstream(entry.path()).rdbuf();
         if (text.str().find(" : public Form {") != std::string::npos)
-            declared.insert(entry.path().stem());
+            declared.insert(entry.path().stem().string());
     }
     std::set<std::string> tested;
     for (const Dialog& dialog : allDialogs()) tested.insert(dialog.name);

@@ -20,7 +20,7 @@ const Names kFormatStops{"btnAdd", "btnCopy",   "btnDelete", "btnEdit",
 /// A program on the real disk, where a browse dialog looks for it.
 class RealProgram {
   public:
-    RealProgram() : m_path(m_folder.path() + "/My Parts.exe") {
+    RealProgram() : m_path((m_folder / "My Parts.exe").make_preferred().string()) {
         std::ofstream(m_path) << "program";
     }
     const std::string& path() const { return m_path; }

@@ -1,6 +1,7 @@
 // Forms and controls as such: loading and unloading, focus, events, options, lists, combo boxes and
 // tabs, with a small form of the test's own on every view, and all dialogs without any view.
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <stdexcept>
 
@@ -674,8 +675,11 @@ TEST_P(Forms, ShowBoxesAndTellTheAnswer) {
 
 TEST_P(Forms, BrowseForAPathOrNone) {
     // A real dialog takes what is there alone.
-    const std::string file = WYNCONFIG_SOURCE "/CMakeLists.txt";
-    const std::string folder = WYNCONFIG_SOURCE "/src";
+    const auto inTheSystemsSpelling = [](const char* path) {
+        return std::filesystem::path(path).make_preferred().string();
+    };
+    const std::string file = inTheSystemsSpelling(WYNCONFIG_SOURCE "/CMakeLists.txt");
+    const std::string folder = inTheSystemsSpelling(WYNCONFIG_SOURCE "/src");
     user().onBrowse(file);
     user().onBrowse("");
     user().onBrowse(folder);
