@@ -1,0 +1,350 @@
+// What the native view owes beyond what the tests on every view ask for: owners, nested loops, the
+// end of the program, sizes, directions, and boxes as they stand on the screen.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "support/all_dialogs.h"
+#include "support/raised.h"
+#include "support/test_form.h"
+#include "views/win32/winapi.h"
+#include "wynconfig/error.h"
+#include "wynconfig/win32_view.h"
+
+namespace wynconfig {
+namespace {
+
+class Sample : public TestForm {
+  public:
+    Sample() : TestForm("frmSample") {
+        btnOpen.Click = [this] {
+            if (opened) opened();
+        };
+        btnOK.Click = [this] { Unload(); };
+    }
+    std::function<void()> opened;
+    std::string title = "Sample";
+    Label lblName{*this, "lblName", "&Name"};
+    Edit txtName{*this, "txtName"};
+    Label lblItems{*this, "lblItems", "&Items"};
+    ListView lstItems{*this, "lstItems"};
+    Button btnOpen{*this, "btnOpen", "O&pen"};
+    Button btnOK{*this, "btnOK", "OK"};
+
+  protected:
+    void Form_Load() override {
+        UniCaption1.bind(*this);
+        UniCaption1.setCaption(title);
+    }
+    void Form_Resize() override { log.push_back("resize"); }
+    FormLayout declareLayout() override {
+        using namespace layout;
+        return {column({field(lblName, txtName), growing(titled(lblItems, lstItems)),
+                        row({stretch(), single(btnOpen), single(btnOK)})}),
+                &btnOK, nullptr};
+    }
+};
+
+/// The window in front of this thread's others.
+HWND front() {
+    return ::GetActiveWindow();
+}
+
+std::wstring titleOf(HWND window) {
+    wchar_t title[200] = L"";
+    ::GetWindowTextW(window, title, 200);
+    return title;
+}
+
+SIZE innerSize(HWND window) {
+    RECT inside{};
+    ::GetClientRect(window, &inside);
+    return {inside.right, inside.bottom};
+}
+
+bool isMirrored(HWND window) {
+    return (::GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+}
+
+/// A window of the host.
+class HostWindow {
+  public:
+    HostWindow()
+        : m_window(::CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100,
+                                     100, 300, 200, nullptr, nullptr, nullptr, nullptr)) {}
+    ~HostWindow() { ::DestroyWindow(m_window); }
+    HostWindow(const HostWindow&) = delete;
+    HostWindow& operator=(const HostWindow&) = delete;
+    HWND window() const { return m_window; }
+
+  private:
+    HWND m_window;
+};
+
+class NativeView : public ::testing::Test {
+  protected:
+    void SetUp() override { installView(view); }
+    void TearDown() override {
+        installView(nullptr);
+        EXPECT_NO_THROW(user.finish());
+    }
+    void show(const User::Script& script) {
+        bool ran = false;
+        user.onForm("frmSample", [&](User& person) {
+            script(person);
+            ran = true;
+            if (form.loaded()) person.click("btnOK");
+        });
+        form.Show();
+        EXPECT_TRUE(ran);
+    }
+
+    std::shared_ptr<Win32View> view = makeWin32View();
+    User& user = view->user();
+    Sample form;
+};
+
+TEST_F(NativeView, TheHostsWindowOwnsADialogAndWaits) {
+    const HostWindow host;
+    view->setOwner(reinterpret_cast<std::uintptr_t>(host.window()));
+    show([&](User&) {
+        EXPECT_EQ(::GetWindow(front(), GW_OWNER), host.window());
+        EXPECT_FALSE(::IsWindowEnabled(host.window()));
+    });
+    EXPECT_TRUE(::IsWindowEnabled(host.window()));
+    EXPECT_EQ(front(), host.window());
+}
+
+TEST_F(NativeView, AllWindowsOfTheThreadWaitForTheOneOnTop) {
+    const HostWindow host;
+    Sample inner;
+    inner.title = "Inner";
+    show([&](User& person) {
+        const HWND outer = front();
+        form.opened = [&] { inner.Show(); };
+        person.onForm("frmSample", [&](User& nested) {
+            EXPECT_EQ(titleOf(front()), L"Inner");
+            EXPECT_EQ(::GetWindow(front(), GW_OWNER), outer);
+            EXPECT_FALSE(::IsWindowEnabled(outer));
+            EXPECT_FALSE(::IsWindowEnabled(host.window()));
+            nested.click("btnOK");
+        });
+        person.click("btnOpen");
+        EXPECT_EQ(front(), outer);
+        EXPECT_TRUE(::IsWindowEnabled(outer));
+        EXPECT_FALSE(::IsWindowEnabled(host.window()));
+    });
+    EXPECT_TRUE(::IsWindowEnabled(host.window()));
+}
+
+TEST_F(NativeView, TheEndOfTheProgramClosesEachFormAndIsPassedOn) {
+    Sample inner;
+    view->dismissUser();
+    int shown = 0;
+    view->onShown([&](const std::string&) {
+        if (++shown == 1)
+            inner.Show();
+        else
+            ::PostQuitMessage(7);
+    });
+    form.Show();
+    EXPECT_EQ(shown, 2);
+    EXPECT_FALSE(inner.loaded());
+    EXPECT_FALSE(form.loaded());
+    MSG last{};
+    ASSERT_TRUE(::PeekMessageW(&last, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(last.wParam, 7u);
+    view->onShown({});
+}
+
+TEST_F(NativeView, AFormIsRaisedBeforeItComesUpAndWhileItIsUp) {
+    const auto isOnTop = [] {
+        return (::GetWindowLongPtrW(front(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+    };
+    view->raise(form, true);
+    show([&](User&) {
+        EXPECT_TRUE(isOnTop());
+        view->raise(form, false);
+        EXPECT_FALSE(isOnTop());
+        view->raise(form, true);
+        EXPECT_TRUE(isOnTop());
+    });
+    view->raise(form, true);
+    view->raise(form, false);
+    show([&](User&) { EXPECT_FALSE(isOnTop()); });
+}
+
+TEST_F(NativeView, AFormHasADeviceContextWithAndWithoutAWindow) {
+    const auto dots = [&] {
+        return ::GetDeviceCaps(reinterpret_cast<HDC>(::LongToHandle(view->deviceContext(form))),
+                               LOGPIXELSX);
+    };
+    EXPECT_GE(dots(), 72);
+    show([&](User&) { EXPECT_GE(dots(), 72); });
+}
+
+TEST_F(NativeView, ADialogOfAFixedSizeHasNoFrameToPull) {
+    form.setSize(12000, 9000);
+    show([&](User&) {
+        EXPECT_EQ(innerSize(front()).cx, 800);
+        EXPECT_EQ(innerSize(front()).cy, 600);
+        EXPECT_EQ(::GetWindowLongPtrW(front(), GWL_STYLE) & WS_THICKFRAME, 0);
+    });
+}
+
+TEST_F(NativeView, ADialogWithoutASizeIsPulledAndItsListGrows) {
+    show([&](User& person) {
+        const auto listHeight = [] {
+            RECT list{};
+            ::GetWindowRect(::FindWindowExW(front(), nullptr, L"SysListView32", nullptr), &list);
+            return list.bottom - list.top;
+        };
+        EXPECT_NE(::GetWindowLongPtrW(front(), GWL_STYLE) & WS_THICKFRAME, 0);
+        const LONG before = listHeight();
+        const LONG higher = innerSize(front()).cy + 100;
+        person.resize(15000, static_cast<int>(higher) * 15);
+        EXPECT_EQ(form.log, Log{"resize"});
+        EXPECT_EQ(innerSize(front()).cx, 1000);
+        EXPECT_EQ(innerSize(front()).cy, higher);
+        EXPECT_EQ(listHeight(), before + 100);
+        EXPECT_EQ(form.width(), 15000);
+    });
+}
+
+TEST_F(NativeView, ADialogIsNotPulledSmallerThanItsContent) {
+    show([&](User&) {
+        ::SetWindowPos(front(), nullptr, 0, 0, 50, 50, SWP_NOMOVE | SWP_NOZORDER);
+        EXPECT_GT(innerSize(front()).cx, 200);
+        EXPECT_GT(innerSize(front()).cy, 150);
+    });
+}
+
+TEST_F(NativeView, ADialogOfArabicTextsIsReadFromTheRight) {
+    show([](User&) { EXPECT_FALSE(isMirrored(front())); });
+    form.title = "تكوين";
+    form.lblName.setCaption("اسم(&ع)");
+    form.lblItems.setCaption("الموضع");
+    form.btnOpen.setCaption("استعراض");
+    show([&](User& person) {
+        EXPECT_TRUE(isMirrored(front()));
+        form.opened = [&] { form.UniMsgBox1.ShowMsg("اسم", boxstyle::OkOnly, "", ""); };
+        user.onBox([](const SeenBox&) {
+            EXPECT_TRUE(isMirrored(front()));
+            return answer::Ok;
+        });
+        person.click("btnOpen");
+    });
+}
+
+/// What stands in a box on the screen, by the class of its windows.
+std::wstring inBox(const wchar_t* windowClass) {
+    const HWND found = ::FindWindowExW(front(), nullptr, windowClass, nullptr);
+    return found ? titleOf(found) : L"none";
+}
+
+TEST_F(NativeView, ABoxShowsItsTextAndCaptionsAsTheyAreAsked) {
+    user.onBox([](const SeenBox&) {
+        EXPECT_EQ(titleOf(front()), L"Name & more");
+        EXPECT_EQ(inBox(L"Static"), L"<b>T&C</b>\r\nof &all");
+        EXPECT_EQ(inBox(L"Button"), L"&Okay");
+        EXPECT_NE(::GetWindowLongPtrW(front(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+        return answer::Ok;
+    });
+    EXPECT_EQ(form.UniMsgBox1.ShowMsg("<b>T&C</b>\r\nof &all\r\n",
+                                      boxstyle::Critical | boxstyle::SystemModal, "&Name && more",
+                                      "&Okay"),
+              answer::Ok);
+    form.Unload();
+}
+
+TEST_F(NativeView, ABoxIsAnsweredByEscapeAndTheFrameWithNo) {
+    for (const UINT way : {WM_CLOSE, WM_COMMAND}) {
+        user.onBox([&](const SeenBox&) {
+            ::SendMessageW(front(), way, IDCANCEL, 0);
+            return 99;  // no button: the box has gone by then
+        });
+        EXPECT_EQ(form.UniMsgBox1.ShowMsg("Sure?", boxstyle::YesNo, "", ""), answer::No);
+        EXPECT_NE(refusalOf([&] { user.finish(); }), "");
+    }
+    form.Unload();
+}
+
+TEST_F(NativeView, WhatAWatcherThrowsComesOutOfTheCall) {
+    view->onShown([](const std::string&) { throw Error(errc::InvalidCall, "no picture"); });
+    EXPECT_EQ(raisedBy([&] { form.Show(); }).description(), "no picture");
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(raisedBy([&] { view->showMessage({}); }).description(), "no picture");
+    view->onShown({});
+}
+
+TEST_F(NativeView, AFormCanUnloadAsItComesUp) {
+    form.txtName.GotFocus = [&] { form.Unload(); };
+    form.Show();
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(user.forms(), Log{});
+}
+
+/// Every dialog, in the languages of the component.
+class NativeDialogs : public Desk {
+  protected:
+    /// Checks that each caption that is on the screen has the room that it needs.
+    static void expectCaptionsWhole(User& u, Form& form) {
+        int seen = 0;
+        const auto look = [&](HWND child) {
+            wchar_t name[40] = L"";
+            ::GetClassNameW(child, name, 40);
+            const LONG_PTR style = ::GetWindowLongPtrW(child, GWL_STYLE);
+            const bool isValue = (style & SS_ENDELLIPSIS) != 0 && std::wstring(name) == L"Static";
+            if (!::IsWindowVisible(child) || isValue) return;
+            if (std::wstring(name) != L"Static" && std::wstring(name) != L"Button") return;
+            const HDC dc = ::GetDC(child);
+            ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(::SendMessageW(child, WM_GETFONT, 0, 0)));
+            const std::wstring text = titleOf(child);
+            RECT room{};
+            ::DrawTextW(dc, text.c_str(), -1, &room, DT_CALCRECT);
+            ::ReleaseDC(child, dc);
+            EXPECT_LE(room.right, innerSize(child).cx) << form.name();
+            EXPECT_LE(room.bottom, innerSize(child).cy) << form.name();
+            ++seen;
+        };
+        const auto visit = [](HWND child, LPARAM with) -> BOOL {
+            (*reinterpret_cast<const decltype(look)*>(with))(child);
+            return TRUE;
+        };
+        for (int tab = 0; tab < (form.control("SSTab2") ? 2 : 1); ++tab) {
+            if (form.control("SSTab2")) u.changeTab("SSTab2", tab);
+            u.see(form.controls().front()->name());
+            ::EnumChildWindows(front(), visit, reinterpret_cast<LPARAM>(&look));
+        }
+        EXPECT_GT(seen, 2) << form.name();
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Views, NativeDialogs, ::testing::Values("Win32"),
+                         [](const auto& each) { return std::string(each.param); });
+
+/// Texts that are longer than those of the dialogs' design.
+struct LongTexts : ResourceManager {
+    explicit LongTexts(double pointSize) : size(pointSize) {}
+    double size;
+    std::string GetString(const std::string& key) override { return "&" + key.substr(0, 24); }
+    Font GetFont(long) override { return {"", size, false, false}; }
+};
+
+TEST_P(NativeDialogs, ShowEveryCaptionWhole) {
+    for (const double size : {0.0, 8.0, 13.5}) {
+        component.InitResourceManager(std::make_shared<LongTexts>(size));
+        for (const Dialog& dialog : allDialogs()) {
+            const auto form = dialog.make();
+            user().onForm(dialog.name, [&](User& u) {
+                expectCaptionsWhole(u, *form);
+                u.closeByFrame();
+            });
+            form->Show();
+        }
+    }
+}
+
+}  // namespace
+}  // namespace wynconfig
