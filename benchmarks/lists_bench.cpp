@@ -33,7 +33,7 @@ class ClosingView : public View {
         }
         userInput().closeByFrame(form);
     }
-    int showMessage(const MessageBox&) override {
+    int showMessage(const MessageRequest&) override {
         boxes = true;
         return answer::Ok;
     }

@@ -198,7 +198,7 @@ class Screen : public ScriptedView {
         require(!form.loaded(), form.name());
         m_watch.look();
     }
-    int showMessage(const MessageBox& box) override {
+    int showMessage(const MessageRequest& box) override {
         ++m_boxes;
         m_watch.look();
         require(isUtf8(box.text), box.text);

@@ -72,7 +72,7 @@ void TerminalView::showModal(Form& form) {
     }
 }
 
-int TerminalView::showMessage(const MessageBox& box) {
+int TerminalView::showMessage(const MessageRequest& box) {
     const bool isQuestion = (box.style & 0xF) == boxstyle::YesNo;
     m_out << "\n!! " << plainCaption(box.title) << "\n"
           << box.text << "\n"

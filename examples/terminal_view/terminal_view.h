@@ -23,7 +23,7 @@ class TerminalView : public wynconfig::View {
     TerminalView(std::istream& in, std::ostream& out) : m_in(in), m_out(out) {}
 
     void showModal(wynconfig::Form& form) override;
-    int showMessage(const wynconfig::MessageBox& box) override;
+    int showMessage(const wynconfig::MessageRequest& box) override;
     std::string browse(const wynconfig::BrowseRequest& request) override;
     void raise(wynconfig::Form&, bool) override {}  // the last that was printed is in front
     long deviceContext(wynconfig::Form&) override { return 0; }

@@ -30,7 +30,7 @@ class WYNCONFIG_API Observer {
     /// Is called for every message box, once it has been answered.
     /// @param box     what was asked
     /// @param answer  as `View::showMessage` gives it
-    virtual void answered(const MessageBox& box, int answer);
+    virtual void answered(const MessageRequest& box, int answer);
 };
 
 /// Installs the observer of this thread; null takes it away. Every other thread has its own.

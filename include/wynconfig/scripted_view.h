@@ -23,7 +23,7 @@ class WYNCONFIG_API ScriptedView : public View {
     /// Has the person act on the form. One that the person leaves open is cancelled.
     void showModal(Form& form) override;
     /// Has the person answer the box.
-    int showMessage(const MessageBox& box) override;
+    int showMessage(const MessageRequest& box) override;
     /// Has the person pick a path.
     std::string browse(const BrowseRequest& request) override;
     /// Does nothing: there are no windows.

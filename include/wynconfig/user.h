@@ -162,7 +162,7 @@ class WYNCONFIG_API User {
     /// unannounced form is remembered, and nothing is done.
     void formCameUp(const std::string& name);
     /// The button to press.
-    int boxCameUp(const MessageBox& box);
+    int boxCameUp(const MessageRequest& box);
     /// The path to pick.
     std::string browseCameUp(const BrowseRequest& request);
     /// A form was left open by its script, or something else went wrong.

@@ -28,13 +28,15 @@ inline constexpr int No = 7;   ///< of a question, and whatever is no Yes
 }  // namespace answer
 
 /// A message box to be shown.
-struct MessageBox {
+struct MessageRequest {
     Form* owner = nullptr;  ///< the form that asks; it may be one that was never shown
     std::string text;       ///< UTF-8; lines end in CR LF or LF, and no mark of a key is meant
     int style = boxstyle::OkOnly;  ///< buttons and icon, see `boxstyle`
     std::string title;             ///< UTF-8, as a caption: a mark of a key in it is not shown
     std::string okCaption;         ///< empty: the view's own word
 };
+/// Its name of before, which the system's header of Windows turns into another one.
+using MessageBox = MessageRequest;
 
 /// A path to be browsed for.
 struct BrowseRequest {
@@ -100,7 +102,7 @@ class WYNCONFIG_API View {
     /// Shows a box and returns the number of the pressed button, see `answer`. The Escape key and
     /// the closing of the box by its frame answer No to a question, else Ok. The title is
     /// `plainCaption` of the one given; the text is shown as it stands.
-    virtual int showMessage(const MessageBox& box) = 0;
+    virtual int showMessage(const MessageRequest& box) = 0;
     /// Lets the user pick a path, UTF-8; the empty string when the user picked none.
     virtual std::string browse(const BrowseRequest& request) = 0;
     /// Puts a form's window in front of all others, for good or, with false, no longer.

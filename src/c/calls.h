@@ -119,6 +119,6 @@ class Covered {
 };
 
 /// What a box is to a function of the host. The texts are those of the box.
-wyn_box boxOut(const MessageBox& box);
+wyn_box boxOut(const MessageRequest& box);
 
 }  // namespace wynconfig::c

@@ -38,7 +38,7 @@ class HostedView : public View {
         }
         requireOk(status, "show_modal", failures);
     }
-    int showMessage(const MessageBox& box) override {
+    int showMessage(const MessageRequest& box) override {
         const bool isQuestion = (box.style & 0xF) == boxstyle::YesNo;
         const std::int32_t unanswered = isQuestion ? answer::No : answer::Ok;
         if (!m_host->show_message) return unanswered;
@@ -84,7 +84,7 @@ class HostedObserver : public Observer {
                                failure.description.c_str()};
         m_host->failed(m_host->context, &told);
     }
-    void answered(const MessageBox& box, int answer) override {
+    void answered(const MessageRequest& box, int answer) override {
         if (!m_host->answered) return;
         const wyn_box shown = boxOut(box);
         m_host->answered(m_host->context, &shown, answer);
@@ -96,7 +96,7 @@ class HostedObserver : public Observer {
 
 }  // namespace
 
-wyn_box boxOut(const MessageBox& box) {
+wyn_box boxOut(const MessageRequest& box) {
     return {sizeof(wyn_box), box.text.c_str(), box.title.c_str(), box.okCaption.c_str(), box.style};
 }
 

@@ -14,4 +14,3 @@
 #include <ole2.h>
 #include <oleauto.h>
 #include <olectl.h>
-#undef MessageBox

@@ -18,7 +18,7 @@ class Notes : public Observer {
                         std::to_string(failure.number) + "|" + failure.description);
         if (throwing) throw std::runtime_error("the host's own");
     }
-    void answered(const MessageBox& box, int answer) override {
+    void answered(const MessageRequest& box, int answer) override {
         lines.push_back("box " + std::to_string(answer) + " " + box.title);
         if (throwing) throw 42;
     }

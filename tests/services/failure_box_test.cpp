@@ -313,10 +313,10 @@ TEST_P(FailureBox, SurvivesAManagerThatThrowsAnything) {
 class FailingView : public View {
   public:
     bool boxesFail = false;
-    std::vector<MessageBox> boxes;
+    std::vector<MessageRequest> boxes;
 
     void showModal(Form& form) override { userInput().closeByFrame(form); }
-    int showMessage(const MessageBox& box) override {
+    int showMessage(const MessageRequest& box) override {
         boxes.push_back(box);
         if (boxesFail) throw 7;
         return answer::Ok;
@@ -358,7 +358,7 @@ TEST_F(FailureBoxOnAFailingView, DoesNotRecurseWhenItsFormFailsToLoad) {
         EXPECT_NE(view->boxes[i].text.find(": no window\r\n"), std::string::npos);
     }
     EXPECT_NE(view->boxes[2].text.find(": gone\r\n"), std::string::npos);
-    for (const MessageBox& box : view->boxes) {
+    for (const MessageRequest& box : view->boxes) {
         ASSERT_NE(box.owner, nullptr);
         EXPECT_EQ(box.owner, view->boxes[0].owner);
         EXPECT_EQ(box.owner->name(), "frmMORAMMaintenance");

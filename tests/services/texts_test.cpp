@@ -385,7 +385,7 @@ class HandleView : public View {
     std::vector<std::string> steps;
 
     void showModal(Form&) override {}
-    int showMessage(const MessageBox&) override { return answer::Ok; }
+    int showMessage(const MessageRequest&) override { return answer::Ok; }
     std::string browse(const BrowseRequest&) override { return {}; }
     void raise(Form&, bool topMost) override { steps.push_back(topMost ? "top" : "not top"); }
     long deviceContext(Form&) override {

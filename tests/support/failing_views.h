@@ -18,7 +18,7 @@ class BrokenView : public View {
     std::string failsToShow;   ///< name of a form, or "*"
     std::string failsToRaise;  ///< the same
     std::vector<std::string> shown;
-    std::vector<MessageBox> boxes;
+    std::vector<MessageRequest> boxes;
 
     void showModal(Form& form) override {
         if (failsToShow == "*" || form.name() == failsToShow)
@@ -26,7 +26,7 @@ class BrokenView : public View {
         shown.emplace_back(form.name());
         userInput().closeByFrame(form);
     }
-    int showMessage(const MessageBox& box) override {
+    int showMessage(const MessageRequest& box) override {
         boxes.push_back(box);
         return answer::Ok;
     }

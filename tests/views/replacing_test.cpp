@@ -135,7 +135,7 @@ class LeavingView : public View {
         leave("show");
         userInput().closeByFrame(form);
     }
-    int showMessage(const MessageBox&) override {
+    int showMessage(const MessageRequest&) override {
         leave("box");
         return m_answer;
     }

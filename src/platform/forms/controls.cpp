@@ -398,7 +398,7 @@ void FormCaption::resetContent() {
 int MsgBox::ShowMsg(const std::string& text, int style, const std::string& title,
                     const std::string& okCaption) {
     touch();
-    const MessageBox box{&form(), text, style, title, okCaption};
+    const MessageRequest box{&form(), text, style, title, okCaption};
     const int answer = installedView()->showMessage(box);
     tellBox(box, answer);
     return answer;

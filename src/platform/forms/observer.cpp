@@ -33,7 +33,7 @@ void tell(const Call& call) noexcept {
 
 void Observer::failed(const Failure&) {}
 
-void Observer::answered(const MessageBox&, int) {}
+void Observer::answered(const MessageRequest&, int) {}
 
 void installObserver(std::shared_ptr<Observer> observer) {
     installedObserver().swap(observer);
@@ -52,7 +52,7 @@ void tellFailure(const std::string& tag, long number, const std::string& descrip
     });
 }
 
-void tellBox(const MessageBox& box, int answer) noexcept {
+void tellBox(const MessageRequest& box, int answer) noexcept {
     tell([&](Observer& observer) { observer.answered(box, answer); });
 }
 

@@ -23,6 +23,6 @@ class OperationScope {
 // None of these raises anything.
 
 void tellFailure(const std::string& tag, long number, const std::string& description) noexcept;
-void tellBox(const MessageBox& box, int answer) noexcept;
+void tellBox(const MessageRequest& box, int answer) noexcept;
 
 }  // namespace wynconfig

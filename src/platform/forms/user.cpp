@@ -76,7 +76,7 @@ void User::formCameUp(const std::string& name) {
     }
 }
 
-int User::boxCameUp(const MessageBox& shown) {
+int User::boxCameUp(const MessageRequest& shown) {
     const SeenBox box{shown.text, plainCaption(shown.title), shown.style,
                       plainCaption(shown.okCaption)};
     m_boxes.push_back(box);

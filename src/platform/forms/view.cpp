@@ -15,7 +15,7 @@ class NoView : public View {
         if (Button* cancel = form.layout().cancelButton) userInput().click(*cancel);
         if (form.loaded()) userInput().closeByFrame(form);
     }
-    int showMessage(const MessageBox& box) override {
+    int showMessage(const MessageRequest& box) override {
         return (box.style & 0xF) == boxstyle::YesNo ? answer::No : answer::Ok;
     }
     std::string browse(const BrowseRequest&) override { return {}; }

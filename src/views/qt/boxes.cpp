@@ -81,7 +81,7 @@ QStringList linesOf(const std::string& text) {
 }
 
 /// Shows the text as wide as its longest line and the title need, and wraps what is wider.
-void showText(QMessageBox& box, const MessageBox& wanted) {
+void showText(QMessageBox& box, const MessageRequest& wanted) {
     box.ensurePolished();
     QStringList lines;
     for (const QString& line : linesOf(wanted.text)) lines += wrapEvenly(line, box.font());
@@ -108,7 +108,7 @@ void layColumns(QFileDialog& dialog) {
 
 }  // namespace
 
-void setUp(QMessageBox& box, const MessageBox& wanted) {
+void setUp(QMessageBox& box, const MessageRequest& wanted) {
     box.setObjectName(QStringLiteral("box"));
     box.setWindowTitle(toQtPlain(wanted.title));
     // Names of sessions and formats stand in the text as they are, angle brackets and all.

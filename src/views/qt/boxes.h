@@ -10,7 +10,7 @@
 namespace wynconfig::desktop {
 
 /// Dresses a message box as asked for.
-void setUp(QMessageBox& box, const MessageBox& wanted);
+void setUp(QMessageBox& box, const MessageRequest& wanted);
 /// The button of a number (see `answer`), or null.
 QAbstractButton* buttonOf(const QMessageBox& box, int number);
 /// The number of the button that closed the box.

@@ -120,7 +120,7 @@ class Desktop : public QtView {
 
     void joinThread() override { provideApplication(); }
     void showModal(Form& form) override;
-    int showMessage(const MessageBox& box) override;
+    int showMessage(const MessageRequest& box) override;
     std::string browse(const BrowseRequest& request) override;
     void raise(Form& form, bool topMost) override;
     long deviceContext(Form&) override;
@@ -234,7 +234,7 @@ void Desktop::runDialog(Dialog& dialog, const std::string& name, const Act& act)
     if (failure) std::rethrow_exception(failure);
 }
 
-int Desktop::showMessage(const MessageBox& wanted) {
+int Desktop::showMessage(const MessageRequest& wanted) {
     QMessageBox box(parentFor(wanted.owner));
     desktop::setUp(box, wanted);
     giveOwner(box);

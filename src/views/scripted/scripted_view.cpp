@@ -17,7 +17,7 @@ void ScriptedView::showModal(Form& form) {
     m_person->meet(form);
 }
 
-int ScriptedView::showMessage(const MessageBox& box) {
+int ScriptedView::showMessage(const MessageRequest& box) {
     return m_person->answerBox(box);
 }
 

@@ -53,7 +53,7 @@ struct BoxButton {
     std::wstring caption;
 };
 
-std::vector<BoxButton> buttonsOf(const MessageBox& box) {
+std::vector<BoxButton> buttonsOf(const MessageRequest& box) {
     if (asksYesNo(box.style))
         return {{answer::Yes, ownCaption(answer::Yes)}, {answer::No, ownCaption(answer::No)}};
     return {{answer::Ok,
@@ -63,7 +63,7 @@ std::vector<BoxButton> buttonsOf(const MessageBox& box) {
 /// Fills a box with its text, its icon and its buttons.
 class BoxBuilder {
   public:
-    BoxBuilder(HWND box, HFONT font, const MessageBox& wanted)
+    BoxBuilder(HWND box, HFONT font, const MessageRequest& wanted)
         : m_box(box),
           m_font(font),
           m_wanted(wanted),
@@ -85,7 +85,7 @@ class BoxBuilder {
 
     HWND m_box;
     HFONT m_font;
-    const MessageBox& m_wanted;
+    const MessageRequest& m_wanted;
     Measure m_measure;
     int m_dpi;
     int m_margin;

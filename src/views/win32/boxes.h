@@ -14,7 +14,7 @@ namespace wynconfig::native {
 
 class MessageWindow {
   public:
-    explicit MessageWindow(const MessageBox& wanted) : m_wanted(wanted) {}
+    explicit MessageWindow(const MessageRequest& wanted) : m_wanted(wanted) {}
 
     /// Shows the box until it is answered.
     /// @param cameUp  is called from the box's message loop as soon as it runs
@@ -32,7 +32,7 @@ class MessageWindow {
     void end(int number);
     int unanswered() const;
 
-    const MessageBox& m_wanted;
+    const MessageRequest& m_wanted;
     std::function<void()> m_cameUp;
     std::exception_ptr m_failure;
     std::optional<Modality> m_modality;

@@ -39,7 +39,7 @@ class NativeView : public Win32View {
 
     void joinThread() override { requireScreen(); }
     void showModal(Form& form) override;
-    int showMessage(const MessageBox& box) override;
+    int showMessage(const MessageRequest& box) override;
     std::string browse(const BrowseRequest& request) override;
     void raise(Form& form, bool topMost) override;
     long deviceContext(Form& form) override;
@@ -125,7 +125,7 @@ void NativeView::showModal(Form& form) {
     releaseContext();
 }
 
-int NativeView::showMessage(const MessageBox& wanted) {
+int NativeView::showMessage(const MessageRequest& wanted) {
     const native::OwnControls controls;
     native::MessageWindow box(wanted);
     return box.run(ownerFor(wanted.owner), isMirrored(wanted.owner),

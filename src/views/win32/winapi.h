@@ -13,5 +13,3 @@
 #include <windows.h>
 // It builds on the one before.
 #include <commctrl.h>
-
-#undef MessageBox

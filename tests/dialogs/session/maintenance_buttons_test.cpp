@@ -564,7 +564,7 @@ class OddAnswers : public ScriptedView {
     bool failing = false;
     std::vector<std::string> texts;
 
-    int showMessage(const MessageBox& box) override {
+    int showMessage(const MessageRequest& box) override {
         texts.push_back(box.text);
         if ((box.style & 0xF) != boxstyle::YesNo) return answer::Ok;
         if (failing) throw Error(errc::InvalidCall, "no box");

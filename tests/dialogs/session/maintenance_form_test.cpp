@@ -205,7 +205,7 @@ TEST_P(MaintenanceForm, OpensInEnglishWithoutAResourceManager) {
 class NoRaising : public ScriptedView {
   public:
     void raise(Form&, bool) override { throw std::runtime_error("no window"); }
-    int showMessage(const MessageBox& box) override {
+    int showMessage(const MessageRequest& box) override {
         owners.push_back(box.owner);
         return ScriptedView::showMessage(box);
     }
@@ -319,7 +319,7 @@ TEST_P(MaintenanceForm, EachMissingTextOfTheFailureBoxCostsItsOwnStatement) {
 /// A view that can show no box.
 class NoBoxes : public ScriptedView {
   public:
-    int showMessage(const MessageBox&) override {
+    int showMessage(const MessageRequest&) override {
         ++tried;
         throw std::runtime_error("no box");
     }

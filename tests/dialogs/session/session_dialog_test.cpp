@@ -33,10 +33,10 @@ class RealProgram {
 /// A view whose browse dialog fails.
 class NoBrowsing : public View {
   public:
-    std::vector<MessageBox> boxes;
+    std::vector<MessageRequest> boxes;
 
     void showModal(Form&) override {}
-    int showMessage(const MessageBox& box) override {
+    int showMessage(const MessageRequest& box) override {
         boxes.push_back(box);
         return answer::Ok;
     }
@@ -53,7 +53,7 @@ class RaisingView : public View {
     std::vector<std::pair<std::string, bool>> raised;
 
     void showModal(Form&) override {}
-    int showMessage(const MessageBox&) override { return answer::Ok; }
+    int showMessage(const MessageRequest&) override { return answer::Ok; }
     std::string browse(const BrowseRequest&) override { return {}; }
     void raise(Form& form, bool topMost) override {
         raised.emplace_back(std::string(form.name()), topMost);

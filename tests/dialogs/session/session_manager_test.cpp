@@ -335,7 +335,7 @@ TEST_P(SessionManager, ADialogThatCannotBeShownIsToldUnderOneTagByBothUses) {
     EXPECT_EQ(component.showSessionManagerDlg("A,GONE"), "");
     EXPECT_EQ(component.showConfigurableSessionManagerDlg("A,GONE"), "A") << "it was loaded";
     ASSERT_EQ(view->boxes.size(), 2U);
-    for (const MessageBox& box : view->boxes)
+    for (const MessageRequest& box : view->boxes)
         EXPECT_EQ(box.text, failureText("WYNConfig:showSessionManagerDlg", "no screen"));
 }
 
@@ -350,7 +350,7 @@ TEST_P(SessionManager, AFailureAtLoadIsToldAndTheRestOfTheLoadRuns) {
     EXPECT_EQ(form.btnOK.caption(), "{BUTTON_OK}");
     EXPECT_FALSE(form.btnAdd.visible());
     ASSERT_EQ(view->boxes.size(), 2U);
-    for (const MessageBox& box : view->boxes)
+    for (const MessageRequest& box : view->boxes)
         EXPECT_EQ(box.text, failureText("frmSessionManager:Form_Load", "no window"));
 }
 

@@ -95,7 +95,7 @@ class KeyView : public View {
         person(form);
         if (form.loaded()) userInput().closeByFrame(form);
     }
-    int showMessage(const MessageBox&) override { return answer::Ok; }
+    int showMessage(const MessageRequest&) override { return answer::Ok; }
     std::string browse(const BrowseRequest&) override { return {}; }
     void raise(Form&, bool) override {}
     long deviceContext(Form&) override { return 0; }

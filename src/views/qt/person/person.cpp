@@ -59,7 +59,7 @@ void Person::meet(FormWindow& window) {
     window.giveUp();
 }
 
-void Person::answer(QMessageBox& box, const MessageBox& shown) {
+void Person::answer(QMessageBox& box, const MessageRequest& shown) {
     const int number = boxCameUp(shown);
     bringUp(box);
     if (QAbstractButton* button = buttonOf(box, number)) {

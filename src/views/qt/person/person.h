@@ -32,7 +32,7 @@ class Person : public User {
 
     // What came up; called from the event loop of the window.
     void meet(FormWindow& window);
-    void answer(QMessageBox& box, const MessageBox& shown);
+    void answer(QMessageBox& box, const MessageRequest& shown);
     void pickPath(QFileDialog& dialog, const BrowseRequest& request);
 
     std::string formName() const override;

@@ -19,7 +19,7 @@ class WYNCONFIG_INSIDE ScriptedView::Person : public User {
 
     // What came up.
     void meet(Form& form);
-    int answerBox(const MessageBox& box) { return boxCameUp(box); }
+    int answerBox(const MessageRequest& box) { return boxCameUp(box); }
     std::string answerBrowse(const BrowseRequest& request) { return browseCameUp(request); }
 
     std::string formName() const override;

@@ -20,7 +20,7 @@ void Person::meet(FormWindow& window) {
     window.giveUp();
 }
 
-void Person::answer(const MessageWindow& box, const MessageBox& shown) {
+void Person::answer(const MessageWindow& box, const MessageRequest& shown) {
     const int number = boxCameUp(shown);
     if (const HWND button = box.button(number)) {
         ::SendMessageW(button, BM_CLICK, 0, 0);

@@ -20,7 +20,7 @@ class Person : public User {
 
     // What came up; called from the message loop of the window.
     void meet(FormWindow& window);
-    void answer(const MessageWindow& box, const MessageBox& shown);
+    void answer(const MessageWindow& box, const MessageRequest& shown);
     void pickPath(Browsing& dialog, const BrowseRequest& request);
 
     std::string formName() const override;
