@@ -412,6 +412,7 @@ TEST_P(FormatWalkers, AFlushThatFailsIsToldOnceAndLeavesEverySessionAsItWas) {
     EXPECT_EQ(formatsOf("A"), (Names{"NEW"})) << "the next walk goes through";
 }
 
+#ifndef _WIN32  // where no folder goes while a file in it is open
 TEST_P(FormatWalkers, EarlierSessionsThatVanishWithTheFolderAreToldAtTheEnd) {
     const TemporaryFolder folder;
     const auto real = makeRealFileSystem();
@@ -433,6 +434,7 @@ TEST_P(FormatWalkers, EarlierSessionsThatVanishWithTheFolderAreToldAtTheEnd) {
     EXPECT_FALSE(std::filesystem::exists(folder.path()));
     setFileSystem(&disk);
 }
+#endif
 
 TEST_P(FormatWalkers, AStoreFolderThatVanishesDuringTheWalkIsToldFileByFile) {
     const TemporaryFolder folder;
