@@ -121,6 +121,7 @@ struct Room {
 
 const std::vector<Room> kRooms{
     {"platform/text", {}, {}},
+    {"platform/threads", {}, {}},
     {"platform/files", {"platform/text"}, {Foreign::System}},
     {"platform/records", {"platform/text", "platform/files"}, {Foreign::Xml}},
     {"platform/forms", {"platform/text"}, {}},
