@@ -66,6 +66,19 @@ class RunTests(unittest.TestCase):
         self.assertEqual((code, last), (1, "0 passed, 1 failed"))
         self.assertIn("why it skips", self.told_of(output, "Sample.Skips"))
 
+    def test_counts_a_skipped_case_that_may_skip_by_itself(self):
+        self.add_sample("Sample.Passes*:Sample.Skips")
+        code, output, last = self.run_all("--may-skip", r"^Sample\.Skips$")
+        self.assertEqual((code, last), (0, "2 passed, 0 failed, 1 skipped"))
+        self.assertIn("skipped: Sample.Skips", output)
+        code, output, last = self.run_all("--may-skip", r"^Sample\.Fails$")
+        self.assertEqual((code, last), (1, "2 passed, 1 failed"))
+
+    def test_takes_no_failed_case_for_a_skipped_one(self):
+        self.add_sample("Sample.Fails")
+        code, output, last = self.run_all("--may-skip", ".")
+        self.assertEqual((code, last), (1, "0 passed, 1 failed"))
+
     def test_loses_no_case_behind_one_that_crashes(self):
         self.add_sample("Sample.Passes*:Sample.Crashes:Sample.Leaves")
         for seed in range(1, 7):
