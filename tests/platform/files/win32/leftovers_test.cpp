@@ -111,8 +111,10 @@ class OtherProgram {
         program.resize(::GetModuleFileNameW(nullptr, program.data(), MAX_PATH));
         std::wstring line = L"\"" + program + L"\" --gtest_filter=WindowsOtherProgram.*";
         ::SetEnvironmentVariableA(kFolderOfTheOther, folder.c_str());
+        // What it says is not for whoever reads what this one says.
         STARTUPINFOW how{};
         how.cb = sizeof how;
+        how.dwFlags = STARTF_USESTDHANDLES;
         EXPECT_TRUE(::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0,
                                      nullptr, nullptr, &how, &m_process));
         ::SetEnvironmentVariableA(kFolderOfTheOther, nullptr);
