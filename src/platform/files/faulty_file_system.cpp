@@ -103,8 +103,8 @@ void FaultyFileSystem::stageFile(const std::string& path, std::string_view conte
     if (!m_stagedFolder) m_stagedFolder = ItemPath::of(path).folder;
 }
 
-void FaultyFileSystem::unstageFile(const std::string& path) {
-    m_wrapped.unstageFile(path);
+std::function<void()> FaultyFileSystem::unstaging(const std::string& path) {
+    return m_wrapped.unstaging(path);
 }
 
 void FaultyFileSystem::commitStaged(const MayReplace& mayReplace) {

@@ -61,7 +61,7 @@ class FaultyFileSystem : public FileSystem {
     void replaceFile(const std::string& path, std::string_view content) override;
     void removeFile(const std::string& path) override;
     void stageFile(const std::string& path, std::string_view content) override;
-    void unstageFile(const std::string& path) override;
+    std::function<void()> unstaging(const std::string& path) override;
     void commitStaged(const MayReplace& mayReplace) override;
     void discardStaged() noexcept override;
 

@@ -172,16 +172,19 @@ void FileSystem::saveExactly(const std::string& path, std::string_view content) 
 void FileSystem::remove(const ItemPath& path) {
     const auto place = placeOf(path);
     if (!place) throw notFound(path.text());
-    const std::string name =
+    std::string name =
         nameOnDisk(place->folder, place->name, &FileSystem::isPlainFile, Trust::Settled);
-    if (name.empty()) {
-        const std::string staged = newFileName(*place);
-        if (staged.empty()) throw notFound(join(place->folder, place->name));
-        return takeBack(*place, staged);
-    }
-    const bool current = hasCurrentIndex(place->folder);
-    removeFile(join(place->folder, name));
-    if (m_inBatch) takeBack(*place, name);
+    const bool isOnDisk = !name.empty();
+    if (!isOnDisk) name = newFileName(*place);
+    if (name.empty()) throw notFound(join(place->folder, place->name));
+    const std::string file = join(place->folder, name);
+    const std::array<std::string, 3> newFile{place->folder, UCase(name), name};
+    const std::function<void()> unstage = unstaging(file);
+    const bool current = isOnDisk && hasCurrentIndex(place->folder);
+    if (isOnDisk) removeFile(file);
+    // From here on nothing fails.
+    unstage();
+    m_newFiles.erase(newFile);
     if (current) updateIndex(place->folder, name, false);
 }
 
@@ -391,12 +394,6 @@ std::string FileSystem::newFileName(const Place& place) const {
     const bool found =
         staged != m_newFiles.end() && (*staged)[0] == place.folder && (*staged)[1] == key;
     return found ? (*staged)[2] : std::string{};
-}
-
-/// Forgets what the open batch was to save under a name.
-void FileSystem::takeBack(const Place& place, const std::string& name) {
-    unstageFile(join(place.folder, name));
-    m_newFiles.erase({place.folder, UCase(name), name});
 }
 
 bool FileSystem::isThere(const std::string& path) {

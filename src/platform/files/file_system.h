@@ -149,8 +149,9 @@ class FileSystem {
     /// Prepares what `replaceFile` would do, beside the old file, in place of what was prepared for
     /// that file before. Raises what can be told by now.
     virtual void stageFile(const std::string& path, std::string_view content) = 0;
-    /// Forgets what was prepared for a file, if anything was.
-    virtual void unstageFile(const std::string& path) = 0;
+    /// Gives what forgets what was prepared for a file, if anything was. That takes no memory and
+    /// never fails.
+    virtual std::function<void()> unstaging(const std::string& path) = 0;
     /// Puts all that was prepared and may replace the old files in place, or none of it when it
     /// can't be made safe first. Raises the first failure at the end; nothing stays prepared in any
     /// case.
@@ -207,7 +208,6 @@ class FileSystem {
     std::string causeOfNoFolder(const std::string& folder, const char* usual);
     bool isThere(const std::string& path);
     std::string newFileName(const Place& place) const;
-    void takeBack(const Place& place, const std::string& name);
     std::string readInBatch(const ItemPath& path, const std::string& file);
     bool isAsRead(const std::string& file, const FileRead& read);
     void beginBatch();

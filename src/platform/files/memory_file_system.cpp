@@ -136,7 +136,9 @@ class MemoryFileSystem : public FileSystem {
         m_staged.insert_or_assign(keyOf(path), std::string{content});
     }
 
-    void unstageFile(const std::string& path) override { m_staged.erase(keyOf(path)); }
+    std::function<void()> unstaging(const std::string& path) override {
+        return [this, key = keyOf(path)] { m_staged.erase(key); };
+    }
 
     void commitStaged(const MayReplace& mayReplace) override {
         std::optional<Error> first;

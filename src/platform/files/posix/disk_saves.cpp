@@ -10,11 +10,11 @@ namespace {
 
 /// A path cut before the file's own name; the folder keeps its separator.
 struct PathParts {
-    std::string folder;
-    std::string name;
+    std::string_view folder;
+    std::string_view name;
 };
 
-PathParts partsOf(const std::string& path) {
+PathParts partsOf(std::string_view path) {
     const std::size_t cut = path.rfind('/') + 1;
     return {path.substr(0, cut), path.substr(cut)};
 }
@@ -56,13 +56,14 @@ void checkWritable(const OpenFolder& folder, const std::string& name, const stru
 /// its folder, and what it led to is no concern of a save, be it writable or not.
 Target targetOf(SaveFolders& folders, const std::string& path) {
     const PathParts parts = partsOf(path);
-    SaveFolder& folder = folders.at(parts.folder);
-    const std::optional<struct stat> status = statusOf(folder.open(), parts.name);
-    if (!status || S_ISLNK(status->st_mode)) return {folder, parts.name, std::nullopt};
+    SaveFolder& folder = folders.at(std::string{parts.folder});
+    std::string name{parts.name};
+    const std::optional<struct stat> status = statusOf(folder.open(), name);
+    if (!status || S_ISLNK(status->st_mode)) return {folder, std::move(name), std::nullopt};
     if (S_ISDIR(status->st_mode)) throw SystemFailure{EISDIR};
     if (!S_ISREG(status->st_mode)) throw SystemFailure{EINVAL};
-    checkWritable(folder.open(), parts.name, *status);
-    return {folder, parts.name, ownershipOf(*status)};
+    checkWritable(folder.open(), name, *status);
+    return {folder, std::move(name), ownershipOf(*status)};
 }
 
 /// The mode of a new file, less what the user's mask takes away.
@@ -208,7 +209,7 @@ void SaveFolder::stage(const std::string& name, const std::optional<Ownership>& 
     }
 }
 
-void SaveFolder::unstage(const std::string& name) {
+void SaveFolder::unstage(std::string_view name) noexcept {
     const auto staged = m_staged.find(name);
     if (staged == m_staged.end()) return;
     m_folder.remove(staged->second.temporary);
@@ -255,7 +256,7 @@ SaveFolder& SaveFolders::at(const std::string& path) {
     return *(m_byPath[path] = m_folders.back().get());
 }
 
-SaveFolder* SaveFolders::known(const std::string& path) const {
+SaveFolder* SaveFolders::known(std::string_view path) const noexcept {
     const auto known = m_byPath.find(path);
     return known == m_byPath.end() ? nullptr : known->second;
 }
@@ -297,7 +298,7 @@ void DiskSaves::stage(const std::string& path, std::string_view content) {
     }
 }
 
-void DiskSaves::unstage(const std::string& path) {
+void DiskSaves::unstage(std::string_view path) noexcept {
     const PathParts parts = partsOf(path);
     SaveFolder* folder = m_batch ? m_batch->known(parts.folder) : nullptr;
     if (folder) folder->unstage(parts.name);

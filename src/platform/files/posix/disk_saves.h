@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -77,7 +78,8 @@ class SaveFolder {
     /// @param old  what is to be kept of the old file, if there is one.
     void stage(const std::string& name, const std::optional<Ownership>& old,
                std::string_view content);
-    void unstage(const std::string& name);
+    /// Forgets the temporary of a file, if it has one. Never raises.
+    void unstage(std::string_view name) noexcept;
     /// Puts all temporaries that may be in place and brings the names to the disk. Their bytes must
     /// be there by then. Tries all files, and keeps the first failure.
     void publish(const MayReplace& mayReplace, std::optional<SaveFailure>& first);
@@ -92,11 +94,11 @@ class SaveFolder {
     std::string m_path;
     OpenFolder m_folder;
     bool m_isClean;
-    std::optional<LockedTemporary> m_mark;   ///< by its lock the temporaries live
-    std::map<std::string, Staged> m_staged;  ///< by the file's name
-    std::optional<Ownership> m_new;          ///< that of the mark, as new files of the folder have
-    std::optional<Ownership> m_asMade;       ///< one that new files of the folder get as asked
-    unsigned m_last = 0;                     ///< number of the temporary made last
+    std::optional<LockedTemporary> m_mark;                ///< by its lock the temporaries live
+    std::map<std::string, Staged, std::less<>> m_staged;  ///< by the file's name
+    std::optional<Ownership> m_new;     ///< that of the mark, as new files of the folder have
+    std::optional<Ownership> m_asMade;  ///< one that new files of the folder get as asked
+    unsigned m_last = 0;                ///< number of the temporary made last
 };
 
 /// The folders in which files are being saved, each opened once.
@@ -107,7 +109,7 @@ class SaveFolders {
     /// Raises `SystemFailure` when it can't be opened.
     SaveFolder& at(const std::string& path);
     /// Null for one that `at` was never asked for.
-    SaveFolder* known(const std::string& path) const;
+    SaveFolder* known(std::string_view path) const noexcept;
     /// In the order in which they were opened.
     const std::vector<std::unique_ptr<SaveFolder>>& all() const { return m_folders; }
 
@@ -115,7 +117,8 @@ class SaveFolders {
     CleanFolders& m_cleanFolders;
     CleanFolders::When m_when;
     std::vector<std::unique_ptr<SaveFolder>> m_folders;
-    std::map<std::string, SaveFolder*> m_byPath;  ///< a folder may go by several paths
+    /// A folder may go by several paths.
+    std::map<std::string, SaveFolder*, std::less<>> m_byPath;
 };
 
 /// Saves files one at a time or in batches. Everything raises `SaveFailure`.
@@ -125,7 +128,8 @@ class DiskSaves {
 
     /// Writes the temporary of a file, in place of the one that was written for it before.
     void stage(const std::string& path, std::string_view content);
-    void unstage(const std::string& path);
+    /// Forgets what is staged for a file, if anything is. Never raises.
+    void unstage(std::string_view path) noexcept;
     /// Puts all that is staged and may be in place. When the temporaries can't be brought to the
     /// disk, nothing is changed.
     void commit(const MayReplace& mayReplace);

@@ -170,7 +170,9 @@ class RealFileSystem : public FileSystem {
     void stageFile(const std::string& path, std::string_view content) override {
         told([&] { m_saves.stage(path, content); });
     }
-    void unstageFile(const std::string& path) override { m_saves.unstage(path); }
+    std::function<void()> unstaging(const std::string& path) override {
+        return [this, path] { m_saves.unstage(path); };
+    }
     void commitStaged(const MayReplace& mayReplace) override {
         told([&] { m_saves.commit(mayReplace); });
     }

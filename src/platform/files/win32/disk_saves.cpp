@@ -2,6 +2,7 @@
 #include "platform/files/win32/disk_saves.h"
 
 #include <algorithm>
+#include <new>
 
 namespace wynconfig {
 
@@ -12,11 +13,11 @@ using What = SaveFailure::What;
 
 /// A path cut before the file's own name; the folder keeps its separator.
 struct PathParts {
-    std::string folder;
-    std::string name;
+    std::string_view folder;
+    std::string_view name;
 };
 
-PathParts partsOf(const std::string& path) {
+PathParts partsOf(std::string_view path) {
     const std::size_t cut = path.find_last_of("/\\") + 1;
     return {path.substr(0, cut), path.substr(cut)};
 }
@@ -143,7 +144,7 @@ void SaveFolder::write(const std::wstring& temporary, std::string_view content, 
     file.close();
 }
 
-void SaveFolder::unstage(const std::string& name) {
+void SaveFolder::unstage(std::string_view name) noexcept {
     const auto staged = m_staged.find(name);
     if (staged == m_staged.end()) return;
     discard(staged->second);
@@ -207,13 +208,15 @@ void SaveFolder::flushNames(std::optional<SaveFailure>& first) const {
     }
 }
 
-void SaveFolder::discard(unsigned number) const {
-    const std::wstring temporary = m_mark->follower(number);
+void SaveFolder::discard(unsigned number) const noexcept {
     try {
+        const std::wstring temporary = m_mark->follower(number);
         Patience patience;
         patience.attempt([&] { return ::DeleteFileW(temporary.c_str()); }, meansSharedOrDenied);
     } catch (const SystemFailure&) {
         // It is cleaned away by a later save.
+    } catch (const std::bad_alloc&) {
+        // Likewise.
     }
 }
 
@@ -232,7 +235,7 @@ SaveFolder& SaveFolders::at(const std::string& path) {
     return *(m_byPath[path] = m_folders.back().get());
 }
 
-SaveFolder* SaveFolders::known(const std::string& path) const {
+SaveFolder* SaveFolders::known(std::string_view path) const noexcept {
     const auto known = m_byPath.find(path);
     return known == m_byPath.end() ? nullptr : known->second;
 }
@@ -248,8 +251,8 @@ void DiskSaves::save(const std::string& path, std::string_view content) {
     try {
         SaveFolders folders{m_cleanFolders, CleanFolders::When::Changed};
         const PathParts parts = partsOf(path);
-        SaveFolder& folder = folders.at(parts.folder);
-        folder.stage(parts.name, content, SaveFolder::Flush::Each);
+        SaveFolder& folder = folders.at(std::string{parts.folder});
+        folder.stage(std::string{parts.name}, content, SaveFolder::Flush::Each);
         publish(
             folder, [](const std::string&) { return true; }, first);
     } catch (const SystemFailure& failure) {
@@ -264,13 +267,14 @@ void DiskSaves::stage(const std::string& path, std::string_view content) {
             m_batch = std::make_unique<SaveFolders>(m_cleanFolders, CleanFolders::When::Always);
         }
         const PathParts parts = partsOf(path);
-        m_batch->at(parts.folder).stage(parts.name, content, SaveFolder::Flush::Together);
+        m_batch->at(std::string{parts.folder})
+            .stage(std::string{parts.name}, content, SaveFolder::Flush::Together);
     } catch (const SystemFailure& failure) {
         throw failureOf(Of::File, path, What::NotWritten, failure);
     }
 }
 
-void DiskSaves::unstage(const std::string& path) {
+void DiskSaves::unstage(std::string_view path) noexcept {
     const PathParts parts = partsOf(path);
     SaveFolder* folder = m_batch ? m_batch->known(parts.folder) : nullptr;
     if (folder) folder->unstage(parts.name);

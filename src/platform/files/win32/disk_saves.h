@@ -3,6 +3,7 @@
 // file at a time, or many with one sync of the disk for all of them.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -67,7 +68,8 @@ class SaveFolder {
     /// Writes the temporary of a file, in place of the one that it has. Raises `SystemFailure`; the
     /// former temporary then stands.
     void stage(const std::string& name, std::string_view content, Flush when);
-    void unstage(const std::string& name);
+    /// Forgets the temporary of a file, if it has one. Never raises.
+    void unstage(std::string_view name) noexcept;
     /// Brings to the disk what was staged to be flushed together. Raises `SystemFailure`.
     void flush() const;
     /// Puts all temporaries that may be in place and brings the names to the disk. Their bytes must
@@ -79,15 +81,16 @@ class SaveFolder {
     void replace(const std::string& name, unsigned number, Patience& patience) const;
     void flushNames(std::optional<SaveFailure>& first) const;
     std::wstring fileAt(const std::string& name) const { return m_native + nativeName(name); }
-    void discard(unsigned number) const;
+    void discard(unsigned number) const noexcept;
 
     std::string m_path;
     std::wstring m_native;
     Identity m_identity;
     bool m_isClean;
-    std::optional<Mark> m_mark;                ///< by which the temporaries live
-    std::map<std::string, unsigned> m_staged;  ///< number of the temporary by the file's name
-    unsigned m_last = 0;                       ///< number of the temporary made last
+    std::optional<Mark> m_mark;  ///< by which the temporaries live
+    /// The number of the temporary by the file's name.
+    std::map<std::string, unsigned, std::less<>> m_staged;
+    unsigned m_last = 0;  ///< number of the temporary made last
 };
 
 /// The folders in which files are being saved, each looked at once.
@@ -98,7 +101,7 @@ class SaveFolders {
     /// Raises `SystemFailure` when it can't be used.
     SaveFolder& at(const std::string& path);
     /// Null for one that `at` was never asked for.
-    SaveFolder* known(const std::string& path) const;
+    SaveFolder* known(std::string_view path) const noexcept;
     /// In the order in which they were asked for.
     const std::vector<std::unique_ptr<SaveFolder>>& all() const { return m_folders; }
 
@@ -106,7 +109,8 @@ class SaveFolders {
     CleanFolders& m_cleanFolders;
     CleanFolders::When m_when;
     std::vector<std::unique_ptr<SaveFolder>> m_folders;
-    std::map<std::string, SaveFolder*> m_byPath;  ///< a folder may go by several paths
+    /// A folder may go by several paths.
+    std::map<std::string, SaveFolder*, std::less<>> m_byPath;
 };
 
 /// Saves files one at a time or in batches. Everything raises `SaveFailure`.
@@ -116,7 +120,8 @@ class DiskSaves {
 
     /// Writes the temporary of a file, in place of the one that was written for it before.
     void stage(const std::string& path, std::string_view content);
-    void unstage(const std::string& path);
+    /// Forgets what is staged for a file, if anything is. Never raises.
+    void unstage(std::string_view path) noexcept;
     /// Puts all that is staged and may be in place. When the temporaries can't be brought to the
     /// disk, nothing is changed.
     void commit(const MayReplace& mayReplace);

@@ -374,5 +374,27 @@ TEST_P(EachBatch, GoesOnWithoutTheFilesThatFail) {
     EXPECT_GT(failEachAllocationOf(GetParam(), kTree, run, check), 20);
 }
 
+TEST_P(EachBatch, TakesBackWhatItRemovesOrRemovesNothing) {
+    bool isRemoved = false;
+    const auto run = [&](TriedStore& store) {
+        isRemoved = false;
+        SaveBatch batch{store.files()};
+        store.files().save(store.at(kFirst), kNewText);
+        try {
+            store.files().remove(store.at(UCase(kFirst)));
+            isRemoved = true;
+        } catch (const std::bad_alloc&) {
+            memoryOfThread().untilFailure = Memory::kNever;
+        }
+        batch.commit();
+    };
+    const auto check = [&](TriedStore& store, Outcome outcome) {
+        const bool isSaved = !isRemoved && outcome != Outcome::Raised;
+        const Tree kept = isSaved ? treeWith(kTree, kFirst, kNewText) : kTree;
+        EXPECT_EQ(store.tree(), isRemoved ? treeWithout(kTree, kFirst) : kept);
+    };
+    EXPECT_GT(failEachAllocationOf(GetParam(), kTree, run, check), 10);
+}
+
 }  // namespace
 }  // namespace wynconfig
