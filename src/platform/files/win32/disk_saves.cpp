@@ -108,6 +108,8 @@ void CleanFolders::note(const std::wstring& folder, bool isClean) {
         if (identity.changed != 0) m_clean.emplace(folder, identity);
     } catch (const SystemFailure&) {
         // Not noted, it is looked through next time; the save itself is done.
+    } catch (const std::bad_alloc&) {
+        // Likewise.
     }
 }
 
@@ -121,12 +123,13 @@ void SaveFolder::stage(const std::string& name, std::string_view content, Flush 
     const unsigned number = ++m_last;
     try {
         write(m_mark->follower(number), content, kept, when);
+        const auto [former, isNew] = m_staged.try_emplace(name, number);
+        // From here on nothing fails.
+        if (!isNew) discard(std::exchange(former->second, number));
     } catch (...) {
         discard(number);
         throw;
     }
-    const auto [former, isNew] = m_staged.try_emplace(name, number);
-    if (!isNew) discard(std::exchange(former->second, number));
 }
 
 void SaveFolder::write(const std::wstring& temporary, std::string_view content, DWORD kept,
