@@ -3,6 +3,7 @@
 
 #include <dirent.h>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <ctime>
 #include <string>
 #include <string_view>
 
@@ -67,6 +69,7 @@ extern "C" dirent* readdir(DIR* folder) {
 extern "C" ssize_t write(int file, const void* bytes, size_t size) {
     wynconfig::SaveCalls& calls = wynconfig::saveCalls;
     ++calls.writes;
+    calls.written = file;
     calls.beforeWrite();
     if (!calls.breakUpWrites) return syscall(SYS_write, file, bytes, size);
     if (calls.writes % 2 == 1) {
@@ -74,6 +77,16 @@ extern "C" ssize_t write(int file, const void* bytes, size_t size) {
         return -1;
     }
     return syscall(SYS_write, file, bytes, std::min<size_t>(size, 7));
+}
+
+extern "C" int close(int file) {
+    wynconfig::SaveCalls& calls = wynconfig::saveCalls;
+    const int result = static_cast<int>(syscall(SYS_close, file));
+    if (file != calls.written) return result;
+    calls.written = -1;
+    if (calls.closeError == 0) return result;
+    errno = calls.closeError;
+    return -1;
 }
 
 extern "C" int flock(int file, int operation) noexcept {
@@ -109,4 +122,18 @@ extern "C" int fstatat(int folder, const char* name, struct stat* info, int flag
         return -1;
     }
     return static_cast<int>(syscall(SYS_newfstatat, folder, name, info, flags));
+}
+
+extern "C" int stat(const char* path, struct stat* info) noexcept {
+    const int result = static_cast<int>(syscall(SYS_newfstatat, AT_FDCWD, path, info, 0));
+    if (result == 0 && wynconfig::saveCalls.changed) info->st_ctim = *wynconfig::saveCalls.changed;
+    return result;
+}
+
+extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
+    if (clock == CLOCK_REALTIME && wynconfig::saveCalls.now) {
+        *time = *wynconfig::saveCalls.now;
+        return 0;
+    }
+    return static_cast<int>(syscall(SYS_clock_gettime, clock, time));
 }

@@ -2,7 +2,9 @@
 // of them. A test program that has save_calls.cpp makes all of these calls through it.
 #pragma once
 
+#include <ctime>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +20,10 @@ struct SaveCalls {
     int lockError = 0;            ///< every lock fails like this; 0: none
     int modeError = 0;            ///< no file gets another mode, but fails like this; 0: each does
     bool breakUpWrites = false;   ///< every other write is broken off, the others take 7 bytes
+    int closeError = 0;           ///< the file written last is closed, but fails like this; 0: none
+    int written = -1;             ///< number of the file written last, until it is closed
+    std::optional<timespec> now;  ///< the time of day, in place of the system's
+    std::optional<timespec> changed;  ///< when every file and folder changed last, for `stat`
     int syncs = 0;
     int renames = 0;
     int writes = 0;

@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <optional>
@@ -124,6 +125,22 @@ TEST_F(DiskBatch, goesOnBehindAFullDisk) {
     EXPECT_EQ(names(), (std::set<std::string>{"A.vla", "B.vla", "C.vla"}));
 }
 
+TEST_F(DiskBatch, tellsOfAWriteThatFailsWhenItsFileIsClosed) {
+    for (const char* name : {"A.vla", "B.vla", "C.vla"}) put(name, "old");
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), "new");
+    saveCalls.closeError = EDQUOT;
+    const Error error = raisedBy([&] { files->save(at("B.vla"), "new"); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_EQ(error.description(),
+              "The file " + root + "B.vla can't be written: Disk quota exceeded.");
+    saveCalls.closeError = EINTR;  // the file is closed, and nothing lost
+    files->save(at("C.vla"), "new");
+    batch.commit();
+    EXPECT_EQ(contentOf("A.vla") + contentOf("B.vla") + contentOf("C.vla"), "newoldnew");
+    EXPECT_EQ(names(), (std::set<std::string>{"A.vla", "B.vla", "C.vla"}));
+}
+
 TEST_F(DiskBatch, needsFewDescriptors) {
     saveCalls.skipSync = true;
     rlimit before{};
@@ -177,6 +194,24 @@ TEST_F(DiskBatch, keepsModeBits) {
         umask(before);
         for (const auto& [name, mode] : modes) EXPECT_EQ(modeOf(name), mode) << name;
         EXPECT_EQ(modeOf("N" + std::to_string(mask) + ".vla"), 0666U & ~mask);
+    }
+}
+
+TEST_F(DiskBatch, makesFilesWithTheirMode) {
+    // To give it to them afterwards would be one call more for each file.
+    for (const char* name : {"A.vla", "B.vla"}) {
+        put(name, "old");
+        fs::permissions(root + name, fs::perms{0640});
+    }
+    saveCalls.modeError = EIO;
+    const mode_t mask = umask(0);
+    SaveBatch batch{*files};
+    for (const char* name : {"A.vla", "B.vla"}) files->save(at(name), "new");
+    batch.commit();
+    umask(mask);
+    for (const char* name : {"A.vla", "B.vla"}) {
+        EXPECT_EQ(contentOf(name), "new");
+        EXPECT_EQ(modeOf(name), 0640U);
     }
 }
 

@@ -158,9 +158,11 @@ TEST_F(Owners, keepWhatRunsInTheirNameForThemselves) {
 
 TEST_F(Owners, letNobodyElseInMeanwhile) {
     for (const char* name : {"A.vla", "B.vla"}) putOwned(name, 0666);
+    putOwned("C.vla", 0666, geteuid(), kShared);
+    putOwned("D.vla", 0666, kOwner, getegid());
     files->save(at("A.vla"), "new");
-    saveAll({"A.vla", "B.vla"});
-    EXPECT_EQ(saveCalls.modesBeforeOwners, (std::vector<unsigned>{0600, 0600, 0600}));
+    saveAll({"A.vla", "B.vla", "C.vla", "D.vla"});
+    EXPECT_EQ(saveCalls.modesBeforeOwners, std::vector<unsigned>(5, 0600));
 }
 
 TEST_F(Owners, areNotToldOfWhereSomethingWorseHappens) {

@@ -284,6 +284,22 @@ TEST_F(Disk, takesNoFolderForEmptyThatItCantOpen) {
     EXPECT_EQ(names(), std::set<std::string>{"A.vla"});
 }
 
+TEST_F(Disk, trustsATimeThatTheClockHasLeftBehind) {
+    Stranger stranger{*files};
+    const auto isSettled = [&](timespec changed, timespec now) {
+        saveCalls.changed = changed;
+        saveCalls.now = now;
+        return stranger.isSettled(folder.path());
+    };
+    EXPECT_FALSE(isSettled({1000, 5}, {1000, 20'000'004}));
+    EXPECT_TRUE(isSettled({1000, 5}, {1000, 20'000'005}));
+    EXPECT_FALSE(isSettled({1000, 999'999'999}, {1001, 19'999'998}));
+    EXPECT_TRUE(isSettled({1000, 999'999'999}, {1001, 19'999'999}));
+    // Where no part of a second is kept, the next one may bear the same time.
+    EXPECT_FALSE(isSettled({1000, 0}, {1002, 19'999'999}));
+    EXPECT_TRUE(isSettled({1000, 0}, {1002, 20'000'000}));
+}
+
 TEST_F(Disk, takesNoFolderForListedWhoseDiskFails) {
     put("A.vla", "x");
     saveCalls.failingListing = true;

@@ -216,6 +216,8 @@ TEST_F(Leftovers, areNotWhatMerelyLooksAlike) {
                              ".wyn-12345678901-0123abcd-1.tmp",
                              ".wyn-a-0123abcd-1.tmp",
                              ".wyn--0123abcd-1.tmp",
+                             ".wyn-123abcdef01-1.tmp",
+                             ".wyn-123-0123abcd1.tmp",
                              ".wyn-123-0123abcd-01.tmp",
                              ".wyn-123-0123abcd-0.tmp",
                              ".wyn-123-0123abcd-1-.tmp",
@@ -370,6 +372,21 @@ TEST_F(Leftovers, thatNobodyCanTellOfAreLeftAlone) {
     save("A.vla");
     saveCalls.unseenName.clear();
     EXPECT_EQ(names(), (NameSet{".wyn-123-0123abcd-1-1.tmp", "A.vla"}));
+    save("A.vla");
+    EXPECT_EQ(names(), NameSet{"A.vla"});
+}
+
+TEST_F(Leftovers, ofALeaderThatNobodyCanTellOfAreLeftAlone) {
+    const NameSet left = {".wyn-123-0123abcd-1.tmp", ".wyn-123-0123abcd-1-1.tmp",
+                          ".wyn-123-0123abcd-1-2.tmp"};
+    for (const std::string& name : left) put(name, "left behind");
+    saveCalls.unseenName = ".wyn-123-0123abcd-1.tmp";
+    save("A.vla");
+    saveInBatch("A.vla");
+    saveCalls.unseenName.clear();
+    NameSet expected = left;
+    expected.insert("A.vla");
+    EXPECT_EQ(names(), expected);
     save("A.vla");
     EXPECT_EQ(names(), NameSet{"A.vla"});
 }
