@@ -216,6 +216,8 @@ TEST_F(Leftovers, areNotWhatMerelyLooksAlike) {
                              ".wyn-12345678901-0123abcd-1.tmp",
                              ".wyn-a-0123abcd-1.tmp",
                              ".wyn--0123abcd-1.tmp",
+                             ".wyn-123--1.tmp",
+                             ".wyn-123--12345678.tmp",
                              ".wyn-123abcdef01-1.tmp",
                              ".wyn-123-0123abcd1.tmp",
                              ".wyn-123-0123abcd-01.tmp",
