@@ -444,12 +444,13 @@ class CoarseClock : public FaultyFileSystem {
     using FaultyFileSystem::FaultyFileSystem;
     std::int64_t time = 1;
     bool settled = false;
+    bool tellsTime = true;
     std::function<void()> duringSave = [] {};
 
   protected:
     bool stampOf(const std::string& folder, Stamp& stamp) override {
-        stamp = {time, settled};
-        return isFolder(folder);
+        if (tellsTime) stamp = {time, settled};
+        return tellsTime && isFolder(folder);
     }
     void replaceFile(const std::string& path, std::string_view content) override {
         FaultyFileSystem::replaceFile(path, content);
@@ -499,6 +500,22 @@ TEST_F(UnderACoarseClock, seesWhatOthersDidDuringOurOwnSave) {
     };
     files.save({"", "OWN.vla"}, "x");
     EXPECT_EQ(files.find({"", "A.VLA"}), "a.vla");
+}
+
+TEST_F(UnderACoarseClock, readsAFolderEachTimeWhoseTimeNobodyTells) {
+    files.tellsTime = false;
+    EXPECT_EQ(files.find({"", "A.VLA"}), "");
+    stranger.write("a.vla", "x");
+    EXPECT_EQ(files.find({"", "A.VLA"}), "a.vla");
+    files.save({"", "Own.vla"}, "x");
+    files.save({"", "OWN.vla"}, "y");
+    EXPECT_EQ(memory->listItems(""), (Names{"a.vla", "Own.vla"}));
+    EXPECT_EQ(files.find({"none\\", "OWN.vla"}), "");
+    stranger.write("b.vla", "x");
+    files.tellsTime = true;
+    files.settled = true;
+    files.time = 0;  // what was read without a time is not of this one
+    EXPECT_EQ(files.find({"", "B.VLA"}), "b.vla");
 }
 
 TEST_F(UnderACoarseClock, savesNewFilesByTheIndexAtHand) {

@@ -1,8 +1,10 @@
 // Saving many files in a batch: what is to be seen meanwhile, and what a failure leaves behind.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "platform/files/faulty_file_system.h"
 #include "platform/files/file_system.h"
@@ -219,6 +221,26 @@ TEST_P(Batch, knowsNothingOfTheOneBefore) {
     EXPECT_EQ(stranger->readExactly(root + "Sub/A.vla"), "first");
     EXPECT_EQ(stranger->readExactly(root + "SUB/A.vla"), "second");
     EXPECT_EQ(stranger->readExactly(root + "other.vla"), "second");
+}
+
+TEST_P(Batch, removesWhatOthersMadeMeanwhile) {
+    SaveBatch batch{*files};
+    files->save(at("NEW.vla"), "new");  // by now the batch knows the folder's names
+    stranger->write(root + "Other.vla", "foreign");
+    files->remove(at("OTHER.vla"));
+    batch.commit();
+    EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "C.vla", "NEW.vla"}));
+}
+
+TEST_P(Batch, leavesNoNamesBehindThatASaveGoesBy) {
+    SaveBatch batch{*files};
+    files->save(at("NEW.vla"), "new");
+    batch.commit();
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));  // so that the clock has moved on
+    stranger->write(root + "Other.vla", "foreign");
+    files->save(at("OTHER.vla"), "own");
+    EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "C.vla", "NEW.vla", "Other.vla"}));
+    EXPECT_EQ(contents({"Other.vla"}), "own ");
 }
 
 TEST_P(Batch, isTakenBackByRemoving) {
