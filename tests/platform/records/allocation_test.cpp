@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/files/file_system.h"
 #include "platform/records/record_xml.h"
@@ -39,6 +40,27 @@ long failEachAllocation(const std::function<void()>& statement,
             if (::testing::Test::HasFailure() || behind > 10'000) return behind;
         }
     }
+}
+
+/// How many allocations the question takes whether a text is well-formed.
+long allocationsFor(const std::string& xml) {
+    isWellFormed("<");
+    Memory& memory = memoryOfThread();
+    constexpr long many = 1'000'000;
+    memory.untilFailure = many;
+    isWellFormed(xml);
+    return many - std::exchange(memory.untilFailure, Memory::kNever);
+}
+
+TEST(MemoryOfAText, IsTakenForNoDeclarationOfADocumentType) {
+    std::string declarations;
+    for (int i = 0; i < 1000; ++i)
+        declarations += "<!ENTITY name" + std::to_string(i) + " \"value\">";
+    const std::string start = "<!DOCTYPE dataset [";
+    const std::string end = "]><dataset/>";
+    const long none = allocationsFor(start + end);
+    EXPECT_GT(none, 0);
+    EXPECT_EQ(allocationsFor(start + declarations + end), none);
 }
 
 /// Longer than what a string has room for in itself.

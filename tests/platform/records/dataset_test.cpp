@@ -421,6 +421,16 @@ TEST(RecordDocument, TakesWellFormedTextThatIsNoRecord) {
     EXPECT_EQ(record.Rows().size(), 1U);
 }
 
+TEST(RecordDocument, IsReadUpToTheDeclarationsOfADocumentType) {
+    Document document;
+    EXPECT_TRUE(document.loadXML("<!DOCTYPE a><a/>"));
+    EXPECT_TRUE(document.loadXML("<!DOCTYPE a SYSTEM \"file:///none\"><a/>"));
+    EXPECT_FALSE(document.loadXML("<!DOCTYPE a><a>"));
+    EXPECT_FALSE(document.loadXML("<!DOCTYPE a <a/>"));
+    EXPECT_TRUE(document.loadXML("<!DOCTYPE a [<!ENTITY e \"x\">]><a>"));
+    EXPECT_TRUE(document.loadXML("<!DOCTYPE a [ no declaration"));
+}
+
 TEST(RecordDocument, ReadsTextAsUtf8WhateverItDeclares) {
     Document document;
     ASSERT_TRUE(

@@ -91,6 +91,21 @@ TEST_F(StoredForm, ReadsLikeThis) {
     expectValid();
 }
 
+TEST_F(StoredForm, HasColumnsLikeThis) {
+    Dataset record;
+    record.Create("MORAM", "TOM", "/store/MORAM\\",
+                  {"\"One\" & <two>", "two\r\nlines\tand _x0041_"});
+    EXPECT_EQ(xmlOf(record),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+              "<dataset version=\"1\" type=\"MORAM\" name=\"TOM\" "
+              "key=\"&quot;One&quot; &amp; &lt;two&gt;\">\n"
+              "  <column>\"One\" &amp; &lt;two&gt;</column>\n"
+              "  <column>two&#13;\nlines\tand _x005F_x0041_</column>\n"
+              "</dataset>\n");
+    add(record);
+    expectValid();
+}
+
 TEST_F(StoredForm, OfEmptyRecordsIsValid) {
     Dataset untouched;
     add(untouched);
