@@ -420,7 +420,6 @@ const FileSystem::Index* FileSystem::indexOf(const std::string& folder, Trust tr
     }
 
     if (held != m_indexes.end()) m_indexes.erase(held);
-    if (!stamped && !isFolder(folder)) return nullptr;
     std::vector<Entry> entries;
     if (!entriesOf(folder, entries)) return nullptr;
     Index index;
