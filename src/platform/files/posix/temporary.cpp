@@ -55,7 +55,7 @@ bool removeDeadLeader(const OpenFolder& folder, const std::string& name) {
     const Descriptor file = openToLock(folder, name);
     if (file.number() < 0) return errno == ENOENT;
     struct stat info {};
-    if (::fstat(file.number(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
+    if (::fstat(file.number(), &info) != 0) return false;
     if (::flock(file.number(), LOCK_EX | LOCK_NB) != 0) return false;
     // Its writer may have put it in place, and let go of it, since it was opened. From here on it
     // can't: nobody but the one who holds the lock moves or deletes it.
