@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdarg>
 #include <ctime>
 #include <string>
 #include <string_view>
@@ -87,6 +88,21 @@ extern "C" int close(int file) {
     if (calls.closeError == 0) return result;
     errno = calls.closeError;
     return -1;
+}
+
+extern "C" int openat(int folder, const char* name, int flags, ...) {
+    mode_t mode = 0;
+    if ((flags & O_CREAT) != 0) {
+        va_list more;
+        va_start(more, flags);
+        mode = va_arg(more, mode_t);
+        va_end(more);
+        if (wynconfig::saveCalls.makeError != 0) {
+            errno = wynconfig::saveCalls.makeError;
+            return -1;
+        }
+    }
+    return static_cast<int>(syscall(SYS_openat, folder, name, flags, mode));
 }
 
 extern "C" int flock(int file, int operation) noexcept {

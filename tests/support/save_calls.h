@@ -17,6 +17,7 @@ struct SaveCalls {
     std::string failingName;      ///< a rename to this name fails
     bool failingListing = false;  ///< the disk fails behind the first names of a folder
     std::string unseenName;       ///< nobody can tell what lies at a name that holds this
+    int makeError = 0;            ///< no new file can be made, but fails like this; 0: each can
     int lockError = 0;            ///< every lock fails like this; 0: none
     int modeError = 0;            ///< no file gets another mode, but fails like this; 0: each does
     bool breakUpWrites = false;   ///< every other write is broken off, the others take 7 bytes

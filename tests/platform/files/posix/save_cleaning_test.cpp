@@ -356,6 +356,15 @@ TEST_F(Leftovers, doNotComeOfLocksThatAreAlwaysRefused) {
     }
 }
 
+TEST_F(Leftovers, mayHaveEveryNameThatIsTried) {
+    saveCalls.makeError = EEXIST;
+    for (const auto& work : {&Leftovers::save, &Leftovers::saveInBatch}) {
+        const Error error = raisedBy([&] { (this->*work)("A.vla"); });
+        EXPECT_EQ(error.description(), "The file " + root + "A.vla can't be written: File exists.");
+    }
+    EXPECT_TRUE(names().empty());
+}
+
 TEST_F(Leftovers, doNotComeOfTemporariesThatNobodyCanTellOf) {
     put("A.vla", "old");
     saveCalls.unseenName = ".wyn-";
