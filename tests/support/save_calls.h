@@ -29,6 +29,7 @@ struct SaveCalls {
     int renames = 0;
     int writes = 0;
     int locks = 0;
+    int closesOfNothing = 0;                  ///< of numbers by which no file is open
     std::vector<unsigned> modesBeforeOwners;  ///< of the files that were given other owners
     std::vector<std::string> log;             ///< the calls that order a save
     std::function<void()> beforeLock = [] {};

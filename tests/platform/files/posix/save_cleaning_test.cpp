@@ -23,6 +23,7 @@
 
 #include "platform/files/file_system.h"
 #include "support/file_system_kit.h"
+#include "support/ordinary_user.h"
 #include "support/save_calls.h"
 
 namespace {
@@ -196,6 +197,22 @@ TEST_F(Leftovers, areCleanedAwayByTheFirstSave) {
     }
 }
 
+TEST_F(Leftovers, areCleanedAwayAlsoByWhoMayOnlyReadThem) {
+    put(".wyn-123-0123abcd-1.tmp", "left behind");
+    fs::permissions(root + ".wyn-123-0123abcd-1.tmp", fs::perms{0444});
+    asOrdinaryUser({root}, [&] { save("A.vla"); });
+    EXPECT_EQ(names(), NameSet{"A.vla"});
+}
+
+TEST_F(Leftovers, areLookedForWithoutTouchingNumbersOfOtherFiles) {
+    // A number that is closed twice may be that of another thread's file by then.
+    put(".wyn-123-0123abcd-1.tmp", "left behind");
+    save("A.vla");
+    saveInBatch("B.vla");
+    EXPECT_EQ(listings, 2);
+    EXPECT_EQ(saveCalls.closesOfNothing, 0);
+}
+
 TEST_F(Leftovers, areNotWhatMerelyLooksAlike) {
     const NameSet foreign = {".wyn-1-1.tmp",
                              ".wyn-.tmp",
@@ -337,6 +354,9 @@ TEST_F(Leftovers, mayBeATemporaryThatAnotherProgramIsAboutToDelete) {
         (this->*work)("A.vla");
         EXPECT_EQ(contentOf("A.vla"), "saved");
         EXPECT_EQ(names(), NameSet{"A.vla"}) << "who makes another one takes the first away";
+        struct stat info {};
+        EXPECT_EQ(fstat(taken, &info), 0);
+        EXPECT_EQ(info.st_nlink, 0U) << "it was put in place";
         close(taken);
         fs::remove(root + "A.vla");
     }
@@ -432,10 +452,12 @@ TEST_F(Leftovers, mayBeInPlaceBeforeTheyAreDeleted) {
     EXPECT_EQ(names(), (NameSet{"A.vla", "X.vla"}));
 
     put(".wyn-123-0123abcd-1.tmp", "new content");
+    put(".wyn-123-0123abcd-1-1.tmp", "a follower");
     locks = 0;
     isMadeAnew = true;
     save("A.vla");
     EXPECT_EQ(contentOf(".wyn-123-0123abcd-1.tmp"), "another one");
+    EXPECT_EQ(contentOf(".wyn-123-0123abcd-1-1.tmp"), "a follower");
 }
 
 TEST_F(Leftovers, areCleanedByManyProgramsAtOnce) {
