@@ -120,7 +120,12 @@ extern "C" int flock(int file, int operation) noexcept {
 extern "C" int fchown(int file, uid_t user, gid_t group) noexcept {
     struct stat info {};
     fstat(file, &info);
-    wynconfig::saveCalls.modesBeforeOwners.push_back(info.st_mode & 07777);
+    wynconfig::SaveCalls& calls = wynconfig::saveCalls;
+    calls.modesBeforeOwners.push_back(info.st_mode & 07777);
+    if (calls.ownerError != 0) {
+        errno = calls.ownerError;
+        return -1;
+    }
     return static_cast<int>(syscall(SYS_fchown, file, user, group));
 }
 

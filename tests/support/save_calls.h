@@ -19,6 +19,7 @@ struct SaveCalls {
     std::string unseenName;       ///< nobody can tell what lies at a name that holds this
     int makeError = 0;            ///< no new file can be made, but fails like this; 0: each can
     int lockError = 0;            ///< every lock fails like this; 0: none
+    int ownerError = 0;           ///< no file gets other owners, but fails like this; 0: each does
     int modeError = 0;            ///< no file gets another mode, but fails like this; 0: each does
     bool breakUpWrites = false;   ///< every other write is broken off, the others take 7 bytes
     int closeError = 0;           ///< the file written last is closed, but fails like this; 0: none

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -124,6 +125,15 @@ TEST_F(Owners, areOfTheGroupAlsoBehindASaveOfAnotherMember) {
     EXPECT_EQ(contentOf("A.vla") + contentOf("B.vla"), "newnew");
 }
 
+TEST_F(Owners, keepTheirFilesFromWhoMayNotWriteThem) {
+    putOwned("A.vla", 0644);
+    const std::string denied = "The file " + root + "A.vla can't be written: Permission denied.";
+    EXPECT_EQ(raisedByOther({}, [&] { files->save(at("A.vla"), "new"); }), denied);
+    EXPECT_EQ(raisedByOther({kShared}, [&] { saveAll({"A.vla"}); }), denied);
+    EXPECT_EQ(contentOf("A.vla"), "old");
+    expectOwned("A.vla", kOwner, kShared, 0644);
+}
+
 TEST_F(Owners, areToldOnceWhereTheGroupIsLost) {
     for (const char* name : {"A.vla", "B.vla", "C.vla"}) putOwned(name, 0666);
     const auto save = [&] { files->save(at("A.vla"), "new"); };
@@ -136,6 +146,16 @@ TEST_F(Owners, areToldOnceWhereTheGroupIsLost) {
     EXPECT_EQ(raisedByOther({}, batch), lostGroupOf("B.vla"));
     EXPECT_EQ(contentOf("B.vla") + contentOf("C.vla"), "newnew");
     EXPECT_EQ(raisedByOther({}, batch), "");
+}
+
+TEST_F(Owners, areToldWithWhyTheGroupIsLost) {
+    putOwned("A.vla", 0666);
+    saveCalls.ownerError = EINVAL;  // as where the group has no meaning
+    const Error error = raisedBy([&] { files->save(at("A.vla"), "new"); });
+    EXPECT_EQ(error.description(),
+              "The file " + root +
+                  "A.vla can't be kept in its group, though it is written: Invalid argument.");
+    EXPECT_EQ(contentOf("A.vla"), "new");
 }
 
 TEST_F(Owners, giveAnotherGroupNoMoreThanEverybodyHas) {
