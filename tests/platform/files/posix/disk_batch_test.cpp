@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
@@ -22,7 +23,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class DiskBatch : public OnTheDisk {};
+class DiskBatch : public OnTheDisk {
+  protected:
+    static dev_t deviceOf(const std::string& path) {
+        struct stat info {};
+        EXPECT_EQ(stat(path.c_str(), &info), 0) << path;
+        return info.st_dev;
+    }
+};
 
 TEST_F(DiskBatch, syncsTwiceForAThousandFiles) {
     SaveBatch batch{*files};
@@ -47,6 +55,32 @@ TEST_F(DiskBatch, syncsAFileSystemOnceForSeveralFolders) {
     batch.commit();
     EXPECT_EQ(saveCalls.log, (Names{"sync all", "rename", "sync folder", "rename", "sync folder",
                                     "rename", "sync folder"}));
+}
+
+TEST_F(DiskBatch, syncsEachFileSystem) {
+    std::string elsewhere;
+    for (const char* place : {"/dev/shm", "/tmp"})
+        if (deviceOf(place) != deviceOf(root)) elsewhere = place;
+    if (elsewhere.empty()) GTEST_SKIP() << "there is but one file system";
+    elsewhere += "/" + fs::path(folder.path()).filename().string();
+    ASSERT_TRUE(fs::create_directory(elsewhere));
+    fs::create_directory_symlink(elsewhere, root + "Z");
+    fs::create_directory(root + "X");
+    SaveBatch batch{*files};
+    for (const char* name : {"", "X/", "Z/"}) files->save({root + name, "A.vla"}, "new");
+    batch.commit();
+    EXPECT_EQ(std::count(saveCalls.log.begin(), saveCalls.log.end(), "sync all"), 2);
+    fs::remove_all(elsewhere);
+}
+
+TEST_F(DiskBatch, syncsBehindAFolderThatIsLeftAsItWas) {
+    fs::create_directory(root + "X");
+    SaveBatch batch{*files};
+    files->save({root + "X/", "A.vla"}, "new");
+    files->save(at("B.vla"), "new");
+    files->remove({root + "X/", "A.vla"});
+    batch.commit();
+    EXPECT_EQ(saveCalls.log, (Names{"sync all", "rename", "sync folder"}));
 }
 
 TEST_F(DiskBatch, syncsNothingForNothing) {

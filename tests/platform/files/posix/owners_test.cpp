@@ -170,8 +170,12 @@ TEST_F(Owners, giveAnotherGroupNoMoreThanEverybodyHas) {
 TEST_F(Owners, keepWhatRunsInTheirNameForThemselves) {
     putOwned("A.vla", 06777);
     putOwned("B.vla", 06777);
+    putOwned("C.vla", 06777);
     EXPECT_EQ(raisedByOther({kShared}, [&] { files->save(at("A.vla"), "new"); }), "");
     expectOwned("A.vla", kOther, kShared, 0777);
+    // The system takes it away when something is written; here nothing is.
+    EXPECT_EQ(raisedByOther({kShared}, [&] { files->save(at("C.vla"), ""); }), "");
+    expectOwned("C.vla", kOther, kShared, 0777);
     files->save(at("B.vla"), "new");
     expectOwned("B.vla", kOwner, kShared, 06777);
 }
