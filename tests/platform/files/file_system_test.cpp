@@ -111,6 +111,17 @@ TEST_P(AnyFileSystem, namesTheFileThatIsNotThere) {
               errc::FileNotFound);
 }
 
+TEST_P(AnyFileSystem, showsBothEndsOfALongPath) {
+    for (const std::size_t length : {300U, 301U, 1000U}) {
+        std::string path = root;
+        while (path.size() < length) path += static_cast<char>('a' + path.size() % 26);
+        const std::string shown =
+            length == 300 ? path : path.substr(0, 140) + "…" + path.substr(length - 140);
+        const Error error = raisedBy([&] { files->read(ItemPath::of(path)); });
+        EXPECT_EQ(error.description(), "The file " + shown + " was not found.");
+    }
+}
+
 TEST_P(AnyFileSystem, keepsNamesInsideTheirFolder) {
     files->makeFolder(root + "inner\\");
     files->makeFolder(root + "inner\\deleted");
