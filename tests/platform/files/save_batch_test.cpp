@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -221,6 +222,32 @@ TEST_P(Batch, knowsNothingOfTheOneBefore) {
     EXPECT_EQ(stranger->readExactly(root + "Sub/A.vla"), "first");
     EXPECT_EQ(stranger->readExactly(root + "SUB/A.vla"), "second");
     EXPECT_EQ(stranger->readExactly(root + "other.vla"), "second");
+}
+
+TEST_P(Batch, knowsNothingOfWhatADiscardedOneRead) {
+    {
+        const SaveBatch batch{*files};
+        files->read(at("A.vla"));
+    }
+    stranger->write(root + "A.vla", "foreign");
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), files->read(at("A.vla")) + " and own");
+    int rounds = 0;
+    batch.commit([&](const auto&) { ++rounds; });
+    EXPECT_EQ(rounds, 0);
+    EXPECT_EQ(contents({"A.vla"}), "foreign and own ");
+}
+
+TEST_P(Batch, leavesTheNextOneAloneOnceItIsCommitted) {
+    std::optional<SaveBatch> batch;
+    batch.emplace(*files);
+    batch->commit();
+    SaveBatch next{*files};
+    files->save(at("A.vla"), "next");
+    batch.reset();
+    EXPECT_EQ(contents({"A.vla"}), "old ");
+    next.commit();
+    EXPECT_EQ(contents({"A.vla"}), "next ");
 }
 
 TEST_P(Batch, removesWhatOthersMadeMeanwhile) {
