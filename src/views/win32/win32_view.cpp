@@ -156,7 +156,7 @@ long NativeView::deviceContext(Form& form) {
     const FormWindow* window = windowOf(&form);
     m_contextOf = window ? window->window() : nullptr;
     m_context = ::GetDC(m_contextOf);
-    return ::HandleToLong(m_context);
+    return HandleToLong(m_context);
 }
 
 void NativeView::releaseContext() {
