@@ -11,6 +11,7 @@ SetCompressor /SOLID lzma
 ManifestDPIAware true
 ManifestSupportedOS all
 Name "WYNConfig ${VERSION}"
+BrandingText "WYNConfig ${VERSION}"
 OutFile "${OUTPUT}"
 ShowInstDetails show
 ShowUninstDetails show
@@ -179,6 +180,12 @@ Function un.onInit
   ReadRegStr $0 HKCU "${ENTRY}" InstallLocation
   ${If} $0 == $INSTDIR
     StrCpy $User "/n /i:user"
+  ${Else}
+    UserInfo::GetAccountType
+    Pop $0
+    ${If} $0 != Admin
+      !insertmacro FAIL "It was installed for all users. Let an administrator take it away."
+    ${EndIf}
   ${EndIf}
   !insertmacro SET_CONTEXT
 FunctionEnd
