@@ -4,8 +4,8 @@
 ;   STAGE    the folder with what is installed
 ;   REMOVAL  a file with the lines that take each file of it away again
 ;   OUTPUT   the installer
-; Silent: wynconfig-VERSION.exe /S [/AllUsers | /CurrentUser] [/D=FOLDER]. Exit codes: 0 done, 2 nothing
-; was changed or all of it was undone.
+; Silent: wynconfig-VERSION-setup.exe /S [/AllUsers | /CurrentUser] [/D=FOLDER]. Exit codes: 0 done, 2 not
+; done, and nothing of it is left.
 Unicode true
 SetCompressor /SOLID lzma
 ManifestDPIAware true
