@@ -111,6 +111,8 @@ class Kills : public testing::Test {
         for (const auto kind : {ItemKind::Session, ItemKind::PartFormat}) {
             const std::string name = store.names(kind).front();
             store.read(kind, name)->Save(store.path(kind, name));
+            // A deletion is a save in the folder of the deleted.
+            store.moveToDeleted(kind, name);
         }
         for (const auto& entry : std::filesystem::recursive_directory_iterator(m_folder.path()))
             EXPECT_NE(entry.path().extension(), ".tmp") << entry.path();
