@@ -244,6 +244,11 @@ TEST_F(Operations, WrongCallsByNameAreRefused) {
 
 // ---- The manager that fails ----
 
+HRESULT WINAPI fillInLater(EXCEPINFO* later) {
+    later->bstrDescription = ::SysAllocString(L"later");
+    return S_OK;
+}
+
 TEST_F(Operations, AManagerMayFailInAnyWay) {
     const Closer closer;
     const std::vector<std::function<HRESULT(const std::string&, VARIANT*, EXCEPINFO*)>> ways{
@@ -260,10 +265,7 @@ TEST_F(Operations, AManagerMayFailInAnyWay) {
             return DISP_E_EXCEPTION;
         },
         [](const std::string&, VARIANT*, EXCEPINFO* fault) {
-            fault->pfnDeferredFillIn = [](EXCEPINFO* later) {
-                later->bstrDescription = ::SysAllocString(L"later");
-                return S_OK;
-            };
+            fault->pfnDeferredFillIn = fillInLater;
             return DISP_E_EXCEPTION;
         }};
     LONG result = -1;

@@ -178,7 +178,7 @@ TEST_F(NativeView, AFormIsRaisedBeforeItComesUpAndWhileItIsUp) {
 
 TEST_F(NativeView, AFormHasADeviceContextWithAndWithoutAWindow) {
     const auto dots = [&] {
-        return ::GetDeviceCaps(reinterpret_cast<HDC>(::LongToHandle(view->deviceContext(form))),
+        return ::GetDeviceCaps(reinterpret_cast<HDC>(LongToHandle(view->deviceContext(form))),
                                LOGPIXELSX);
     };
     EXPECT_GE(dots(), 72);
@@ -286,6 +286,12 @@ TEST_F(NativeView, AFormCanUnloadAsItComesUp) {
     EXPECT_EQ(user.forms(), Log{});
 }
 
+template <class Look>
+BOOL CALLBACK visit(HWND child, LPARAM look) {
+    (*reinterpret_cast<const Look*>(look))(child);
+    return TRUE;
+}
+
 /// Every dialog, in the languages of the component.
 class NativeDialogs : public Desk {
   protected:
@@ -309,14 +315,10 @@ class NativeDialogs : public Desk {
             EXPECT_LE(room.bottom, innerSize(child).cy) << form.name();
             ++seen;
         };
-        const auto visit = [](HWND child, LPARAM with) -> BOOL {
-            (*reinterpret_cast<const decltype(look)*>(with))(child);
-            return TRUE;
-        };
         for (int tab = 0; tab < (form.control("SSTab2") ? 2 : 1); ++tab) {
             if (form.control("SSTab2")) u.changeTab("SSTab2", tab);
             u.see(form.controls().front()->name());
-            ::EnumChildWindows(front(), visit, reinterpret_cast<LPARAM>(&look));
+            ::EnumChildWindows(front(), visit<decltype(look)>, reinterpret_cast<LPARAM>(&look));
         }
         EXPECT_GT(seen, 2) << form.name();
     }
