@@ -9,16 +9,19 @@ namespace host {
 
 namespace {
 
-enum Field { Number, Group, Description, Cents, Stock, FieldCount };
+/// The fields of a line, in their order.
+struct Field {
+    enum { Number, Group, Description, Cents, Stock, Count };
+};
 
 CataloguePart partIn(const QString& line) {
     const QStringList fields = line.split(u'\t');
     bool priced = false;
     bool counted = false;
     CataloguePart part;
-    if (fields.size() == FieldCount) {
-        part = {fields[Number], fields[Group], fields[Description], fields[Cents].toInt(&priced),
-                fields[Stock].toInt(&counted)};
+    if (fields.size() == Field::Count) {
+        part = {fields[Field::Number], fields[Field::Group], fields[Field::Description],
+                fields[Field::Cents].toInt(&priced), fields[Field::Stock].toInt(&counted)};
     }
     if (!priced || !counted)
         throw std::runtime_error("The catalogue holds a line that is no part: " +

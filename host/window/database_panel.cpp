@@ -19,7 +19,10 @@ using wynconfig::ItemKind;
 
 namespace {
 
-enum Column { Name, Kind, Origin, ColumnCount };
+/// The columns of the list.
+struct Column {
+    enum { Name, Kind, Origin, Count };
+};
 constexpr int kItemRole = Qt::UserRole;  ///< number of the item; factory items have none
 
 QString wordFor(ItemKind kind) {
@@ -38,9 +41,10 @@ QTreeWidgetItem* addRow(QTreeWidget* list, const QString& name, ItemKind kind,
     constexpr int kPadding = 6;
     auto* row = new QTreeWidgetItem(list, {name, wordFor(kind), origin});
     const QFontMetrics metrics = list->fontMetrics();
-    row->setSizeHint(Kind, {metrics.horizontalAdvance(row->text(Kind)) + 2 * kPadding,
-                            metrics.height() + kPadding});
-    row->setToolTip(Origin, origin);
+    row->setSizeHint(Column::Kind,
+                     {metrics.horizontalAdvance(row->text(Column::Kind)) + 2 * kPadding,
+                      metrics.height() + kPadding});
+    row->setToolTip(Column::Origin, origin);
     return row;
 }
 
@@ -50,7 +54,7 @@ DatabasePanel::DatabasePanel(Workplace& workplace, const QList<QAction*>& action
                              QAction* configure, QWidget* parent)
     : QWidget(parent), m_workplace(workplace), m_list(new QTreeWidget), m_place(new QLabel) {
     m_list->setAccessibleName(tr("Database"));
-    m_list->setColumnCount(ColumnCount);
+    m_list->setColumnCount(Column::Count);
     m_list->setHeaderLabels({tr("Name"), tr("Kind"), tr("Last change")});
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
@@ -99,20 +103,20 @@ void DatabasePanel::list() {
 
 void DatabasePanel::addItem(ItemKind kind, const wynconfig::ListedItem& item) {
     QTreeWidgetItem* row = addRow(m_list, QString::fromStdString(item.name), kind, originOf(item));
-    row->setData(Name, kItemRole, static_cast<int>(m_items.size()));
+    row->setData(Column::Name, kItemRole, static_cast<int>(m_items.size()));
     m_items.push_back({kind, item});
 }
 
 void DatabasePanel::addFactory(ItemKind kind, const std::string& name) {
     QTreeWidgetItem* row =
         addRow(m_list, QString::fromStdString(name), kind, tr("factory item of the store"));
-    for (int column = 0; column < ColumnCount; ++column)
+    for (int column = 0; column < Column::Count; ++column)
         row->setForeground(column, palette().brush(QPalette::PlaceholderText));
 }
 
 std::optional<SelectedItem> DatabasePanel::selected() const {
     const QTreeWidgetItem* row = m_list->currentItem();
-    const QVariant number = row ? row->data(Name, kItemRole) : QVariant();
+    const QVariant number = row ? row->data(Column::Name, kItemRole) : QVariant();
     if (!number.isValid()) return std::nullopt;
     return m_items[static_cast<std::size_t>(number.toInt())];
 }

@@ -16,10 +16,13 @@ namespace host {
 
 namespace {
 
-enum Column { Name, Kind, ColumnCount };
+/// The columns of the table.
+struct Column {
+    enum { Name, Kind, Count };
+};
 
 QTableWidget* makeTable() {
-    auto* table = new QTableWidget(0, ColumnCount);
+    auto* table = new QTableWidget(0, Column::Count);
     table->setObjectName(QStringLiteral("deletedItems"));
     table->setHorizontalHeaderLabels({DeletedPanel::tr("Name"), DeletedPanel::tr("Kind")});
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -31,7 +34,7 @@ QTableWidget* makeTable() {
     table->verticalHeader()->hide();
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
     table->horizontalHeader()->setHighlightSections(false);
-    table->horizontalHeader()->setSectionResizeMode(Name, QHeaderView::Stretch);
+    table->horizontalHeader()->setSectionResizeMode(Column::Name, QHeaderView::Stretch);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return table;
 }
@@ -78,11 +81,11 @@ void DeletedPanel::readStore() {
     m_table->setRowCount(static_cast<int>(m_items.size()));
     for (int at = 0; at < m_table->rowCount(); ++at) {
         const DeletedItem& item = m_items[static_cast<std::size_t>(at)];
-        m_table->setItem(at, Name, new QTableWidgetItem(item.name));
-        m_table->setItem(at, Kind, new QTableWidgetItem(wordsFor(item.kind)));
+        m_table->setItem(at, Column::Name, new QTableWidgetItem(item.name));
+        m_table->setItem(at, Column::Kind, new QTableWidgetItem(wordsFor(item.kind)));
     }
-    m_table->resizeColumnToContents(Kind);
-    m_table->setCurrentCell(std::clamp(row, 0, std::max(m_table->rowCount() - 1, 0)), Name);
+    m_table->resizeColumnToContents(Column::Kind);
+    m_table->setCurrentCell(std::clamp(row, 0, std::max(m_table->rowCount() - 1, 0)), Column::Name);
     m_restore->setEnabled(!m_items.empty());
     const QString nothing = tr("Nothing lies here.");
     if (m_items.empty() && m_outcome->text().isEmpty()) m_outcome->setText(nothing);
