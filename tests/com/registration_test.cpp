@@ -115,6 +115,13 @@ TEST_F(Registration, ForTheMachineLeavesNoTrace) {
 // Not every Windows that this runs on looks for a user's own classes: Wine did not at first. So
 // what stands there is compared with what serves for the machine.
 TEST_F(Registration, ForTheUserLeavesNoTrace) {
+    // A user of Windows has these from the first program on; they stay when they become empty.
+    for (const wchar_t* name : {L"CLSID", L"Interface", L"TypeLib"}) {
+        const std::wstring path = std::wstring(L"Software\\Classes\\") + name;
+        HKEY key = nullptr;
+        ASSERT_EQ(::RegCreateKeyW(HKEY_CURRENT_USER, path.c_str(), &key), ERROR_SUCCESS);
+        ::RegCloseKey(key);
+    }
     const Picture machine = picture(HKEY_LOCAL_MACHINE);
     const Picture user = picture(HKEY_CURRENT_USER);
     ASSERT_EQ(Library::get().registerServer(), S_OK);
@@ -124,7 +131,7 @@ TEST_F(Registration, ForTheUserLeavesNoTrace) {
     EXPECT_EQ(picture(HKEY_LOCAL_MACHINE), machine);
     const Picture forUser = added(user, picture(HKEY_CURRENT_USER));
     EXPECT_EQ(added(forUser, forMachine), Picture());
-    // Of a user who had none yet, the keys above as well.
+    // The keys above, where there was none yet.
     for (const auto& [name, data] : added(forMachine, forUser))
         EXPECT_EQ(data, L"") << toUtf8(name);
     EXPECT_GT(forMachine.size(), 50U);
