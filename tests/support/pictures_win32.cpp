@@ -90,24 +90,15 @@ class Walk {
         m_component.showMORAMMaintenanceDlg(name);
     }
     void add() {
-        m_user.onForm("frmAddMORAMConfig", [this](User& u) {
-            take("add");
-            u.pressEscape();
-        });
+        onForm("frmAddMORAMConfig", "add");
         std::string name = "NIGHT COUNTER";
         m_component.showAddMORAMConfigDlg(name);
     }
     void pickFromList() {
         const std::string names = "WORKSHOP COUNTER,STOCK TAKING,WEB SHOP EXPORT";
-        m_user.onForm("frmSessionManager", [this](User& u) {
-            take("session-manager");
-            u.pressEscape();
-        });
+        onForm("frmSessionManager", "session-manager");
         m_component.showSessionManagerDlg(names);
-        m_user.onForm("frmSessionManager", [this](User& u) {
-            take("configurable-session-manager");
-            u.pressEscape();
-        });
+        onForm("frmSessionManager", "configurable-session-manager");
         m_component.showConfigurableSessionManagerDlg(names);
     }
 
@@ -117,6 +108,13 @@ class Walk {
         std::snprintf(number, sizeof number, "%02d-", ++m_number);
         takePicture(::GetActiveWindow(), m_pictures / (number + name + ".bmp"));
     }
+    /// Takes a picture of the next form of this kind, and cancels it.
+    void onForm(const std::string& form, const std::string& name) {
+        m_user.onForm(form, [this, name](User& u) {
+            take(name);
+            u.pressEscape();
+        });
+    }
     void onBox(const std::string& name, int button) {
         m_user.onBox([this, name, button](const wynconfig::SeenBox&) {
             take(name);
@@ -125,30 +123,18 @@ class Walk {
     }
     void configure() {
         take("session");
-        m_user.onForm("dlgAdvConfig", [this](User& u) {
-            take("advanced");
-            u.pressEscape();
-        });
+        onForm("dlgAdvConfig", "advanced");
         m_user.click("btnAdvanced");
-        m_user.onForm("frmTallyvaneConfig", [this](User& u) {
-            take("file-writer");
-            u.pressEscape();
-        });
+        onForm("frmTallyvaneConfig", "file-writer");
         m_user.click("btnTallyvane");
         m_user.type("txtProgramPath", "gone");
         onBox("program-not-found", wynconfig::answer::Ok);
         m_user.click("btnApply");
         m_user.changeTab("SSTab2", 1);
         take("formats");
-        m_user.onForm("frmPartNumberFormat", [this](User& u) {
-            take("editor");
-            u.pressEscape();
-        });
+        onForm("frmPartNumberFormat", "editor");
         m_user.click("btnNew");
-        m_user.onForm("dlgSingleEntry", [this](User& u) {
-            take("name");
-            u.pressEscape();
-        });
+        onForm("dlgSingleEntry", "name");
         m_user.pick("lstAvailableFormats", "COMMA SEPARATED");
         m_user.click("btnRename");
         m_user.pressEscape();
