@@ -33,9 +33,9 @@ inline std::string entityBomb() {
     return xml + "]><dataset name=\"&a8;\"><row key=\"k\">&a8;</row></dataset>";
 }
 
-inline std::string utf16(const std::string& ascii, bool bigEndian) {
+inline std::string utf16(const std::string& latin, bool bigEndian) {
     std::string wide = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
-    for (const char c : ascii) {
+    for (const char c : latin) {
         if (bigEndian) wide += '\0';
         wide += c;
         if (!bigEndian) wide += '\0';

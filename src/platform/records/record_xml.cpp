@@ -26,6 +26,7 @@ namespace {
 
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr const char* kUtf8 = "UTF-8";
 
 /// The code unit in `_xHHHH` at the start of text, or nothing.
 std::optional<unsigned> openUnit(std::string_view text) {
@@ -164,6 +165,7 @@ class RecordReader {
     explicit RecordReader(bool collects) : m_collects(collects) {}
 
     XML_Parser parser = nullptr;
+    bool checksNames = false;  ///< the parser does not, not as it should
     RecordText record;
     std::string fault;          ///< why the pass was stopped; empty while the text may be wanted
     std::string error;          ///< why the parser ended it
@@ -179,6 +181,7 @@ class RecordReader {
     }
     void start(const char* name, const char** attributes) {
         ++m_depth;
+        if (checksNames) checkNames(name, attributes);
         if (m_depth > kMaxDepth) return blame("its elements are nested too deeply");
         if (!m_collects || m_depth > 2) return;
         if (m_depth == 2) return startInRecord(name, attributes);
@@ -195,10 +198,15 @@ class RecordReader {
     void characters(std::string_view text) {
         if (m_depth == 2) m_text->append(text);
     }
-    void startNamespace() {
+    /// @param prefix  null for the namespace of the names without one
+    void startNamespace(const char* prefix) {
+        if (checksNames && prefix) checkName(prefix);
         if (++m_namespaces > kMaxNamespaces) blame("it declares too many namespaces");
     }
     void endNamespace() { --m_namespaces; }
+    void instruction(const char* target) {
+        if (checksNames) checkName(target);
+    }
 
     /// Nothing behind a fault is worth reading, and may be long.
     void blame(std::string cause) {
@@ -207,6 +215,13 @@ class RecordReader {
     }
 
   private:
+    void checkNames(const char* element, const char** attributes) {
+        checkName(element);
+        for (; *attributes; attributes += 2) checkName(*attributes);
+    }
+    void checkName(const char* name) {
+        if (hasLetterOfNoName(name)) blame("it has a name with a letter that no name may have");
+    }
     void startInRecord(const char* name, const char** attributes) {
         if (isName(name, "row")) {
             const auto key = attribute("key", attributes);
@@ -267,12 +282,16 @@ void onCharacters(void* user, const char* text, int length) {
     });
 }
 
-void onStartNamespace(void* user, const char*, const char*) {
-    handle(user, [](RecordReader& reader) { reader.startNamespace(); });
+void onStartNamespace(void* user, const char* prefix, const char*) {
+    handle(user, [&](RecordReader& reader) { reader.startNamespace(prefix); });
 }
 
 void onEndNamespace(void* user, const char*) {
     static_cast<RecordReader*>(user)->endNamespace();
+}
+
+void onInstruction(void* user, const char* target, const char*) {
+    handle(user, [&](RecordReader& reader) { reader.instruction(target); });
 }
 
 /// Comes before the first declaration of the type: those can take long, and none is wanted.
@@ -280,7 +299,9 @@ void onDocumentType(void* user, const char*, const char*, const char*, int hasDe
     handle(user, [&](RecordReader& reader) { reader.documentType(hasDeclarations != 0); });
 }
 
-void onDeclaration(void* user, const char* version, const char*, int) {
+void onDeclaration(void* user, const char* version, const char* encoding, int) {
+    if (encoding && encoding != std::string_view(kUtf8))
+        static_cast<RecordReader*>(user)->checksNames = true;
     if (isReadVersion(version)) return;
     handle(user, [](RecordReader& reader) {
         reader.blame("it declares a version of XML that is not read");
@@ -322,9 +343,11 @@ void prepare(XmlParser& parser, RecordReader& reader, const char* encoding) {
     renew(parser);
     if (encoding && !XML_SetEncoding(parser.get(), encoding)) throw std::bad_alloc();
     reader.parser = parser.get();
+    reader.checksNames = encoding && encoding != std::string_view(kUtf8);
     XML_SetUserData(parser.get(), &reader);
     XML_SetElementHandler(parser.get(), onStart, onEnd);
     XML_SetNamespaceDeclHandler(parser.get(), onStartNamespace, onEndNamespace);
+    XML_SetProcessingInstructionHandler(parser.get(), onInstruction);
     XML_SetStartDoctypeDeclHandler(parser.get(), onDocumentType);
     XML_SetXmlDeclHandler(parser.get(), onDeclaration);
     XML_SetUnknownEncodingHandler(parser.get(), onUnknownEncoding, &reader);
@@ -333,7 +356,7 @@ void prepare(XmlParser& parser, RecordReader& reader, const char* encoding) {
 /// What the parser must be told of the encoding; null where it is to take what the text declares.
 /// The marks are right: a person's editor has put them there and left the declaration alone.
 const char* encodingOf(std::string_view xml, XmlSource source) {
-    if (source == XmlSource::Memory || xml.starts_with(kByteOrderMark)) return "UTF-8";
+    if (source == XmlSource::Memory || xml.starts_with(kByteOrderMark)) return kUtf8;
     return beginsInUtf16(xml) ? "UTF-16" : nullptr;
 }
 

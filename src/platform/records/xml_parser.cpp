@@ -2,6 +2,7 @@
 #include "platform/records/xml_parser.h"
 
 #include <cstddef>
+#include <cstring>
 #include <new>
 #include <random>
 #include <string_view>
@@ -63,6 +64,15 @@ bool hasWholeCharacters(std::string_view utf16) {
         isOpen = half == 0xD8;
     }
     return !isOpen;
+}
+
+bool hasLetterOfNoName(const char* name) {
+    constexpr char lead = '\xC2';
+    if (!std::strchr(name, lead)) return false;
+    const char* const space = std::strrchr(name, *kNamespaceEnd);
+    for (const char* at = space ? space : name; (at = std::strchr(at, lead)); ++at)
+        if (at[1] == '\xAA' || at[1] == '\xB5' || at[1] == '\xBA') return true;
+    return false;
 }
 
 bool hasRunOutOfMemory(const XmlParser& parser) {

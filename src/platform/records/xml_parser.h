@@ -37,6 +37,10 @@ bool mayPassForUtf16(std::string_view xml);
 /// does not look.
 bool hasWholeCharacters(std::string_view utf16);
 
+/// Whether a name, behind its namespace, has one of the three letters that the parser takes in
+/// names though XML does not: U+00AA, U+00B5 and U+00BA, in texts in UTF-16 or ISO-8859-1.
+bool hasLetterOfNoName(const char* name);
+
 /// Whether the parser was refused memory other than by the bound. Where that was for a name alone
 /// it may have taken the name for unknown, and so whatever it says of the text is not to be
 /// believed.

@@ -219,6 +219,35 @@ TEST_F(Encodings, InUtf16HaveWholeCharacters) {
     EXPECT_EQ(nameIn(utf16(named("N"), false) + high), std::nullopt);
 }
 
+TEST_F(Encodings, HaveNamesOfTheLettersOfXmlAlone) {
+    const std::vector<std::string> places = {"<dataset><?#?></dataset>",
+                                             "<dataset #=\"\"/>",
+                                             "<dataset b=\"\"><a#/></dataset>",
+                                             "<dataset xmlns:#=\"u\"/>",
+                                             "<dataset><a><b><c a=\"\" b#=\"\"/></b></a></dataset>",
+                                             "<dataset xmlns:z=\"\xB5\"><z:a#/></dataset>",
+                                             "<dataset xmlns:z=\"\xB5\" z:a=\"\" z:#=\"\"/>"};
+    for (const std::string& place : places)
+        for (const auto& [letter, isOne] : {std::pair{'\xAA', false},
+                                            {'\xB5', false},
+                                            {'\xBA', false},
+                                            {'\xC0', true},
+                                            {'\xEA', true}}) {
+            std::string xml = declared("ISO-8859-1") + place;
+            xml[xml.find('#')] = letter;
+            const auto name = isOne ? std::optional<std::string>("") : std::nullopt;
+            EXPECT_EQ(nameIn(xml), name) << xml;
+            EXPECT_EQ(nameIn(utf16(xml, false)), name) << xml;
+            EXPECT_EQ(nameIn(utf16(xml, true)), name) << xml;
+        }
+    const std::string values =
+        declared("ISO-8859-1") +
+        "<dataset xmlns=\"\" xmlns:z=\"\xB5\" z:a=\"\xAA\" name=\"\xB5\xBA\">"
+        "<z:a>\xB5</z:a><?a \xB5?><!--\xB5--></dataset>";
+    EXPECT_EQ(nameIn(values), "µº");
+    EXPECT_EQ(nameIn(utf16(values, true)), "µº");
+}
+
 /// Sessions of a store in an encoding of its own, in front of a person and in a walk.
 class LatinSession : public Desk {
   protected:
