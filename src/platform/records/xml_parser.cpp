@@ -4,27 +4,12 @@
 #include <cstddef>
 #include <cstring>
 #include <new>
-#include <random>
 #include <string_view>
 
+#include "platform/records/key_hash.h"
 #include "platform/records/parser_memory.h"
 
 namespace wynconfig {
-
-namespace {
-
-/// Begins the hashing of names at a place of chance, so that nobody can make names meet. It is
-/// drawn once, as asking for chance costs a call to the system.
-unsigned long hashSalt() {
-    static const unsigned long salt = [] {
-        std::random_device chance;
-        std::uniform_int_distribution<unsigned long> any(1);
-        return any(chance);
-    }();
-    return salt;
-}
-
-}  // namespace
 
 void renew(XmlParser& parser) {
     static const XML_Memory_Handling_Suite memory{allocateForParser, reallocateForParser,
@@ -36,7 +21,8 @@ void renew(XmlParser& parser) {
     else if (!XML_ParserReset(parser.get(), nullptr))
         parser.reset();
     if (!parser) throw std::bad_alloc();
-    XML_SetHashSalt(parser.get(), hashSalt());
+    // So that nobody can make names meet. None at all would have the parser ask for chance itself.
+    XML_SetHashSalt(parser.get(), static_cast<unsigned long>(processHashKey().first) | 1U);
 }
 
 bool isReadVersion(const char* version) {
