@@ -20,6 +20,7 @@
 #include <stdexcept>
 
 #include "sample/parts.h"
+#include "window/direction.h"
 #include "window/heading.h"
 
 namespace host {
@@ -84,6 +85,10 @@ QTableView* makeTable(QAbstractItemModel& model) {
     table->setAlternatingRowColors(true);
     table->setShowGrid(false);
     table->setTabKeyNavigation(false);
+    using Reads = DirectionDelegate::Reads;
+    table->setItemDelegateForColumn(CatalogueModel::PartNumber, new DirectionDelegate(table));
+    table->setItemDelegateForColumn(CatalogueModel::Description,
+                                    new DirectionDelegate(table, Reads::AsItBegins));
     table->setItemDelegateForColumn(CatalogueModel::Quantity, new QuantityDelegate(table));
     table->verticalHeader()->hide();
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);

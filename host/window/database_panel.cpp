@@ -5,13 +5,14 @@
 #include <QDateTime>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <stdexcept>
 
 #include "window/action_buttons.h"
+#include "window/direction.h"
+#include "window/sentence_label.h"
 
 namespace host {
 
@@ -52,14 +53,15 @@ QTreeWidgetItem* addRow(QTreeWidget* list, const QString& name, ItemKind kind,
 
 DatabasePanel::DatabasePanel(Workplace& workplace, const QList<QAction*>& actions,
                              QAction* configure, QWidget* parent)
-    : QWidget(parent), m_workplace(workplace), m_list(new QTreeWidget), m_place(new QLabel) {
+    : QWidget(parent), m_workplace(workplace), m_list(new QTreeWidget), m_place(new SentenceLabel) {
     m_list->setAccessibleName(tr("Database"));
     m_list->setColumnCount(Column::Count);
     m_list->setHeaderLabels({tr("Name"), tr("Kind"), tr("Last change")});
+    for (const int column : {Column::Name, Column::Origin})
+        m_list->setItemDelegateForColumn(column, new DirectionDelegate(m_list));
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_place->setTextFormat(Qt::PlainText);
     m_place->setWordWrap(true);
     m_place->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     connect(m_list, &QTreeWidget::currentItemChanged, this, &DatabasePanel::selectionChanged);
@@ -79,12 +81,12 @@ void DatabasePanel::refresh(const std::string& select) {
     m_items.clear();
     try {
         list();
-        m_place->setText(
-            tr("Database: %1").arg(QString::fromStdString(m_workplace.databaseText())));
+        m_place->tell(tr("Database: %1").arg(isolated(m_workplace.databaseText())));
     } catch (const std::runtime_error& error) {  // of the database, or of the store's folders
         m_list->clear();
         m_items.clear();
-        m_place->setText(QString::fromUtf8(error.what()));
+        m_place->tell(isolatedIn(QString::fromUtf8(error.what()),
+                                 {QString::fromStdString(m_workplace.databaseText())}));
     }
     m_list->setCurrentItem(m_list->topLevelItem(0));
     if (before) this->select(before->kind, before->item.name);

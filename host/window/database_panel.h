@@ -8,10 +8,11 @@
 #include "window/operations.h"
 
 class QAction;
-class QLabel;
 class QTreeWidget;
 
 namespace host {
+
+class SentenceLabel;
 
 class DatabasePanel : public QWidget {
     Q_OBJECT
@@ -39,7 +40,7 @@ class DatabasePanel : public QWidget {
 
     Workplace& m_workplace;
     QTreeWidget* m_list;
-    QLabel* m_place;
+    SentenceLabel* m_place;
     std::vector<SelectedItem> m_items;
 };
 

@@ -3,14 +3,15 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <exception>
 
+#include "window/direction.h"
 #include "window/heading.h"
+#include "window/sentence_label.h"
 
 namespace host {
 
@@ -27,6 +28,7 @@ QTableWidget* makeTable() {
     table->setHorizontalHeaderLabels({DeletedPanel::tr("Name"), DeletedPanel::tr("Kind")});
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setItemDelegateForColumn(Column::Name, new DirectionDelegate(table));
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setAlternatingRowColors(true);
     table->setShowGrid(false);
@@ -46,11 +48,10 @@ DeletedPanel::DeletedPanel(const StoreFolders& store, QWidget* parent)
       m_store(store),
       m_table(makeTable()),
       m_restore(new QPushButton(tr("Res&tore"))),
-      m_outcome(new QLabel) {
+      m_outcome(new SentenceLabel) {
     m_restore->setObjectName(QStringLiteral("restore"));
     m_restore->setStatusTip(tr("Moves the selected item back into the store"));
     m_outcome->setObjectName(QStringLiteral("restored"));
-    m_outcome->setTextFormat(Qt::PlainText);
     m_outcome->setWordWrap(true);
     auto* line = new QHBoxLayout;
     line->addWidget(m_outcome, 1);
@@ -65,7 +66,7 @@ DeletedPanel::DeletedPanel(const StoreFolders& store, QWidget* parent)
 }
 
 void DeletedPanel::showEvent(QShowEvent* event) {
-    m_outcome->clear();
+    m_outcome->tell({});
     readStore();
     QWidget::showEvent(event);
 }
@@ -76,7 +77,7 @@ void DeletedPanel::readStore() {
     try {
         m_items = deletedItems(m_store);
     } catch (const std::exception& failure) {
-        m_outcome->setText(QString::fromUtf8(failure.what()));
+        m_outcome->tell(QString::fromUtf8(failure.what()));
     }
     m_table->setRowCount(static_cast<int>(m_items.size()));
     for (int at = 0; at < m_table->rowCount(); ++at) {
@@ -88,8 +89,8 @@ void DeletedPanel::readStore() {
     m_table->setCurrentCell(std::clamp(row, 0, std::max(m_table->rowCount() - 1, 0)), Column::Name);
     m_restore->setEnabled(!m_items.empty());
     const QString nothing = tr("Nothing lies here.");
-    if (m_items.empty() && m_outcome->text().isEmpty()) m_outcome->setText(nothing);
-    if (!m_items.empty() && m_outcome->text() == nothing) m_outcome->clear();
+    if (m_items.empty() && m_outcome->told().isEmpty()) m_outcome->tell(nothing);
+    if (!m_items.empty() && m_outcome->told() == nothing) m_outcome->tell({});
 }
 
 void DeletedPanel::restore() {
@@ -98,11 +99,11 @@ void DeletedPanel::restore() {
     const DeletedItem item = m_items[static_cast<std::size_t>(row)];
     try {
         restoreItem(m_store, item);
-        m_outcome->setText(tr("%1 %2 is back.").arg(wordsFor(item.kind), item.name));
+        m_outcome->tell(tr("%1 %2 is back.").arg(wordsFor(item.kind), isolated(item.name)));
         readStore();
         emit restored();
     } catch (const std::exception& failure) {
-        m_outcome->setText(QString::fromUtf8(failure.what()));
+        m_outcome->tell(isolatedIn(QString::fromUtf8(failure.what()), {item.name}));
     }
 }
 

@@ -7,11 +7,12 @@
 #include "sample/deleted_items.h"
 #include "sample/sample_store.h"
 
-class QLabel;
 class QPushButton;
 class QTableWidget;
 
 namespace host {
+
+class SentenceLabel;
 
 class DeletedPanel : public QWidget {
     Q_OBJECT
@@ -37,7 +38,7 @@ class DeletedPanel : public QWidget {
     std::vector<DeletedItem> m_items;
     QTableWidget* m_table;
     QPushButton* m_restore;
-    QLabel* m_outcome;
+    SentenceLabel* m_outcome;
 };
 
 }  // namespace host

@@ -1,7 +1,6 @@
 // The main window and its menus.
 #include "window/main_window.h"
 
-#include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
 #include <QSplitter>
@@ -11,8 +10,10 @@
 
 #include "window/catalogue.h"
 #include "window/deleted_panel.h"
+#include "window/direction.h"
 #include "window/language_menu.h"
 #include "window/send_panel.h"
+#include "window/sentence_label.h"
 #include "window/session_panel.h"
 
 namespace host {
@@ -23,8 +24,8 @@ MainWindow::MainWindow(Workplace& workplace)
       m_send(new SendPanel(workplace.store())),
       m_sessions(new SessionPanel(workplace)),
       m_deleted(new DeletedPanel(workplace.store())),
-      m_place(new QLabel),
-      m_faults(new QLabel) {
+      m_place(new SentenceLabel),
+      m_faults(new SentenceLabel) {
     setWindowTitle(tr("Parts Catalogue"));
     auto* splitter = new QSplitter;
     splitter->addWidget(m_catalogue);
@@ -36,14 +37,12 @@ MainWindow::MainWindow(Workplace& workplace)
     auto* central = new QWidget;
     auto* layout = new QVBoxLayout(central);
     m_faults->setObjectName(QStringLiteral("faults"));
-    m_faults->setTextFormat(Qt::PlainText);
-    m_faults->setWordWrap(true);
-    m_faults->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_faults->letCopy();
     layout->addWidget(m_faults);
     layout->addWidget(splitter, 1);
     setCentralWidget(central);
     makeMenus();
-    m_place->setTextFormat(Qt::PlainText);
+    m_place->setObjectName(QStringLiteral("store"));
     statusBar()->addPermanentWidget(m_place);
     connect(m_sessions, &SessionPanel::performed, this, &MainWindow::showStore);
     connect(m_deleted, &DeletedPanel::restored, this, &MainWindow::showStore);
@@ -78,12 +77,16 @@ void MainWindow::showSending() {
 }
 
 void MainWindow::showStore() {
-    const std::string root = m_workplace.store().root.string();
-    m_place->setText(tr("Store: %1").arg(QString::fromStdString(root)));
+    const StoreFolders& store = m_workplace.store();
+    m_place->tell(tr("Store: %1").arg(isolated(store.root.string())));
+    QStringList places;
+    for (const auto& each : {store.root, store.sessions(), store.sessions() / "deleted",
+                             store.formats(), store.formats() / "deleted", store.sessionList()})
+        places << QString::fromStdString(each.string());
     QStringList faults;
-    for (const std::string& fault : m_workplace.store().faults())
-        faults << QString::fromStdString(fault);
-    m_faults->setText(faults.join(u'\n'));
+    for (const std::string& fault : store.faults())
+        faults << isolatedIn(QString::fromStdString(fault), places);
+    m_faults->tell(faults.join(u'\n'));
     m_faults->setVisible(!faults.isEmpty());
 }
 

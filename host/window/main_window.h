@@ -6,7 +6,6 @@
 
 #include "window/workplace.h"
 
-class QLabel;
 class QTabWidget;
 
 namespace host {
@@ -14,6 +13,7 @@ namespace host {
 class CatalogueWidget;
 class DeletedPanel;
 class SendPanel;
+class SentenceLabel;
 class SessionPanel;
 
 class MainWindow : public QMainWindow {
@@ -41,8 +41,8 @@ class MainWindow : public QMainWindow {
     SessionPanel* m_sessions;
     DeletedPanel* m_deleted;
     QTabWidget* m_pages = nullptr;
-    QLabel* m_place;
-    QLabel* m_faults;
+    SentenceLabel* m_place;
+    SentenceLabel* m_faults;
 };
 
 }  // namespace host

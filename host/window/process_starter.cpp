@@ -7,6 +7,8 @@
 #include <QTimer>
 #include <stdexcept>
 
+#include "window/direction.h"
+
 namespace host {
 
 namespace {
@@ -15,7 +17,7 @@ constexpr int kStartMilliseconds = 5000;
 constexpr int kLastWriteMilliseconds = 1000;
 
 QString nameOf(const QProcess& process) {
-    return QFileInfo(process.program()).fileName();
+    return isolated(QFileInfo(process.program()).fileName());
 }
 
 }  // namespace

@@ -6,12 +6,12 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QObject>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "window/direction.h"
 #include "window/host_dialog.h"
 
 namespace host {
@@ -55,7 +55,7 @@ std::optional<RefusalDecision> askAboutRefusal(QWidget* window,
     dialog.setObjectName(kHostDialog);
     dialog.setWindowTitle(QObject::tr("The edit was not stored"));
     dialog.resize(kWidth, kHeight);
-    auto* name = new QLineEdit(toQt(refused.edit().session.name + " 2"));
+    auto* name = new IdentifierEdit(toQt(refused.edit().session.name + " 2"));
     name->setObjectName("name");
     auto* nameLabel = new QLabel(QObject::tr("Another &name:"));
     nameLabel->setBuddy(name);

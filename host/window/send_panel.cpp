@@ -19,6 +19,7 @@
 #include "sample/store_items.h"
 #include "sending/vin.h"
 #include "sending/visible_text.h"
+#include "window/direction.h"
 #include "window/heading.h"
 #include "window/text_box.h"
 
@@ -48,8 +49,8 @@ QStringList linesOf(const FileStep& step) {
         step.file.append
             ? SendPanel::tr("  gets %1 bytes behind what it holds, laid out by %2")
             : SendPanel::tr("  gets %1 bytes in place of what it holds, laid out by %2");
-    return {SendPanel::tr("File: %1").arg(fromText(step.file.path.string())),
-            what.arg(step.list.text.size()).arg(fromText(step.formatName))};
+    return {SendPanel::tr("File: %1").arg(isolated(step.file.path.string())),
+            what.arg(step.list.text.size()).arg(isolated(step.formatName))};
 }
 
 QStringList linesOf(const ProgramStep& step) {
@@ -57,10 +58,10 @@ QStringList linesOf(const ProgramStep& step) {
     const double seconds = static_cast<double>(step.delay.count()) / kMillisecondsPerSecond;
     const QString when =
         seconds > 0 ? SendPanel::tr("after %1 s").arg(seconds) : SendPanel::tr("at once");
-    return {SendPanel::tr("Command line: %1").arg(fromText(textOf(step.command))),
+    return {SendPanel::tr("Command line: %1").arg(isolated(textOf(step.command))),
             SendPanel::tr("  gets %1 bytes on its standard input %2, laid out by %3")
                 .arg(step.list.text.size())
-                .arg(when, fromText(step.formatName))};
+                .arg(when, isolated(step.formatName))};
 }
 
 QString factsOf(const Session& session) {
@@ -88,12 +89,12 @@ SendPanel::SendPanel(const StoreFolders& store, QWidget* parent)
 }
 
 QWidget* SendPanel::makeChoices() {
-    m_sessions = new QComboBox;
+    m_sessions = new IdentifierBox;
     m_sessions->setObjectName(QStringLiteral("session"));
-    m_formats = new QComboBox;
+    m_formats = new IdentifierBox;
     m_formats->setObjectName(QStringLiteral("partFormat"));
     m_formats->setToolTip(tr("Lays the list out for the program"));
-    m_vin = new QLineEdit;
+    m_vin = new IdentifierEdit;
     m_vin->setObjectName(QStringLiteral("vin"));
     m_vin->setPlaceholderText(tr("17 characters, or none"));
     m_vin->setClearButtonEnabled(true);
@@ -153,10 +154,10 @@ QWidget* SendPanel::makePreview() {
 }
 
 QWidget* SendPanel::makePlan() {
-    m_plan = makeTextBox(tr("What sending will do"));
+    m_plan = makeSentenceBox(tr("What sending will do"));
     m_plan->setObjectName(QStringLiteral("plan"));
     setLines(*m_plan, kPlanLines);
-    m_outcome = makeTextBox(tr("What came of it"));
+    m_outcome = makeSentenceBox(tr("What came of it"));
     m_outcome->setObjectName(QStringLiteral("outcome"));
     m_outcome->setPlaceholderText(tr("Nothing was sent yet."));
     setLines(*m_outcome, kOutcomeLines);
@@ -250,16 +251,28 @@ void SendPanel::refresh() {
     showPlan(plan());
 }
 
+QStringList SendPanel::identifiersOf(const Plan& plan) const {
+    QStringList known = {m_sessions->currentText(), fromText(m_store.root.string())};
+    if (m_session) {
+        known << fromText(m_session->fileFormat) << fromText(m_session->programPath);
+        for (const std::string& format : m_session->formats) known << fromText(format);
+    }
+    if (plan.file) known << fromText(plan.file->file.path.string());
+    if (plan.program) known << fromText(plan.program->command.program);
+    return known;
+}
+
 void SendPanel::showPlan(const Plan& plan) {
     m_formats->setEnabled(plan.program.has_value());
     showText(*m_programList, plan.program ? previewOf(plan.program->list) : QString());
     showText(*m_fileList, plan.file ? previewOf(plan.file->list) : QString());
     showText(*m_facts, m_session ? factsOf(*m_session) : QString());
     QStringList lines;
-    for (const std::string& problem : plan.problems) lines << fromText(problem);
+    const QStringList known = identifiersOf(plan);
+    for (const std::string& problem : plan.problems) lines << isolatedIn(fromText(problem), known);
     lines << (plan.file ? linesOf(*plan.file) : QStringList(tr("No file is written.")));
     lines << (plan.program ? linesOf(*plan.program) : QStringList(tr("No program is started.")));
-    for (const std::string& remark : plan.remarks) lines << fromText(remark);
+    for (const std::string& remark : plan.remarks) lines << isolatedIn(fromText(remark), known);
     showText(*m_plan, lines.join(u'\n'));
 }
 
@@ -269,10 +282,11 @@ void SendPanel::send() {
     showPlan(now);
     const SendingReport report = carryOut(now, m_starter);
     QStringList lines;
-    for (const std::string& sentence : report.done) lines << fromText(sentence);
+    const QStringList known = identifiersOf(now);
+    for (const std::string& sentence : report.done) lines << isolatedIn(fromText(sentence), known);
     if (!report.failure.empty())
         lines << (report.done.empty() ? tr("Nothing was sent. %1") : tr("But: %1"))
-                     .arg(fromText(report.failure));
+                     .arg(isolatedIn(fromText(report.failure), known));
     m_outcome->setPlainText(lines.join(u'\n'));
 }
 

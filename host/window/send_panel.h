@@ -49,6 +49,8 @@ class SendPanel : public QWidget {
     void readSession();
     void refresh();
     Plan plan() const;
+    /// What may be named in the sentences of a plan, or of its outcome.
+    QStringList identifiersOf(const Plan& plan) const;
     void showPlan(const Plan& plan);
     /// Turns to the list that there is, when there is only one.
     void showList();

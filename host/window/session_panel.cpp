@@ -18,7 +18,10 @@
 
 #include "window/action_buttons.h"
 #include "window/database_panel.h"
+#include "window/direction.h"
 #include "window/heading.h"
+#include "window/sentence_label.h"
+#include "window/text_box.h"
 
 namespace host {
 
@@ -99,6 +102,7 @@ QWidget* SessionPanel::makeLists() {
 
 QWidget* SessionPanel::makeSessions() {
     m_sessions = new QListWidget;
+    m_sessions->setItemDelegate(new DirectionDelegate(m_sessions));
     m_sessions->setAccessibleName(tr("Sessions of the store"));
     connect(m_sessions, &QListWidget::currentRowChanged, this, &SessionPanel::enableActions);
     connect(m_sessions, &QListWidget::currentTextChanged, this, &SessionPanel::sessionSelected);
@@ -112,19 +116,19 @@ QWidget* SessionPanel::makeSessions() {
 }
 
 QWidget* SessionPanel::makeResult() {
-    m_result = new QLabel(tr("No operation was called yet."));
-    m_result->setTextFormat(Qt::PlainText);
-    m_result->setWordWrap(true);
-    m_result->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_changes = new QLabel;
-    m_changes->setTextFormat(Qt::PlainText);
-    m_changes->setWordWrap(true);
-    m_changes->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_result = new SentenceLabel;
+    m_result->setObjectName(QStringLiteral("result"));
+    m_result->tell(tr("No operation was called yet."));
+    m_result->letCopy();
+    m_changes = new SentenceLabel;
+    m_changes->setObjectName(QStringLiteral("changes"));
+    m_changes->letCopy();
     m_text = new QPlainTextEdit;
     m_text->setReadOnly(true);
     m_text->setTabChangesFocus(true);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    readLeftToRight(*m_text);
     QLabel* title =
         makeHeading(tr("Las&t operation, and the item file that changed last"), *m_text);
 
@@ -216,7 +220,9 @@ Outcome SessionPanel::perform(const Operation& operation) {
     const Snapshot before = snapshot();
     if (operation.area != Area::Tools) m_lists->setCurrentIndex(operation.area == Area::Database);
     Outcome outcome = operation.call(m_workplace, selected);
-    showOutcome(outcome);
+    showOutcome(outcome, {QString::fromStdString(selected.database ? selected.database->item.name
+                                                                   : std::string()),
+                          QString::fromStdString(m_workplace.store().root.string())});
     // The file that changed last gives way to what is shown below.
     if (!outcome.shown.empty()) m_lastChange.clear();
     // Of another store nothing is known from before.
@@ -230,16 +236,17 @@ Outcome SessionPanel::perform(const Operation& operation) {
     return outcome;
 }
 
-void SessionPanel::showOutcome(const Outcome& outcome) {
+void SessionPanel::showOutcome(const Outcome& outcome, const QStringList& identifiers) {
     QStringList told;
-    const QString name = QString::fromStdString(outcome.name);
+    const QString name = isolated(outcome.name);
     if (outcome.result) told << tr("Result %1").arg(*outcome.result);
     if (!name.isEmpty()) told << (outcome.result ? tr("name %1") : tr("Name %1")).arg(name);
     if (outcome.result && name.isEmpty()) told << tr("no name");
     QString text = told.join(QStringLiteral(", "));
     if (!outcome.text.empty())
-        text += (text.isEmpty() ? "" : ". ") + QString::fromStdString(outcome.text);
-    m_result->setText(text);
+        text += (text.isEmpty() ? "" : ". ") +
+                isolatedIn(QString::fromStdString(outcome.text), identifiers);
+    m_result->tell(text);
 }
 
 void SessionPanel::showChanges(const Snapshot& before, const Snapshot& after) {
@@ -248,20 +255,20 @@ void SessionPanel::showChanges(const Snapshot& before, const Snapshot& after) {
     if (changes.empty()) {
         // The text stays: that file is still the one that changed last.
         const QString lead = m_lastChange.isEmpty() ? QString() : "\n" + tr("Before: ");
-        m_changes->setText(tr("No file changed.") + lead + m_lastChange);
+        m_changes->tell(tr("No file changed.") + lead + m_lastChange);
         return;
     }
     const FileChange& last = lastOf(changes, m_workplace.store().root);
     QStringList told;
     const auto tell = [&](const FileChange& change) {
-        told << tr("%1 (%2)").arg(QString::fromStdString(change.path), tr(wordFor(change.kind)));
+        told << tr("%1 (%2)").arg(isolated(change.path), tr(wordFor(change.kind)));
     };
     tell(last);
     for (const FileChange& change : changes) {
         if (!(change == last)) tell(change);
     }
     m_lastChange = told.front();
-    m_changes->setText(told.join(QStringLiteral("\n")));
+    m_changes->tell(told.join(QStringLiteral("\n")));
     // Of a deleted file its last content is shown.
     const Snapshot& source = last.kind == FileChange::Kind::Deleted ? before : after;
     m_text->setPlainText(QString::fromStdString(source.at(last.path)));

@@ -9,7 +9,6 @@
 #include "window/operations.h"
 
 class QAction;
-class QLabel;
 class QListWidget;
 class QPlainTextEdit;
 class QTabWidget;
@@ -17,6 +16,7 @@ class QTabWidget;
 namespace host {
 
 class DatabasePanel;
+class SentenceLabel;
 
 class SessionPanel : public QWidget {
     Q_OBJECT
@@ -56,7 +56,8 @@ class SessionPanel : public QWidget {
     void listDatabase(const std::string& select);
     Snapshot snapshot() const;
     void enableActions();
-    void showOutcome(const Outcome& outcome);
+    /// @param identifiers  that may stand in what it tells
+    void showOutcome(const Outcome& outcome, const QStringList& identifiers);
     void showChanges(const Snapshot& before, const Snapshot& after);
 
     Workplace& m_workplace;
@@ -64,8 +65,8 @@ class SessionPanel : public QWidget {
     QTabWidget* m_lists = nullptr;
     DatabasePanel* m_database = nullptr;
     QListWidget* m_sessions = nullptr;
-    QLabel* m_result = nullptr;
-    QLabel* m_changes = nullptr;
+    SentenceLabel* m_result = nullptr;
+    SentenceLabel* m_changes = nullptr;
     QString m_lastChange;
     QPlainTextEdit* m_text = nullptr;
 };

@@ -1,20 +1,19 @@
 // The questions as small dialogs.
 #include "window/store_dialogs.h"
 
-#include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QObject>
 #include <QPushButton>
 #include <functional>
 
 #include "sample/sample_store.h"
+#include "window/direction.h"
 #include "window/host_dialog.h"
 #include "wynconfig/keys.h"
 
@@ -34,7 +33,7 @@ QString tr(const char* text) {
 class StoreForm {
   public:
     StoreForm(QWidget* window, const QString& title, const QString& okCaption)
-        : dialog(window), fields(new QFormLayout(&dialog)), folder(new QLineEdit) {
+        : dialog(window), fields(new QFormLayout(&dialog)), folder(new IdentifierEdit) {
         dialog.setObjectName(kHostDialog);
         dialog.setWindowTitle(title);
         folder->setObjectName("storeFolder");
@@ -100,9 +99,9 @@ std::optional<fs::path> askForStore(QWidget* window, const fs::path& now) {
 
 std::optional<TakeOver> askForTakeOver(QWidget* window) {
     StoreForm form(window, tr("Take over a session from another store"), tr("&Take over"));
-    auto* session = new QComboBox;
+    auto* session = new IdentifierBox;
     session->setObjectName("session");
-    auto* name = new QLineEdit;
+    auto* name = new IdentifierEdit;
     name->setObjectName("name");
     form.fields->addRow(tr("&Session:"), session);
     form.fields->addRow(tr("Keep it in the database &as:"), name);
@@ -124,7 +123,7 @@ std::optional<TakeOver> askForTakeOver(QWidget* window) {
 }
 
 bool askToRemove(QWidget* window, const std::string& name) {
-    const QString text = tr("Remove %1 from the database?").arg(QString::fromStdString(name));
+    const QString text = tr("Remove %1 from the database?").arg(isolated(name));
     QMessageBox box(QMessageBox::Question, tr("Parts Catalogue"), text,
                     QMessageBox::Yes | QMessageBox::No, window);
     box.setObjectName(kHostDialog);

@@ -3,12 +3,17 @@
 
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QPalette>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QSyntaxHighlighter>
+#include <QTextCursor>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QTextOption>
+
+#include "window/direction.h"
 
 namespace host {
 
@@ -30,18 +35,42 @@ class ControlNames : public QSyntaxHighlighter {
     }
 };
 
-}  // namespace
+class SentenceBox : public QPlainTextEdit {
+  protected:
+    QMimeData* createMimeDataFromSelection() const override {
+        auto* copied = new QMimeData;
+        copied->setText(withoutMarks(textCursor().selection().toPlainText()));
+        return copied;
+    }
+};
 
-QPlainTextEdit* makeTextBox(const QString& name) {
-    auto* box = new QPlainTextEdit;
+QPlainTextEdit* makeReadOnly(QPlainTextEdit* box, const QString& name) {
     box->setReadOnly(true);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box->setTabChangesFocus(true);
     box->setLineWrapMode(QPlainTextEdit::NoWrap);
     box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     box->setAccessibleName(name);
-    new ControlNames(box->document());
     return box;
+}
+
+}  // namespace
+
+QPlainTextEdit* makeTextBox(const QString& name) {
+    QPlainTextEdit* box = makeReadOnly(new QPlainTextEdit, name);
+    new ControlNames(box->document());
+    readLeftToRight(*box);
+    return box;
+}
+
+QPlainTextEdit* makeSentenceBox(const QString& name) {
+    return makeReadOnly(new SentenceBox, name);
+}
+
+void readLeftToRight(QPlainTextEdit& box) {
+    QTextOption option = box.document()->defaultTextOption();
+    option.setTextDirection(Qt::LeftToRight);
+    box.document()->setDefaultTextOption(option);
 }
 
 void letLinesBreak(QPlainTextEdit& box) {

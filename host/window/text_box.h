@@ -10,6 +10,13 @@ namespace host {
 /// @param name  for screen readers
 QPlainTextEdit* makeTextBox(const QString& name);
 
+/// The same for sentences with identifiers in them, which are copied without the marks of their
+/// direction.
+QPlainTextEdit* makeSentenceBox(const QString& name);
+
+/// Has lines run from left to right, whatever letter they begin with: what programs read.
+void readLeftToRight(QPlainTextEdit& box);
+
 /// Lets lines that are too long break, anywhere if need be.
 void letLinesBreak(QPlainTextEdit& box);
 

@@ -17,7 +17,9 @@
 #include "sample/store_snapshot.h"
 #include "support/temporary_folder.h"
 #include "window/catalogue.h"
+#include "window/direction.h"
 #include "window/main_window.h"
+#include "window/sentence_label.h"
 #include "window/workplace.h"
 #include "wynconfig/resource_manager.h"
 
@@ -50,8 +52,14 @@ class HostWindow : public testing::Test {
         return *found;
     }
 
+    /// What a box holds, without the marks of direction.
     std::string text(const char* box) const {
-        return widget<QPlainTextEdit>(box).toPlainText().toStdString();
+        return withoutMarks(widget<QPlainTextEdit>(box).toPlainText()).toStdString();
+    }
+
+    /// What a label tells, in the same way.
+    std::string told(const char* label) const {
+        return widget<SentenceLabel>(label).told().toStdString();
     }
 
     void choose(const char* comboBox, const QString& item) const {

@@ -1,7 +1,6 @@
 // The deleted items of the sample host, and their way back.
 #include <gtest/gtest.h>
 
-#include <QLabel>
 #include <QListWidget>
 #include <QTableWidget>
 
@@ -41,7 +40,7 @@ class HostDeleted : public HostWindow {
         return rows;
     }
 
-    std::string outcome() const { return widget<QLabel>("restored").text().toStdString(); }
+    std::string outcome() const { return told("restored"); }
 };
 
 TEST_F(HostDeleted, ListsWhatLiesInBothFolders) {

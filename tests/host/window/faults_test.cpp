@@ -21,9 +21,8 @@ class HostFaults : public HostWindow {
         window = std::make_unique<MainWindow>(workplace);
         window->show();
         QCoreApplication::processEvents();
-        const auto& label = widget<QLabel>("faults");
-        EXPECT_EQ(label.isVisible(), !label.text().isEmpty());
-        return label.text().toStdString();
+        EXPECT_EQ(widget<QLabel>("faults").isVisible(), !told("faults").empty());
+        return told("faults");
     }
     static std::string sentence(const char* kind, const fs::path& path, const std::string& why) {
         return std::string("The ") + kind + " " + path.string() + " can't be read: " + why + ".";
@@ -93,9 +92,9 @@ TEST_F(HostFaults, OfTheDatabaseAreToldAndItIsNotOpened) {
     putPipe(store.database());
     shown();
     window->sessions().selectInDatabase(wynconfig::ItemKind::Session, "DESK");
-    const auto labels = window->sessions().findChildren<QLabel*>();
-    EXPECT_TRUE(std::ranges::any_of(labels, [&](const QLabel* label) {
-        return label->text().toStdString() == "The database " + store.database().string() +
+    const auto labels = window->sessions().findChildren<SentenceLabel*>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [&](const SentenceLabel* label) {
+        return label->told().toStdString() == "The database " + store.database().string() +
                                                   " can't be reached: it is no plain file";
     }));
 }
