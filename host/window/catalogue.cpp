@@ -328,7 +328,11 @@ std::vector<PickedPart> CatalogueWidget::partsList() const {
 }
 
 void CatalogueWidget::clearPartsList() {
+    const int count = m_picked->rowCount();
     m_parts->clearQuantities();
+    emit told(count == 0 ? tr("The parts list is empty already.")
+                         : tr("The parts list was cleared; parts that it held: %1.").arg(count),
+              false);
 }
 
 void CatalogueWidget::tell() {

@@ -86,6 +86,8 @@ class CatalogueWidget : public QWidget {
 
   signals:
     void partsListChanged();
+    /// What came of an action: a sentence for the user.
+    void told(const QString& sentence, bool isFailure);
 
   private:
     QWidget* makeCatalogue();

@@ -97,13 +97,17 @@ void DeletedPanel::restore() {
     const int row = m_table->currentRow();
     if (row < 0) return;
     const DeletedItem item = m_items[static_cast<std::size_t>(row)];
+    const auto tell = [this](const QString& sentence, bool isFailure) {
+        m_outcome->tell(sentence);
+        emit told(sentence, isFailure);
+    };
     try {
         restoreItem(m_store, item);
-        m_outcome->tell(tr("%1 %2 is back.").arg(wordsFor(item.kind), isolated(item.name)));
+        tell(tr("%1 %2 is back.").arg(wordsFor(item.kind), isolated(item.name)), false);
         readStore();
         emit restored();
     } catch (const std::exception& failure) {
-        m_outcome->tell(isolatedIn(QString::fromUtf8(failure.what()), {item.name}));
+        tell(isolatedIn(QString::fromUtf8(failure.what()), {item.name}), true);
     }
 }
 

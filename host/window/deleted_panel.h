@@ -27,6 +27,8 @@ class DeletedPanel : public QWidget {
   signals:
     /// An item is back in the store.
     void restored();
+    /// What came of an action: a sentence for the user.
+    void told(const QString& sentence, bool isFailure);
 
   protected:
     void showEvent(QShowEvent* event) override;

@@ -13,17 +13,24 @@ namespace host {
 
 namespace {
 
-void change(Workplace& workplace, QWidget* parent, const std::string& language) {
+using Tell = std::function<void(const QString&, bool)>;
+
+void change(Workplace& workplace, QWidget* parent, const wynconfig::Language& language,
+            const Tell& tell) {
     try {
-        workplace.setLanguage(language);
+        workplace.setLanguage(language.tag);
+        tell(QObject::tr("From now on the dialogs are in %1.")
+                 .arg(QString::fromStdString(language.name)),
+             false);
     } catch (const std::exception& failure) {
+        tell(QString::fromUtf8(failure.what()), true);
         QMessageBox::critical(parent, parent->windowTitle(), QString::fromUtf8(failure.what()));
     }
 }
 
 }  // namespace
 
-QMenu* makeLanguageMenu(Workplace& workplace, QWidget* parent) {
+QMenu* makeLanguageMenu(Workplace& workplace, QWidget* parent, const Tell& tell) {
     auto* menu = new QMenu(QObject::tr("&Language of the dialogs"), parent);
     auto* group = new QActionGroup(menu);
     const std::string& resources = workplace.resources();
@@ -34,8 +41,9 @@ QMenu* makeLanguageMenu(Workplace& workplace, QWidget* parent) {
         action->setChecked(each.tag == users);
         action->setStatusTip(QObject::tr("Reads the texts of this language anew"));
         group->addAction(action);
-        QObject::connect(action, &QAction::triggered, parent,
-                         [&workplace, parent, tag = each.tag] { change(workplace, parent, tag); });
+        QObject::connect(action, &QAction::triggered, parent, [&workplace, parent, each, tell] {
+            change(workplace, parent, each, tell);
+        });
     }
     return menu;
 }

@@ -1,7 +1,10 @@
 // The menu of the languages that the component's texts come in.
 #pragma once
 
+#include <functional>
+
 class QMenu;
+class QString;
 class QWidget;
 
 namespace host {
@@ -9,6 +12,8 @@ namespace host {
 class Workplace;
 
 /// One entry per language whose texts lie in the workplace's folder of texts.
-QMenu* makeLanguageMenu(Workplace& workplace, QWidget* parent);
+/// @param tell  is told what came of a change, in a sentence, and whether it failed
+QMenu* makeLanguageMenu(Workplace& workplace, QWidget* parent,
+                        const std::function<void(const QString&, bool)>& tell);
 
 }  // namespace host

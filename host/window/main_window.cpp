@@ -1,17 +1,21 @@
 // The main window and its menus.
 #include "window/main_window.h"
 
+#include <QAction>
 #include <QLayout>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "window/catalogue.h"
 #include "window/deleted_panel.h"
 #include "window/direction.h"
+#include "window/elided_label.h"
 #include "window/language_menu.h"
+#include "window/result_line.h"
 #include "window/send_panel.h"
 #include "window/sentence_label.h"
 #include "window/session_panel.h"
@@ -24,7 +28,8 @@ MainWindow::MainWindow(Workplace& workplace)
       m_send(new SendPanel(workplace.store())),
       m_sessions(new SessionPanel(workplace)),
       m_deleted(new DeletedPanel(workplace.store())),
-      m_place(new SentenceLabel),
+      m_place(new ElidedLabel(Qt::ElideMiddle)),
+      m_result(new ResultLine),
       m_faults(new SentenceLabel) {
     setWindowTitle(tr("Parts Catalogue"));
     auto* splitter = new QSplitter;
@@ -42,8 +47,7 @@ MainWindow::MainWindow(Workplace& workplace)
     layout->addWidget(splitter, 1);
     setCentralWidget(central);
     makeMenus();
-    m_place->setObjectName(QStringLiteral("store"));
-    statusBar()->addPermanentWidget(m_place);
+    makeStatusBar();
     connect(m_sessions, &SessionPanel::performed, this, &MainWindow::showStore);
     connect(m_deleted, &DeletedPanel::restored, this, &MainWindow::showStore);
     showStore();
@@ -58,6 +62,8 @@ QWidget* MainWindow::makePages() {
     m_sessions->layout()->setContentsMargins(m_send->layout()->contentsMargins());
     connect(m_catalogue, &CatalogueWidget::partsListChanged, this,
             [this] { m_send->setParts(m_catalogue->partsList()); });
+    // Its plan and its outcome stand there.
+    connect(m_send->sendAction(), &QAction::triggered, this, &MainWindow::showSending);
     connect(m_sessions, &SessionPanel::sessionSelected, m_send, &SendPanel::selectSession);
     connect(m_send, &SendPanel::sessionSelected, this,
             [this](const QString& name) { m_sessions->selectSession(name.toStdString()); });
@@ -76,9 +82,39 @@ void MainWindow::showSending() {
     m_pages->setCurrentWidget(m_send);
 }
 
+void MainWindow::makeStatusBar() {
+    constexpr int kResultShare = 3;
+    constexpr int kPlaceShare = 2;
+    m_place->setObjectName(QStringLiteral("store"));
+    m_place->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+    statusBar()->addPermanentWidget(m_result, kResultShare);
+    statusBar()->addPermanentWidget(m_place, kPlaceShare);
+    m_result->hide();  // until there is one
+    connect(m_catalogue, &CatalogueWidget::told, m_result, &ResultLine::tell);
+    connect(m_send, &SendPanel::told, m_result, &ResultLine::tell);
+    connect(m_sessions, &SessionPanel::told, m_result, &ResultLine::tell);
+    connect(m_deleted, &DeletedPanel::told, m_result, &ResultLine::tell);
+}
+
+bool MainWindow::event(QEvent* event) {
+    if (event->type() != QEvent::StatusTip) return QMainWindow::event(event);
+    // The tip of what lies below the mouse stands in the place of the store: the last result is to
+    // stay in sight.
+    const QString tip = static_cast<QStatusTipEvent*>(event)->tip();
+    if (tip.isEmpty())
+        showPlace();
+    else
+        m_place->tell(tip);
+    return true;
+}
+
+void MainWindow::showPlace() {
+    m_place->tell(tr("Store: %1").arg(isolated(m_workplace.store().root.string())));
+}
+
 void MainWindow::showStore() {
     const StoreFolders& store = m_workplace.store();
-    m_place->tell(tr("Store: %1").arg(isolated(store.root.string())));
+    showPlace();
     QStringList places;
     for (const auto& each : {store.root, store.sessions(), store.sessions() / "deleted",
                              store.formats(), store.formats() / "deleted", store.sessionList()})
@@ -101,7 +137,9 @@ void MainWindow::makeMenus() {
     menuBar()->addMenu(tr("Data&base"))->addActions(m_sessions->operationActions(Area::Database));
     QMenu* tools = menuBar()->addMenu(tr("Too&ls"));
     tools->addActions(m_sessions->operationActions(Area::Tools));
-    tools->addMenu(makeLanguageMenu(m_workplace, this));
+    tools->addMenu(makeLanguageMenu(
+        m_workplace, this,
+        [this](const QString& sentence, bool isFailure) { m_result->tell(sentence, isFailure); }));
 }
 
 }  // namespace host

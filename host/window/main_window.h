@@ -12,6 +12,8 @@ namespace host {
 
 class CatalogueWidget;
 class DeletedPanel;
+class ElidedLabel;
+class ResultLine;
 class SendPanel;
 class SentenceLabel;
 class SessionPanel;
@@ -29,11 +31,16 @@ class MainWindow : public QMainWindow {
     void showSessions();
     void showSending();
 
+  protected:
+    bool event(QEvent* event) override;
+
   private:
     QWidget* makePages();
     void makeMenus();
     /// Shows which store it is, and what of it can't be read.
     void showStore();
+    void showPlace();
+    void makeStatusBar();
 
     Workplace& m_workplace;
     CatalogueWidget* m_catalogue;
@@ -41,7 +48,8 @@ class MainWindow : public QMainWindow {
     SessionPanel* m_sessions;
     DeletedPanel* m_deleted;
     QTabWidget* m_pages = nullptr;
-    SentenceLabel* m_place;
+    ElidedLabel* m_place;
+    ResultLine* m_result;
     SentenceLabel* m_faults;
 };
 

@@ -25,7 +25,8 @@ Outcome told(const wynconfig::MemoryResult& result) {
 Outcome settle(Workplace& workplace, QWidget* window) {
     while (true) {
         const auto decision = askAboutRefusal(window, *workplace.refused);
-        if (!decision) return {1, {}, "Not stored. The edit is kept: Database, Refused edit."};
+        if (!decision)
+            return {1, {}, "Not stored. The edit is kept: Database, Refused edit.", {}, true};
         try {
             wynconfig::MemorySessions& memory = workplace.inMemory();
             const wynconfig::MemoryResult result =
@@ -95,8 +96,10 @@ Outcome takeOver(Workplace& workplace, const Selection& selection) {
     Outcome outcome = onDatabase(workplace, selection, [&](wynconfig::MemorySessions& memory) {
         return memory.takeOver(wanted->root.string() + "/", wanted->session, wanted->name);
     });
-    if (outcome.result == 1 && outcome.text.empty())
+    if (outcome.result == 1 && outcome.text.empty()) {
         outcome.text = "The session, or one of its part formats, is not in that store.";
+        outcome.failed = true;
+    }
     return outcome;
 }
 

@@ -12,6 +12,7 @@ struct Outcome {
     std::string name = {};            ///< the session that it ended on; may be empty
     std::string text = {};            ///< what else it gave, in a sentence; may be empty
     std::string shown = {};           ///< XML text to look at; may be empty
+    bool failed = false;              ///< what the user wanted was not done
 };
 
 }  // namespace host

@@ -63,16 +63,16 @@ void ProcessStarter::handOver(QProcess* process) {
     process->write(m_waiting.at(process));
     process->closeWriteChannel();
     m_waiting.erase(process);
-    emit told(tr("%1 got the list.").arg(nameOf(*process)));
+    emit told(tr("%1 got the list.").arg(nameOf(*process)), false);
 }
 
 void ProcessStarter::ended(QProcess* process, int code) {
     if (m_waiting.erase(process) > 0)
-        emit told(tr("%1 ended before it got the list.").arg(nameOf(*process)));
+        emit told(tr("%1 ended before it got the list.").arg(nameOf(*process)), true);
     else if (process->exitStatus() == QProcess::CrashExit)
-        emit told(tr("%1 crashed.").arg(nameOf(*process)));
+        emit told(tr("%1 crashed.").arg(nameOf(*process)), true);
     else
-        emit told(tr("%1 ended with code %2.").arg(nameOf(*process)).arg(code));
+        emit told(tr("%1 ended with code %2.").arg(nameOf(*process)).arg(code), code != 0);
 }
 
 }  // namespace host

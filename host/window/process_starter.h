@@ -24,7 +24,7 @@ class ProcessStarter : public QObject, public ProgramStarter {
 
   signals:
     /// What became of a program that was started: a sentence for the user.
-    void told(const QString& sentence);
+    void told(const QString& sentence, bool isFailure);
 
   private:
     void handOver(QProcess* process);

@@ -84,7 +84,10 @@ SendPanel::SendPanel(const StoreFolders& store, QWidget* parent)
     layout->addWidget(makePreview(), 1);
     layout->addWidget(makePlan());
     connect(&m_starter, &ProcessStarter::told, this,
-            [this](const QString& sentence) { m_outcome->appendPlainText(sentence); });
+            [this](const QString& sentence, bool isFailure) {
+                m_outcome->appendPlainText(sentence);
+                emit told(sentence, isFailure);
+            });
     readStore();
 }
 
@@ -288,6 +291,7 @@ void SendPanel::send() {
         lines << (report.done.empty() ? tr("Nothing was sent. %1") : tr("But: %1"))
                      .arg(isolatedIn(fromText(report.failure), known));
     m_outcome->setPlainText(lines.join(u'\n'));
+    emit told(lines.join(u' '), !report.failure.empty());
 }
 
 }  // namespace host

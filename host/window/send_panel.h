@@ -41,6 +41,8 @@ class SendPanel : public QWidget {
   signals:
     /// The user chose a session.
     void sessionSelected(const QString& name);
+    /// What came of an action: a sentence for the user.
+    void told(const QString& sentence, bool isFailure);
 
   private:
     QWidget* makeChoices();

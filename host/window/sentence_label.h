@@ -13,7 +13,7 @@ class SentenceLabel : public QLabel {
   public:
     explicit SentenceLabel(QWidget* parent = nullptr);
 
-    void tell(const QString& sentence);
+    virtual void tell(const QString& sentence);
     /// The sentence without marks.
     QString told() const;
     /// Breaks long sentences into lines, of which a person can copy.

@@ -29,6 +29,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// What an operation is called in a sentence.
+QString nameOf(const Operation& operation) {
+    return QString::fromUtf8(operation.caption).remove(u'&').remove(QChar(0x2026));  // ellipsis
+}
+
 /// Of several files the one that was written last; deleted ones count before all others.
 const FileChange& lastOf(const std::vector<FileChange>& changes, const fs::path& root) {
     const auto written = [&](const FileChange& change) {
@@ -203,7 +208,9 @@ void SessionPanel::trigger(const Operation& operation) {
     } catch (const std::exception& failure) {
         // What is listed may be what made it fail.
         listDatabase({});
-        QMessageBox::critical(this, window()->windowTitle(), QString::fromUtf8(failure.what()));
+        const QString why = QString::fromUtf8(failure.what());
+        emit told(tr("%1: %2").arg(nameOf(operation), why), true);
+        QMessageBox::critical(this, window()->windowTitle(), why);
     }
 }
 
@@ -220,9 +227,10 @@ Outcome SessionPanel::perform(const Operation& operation) {
     const Snapshot before = snapshot();
     if (operation.area != Area::Tools) m_lists->setCurrentIndex(operation.area == Area::Database);
     Outcome outcome = operation.call(m_workplace, selected);
-    showOutcome(outcome, {QString::fromStdString(selected.database ? selected.database->item.name
-                                                                   : std::string()),
-                          QString::fromStdString(m_workplace.store().root.string())});
+    showOutcome(
+        operation, outcome,
+        {QString::fromStdString(selected.database ? selected.database->item.name : std::string()),
+         QString::fromStdString(m_workplace.store().root.string())});
     // The file that changed last gives way to what is shown below.
     if (!outcome.shown.empty()) m_lastChange.clear();
     // Of another store nothing is known from before.
@@ -236,17 +244,22 @@ Outcome SessionPanel::perform(const Operation& operation) {
     return outcome;
 }
 
-void SessionPanel::showOutcome(const Outcome& outcome, const QStringList& identifiers) {
-    QStringList told;
+void SessionPanel::showOutcome(const Operation& operation, const Outcome& outcome,
+                               const QStringList& identifiers) {
+    QStringList facts;
     const QString name = isolated(outcome.name);
-    if (outcome.result) told << tr("Result %1").arg(*outcome.result);
-    if (!name.isEmpty()) told << (outcome.result ? tr("name %1") : tr("Name %1")).arg(name);
-    if (outcome.result && name.isEmpty()) told << tr("no name");
-    QString text = told.join(QStringLiteral(", "));
-    if (!outcome.text.empty())
-        text += (text.isEmpty() ? "" : ". ") +
-                isolatedIn(QString::fromStdString(outcome.text), identifiers);
+    if (outcome.result) facts << tr("Result %1").arg(*outcome.result);
+    if (!name.isEmpty()) facts << (outcome.result ? tr("name %1") : tr("Name %1")).arg(name);
+    if (outcome.result && name.isEmpty()) facts << tr("no name");
+    QString text = facts.join(QStringLiteral(", "));
+    const QString more = isolatedIn(QString::fromStdString(outcome.text), identifiers);
+    if (!more.isEmpty()) text += (text.isEmpty() ? "" : ". ") + more;
     m_result->tell(text);
+    const QString done = !more.isEmpty()       ? more
+                         : outcome.result == 0 ? tr("confirmed.")
+                                               : tr("not confirmed.");
+    const QString lead = name.isEmpty() ? nameOf(operation) : nameOf(operation) + ", " + name;
+    emit told(tr("%1: %2").arg(lead, done), outcome.failed);
 }
 
 void SessionPanel::showChanges(const Snapshot& before, const Snapshot& after) {

@@ -40,6 +40,8 @@ class SessionPanel : public QWidget {
     void sessionSelected(const QString& name);
     /// After an operation, whatever came of it; the store may be another one by now.
     void performed();
+    /// What came of an action: a sentence for the user.
+    void told(const QString& sentence, bool isFailure);
 
   private:
     void makeActions();
@@ -57,7 +59,8 @@ class SessionPanel : public QWidget {
     Snapshot snapshot() const;
     void enableActions();
     /// @param identifiers  that may stand in what it tells
-    void showOutcome(const Outcome& outcome, const QStringList& identifiers);
+    void showOutcome(const Operation& operation, const Outcome& outcome,
+                     const QStringList& identifiers);
     void showChanges(const Snapshot& before, const Snapshot& after);
 
     Workplace& m_workplace;

@@ -156,7 +156,9 @@ class Keyboard(HostTestCase):
         self.tab_to(HOST, "Restore")
         self.person.press("space")
         self.list(HOST, DELETED_ITEMS, lambda node: node.rows() == [])
-        self.assertIn("Session LABEL PRINTING is back.", self.window(HOST).told())
+        # On the page, and in the status bar.
+        self.assertEqual(
+            self.window(HOST).told().count("Session LABEL PRINTING is back."), 2)
         self.assertEqual(self.store.files(), before)
         self.quit_host()
 
@@ -174,6 +176,14 @@ class Keyboard(HostTestCase):
             cells = node.rows()
             return list(zip(cells[::5], cells[4::5])) == list(parts)
         self.list(HOST, "Parts list", holds_them)
+
+    def test_hears_of_a_failed_sending_wherever_it_was_called(self):
+        self.go_to_page(SENDING, SESSIONS, DELETED)
+        self.person.press("ctrl+e")
+        self.control(HOST, "What came of it", when=lambda box: "Nothing was sent." in box.text)
+        self.assertIn("Failure: Nothing was sent. The parts list is empty.",
+                      self.window(HOST).told())
+        self.quit_host()
 
     def test_sends_a_list_of_parts_into_a_file(self):
         before = self.store.files()

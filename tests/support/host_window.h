@@ -30,6 +30,8 @@ enum Page { SendPage, SessionsPage, DeletedPage, PageCount };
 
 class HostWindow : public testing::Test {
   protected:
+    static constexpr int kPatienceMilliseconds = 20000;  ///< with programs
+
     static void SetUpTestSuite() {
         static int count = 1;
         static char name[] = "test";

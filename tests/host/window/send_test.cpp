@@ -15,8 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kPatienceMilliseconds = 20000;
-
 class HostSend : public HostWindow {
   protected:
     void SetUp() override {

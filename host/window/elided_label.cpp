@@ -1,0 +1,37 @@
+// Painting what there is room for.
+#include "window/elided_label.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace host {
+
+ElidedLabel::ElidedLabel(Qt::TextElideMode mode, QWidget* parent)
+    : SentenceLabel(parent), m_mode(mode) {
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+void ElidedLabel::tell(const QString& sentence) {
+    SentenceLabel::tell(sentence);
+    setToolTip(sentence);
+}
+
+QString ElidedLabel::painted() const {
+    return fontMetrics().elidedText(text(), m_mode, contentsRect().width());
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+    return {0, SentenceLabel::minimumSizeHint().height()};
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    // The sentence stands at the side of the layout, and is read in its own direction.
+    const int flags =
+        QStyle::visualAlignment(layoutDirection(), alignment()) | Qt::TextSingleLine |
+        (text().isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight);
+    style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(), painted(),
+                          foregroundRole());
+}
+
+}  // namespace host
