@@ -2,7 +2,9 @@
 #include "window/main_window.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
@@ -52,6 +54,7 @@ MainWindow::MainWindow(Workplace& workplace)
     connect(m_deleted, &DeletedPanel::restored, this, &MainWindow::showStore);
     showStore();
     resize(1180, 740);
+    for (QLineEdit* each : findChildren<QLineEdit*>()) each->installEventFilter(this);
 }
 
 QWidget* MainWindow::makePages() {
@@ -106,6 +109,18 @@ bool MainWindow::event(QEvent* event) {
     else
         m_place->tell(tip);
     return true;
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    // On some systems boxes take the key that sends for one of theirs.
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (m_send->sendAction()->shortcut() == QKeySequence(key->keyCombination())) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::showPlace() {

@@ -5,8 +5,8 @@ keyboard alone.
 import unittest
 
 from host_test_case import (
-    ADD_SESSION, DELETED, DELETED_ITEMS, HOST, MAINTENANCE, QUESTION, SENDING, SESSION, SESSIONS,
-    STORE_SESSIONS, HostTestCase)
+    ADD_SESSION, DELETED, DELETED_ITEMS, HOST, MAINTENANCE, QUESTION, SENDING, SESSION,
+    SESSIONS, STORE_SESSIONS, HostTestCase)
 from store import formats_of
 
 
@@ -179,6 +179,9 @@ class Keyboard(HostTestCase):
 
     def test_hears_of_a_failed_sending_wherever_it_was_called(self):
         self.go_to_page(SENDING, SESSIONS, DELETED)
+        # The box that has the keyboard has a use of its own for this key.
+        self.person.press("ctrl+f")
+        self.wait_for_focus(HOST, "Search:")
         self.person.press("ctrl+e")
         self.control(HOST, "What came of it", when=lambda box: "Nothing was sent." in box.text)
         self.assertIn("Failure: Nothing was sent. The parts list is empty.",
