@@ -1,6 +1,7 @@
 // The parts of the sample catalogue and their two tables on the screen.
 #include "window/catalogue.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -15,9 +16,11 @@
 #include <QSqlQuery>
 #include <QStyledItemDelegate>
 #include <QTableView>
+#include <QUndoCommand>
 #include <QVBoxLayout>
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 #include "sample/parts.h"
 #include "window/direction.h"
@@ -110,6 +113,26 @@ QTableView* makeTable(QAbstractItemModel& model) {
 
 }  // namespace
 
+/// Quantities before and after a change.
+class QuantityChange : public QUndoCommand {
+  public:
+    using Quantities = std::vector<CatalogueModel::Wanted>;
+
+    QuantityChange(CatalogueModel& parts, const QString& what, Quantities before, Quantities after)
+        : QUndoCommand(what),
+          m_parts(parts),
+          m_before(std::move(before)),
+          m_after(std::move(after)) {}
+
+    void undo() override { m_parts.put(m_before); }
+    void redo() override { m_parts.put(m_after); }
+
+  private:
+    CatalogueModel& m_parts;
+    Quantities m_before;
+    Quantities m_after;
+};
+
 CatalogueModel::CatalogueModel(QObject* parent) : QSqlTableModel(parent, openCatalogue()) {
     setTable(QStringLiteral("part"));
     setEditStrategy(OnFieldChange);
@@ -166,17 +189,35 @@ bool CatalogueModel::setData(const QModelIndex& index, const QVariant& value, in
     const int pieces = tick ? (value.toInt() == Qt::Checked ? 1 : 0) : value.toInt();
     const QModelIndex field = index.siblingAtColumn(Quantity);
     if (!tick && index != field) return false;
-    if (!QSqlTableModel::setData(field, pieces, Qt::EditRole)) return false;
-    const QModelIndex first = index.siblingAtColumn(PartNumber);
-    emit dataChanged(first, field);
+    const QModelIndex number = index.siblingAtColumn(PartNumber);
+    change(isolated(QSqlTableModel::data(number, Qt::EditRole).toString()),
+           {{index.row(), pieces}});
+    return quantity(index.row()) == pieces;
+}
+
+void CatalogueModel::change(const QString& what, const std::vector<Wanted>& wanted) {
+    std::vector<Wanted> before;
+    std::vector<Wanted> after;
+    for (const Wanted& each : wanted) {
+        if (quantity(each.row) == each.pieces) continue;
+        before.push_back({each.row, quantity(each.row)});
+        after.push_back(each);
+    }
+    if (!after.empty()) m_history.push(new QuantityChange(*this, what, before, after));
+}
+
+void CatalogueModel::put(const std::vector<Wanted>& wanted) {
+    for (const auto& [row, pieces] : wanted) {
+        QSqlTableModel::setData(index(row, Quantity), pieces, Qt::EditRole);
+        emit dataChanged(index(row, PartNumber), index(row, Quantity));
+    }
     emit quantitiesChanged();
-    return true;
 }
 
 void CatalogueModel::clearQuantities() {
-    for (int row = 0; row < rowCount(); ++row) {
-        if (quantity(row) > 0) setData(index(row, Quantity), 0, Qt::EditRole);
-    }
+    std::vector<Wanted> none;
+    for (int row = 0; row < rowCount(); ++row) none.push_back({row, 0});
+    change(tr("Clear list"), none);
 }
 
 QStringList CatalogueModel::groups() const {
@@ -216,6 +257,7 @@ CatalogueWidget::CatalogueWidget(QWidget* parent)
     m_found->setSortRole(Qt::EditRole);
     m_picked->setSourceModel(m_parts);
 
+    makeActions();
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(makeCatalogue());
     splitter->addWidget(makePartsList());
@@ -232,6 +274,23 @@ CatalogueWidget::CatalogueWidget(QWidget* parent)
         emit partsListChanged();
     });
     tell();
+}
+
+void CatalogueWidget::makeActions() {
+    QUndoStack& history = m_parts->history();
+    m_undo = history.createUndoAction(this, tr("&Undo"));
+    m_undo->setObjectName(QStringLiteral("undo"));
+    m_undo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
+    m_undo->setStatusTip(tr("Takes the last change of the parts list back"));
+    m_redo = history.createRedoAction(this, tr("&Redo"));
+    m_redo->setObjectName(QStringLiteral("redo"));
+    m_redo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+Z")));
+    m_redo->setStatusTip(tr("Makes the change again that was taken back last"));
+    // Both have done their work by then: what was undone can be redone.
+    connect(m_undo, &QAction::triggered, this,
+            [&] { emit told(tr("Undone: %1.").arg(history.redoText()), false); });
+    connect(m_redo, &QAction::triggered, this,
+            [&] { emit told(tr("Done again: %1.").arg(history.undoText()), false); });
 }
 
 QWidget* CatalogueWidget::makeCatalogue() {
@@ -330,8 +389,10 @@ std::vector<PickedPart> CatalogueWidget::partsList() const {
 void CatalogueWidget::clearPartsList() {
     const int count = m_picked->rowCount();
     m_parts->clearQuantities();
-    emit told(count == 0 ? tr("The parts list is empty already.")
-                         : tr("The parts list was cleared; parts that it held: %1.").arg(count),
+    emit told(count == 0
+                  ? tr("The parts list is empty already.")
+                  : tr("The parts list was cleared; parts that it held: %1. Undo brings them back.")
+                        .arg(count),
               false);
 }
 

@@ -4,11 +4,13 @@
 #include <QSortFilterProxyModel>
 #include <QSqlTableModel>
 #include <QStringList>
+#include <QUndoStack>
 #include <QWidget>
 #include <vector>
 
 #include "sending/parts_list.h"
 
+class QAction;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -37,9 +39,23 @@ class CatalogueModel : public QSqlTableModel {
     /// All groups, in the order of their first parts.
     QStringList groups() const;
     void clearQuantities();
+    /// The changes of quantities that can be taken back.
+    QUndoStack& history() { return m_history; }
 
   signals:
     void quantitiesChanged();
+
+  private:
+    friend class QuantityChange;
+    /// The quantity that a part is to have.
+    struct Wanted {
+        int row;
+        int pieces;
+    };
+    void change(const QString& what, const std::vector<Wanted>& wanted);
+    void put(const std::vector<Wanted>& wanted);
+
+    QUndoStack m_history;
 };
 
 /// The rows of the catalogue that the user looks for, by text and by group.
@@ -81,6 +97,9 @@ class CatalogueWidget : public QWidget {
     /// @return whether there is such a part
     bool pick(const QString& partNumber, int pieces);
     void clearPartsList();
+    /// Take changes of the parts list back, and make them again.
+    QAction* undoAction() const { return m_undo; }
+    QAction* redoAction() const { return m_redo; }
     /// The parts list, in the order in which it is shown.
     std::vector<PickedPart> partsList() const;
 
@@ -92,6 +111,7 @@ class CatalogueWidget : public QWidget {
   private:
     QWidget* makeCatalogue();
     QWidget* makePartsList();
+    void makeActions();
     void tell();
 
     CatalogueModel* m_parts;
@@ -103,6 +123,8 @@ class CatalogueWidget : public QWidget {
     QLabel* m_count = nullptr;
     QLabel* m_total = nullptr;
     QPushButton* m_clear = nullptr;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
 };
 
 }  // namespace host

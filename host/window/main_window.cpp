@@ -146,6 +146,7 @@ void MainWindow::makeMenus() {
     file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
     QMenu* parts = menuBar()->addMenu(tr("&Parts"));
     parts->addAction(tr("&Search"), QKeySequence::Find, m_catalogue, &CatalogueWidget::goToSearch);
+    parts->addActions({m_catalogue->undoAction(), m_catalogue->redoAction()});
     parts->addAction(tr("&Clear list"), m_catalogue, &CatalogueWidget::clearPartsList);
     parts->addAction(m_send->sendAction());
     menuBar()->addMenu(tr("&Store"))->addActions(m_sessions->operationActions(Area::Store));

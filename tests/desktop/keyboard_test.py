@@ -188,6 +188,18 @@ class Keyboard(HostTestCase):
                       self.window(HOST).told())
         self.quit_host()
 
+    def test_takes_changes_of_the_list_back(self):
+        self.find_part("10-0183")
+        self.person.press("space")
+        self.expect_parts_list(("10-0183", "1"))
+        self.person.press("ctrl+z")
+        self.expect_parts_list()
+        self.person.press("ctrl+shift+z")
+        self.expect_parts_list(("10-0183", "1"))
+        self.person.press("ctrl+z")
+        self.expect_parts_list()
+        self.quit_host()
+
     def test_sends_a_list_of_parts_into_a_file(self):
         before = self.store.files()
         self.find_part("10-0183")

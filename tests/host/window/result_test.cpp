@@ -117,7 +117,8 @@ TEST_F(HostResult, OfAClearedListIsTold) {
     pick("10-0120", 1);
     pick("10-0183", 4);
     window->catalogue().clearPartsList();
-    EXPECT_EQ(result(), "The parts list was cleared; parts that it held: 2.");
+    EXPECT_EQ(result(),
+              "The parts list was cleared; parts that it held: 2. Undo brings them back.");
     window->catalogue().clearPartsList();
     EXPECT_EQ(result(), "The parts list is empty already.");
 }
