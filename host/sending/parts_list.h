@@ -11,6 +11,7 @@ struct PickedPart {
     std::string number;
     long quantity = 1;
     std::string description;
+    bool operator==(const PickedPart&) const = default;
 };
 
 struct PartsList {

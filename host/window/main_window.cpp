@@ -2,6 +2,7 @@
 #include "window/main_window.h"
 
 #include <QAction>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QLineEdit>
@@ -21,6 +22,7 @@
 #include "window/send_panel.h"
 #include "window/sentence_label.h"
 #include "window/session_panel.h"
+#include "window/store_dialogs.h"
 
 namespace host {
 
@@ -121,6 +123,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    const bool isDone = m_catalogue->partsList().empty() || m_send->isSent();
+    if (!isDone && !askToQuit(this)) return event->ignore();
+    QMainWindow::closeEvent(event);
 }
 
 void MainWindow::showPlace() {

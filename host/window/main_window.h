@@ -34,6 +34,7 @@ class MainWindow : public QMainWindow {
   protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     QWidget* makePages();

@@ -86,6 +86,7 @@ SendPanel::SendPanel(const StoreFolders& store, QWidget* parent)
     connect(&m_starter, &ProcessStarter::told, this,
             [this](const QString& sentence, bool isFailure) {
                 m_outcome->appendPlainText(sentence);
+                if (isFailure) m_sent.reset();
                 emit told(sentence, isFailure);
             });
     readStore();
@@ -291,6 +292,7 @@ void SendPanel::send() {
         lines << (report.done.empty() ? tr("Nothing was sent. %1") : tr("But: %1"))
                      .arg(isolatedIn(fromText(report.failure), known));
     m_outcome->setPlainText(lines.join(u'\n'));
+    if (report.failure.empty()) m_sent = m_list.parts;
     emit told(lines.join(u' '), !report.failure.empty());
 }
 

@@ -31,6 +31,8 @@ class SendPanel : public QWidget {
     /// Does what the button does.
     QAction* sendAction() const { return m_sendAction; }
     void setParts(std::vector<PickedPart> parts);
+    /// Whether the list was sent as it is now.
+    bool isSent() const { return m_sent == m_list.parts; }
     /// Chooses a session; one that is not there yet, once the store is read anew.
     void selectSession(const QString& name);
     /// Reads the store anew, and keeps what was chosen as far as it is still there.
@@ -60,7 +62,8 @@ class SendPanel : public QWidget {
     const StoreFolders& m_store;
     ProcessStarter m_starter;
     PartsList m_list;
-    QString m_wanted;  ///< the session to choose
+    std::optional<std::vector<PickedPart>> m_sent;  ///< the parts that were sent last
+    QString m_wanted;                               ///< the session to choose
     std::optional<Session> m_session;
     std::string m_unreadable;  ///< why there is no session
     QAction* m_sendAction;

@@ -132,4 +132,19 @@ bool askToRemove(QWidget* window, const std::string& name) {
     return box.exec() == QMessageBox::Yes;
 }
 
+bool askToQuit(QWidget* window) {
+    QMessageBox box(QMessageBox::Question, tr("Parts Catalogue"),
+                    tr("The parts list was not sent. Quit all the same?"), QMessageBox::NoButton,
+                    window);
+    box.setObjectName(kHostDialog);
+    QPushButton* quit = box.addButton(tr("&Quit"), QMessageBox::AcceptRole);
+    QPushButton* stay = box.addButton(tr("&Stay"), QMessageBox::RejectRole);
+    quit->setObjectName("quit");
+    stay->setObjectName("stay");
+    box.setDefaultButton(stay);
+    box.setEscapeButton(stay);
+    box.exec();
+    return box.clickedButton() == quit;
+}
+
 }  // namespace host

@@ -1,4 +1,4 @@
-// Small questions of the host: which store, which session of it, and whether to remove.
+// Small questions of the host: which store, which session of it, whether to remove or to quit.
 #pragma once
 
 #include <filesystem>
@@ -22,5 +22,8 @@ struct TakeOver {
 std::optional<TakeOver> askForTakeOver(QWidget* window);
 
 bool askToRemove(QWidget* window, const std::string& name);
+
+/// Asks whether to quit with a parts list that was not sent.
+bool askToQuit(QWidget* window);
 
 }  // namespace host

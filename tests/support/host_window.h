@@ -5,10 +5,12 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -18,6 +20,7 @@
 #include "support/temporary_folder.h"
 #include "window/catalogue.h"
 #include "window/direction.h"
+#include "window/host_dialog.h"
 #include "window/main_window.h"
 #include "window/sentence_label.h"
 #include "window/workplace.h"
@@ -76,6 +79,29 @@ class HostWindow : public testing::Test {
         ASSERT_TRUE(window->catalogue().pick(QString::fromUtf8(partNumber), pieces)) << partNumber;
     }
 
+    /// Closes the window, and answers what it asks by a button.
+    /// @return whether it went
+    bool closeBy(const char* button) {
+        m_question.clear();
+        QTimer::singleShot(0, window.get(), [this, button] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box || box->objectName() != kHostDialog) return;
+            m_question = box->text().toStdString();
+            box->findChild<QPushButton*>(button)->click();
+        });
+        const bool closed = window->close();
+        QCoreApplication::processEvents();
+        return closed;
+    }
+    /// What it asked then; empty: nothing.
+    const std::string& question() const { return m_question; }
+
+    /// Sends the list into a file of the store.
+    void sendToFile() const {
+        choose("session", "WEB SHOP EXPORT");
+        click("send");
+    }
+
     QTabWidget& pages() const { return *window->centralWidget()->findChild<QTabWidget*>(); }
 
     wynconfig::TemporaryFolder folder;
@@ -83,6 +109,9 @@ class HostWindow : public testing::Test {
     wynconfig::WYNConfig component;
     Workplace workplace{component, store, std::nullopt, WYNCONFIG_RESOURCES};
     std::unique_ptr<MainWindow> window;
+
+  private:
+    std::string m_question;
 };
 
 }  // namespace host
