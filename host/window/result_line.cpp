@@ -19,7 +19,8 @@ ResultLine::ResultLine(QWidget* parent)
     m_sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
     m_sign->hide();
     auto* line = new QHBoxLayout(this);
-    line->setContentsMargins(0, 0, 0, 0);
+    // In line with what stands above it.
+    line->setContentsMargins(line->contentsMargins().left(), 0, 0, 0);
     line->addWidget(m_sign);
     line->addWidget(m_sentence, 1);
 }
