@@ -17,6 +17,7 @@
 #include "window/appearance.h"
 #include "window/language.h"
 #include "window/main_window.h"
+#include "window/remembered.h"
 #include "window/workplace.h"
 #include "wynconfig/qt_view.h"
 #include "wynconfig/resource_manager.h"
@@ -103,20 +104,33 @@ Arguments readArguments(const QApplication& application) {
     return arguments;
 }
 
-int runHost(wynconfig::WYNConfig& component, const Arguments& arguments) {
+/// The file in which the window remembers what the user had in it.
+fs::path settingsFile() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    return (folder + "/window.ini").toStdString();
+}
+
+int runHost(wynconfig::WYNConfig& component, const Arguments& arguments,
+            host::Remembered& remembered) {
     const host::StoreFolders store(arguments.store);
     if (!store.exist()) host::makeSampleStore(component, store);
     const host::InstalledView installed(wynconfig::makeQtView());
     component.init(store.rootText());
     host::Workplace workplace(component, store, arguments.database, arguments.resources,
                               arguments.language);
-    host::MainWindow window(workplace);
+    host::MainWindow window(workplace, &remembered);
     window.show();
     return QApplication::exec();
 }
 
 int run(const QApplication& application) {
-    const Arguments arguments = readArguments(application);
+    Arguments arguments = readArguments(application);
+    std::optional<host::Remembered> remembered;
+    // The tour and the pictures are the same whatever anybody had in the window.
+    if (arguments.tour.empty() && arguments.pictures.empty()) {
+        remembered.emplace(settingsFile());
+        if (arguments.language.empty()) arguments.language = remembered->language();
+    }
     const auto texts = host::useLanguage(arguments.resources, arguments.language);
     if (arguments.dark) host::darken();
     wynconfig::WYNConfig component;
@@ -125,7 +139,7 @@ int run(const QApplication& application) {
         host::takePictures(component, arguments.pictures);
         return 0;
     }
-    if (arguments.tour.empty()) return runHost(component, arguments);
+    if (remembered) return runHost(component, arguments, *remembered);
     return host::Tour(component, *texts, arguments.resources, arguments.tour).run() ? 0 : 1;
 }
 

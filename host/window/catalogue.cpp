@@ -18,6 +18,7 @@
 #include <QTableView>
 #include <QUndoCommand>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 #include <utility>
@@ -220,6 +221,20 @@ void CatalogueModel::clearQuantities() {
     change(tr("Clear list"), none);
 }
 
+void CatalogueModel::restoreQuantities(const std::vector<PickedPart>& parts) {
+    std::vector<Wanted> wanted;
+    for (int row = 0; row < rowCount(); ++row) {
+        const std::string number =
+            QSqlTableModel::data(index(row, PartNumber), Qt::EditRole).toString().toStdString();
+        const auto found = std::ranges::find(parts, number, &PickedPart::number);
+        const long pieces = found == parts.end() ? 0 : found->quantity;
+        wanted.push_back({row, static_cast<int>(std::clamp<long>(pieces, 0, kMostPieces))});
+    }
+    std::erase_if(wanted, [&](const Wanted& each) { return quantity(each.row) == each.pieces; });
+    put(wanted);
+    m_history.clear();
+}
+
 QStringList CatalogueModel::groups() const {
     QStringList groups;
     for (int row = 0; row < rowCount(); ++row) groups << group(row);
@@ -259,6 +274,7 @@ CatalogueWidget::CatalogueWidget(QWidget* parent)
 
     makeActions();
     auto* splitter = new QSplitter(Qt::Vertical);
+    splitter->setObjectName(QStringLiteral("catalogueSplitter"));
     splitter->addWidget(makeCatalogue());
     splitter->addWidget(makePartsList());
     splitter->setStretchFactor(0, 3);
@@ -394,6 +410,10 @@ void CatalogueWidget::clearPartsList() {
                   : tr("The parts list was cleared; parts that it held: %1. Undo brings them back.")
                         .arg(count),
               false);
+}
+
+void CatalogueWidget::restorePartsList(const std::vector<PickedPart>& parts) {
+    m_parts->restoreQuantities(parts);
 }
 
 void CatalogueWidget::tell() {

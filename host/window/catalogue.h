@@ -39,6 +39,9 @@ class CatalogueModel : public QSqlTableModel {
     /// All groups, in the order of their first parts.
     QStringList groups() const;
     void clearQuantities();
+    /// Sets the quantities of these parts, as far as there are such parts, and those of all others
+    /// to none. There is no way back behind it.
+    void restoreQuantities(const std::vector<PickedPart>& parts);
     /// The changes of quantities that can be taken back.
     QUndoStack& history() { return m_history; }
 
@@ -97,6 +100,8 @@ class CatalogueWidget : public QWidget {
     /// @return whether there is such a part
     bool pick(const QString& partNumber, int pieces);
     void clearPartsList();
+    /// Shows a list of an earlier start.
+    void restorePartsList(const std::vector<PickedPart>& parts);
     /// Take changes of the parts list back, and make them again.
     QAction* undoAction() const { return m_undo; }
     QAction* redoAction() const { return m_redo; }

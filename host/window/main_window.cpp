@@ -18,6 +18,7 @@
 #include "window/direction.h"
 #include "window/elided_label.h"
 #include "window/language_menu.h"
+#include "window/remembered.h"
 #include "window/result_line.h"
 #include "window/send_panel.h"
 #include "window/sentence_label.h"
@@ -26,8 +27,9 @@
 
 namespace host {
 
-MainWindow::MainWindow(Workplace& workplace)
+MainWindow::MainWindow(Workplace& workplace, Remembered* remembered)
     : m_workplace(workplace),
+      m_remembered(remembered),
       m_catalogue(new CatalogueWidget),
       m_send(new SendPanel(workplace.store())),
       m_sessions(new SessionPanel(workplace)),
@@ -37,6 +39,7 @@ MainWindow::MainWindow(Workplace& workplace)
       m_faults(new SentenceLabel) {
     setWindowTitle(tr("Parts Catalogue"));
     auto* splitter = new QSplitter;
+    splitter->setObjectName(QStringLiteral("windowSplitter"));
     splitter->addWidget(m_catalogue);
     splitter->addWidget(makePages());
     splitter->setStretchFactor(0, 3);
@@ -57,6 +60,7 @@ MainWindow::MainWindow(Workplace& workplace)
     showStore();
     resize(1180, 740);
     for (QLineEdit* each : findChildren<QLineEdit*>()) each->installEventFilter(this);
+    if (m_remembered) restore();
 }
 
 QWidget* MainWindow::makePages() {
@@ -125,9 +129,25 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
+void MainWindow::restore() {
+    m_remembered->restore(*this);
+    m_send->selectSession(m_remembered->session());
+    m_catalogue->restorePartsList(m_remembered->parts());
+    if (m_remembered->partsWereSent()) m_send->takeAsSent();
+    connect(m_catalogue, &CatalogueWidget::partsListChanged, this, &MainWindow::keepParts);
+    connect(m_send, &SendPanel::sentChanged, this, &MainWindow::keepParts);
+    connect(m_send, &SendPanel::sessionSelected, this,
+            [this](const QString& name) { m_remembered->keepSession(name); });
+}
+
+void MainWindow::keepParts() {
+    m_remembered->keepParts(m_catalogue->partsList(), m_send->isSent());
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     const bool isDone = m_catalogue->partsList().empty() || m_send->isSent();
-    if (!isDone && !askToQuit(this)) return event->ignore();
+    if (!isDone && !askToQuit(this, m_remembered != nullptr)) return event->ignore();
+    if (m_remembered) m_remembered->keep(*this);
     QMainWindow::closeEvent(event);
 }
 
@@ -161,9 +181,11 @@ void MainWindow::makeMenus() {
     menuBar()->addMenu(tr("Data&base"))->addActions(m_sessions->operationActions(Area::Database));
     QMenu* tools = menuBar()->addMenu(tr("Too&ls"));
     tools->addActions(m_sessions->operationActions(Area::Tools));
-    tools->addMenu(makeLanguageMenu(
-        m_workplace, this,
-        [this](const QString& sentence, bool isFailure) { m_result->tell(sentence, isFailure); }));
+    tools->addMenu(
+        makeLanguageMenu(m_workplace, this, [this](const QString& sentence, bool isFailure) {
+            m_result->tell(sentence, isFailure);
+            if (m_remembered && !isFailure) m_remembered->keepLanguage(m_workplace.language());
+        }));
 }
 
 }  // namespace host

@@ -13,6 +13,7 @@ namespace host {
 class CatalogueWidget;
 class DeletedPanel;
 class ElidedLabel;
+class Remembered;
 class ResultLine;
 class SendPanel;
 class SentenceLabel;
@@ -22,7 +23,8 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
   public:
-    explicit MainWindow(Workplace& workplace);
+    /// @param remembered  what it is restored from, and keeps for the next start; null: nothing
+    explicit MainWindow(Workplace& workplace, Remembered* remembered = nullptr);
 
     CatalogueWidget& catalogue() { return *m_catalogue; }
     SessionPanel& sessions() { return *m_sessions; }
@@ -43,8 +45,11 @@ class MainWindow : public QMainWindow {
     void showStore();
     void showPlace();
     void makeStatusBar();
+    void restore();
+    void keepParts();
 
     Workplace& m_workplace;
+    Remembered* m_remembered;
     CatalogueWidget* m_catalogue;
     SendPanel* m_send;
     SessionPanel* m_sessions;

@@ -86,7 +86,7 @@ SendPanel::SendPanel(const StoreFolders& store, QWidget* parent)
     connect(&m_starter, &ProcessStarter::told, this,
             [this](const QString& sentence, bool isFailure) {
                 m_outcome->appendPlainText(sentence);
-                if (isFailure) m_sent.reset();
+                if (isFailure) setSent(std::nullopt);
                 emit told(sentence, isFailure);
             });
     readStore();
@@ -280,6 +280,11 @@ void SendPanel::showPlan(const Plan& plan) {
     showText(*m_plan, lines.join(u'\n'));
 }
 
+void SendPanel::setSent(std::optional<std::vector<PickedPart>> parts) {
+    m_sent = std::move(parts);
+    emit sentChanged();
+}
+
 void SendPanel::send() {
     readSession();
     const Plan now = plan();
@@ -292,7 +297,7 @@ void SendPanel::send() {
         lines << (report.done.empty() ? tr("Nothing was sent. %1") : tr("But: %1"))
                      .arg(isolatedIn(fromText(report.failure), known));
     m_outcome->setPlainText(lines.join(u'\n'));
-    if (report.failure.empty()) m_sent = m_list.parts;
+    if (report.failure.empty()) setSent(m_list.parts);
     emit told(lines.join(u' '), !report.failure.empty());
 }
 

@@ -33,6 +33,8 @@ class SendPanel : public QWidget {
     void setParts(std::vector<PickedPart> parts);
     /// Whether the list was sent as it is now.
     bool isSent() const { return m_sent == m_list.parts; }
+    /// Takes the list as sent, as it was at an earlier start.
+    void takeAsSent() { m_sent = m_list.parts; }
     /// Chooses a session; one that is not there yet, once the store is read anew.
     void selectSession(const QString& name);
     /// Reads the store anew, and keeps what was chosen as far as it is still there.
@@ -43,6 +45,8 @@ class SendPanel : public QWidget {
   signals:
     /// The user chose a session.
     void sessionSelected(const QString& name);
+    /// The list was sent, or one that counted as sent was not received.
+    void sentChanged();
     /// What came of an action: a sentence for the user.
     void told(const QString& sentence, bool isFailure);
 
@@ -51,6 +55,7 @@ class SendPanel : public QWidget {
     QWidget* makePreview();
     QWidget* makePlan();
     void readSession();
+    void setSent(std::optional<std::vector<PickedPart>> parts);
     void refresh();
     Plan plan() const;
     /// What may be named in the sentences of a plan, or of its outcome.

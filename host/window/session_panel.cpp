@@ -51,6 +51,7 @@ SessionPanel::SessionPanel(Workplace& workplace, QWidget* parent)
     : QWidget(parent), m_workplace(workplace) {
     makeActions();
     auto* splitter = new QSplitter(Qt::Vertical);
+    splitter->setObjectName(QStringLiteral("sessionSplitter"));
     splitter->addWidget(makeLists());
     splitter->addWidget(makeResult());
     splitter->setStretchFactor(0, 2);

@@ -24,6 +24,7 @@ std::optional<TakeOver> askForTakeOver(QWidget* window);
 bool askToRemove(QWidget* window, const std::string& name);
 
 /// Asks whether to quit with a parts list that was not sent.
-bool askToQuit(QWidget* window);
+/// @param isKept  whether the list is there again at the next start
+bool askToQuit(QWidget* window, bool isKept);
 
 }  // namespace host

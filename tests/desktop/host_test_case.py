@@ -57,10 +57,18 @@ class HostTestCase(unittest.TestCase):
         """Starts the host on a new store, and waits until its window has the keyboard."""
         folder = tempfile.mkdtemp(dir=self.desktop.folder)
         self.store = Store(os.path.join(folder, "store"))
+        # What one test leaves in the window is not to be there in the next one.
+        self.settings = self.settings_in(folder)
         # Not in the store, whose files are compared.
         self.start(SAMPLE_HOST, "--store", self.store.folder,
                    "--database", os.path.join(folder, "catalogue.sqlite"))
         self.window(HOST)
+
+    def settings_in(self, folder):
+        """Lets hosts that start from now on have their settings in this folder; gives the file."""
+        config = os.path.join(folder, "config")
+        self.desktop.environment["XDG_CONFIG_HOME"] = config
+        return os.path.join(config, "Parts Catalogue", "window.ini")
 
     def start(self, *command):
         """Starts a host, and sits down in front of it."""

@@ -2,10 +2,11 @@
 keyboard alone.
 """
 
+import os
 import unittest
 
 from host_test_case import (
-    ADD_SESSION, DELETED, DELETED_ITEMS, HOST, MAINTENANCE, QUESTION, SENDING, SESSION,
+    ADD_SESSION, DELETED, DELETED_ITEMS, HOST, MAINTENANCE, QUESTION, SAMPLE_HOST, SENDING, SESSION,
     SESSIONS, STORE_SESSIONS, HostTestCase)
 from store import formats_of
 
@@ -197,6 +198,28 @@ class Keyboard(HostTestCase):
         self.person.press("ctrl+shift+z")
         self.expect_parts_list(("10-0183", "1"))
         self.person.press("ctrl+z")
+        self.expect_parts_list()
+        self.quit_host()
+
+    def test_is_asked_before_leaving_a_list_that_is_there_at_the_next_start(self):
+        self.find_part("10-0183")
+        self.person.press("space")
+        self.expect_parts_list(("10-0183", "1"))
+        self.person.press("ctrl+q")
+        self.assertIn("The parts list was not sent. Quit all the same?",
+                      " ".join(self.message().told()))
+        self.person.press("Escape")
+        self.window(HOST)
+        self.person.press("ctrl+q")
+        self.message()
+        self.person.press("alt+q")
+        self.wait_for_end(0)
+        self.assertTrue(os.path.exists(self.settings))
+
+        self.start(SAMPLE_HOST, "--store", self.store.folder)
+        self.expect_parts_list(("10-0183", "1"))
+        self.find_part("10-0183")
+        self.person.press("space")
         self.expect_parts_list()
         self.quit_host()
 

@@ -1,6 +1,7 @@
 """The host from its command line to its window."""
 
 import os
+import pathlib
 import shutil
 import unittest
 
@@ -38,6 +39,34 @@ class CommandLine(HostTestCase):
             said = self.refused(*arguments)
             self.assertIn("can't be read", said)
             self.assertNotIn("secret", said)
+
+
+class Scripted(HostTestCase):
+    """Runs of the host that take pictures."""
+
+    def setUp(self):
+        pass
+
+    def pictures(self, name, remembered):
+        """The pictures that the host takes of its dialogs for somebody who has these settings."""
+        folder = os.path.join(self.desktop.folder, name)
+        settings = self.settings_in(folder)
+        os.makedirs(os.path.dirname(settings))
+        with open(settings, "w", encoding="utf-8") as file:
+            file.write(remembered)
+        taken = os.path.join(folder, "pictures")
+        host = self.desktop.start(SAMPLE_HOST, "--pictures", taken)
+        self.addCleanup(host.end)
+        wait_for("the host to end", lambda: host.exit_code is not None, host.printed)
+        self.assertEqual(host.exit_code, 0, host.printed())
+        with open(settings, encoding="utf-8") as file:
+            self.assertEqual(file.read(), remembered)
+        return {each.name: each.read_bytes() for each in pathlib.Path(taken).iterdir()}
+
+    def test_are_the_same_whatever_the_window_remembers(self):
+        plain = self.pictures("plain", "")
+        self.assertTrue(plain)
+        self.assertEqual(self.pictures("arabic", "[General]\nlanguage=ar\n"), plain)
 
 
 class BrokenStore(HostTestCase):
