@@ -27,9 +27,10 @@ QSize ElidedLabel::minimumSizeHint() const {
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     // The sentence stands at the side of the layout, and is read in its own direction.
-    const int flags =
-        QStyle::visualAlignment(layoutDirection(), alignment()) | Qt::TextSingleLine |
-        (text().isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight);
+    const auto side = static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment()));
+    const auto reading = static_cast<int>(text().isRightToLeft() ? Qt::TextForceRightToLeft
+                                                                 : Qt::TextForceLeftToRight);
+    const int flags = side | reading | static_cast<int>(Qt::TextSingleLine);
     style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(), painted(),
                           foregroundRole());
 }
