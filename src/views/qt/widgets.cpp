@@ -159,8 +159,16 @@ bool ChoiceBox::event(QEvent* event) {
 }
 
 QSize MarkedLabel::withRoom(const QSize& size) const {
-    constexpr int kLostKerning = 2;
-    return {size.width() + (text().contains(u'&') ? kLostKerning : 0), size.height()};
+    const qsizetype mark = text().indexOf(u'&');
+    if (mark < 0) return size;
+    const auto wide = [this](const QString& part) { return fontMetrics().horizontalAdvance(part); };
+    const QString before = text().left(mark);
+    const QString letter = text().mid(mark + 1, 1);
+    const QString behind = text().mid(mark + 2);
+    const int apart = wide(before) + wide(letter) + wide(behind);
+    constexpr int kRounding = 2;
+    return {size.width() + std::max(apart - wide(before + letter + behind), 0) + kRounding,
+            size.height()};
 }
 
 QSize MarkedLabel::sizeHint() const {

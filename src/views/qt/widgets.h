@@ -83,7 +83,8 @@ class ChoiceBox : public QComboBox {
 };
 
 /// A label whose text may mark a key. The marked letter is drawn by itself, which ends the kerning
-/// around it, so that the text is a little wider than its font says.
+/// around it, and in Arabic what brings joined letters together, so that the text is wider than its
+/// font says.
 class MarkedLabel : public QLabel {
   public:
     using QLabel::QLabel;
