@@ -294,7 +294,7 @@ WINDOWS = {
         "Part Number Format",
         TO_FORMATS + [(SESSION, pick("Available Part Formats", "COMMA SEPARATED")),
                       (SESSION, click("Delete")), (QUESTION, press("Return"))], "OK", [
-            label("This part format cannot be deleted because it is the only one of a session. "
+            label("This part format cannot be deleted because a session has no other. "
                   "First select another part format for the session WEB SHOP EXPORT"),
             button("OK")], role="alert"),
 }
