@@ -114,12 +114,18 @@ class EditBinding : public ActingBinding {
                          [this] { reportCaret(); });
         QObject::connect(&box(), &QLineEdit::selectionChanged, &box(), [this] { reportCaret(); });
     }
+    /// A caret that code has set stays where it is. For the model it is where the selection starts.
+    void offerContent() override {
+        const QSignalBlocker quiet(&box());
+        if (m_edit.caret() == 0) box().setSelection(0, static_cast<int>(box().text().size()));
+    }
 
   private:
     TextBox& box() const { return static_cast<TextBox&>(*widget()); }
     std::size_t caret() const { return charsBefore(box().text(), box().caret()); }
     void reportText() {
         m_shown = fromQt(box().text());
+        box().followDirection();
         act([this, text = m_shown, caret = caret()](const UserInput& input) {
             input.type(m_edit, text, caret);
         });
@@ -133,6 +139,7 @@ class EditBinding : public ActingBinding {
             m_shown = m_edit.text();
             box().setText(toQt(m_shown));
         }
+        box().followDirection();
         if (caret() != m_edit.caret())
             box().setCursorPosition(static_cast<int>(offsetOf(box().text(), m_edit.caret())));
     }

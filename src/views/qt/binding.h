@@ -25,6 +25,8 @@ class Binding {
     virtual QWidget* focusWidget() const { return m_widget; }
     /// Shows the control's present state; raises nothing.
     void show();
+    /// The dialog came up with the focus here: what is typed takes the place of what is there.
+    virtual void offerContent() {}
 
     bool dirty = true;
 

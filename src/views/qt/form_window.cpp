@@ -77,6 +77,8 @@ void FormWindow::run(const std::function<void()>& cameUp) {
     focusFirst();
     sync();
     if (m_form) {
+        const Control* first = m_form->focused();
+        if (Binding* there = first ? binding(*first) : nullptr) there->offerContent();
         applySize();
         show();
         QMetaObject::invokeMethod(this, cameUp, Qt::QueuedConnection);

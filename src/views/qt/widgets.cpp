@@ -42,6 +42,13 @@ int TextBox::caret() const {
     return hasSelectedText() ? selectionStart() : cursorPosition();
 }
 
+void TextBox::followDirection() {
+    const bool mirrored = parentWidget()->isRightToLeft();
+    setLayoutDirection(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    setAlignment((mirrored ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute |
+                 Qt::AlignVCenter);
+}
+
 QSize TextBox::sizeHint() const {
     // Paths and templates are longer than what Qt makes room for.
     const QSize usual = QLineEdit::sizeHint();

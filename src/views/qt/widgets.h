@@ -24,6 +24,9 @@ class TextBox : public QLineEdit {
     explicit TextBox(QWidget* parent);
     /// Where the selection starts, or the caret when nothing is selected, in UTF-16 units.
     int caret() const;
+    /// Has the text run in its own direction, as paths and names do in a window that runs the other
+    /// way. It stands where those of the other boxes do.
+    void followDirection();
     QSize sizeHint() const override;
 
   protected:

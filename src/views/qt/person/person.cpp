@@ -146,6 +146,9 @@ void Person::pressEscape() {
 }
 
 void Person::pressDelete() {
+    // One character goes, not a text that is selected since the dialog opened.
+    if (auto* box = dynamic_cast<TextBox*>(inHand().focusWidget()); box && box->hasSelectedText())
+        box->setCursorPosition(box->caret());
     keyClick(inHand(), Qt::Key_Delete, Qt::NoModifier, QStringLiteral("\x7f"));
 }
 

@@ -1,0 +1,132 @@
+// What a dialog looks like to the person at its first moment: what typing would replace, and in
+// which direction texts run.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <memory>
+#include <string>
+
+#include "support/dialog_walk.h"
+#include "support/languages.h"
+#include "support/test_form.h"
+
+namespace wynconfig {
+namespace {
+
+QLineEdit* boxInFocus() {
+    return qobject_cast<QLineEdit*>(window()->focusWidget());
+}
+
+QLineEdit& editOf(const Control& control) {
+    return *static_cast<QLineEdit*>(widgetOf(control));
+}
+
+void pressLetter(const QString& letter) {
+    QKeyEvent down(QEvent::KeyPress, letter.front().toUpper().unicode(), Qt::NoModifier, letter);
+    QApplication::sendEvent(window()->focusWidget(), &down);
+}
+
+class Opening : public DialogWalk {
+  protected:
+    void TearDown() override {
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+        DialogWalk::TearDown();
+    }
+    void showSession(const std::function<void(User&, frmMORAMConfig&)>& script) {
+        frmMORAMConfig form;
+        form.init("DESK");
+        user().onForm("frmMORAMConfig", [&](User& u) {
+            script(u, form);
+            u.closeByFrame();
+        });
+        form.Show();
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Views, Opening, ::testing::Values("Qt"),
+                         [](const auto& each) { return std::string(each.param); });
+
+TEST_P(Opening, SelectsTheTextOfTheBoxThatHasTheFocus) {
+    int looked = 0;
+    showEach([&](User& u, Form& form) {
+        const QLineEdit* box = boxInFocus();
+        if (!box || box->text().isEmpty()) return;
+        EXPECT_EQ(box->selectedText(), box->text());
+        EXPECT_EQ(u.see(form.focused()->name()).caret, 0U);
+        ++looked;
+    });
+    EXPECT_GT(looked, 0);
+}
+
+TEST_P(Opening, HasALetterReplaceTheNameThatIsToBeChanged) {
+    dlgSingleEntry form;
+    form.setTextBox("OLD");
+    user().onForm("dlgSingleEntry", [&](User& u) {
+        pressLetter("n");
+        EXPECT_EQ(u.see("txtTextBox").text, "n");
+        pressLetter("o");
+        EXPECT_EQ(u.see("txtTextBox").text, "no");
+        u.closeByFrame();
+    });
+    form.Show();
+}
+
+/// A form with a text and a caret.
+class CaretForm : public TestForm {
+  public:
+    CaretForm() : TestForm("frmCaret") {}
+    Label lblName{*this, "lblName", "Name"};
+    Edit txtName{*this, "txtName"};
+
+  protected:
+    void Form_Load() override {
+        txtName.setText("ABC");
+        txtName.setCaret(1);
+    }
+    FormLayout declareLayout() override { return {layout::field(lblName, txtName)}; }
+};
+
+TEST_P(Opening, LeavesACaretThatCodeHasSet) {
+    CaretForm form;
+    user().onForm("frmCaret", [&](User& u) {
+        EXPECT_FALSE(boxInFocus()->hasSelectedText());
+        pressLetter("x");
+        EXPECT_EQ(u.see("txtName").text, "AxBC");
+        u.closeByFrame();
+    });
+    form.Show();
+}
+
+/// The number of the character that is drawn at one side of a box.
+int characterAtSide(QLineEdit& box, bool left) {
+    box.grab();  // it finds the place of its text when it paints
+    return box.cursorPositionAt({left ? 2 : box.width() - 2, box.height() / 2});
+}
+
+TEST_P(Opening, HasPathsAndNamesRunInTheirOwnDirection) {
+    component.InitResourceManager(textsIn("ar"));
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    showSession([&](User& u, frmMORAMConfig& form) {
+        QLineEdit& path = editOf(form.txtProgramPath);
+        QLineEdit& name = editOf(form.txtDisplayName);
+        u.type("txtProgramPath", "/parts/list-1.");
+        EXPECT_EQ(characterAtSide(path, false), path.text().size()) << "the full stop is its end";
+        EXPECT_LT(path.cursorPositionAt({path.width() / 2, path.height() / 2}), 5)
+            << "it stands where other texts of the window do";
+        u.type("txtDisplayName", "قائمة 1.");
+        EXPECT_EQ(characterAtSide(name, false), 0);
+        u.type("txtDisplayName", "35-0171-A");
+        EXPECT_EQ(characterAtSide(name, false), name.text().size());
+    });
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    component.InitResourceManager(textsIn("en"));
+    showSession([&](User& u, frmMORAMConfig& form) {
+        QLineEdit& name = editOf(form.txtDisplayName);
+        u.type("txtDisplayName", "قائمة 1.");
+        EXPECT_EQ(characterAtSide(name, true), name.text().size());
+    });
+}
+
+}  // namespace
+}  // namespace wynconfig
