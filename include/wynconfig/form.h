@@ -23,7 +23,7 @@ class WYNCONFIG_API FormObserver {
     /// A control, or with null the form itself (caption, size), looks different now. Called many
     /// times over in a row; an observer does well to collect and paint once.
     virtual void changed(Control* control) = 0;
-    /// Code moved the focus to this control.
+    /// Code moved the focus to this control, or asked for it where it was already.
     virtual void focusMoved(Control& control) = 0;
     /// The form is gone from the screen; the observer must not touch it from here on.
     virtual void unloaded() = 0;

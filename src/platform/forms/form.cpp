@@ -113,10 +113,10 @@ bool Form::canTakeFocus(const Control& control) const {
 }
 
 void Form::moveFocus(Control& control, bool byCode) {
-    if (m_focused == &control || !canTakeFocus(control)) return;
+    if (!canTakeFocus(control)) return;
     Control* previous = std::exchange(m_focused, &control);
     // Before the form is on the screen the focus only has a place; nothing moves yet.
-    if (m_visible) {
+    if (m_visible && previous != &control) {
         if (previous && previous->LostFocus) raise(previous->LostFocus);
         if (control.GotFocus) raise(control.GotFocus);
     }

@@ -52,7 +52,19 @@ void Binding::showBackground() {
     const Background background = m_control.background();
     if (background == m_background) return;
     m_background = background;
-    m_widget->setPalette(background == Background::InactiveBorder ? inactivePalette() : QPalette());
+    showColours();
+}
+
+void Binding::setRefused(bool refused) {
+    if (std::exchange(m_isRefused, refused) != refused) showColours();
+}
+
+void Binding::showColours() {
+    if (m_isRefused)
+        m_widget->setPalette(refusedPalette());
+    else
+        m_widget->setPalette(m_background == Background::InactiveBorder ? inactivePalette()
+                                                                        : QPalette());
 }
 
 void Binding::showTabStop() {

@@ -27,6 +27,8 @@ class Binding {
     void show();
     /// The dialog came up with the focus here: what is typed takes the place of what is there.
     virtual void offerContent() {}
+    /// Marks what was refused, or takes the mark away.
+    void setRefused(bool refused);
 
     bool dirty = true;
 
@@ -36,12 +38,14 @@ class Binding {
   private:
     void showFont();
     void showBackground();
+    void showColours();
     void showTabStop();
 
     Control& m_control;
     QWidget* m_widget;
     std::shared_ptr<const Font> m_font;
     Background m_background = Background::Window;
+    bool m_isRefused = false;
     bool m_takesFocus;
 };
 

@@ -80,6 +80,16 @@ QPalette readable(QPalette palette) {
     return palette;
 }
 
+QPalette refusedPalette() {
+    QPalette palette = readable(QGuiApplication::palette());
+    for (const auto ground : {QPalette::Base, QPalette::AlternateBase, QPalette::Button}) {
+        const QColor usual = palette.color(QPalette::Active, ground);
+        const double share = luminance(usual) > 0.5 ? 0.2 : 0.35;
+        palette.setColor(ground, mix(QColor(200, 0, 0), usual, share));
+    }
+    return palette;
+}
+
 QColor inactiveColour() {
     const QPalette palette = QGuiApplication::palette();
     const QColor grey = palette.color(QPalette::Active, QPalette::Window);

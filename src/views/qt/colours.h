@@ -13,5 +13,7 @@ QPalette readable(QPalette palette);
 QColor inactiveColour();
 /// The colours of such a box.
 QPalette inactivePalette();
+/// The colours of a box or list whose content was refused: its ground is reddish.
+QPalette refusedPalette();
 
 }  // namespace wynconfig::desktop

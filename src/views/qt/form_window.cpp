@@ -18,6 +18,24 @@
 
 namespace wynconfig::desktop {
 
+namespace {
+
+/// What a person would change in a box or list, in some form that can be compared.
+std::string contentOf(const Control& control) {
+    switch (control.kind()) {
+        case ControlKind::Edit:
+            return static_cast<const Edit&>(control).text();
+        case ControlKind::ComboBox:
+            return std::to_string(static_cast<const ComboBox&>(control).selectedIndex());
+        case ControlKind::ListView:
+            return std::to_string(static_cast<const ListView&>(control).selectedNumber());
+        default:
+            return {};
+    }
+}
+
+}  // namespace
+
 FormWindow::FormWindow(Form& form, UserInput input, QWidget* parent)
     : QDialog(parent),
       m_form(&form),
@@ -99,6 +117,8 @@ void FormWindow::changed(Control* control) {
         m_formChanged = true;
     else if (Binding* changed = binding(*control))
         changed->dirty = true;
+    if (m_refused && &m_refused->control() == control && contentOf(*control) != m_refusedContent)
+        moveMark(nullptr);
     syncLater();
 }
 
@@ -258,7 +278,22 @@ void FormWindow::pullTo(const QSize& size) {
     }
 }
 
-void FormWindow::focusMoved(Control&) {
+void FormWindow::markRefused() {
+    m_isRefusing = true;
+    QMetaObject::invokeMethod(
+        this, [this] { m_isRefusing = false; }, Qt::QueuedConnection);
+}
+
+void FormWindow::moveMark(Binding* refused) {
+    if (m_refused) m_refused->setRefused(false);
+    m_refused = refused;
+    if (!m_refused) return;
+    m_refused->setRefused(true);
+    m_refusedContent = contentOf(m_refused->control());
+}
+
+void FormWindow::focusMoved(Control& control) {
+    if (m_isRefusing && isBox(control)) moveMark(binding(control));
     if (m_syncing) return;
     sync();
     // Not to the control of the argument: a handler of the focus may have moved it on by now.
@@ -385,8 +420,10 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     // Focus that goes away is never told, so that boxes, other windows and closing raise nothing.
     if (event->type() == QEvent::FocusIn && !m_syncing) {
         const auto found = m_byWidget.find(watched);
-        if (found != m_byWidget.end())
+        if (found != m_byWidget.end()) {
+            if (m_refused && found->second != &m_refused->control()) moveMark(nullptr);
             m_door([&](const UserInput& input) { input.focus(*found->second); });
+        }
     }
     return QDialog::eventFilter(watched, event);
 }

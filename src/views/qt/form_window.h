@@ -43,6 +43,9 @@ class FormWindow : public QDialog, private FormObserver {
     void guarded(const Work& work) {
         m_door([&](const UserInput&) { work(); });
     }
+    /// A box told the person of a failure. What the form turns to next, within the same act, is
+    /// what was refused: it is marked until its content changes, or the person goes elsewhere.
+    void markRefused();
     /// Gives a control's widget the focus, also while another program has the keyboard.
     void takeFocusTo(QWidget& widget, Qt::FocusReason reason = Qt::OtherFocusReason);
     /// Leaves the form the way that changes the least: by its cancel button, else by the frame.
@@ -77,6 +80,7 @@ class FormWindow : public QDialog, private FormObserver {
     void markDefaultButton();
     bool canFocus(const QWidget& widget) const;
     void settleFocus();
+    void moveMark(Binding* refused);
     void focusFirst();
     /// Where the Tab key leads now; null when nowhere.
     const Binding* stopAfter(const std::vector<Control*>& order, const Control* from,
@@ -103,6 +107,9 @@ class FormWindow : public QDialog, private FormObserver {
     bool m_formChanged = true;
     bool m_syncPending = false;
     bool m_syncing = false;
+    bool m_isRefusing = false;     ///< a box told of a failure within the present act
+    Binding* m_refused = nullptr;  ///< what bears the mark
+    std::string m_refusedContent;  ///< when it got it
 };
 
 }  // namespace wynconfig::desktop

@@ -239,6 +239,8 @@ int Desktop::showMessage(const MessageRequest& wanted) {
     desktop::setUp(box, wanted);
     giveOwner(box);
     runDialog(box, "box", [&] { m_person.answer(box, wanted); });
+    FormWindow* const window = m_screen.top();
+    if (window && (wanted.style & boxstyle::Critical)) window->markRefused();
     return desktop::answerOf(box);
 }
 

@@ -1,5 +1,5 @@
-// What a dialog looks like to the person at its first moment: what typing would replace, and in
-// which direction texts run.
+// What a dialog looks like to the person at its first moment and at a refusal: what typing would
+// replace, what was refused, and in which direction texts run.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -96,6 +96,77 @@ TEST_P(Opening, LeavesACaretThatCodeHasSet) {
         u.closeByFrame();
     });
     form.Show();
+}
+
+bool isMarked(const Control& control) {
+    return widgetOf(control)->palette().color(QPalette::Base) !=
+           window()->palette().color(QPalette::Base);
+}
+
+class Refusal : public Opening {};
+INSTANTIATE_TEST_SUITE_P(Views, Refusal, ::testing::Values("Qt"),
+                         [](const auto& each) { return std::string(each.param); });
+
+TEST_P(Refusal, MarksTheBoxUntilItsTextChanges) {
+    showSession([&](User& u, frmMORAMConfig& form) {
+        const Edit& name = form.txtDisplayName;
+        u.type("txtDisplayName", "");
+        EXPECT_FALSE(isMarked(name));
+        u.onBox();
+        u.click("btnOK");
+        EXPECT_EQ(u.see("txtDisplayName").focus, true);
+        EXPECT_TRUE(isMarked(name));
+        EXPECT_FALSE(editOf(name).hasSelectedText());
+        pressLetter("n");
+        EXPECT_FALSE(isMarked(name));
+        // Refused by Enter, which leaves the focus where it is.
+        u.type("txtDisplayName", "A.B");
+        u.onBox();
+        u.pressEnter();
+        EXPECT_TRUE(isMarked(name));
+        u.setCaret("txtDisplayName", 2);
+        EXPECT_TRUE(isMarked(name)) << "the text is still the one that was refused";
+        u.type("txtDisplayName", "AB");
+        EXPECT_FALSE(isMarked(name));
+    });
+}
+
+TEST_P(Refusal, IsForgottenWhenThePersonGoesElsewhere) {
+    showSession([&](User& u, frmMORAMConfig& form) {
+        u.type("txtDisplayName", "");
+        u.onBox();
+        u.click("btnOK");
+        EXPECT_TRUE(isMarked(form.txtDisplayName));
+        u.pressTab();
+        EXPECT_FALSE(isMarked(form.txtDisplayName));
+    });
+}
+
+TEST_P(Refusal, MarksAListToo) {
+    showSession([&](User& u, frmMORAMConfig& form) {
+        u.changeTab("SSTab2", 1);
+        u.pick("lstSelectedFormats2", "CSV");
+        u.click("btnRemove");
+        u.onBox();
+        u.click("btnOK");
+        EXPECT_TRUE(isMarked(form.formatTab.lstAvailableFormats));
+        EXPECT_FALSE(isMarked(form.formatTab.lstSelectedFormats2));
+        u.pick("lstAvailableFormats", "CSV");
+        EXPECT_FALSE(isMarked(form.formatTab.lstAvailableFormats));
+    });
+}
+
+TEST_P(Refusal, IsNotWhatAnotherFocusIsFor) {
+    showSession([&](User& u, frmMORAMConfig& form) {
+        form.txtDisplayName.setFocus();
+        EXPECT_FALSE(isMarked(form.txtDisplayName));
+        u.type("txtDisplayName", "");
+        u.onBox();
+        u.click("btnOK");
+        u.type("txtDisplayName", "DESK");
+        form.txtProgramPath.setFocus();
+        EXPECT_FALSE(isMarked(form.txtProgramPath));
+    });
 }
 
 /// The number of the character that is drawn at one side of a box.
