@@ -35,17 +35,27 @@ const CaptionedControl* captioned(const Control* control) {
 }  // namespace
 
 BuiltForm FormBuilder::build(const Layout& body) {
+    std::vector<Layout> nodes{body};
+    if (body.kind == Layout::Kind::Column) nodes = body.children;
     auto* outer = new QVBoxLayout(m_window);
     // What stands on the window itself keeps the distance from each other that it has from the
     // edge.
     outer->setSpacing(outer->contentsMargins().left());
-    const Place place{m_window, nullptr};
-    if (body.kind == Layout::Kind::Column) {
-        fill(outer, body.children, place);
-        keepUp(outer, body.children);
-    } else {
-        fill(outer, {body}, place);
+    if (body.kind == Layout::Kind::Column) keepUp(outer, nodes);
+    // The buttons that end the dialog stay where they are when the rest has to scroll.
+    std::vector<Layout> ending;
+    if (nodes.back().kind == Layout::Kind::Buttons) {
+        ending.push_back(nodes.back());
+        nodes.pop_back();
     }
+    m_built.content = new QWidget(m_window);
+    outer->addWidget(m_built.content, anyGrowsDown(nodes) ? 1 : 0);
+    auto* inside = new QVBoxLayout(m_built.content);
+    inside->setContentsMargins(0, 0, 0, 0);
+    inside->setSpacing(outer->spacing());
+    fill(inside, nodes, {m_built.content, nullptr});
+    if (body.kind == Layout::Kind::Column) keepUp(inside, nodes);
+    fill(outer, ending, {m_window, nullptr});
     orderTabStops(body);
     return std::move(m_built);
 }

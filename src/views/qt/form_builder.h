@@ -35,6 +35,7 @@ struct Mover {
 
 /// What came of a layout.
 struct BuiltForm {
+    QWidget* content = nullptr;                      ///< all but the buttons that end the dialog
     std::vector<std::unique_ptr<Binding>> bindings;  ///< in the order of the layout
     /// Where the Tab key can stop, in its order.
     std::vector<Control*> tabOrder;

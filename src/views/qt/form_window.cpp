@@ -7,7 +7,9 @@
 #include <QLayout>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QShortcutEvent>
+#include <QStyle>
 #include <QTabBar>
 #include <algorithm>
 #include <optional>
@@ -32,6 +34,15 @@ std::string contentOf(const Control& control) {
         default:
             return {};
     }
+}
+
+/// The room that a window has on its screen beside its frame, of which nobody can tell before the
+/// window is there.
+QSize roomOnScreen(const QWidget& window) {
+    const QStyle& style = *window.style();
+    const int title = style.pixelMetric(QStyle::PM_TitleBarHeight);
+    const int edge = style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    return window.screen()->availableSize() - QSize(2 * edge, title + 2 * edge);
 }
 
 }  // namespace
@@ -164,7 +175,10 @@ void FormWindow::showForm() {
 
 void FormWindow::applyLeastWidth() {
     constexpr int kComfortable = 45;
-    const int least = std::max(titleWidth(windowTitle()), charsWide(fontMetrics(), kComfortable));
+    const QMargins edges = layout()->contentsMargins();
+    const int most = roomOnScreen(*this).width() - edges.left() - edges.right();
+    const int least =
+        std::min(std::max(titleWidth(windowTitle()), charsWide(fontMetrics(), kComfortable)), most);
     if (m_leastWidth->sizeHint().width() == least) return;
     m_leastWidth->changeSize(least, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
     layout()->invalidate();
@@ -241,12 +255,15 @@ void FormWindow::applySize() {
     if (!isVisible()) {
         measureAnew();
         evenOut();
+        fitScreen();
     }
     layout()->activate();
     const QSize asked(toPixels(m_form->width()), toPixels(m_form->height()));
+    const QSize room = roomOnScreen(*this);
     if (m_fixed) {
         // Never so small that something would be cut off.
-        m_ownSize = asked.expandedTo(minimumSizeHint());
+        m_ownSize = m_scrolled ? asked.expandedTo(sizeHint()).boundedTo(room)
+                               : asked.expandedTo(minimumSizeHint());
         setFixedSize(m_ownSize);
         return;
     }
@@ -254,8 +271,18 @@ void FormWindow::applySize() {
     // The size that the person just chose; there may be a later one under way by now.
     if (m_ownSize.isValid() && twips == m_pulledTo) return;
     const QSize wanted = twips.isEmpty() ? sizeHint() : asked;
-    m_ownSize = wanted.boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint());
+    m_ownSize = wanted.boundedTo(room).expandedTo(minimumSizeHint());
     resize(m_ownSize);
+}
+
+void FormWindow::fitScreen() {
+    layout()->activate();
+    const QSize room = roomOnScreen(*this);
+    if (m_scrolled || minimumSizeHint().boundedTo(room) == minimumSizeHint()) return;
+    m_scrolled = new ScrolledContent(m_built.content, this);
+    auto& outer = static_cast<QBoxLayout&>(*layout());
+    outer.insertWidget(0, m_scrolled, 1);
+    outer.setAlignment({});
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
@@ -420,6 +447,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     // Focus that goes away is never told, so that boxes, other windows and closing raise nothing.
     if (event->type() == QEvent::FocusIn && !m_syncing) {
         const auto found = m_byWidget.find(watched);
+        if (m_scrolled) m_scrolled->ensureWidgetVisible(static_cast<QWidget*>(watched));
         if (found != m_byWidget.end()) {
             if (m_refused && found->second != &m_refused->control()) moveMark(nullptr);
             m_door([&](const UserInput& input) { input.focus(*found->second); });

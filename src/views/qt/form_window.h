@@ -19,6 +19,8 @@ class QShortcutEvent;
 
 namespace wynconfig::desktop {
 
+class ScrolledContent;
+
 class FormWindow : public QDialog, private FormObserver {
   public:
     FormWindow(Form& form, UserInput input, QWidget* parent);
@@ -75,6 +77,8 @@ class FormWindow : public QDialog, private FormObserver {
     /// Makes the window wide enough for its title and for a comfortable dialog.
     void applyLeastWidth();
     void applySize();
+    /// Has the content scroll where the window would be larger than the screen.
+    void fitScreen();
     /// Has all widgets reckon their sizes anew, which those of a hidden window don't by themselves.
     void measureAnew();
     void markDefaultButton();
@@ -100,10 +104,11 @@ class FormWindow : public QDialog, private FormObserver {
     std::unordered_map<const Control*, Binding*> m_byControl;
     std::unordered_map<const QObject*, Control*> m_byWidget;
     std::shared_ptr<const Font> m_font;
-    QSpacerItem* m_leastWidth;  ///< keeps the window wide enough
-    QSize m_ownSize;            ///< the size that the form gave the window
-    QSize m_pulledTo;           ///< the size, in twips, that the person last gave it
-    bool m_fixed;               ///< the person can't change the size
+    ScrolledContent* m_scrolled = nullptr;  ///< null where the screen is large enough
+    QSpacerItem* m_leastWidth;              ///< keeps the window wide enough
+    QSize m_ownSize;                        ///< the size that the form gave the window
+    QSize m_pulledTo;                       ///< the size, in twips, that the person last gave it
+    bool m_fixed;                           ///< the person can't change the size
     bool m_formChanged = true;
     bool m_syncPending = false;
     bool m_syncing = false;

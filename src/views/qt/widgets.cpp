@@ -217,6 +217,17 @@ bool ValueLabel::event(QEvent* event) {
     return QLabel::event(event);
 }
 
+ScrolledContent::ScrolledContent(QWidget* content, QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setWidget(content);
+}
+
+QSize ScrolledContent::sizeHint() const {
+    return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+}
+
 void RowModel::setRows(const std::vector<ListRow>& rows) {
     beginResetModel();
     m_rows.clear();

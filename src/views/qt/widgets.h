@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QTreeView>
 #include <functional>
 #include <string>
@@ -109,6 +110,15 @@ class ValueLabel : public QLabel {
   protected:
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
+};
+
+/// Lets what is larger than the screen be moved about. It asks for the room of all of it, but does
+/// with less.
+class ScrolledContent : public QScrollArea {
+  public:
+    /// Takes the content over.
+    ScrolledContent(QWidget* content, QWidget* parent);
+    QSize sizeHint() const override;
 };
 
 /// The rows of a list as they were when they were last shown.

@@ -1,16 +1,18 @@
 // What a dialog looks like to the person at its first moment and at a refusal: what typing would
-// replace, what was refused, and in which direction texts run.
+// replace, what was refused, and that all of it is within reach on a small screen.
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <memory>
 #include <string>
 
 #include "support/dialog_walk.h"
 #include "support/languages.h"
 #include "support/test_form.h"
+#include "views/qt/widgets.h"
 
 namespace wynconfig {
 namespace {
@@ -167,6 +169,75 @@ TEST_P(Refusal, IsNotWhatAnotherFocusIsFor) {
         form.txtProgramPath.setFocus();
         EXPECT_FALSE(isMarked(form.txtProgramPath));
     });
+}
+
+/// The same texts in letters of twice the size.
+struct LargeFont : ResourceManager {
+    std::shared_ptr<ResourceManager> english = makeBundleResourceManager(WYNCONFIG_RESOURCES);
+    std::string GetString(const std::string& key) override { return english->GetString(key); }
+    Font GetFont(long handle) override {
+        Font font = english->GetFont(handle);
+        font.pointSize = 22;
+        return font;
+    }
+};
+
+/// Goes to everything that takes the focus, and looks whether it can be seen.
+class SmallScreen : public Opening {
+  protected:
+    /// @return how many controls stood where it scrolls
+    int goToEach() {
+        int scrolled = 0;
+        lookAtEachControl([&](User& u, Form& form, Control& control) {
+            const QRect screen = window()->screen()->availableGeometry();
+            EXPECT_LE(window()->height(), screen.height());
+            EXPECT_LE(window()->width(), screen.width());
+            if (!takesFocus(control) || !control.enabled()) return;
+            u.focus(control.name());
+            EXPECT_EQ(form.focused(), &control);
+            const QWidget* const shown = window()->focusWidget();
+            const QRect visible = shown->visibleRegion().boundingRect();
+            EXPECT_GE(visible.height(), std::min(shown->height(), 40)) << control.name();
+            EXPECT_GE(visible.width(), std::min(shown->width(), 100)) << control.name();
+            if (window()->findChild<desktop::ScrolledContent*>()) ++scrolled;
+        });
+        return scrolled;
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Views, SmallScreen, ::testing::Values("Qt"),
+                         [](const auto& each) { return std::string(each.param); });
+
+TEST_P(SmallScreen, HasAllOfADialogWithinReach) {
+    component.InitResourceManager(std::make_shared<LargeFont>());
+    EXPECT_GT(goToEach(), 20);
+}
+
+TEST_P(SmallScreen, HasEveryLanguageWithinReach) {
+    for (const std::string& language : allLanguages()) {
+        SCOPED_TRACE(language);
+        component.InitResourceManager(textsIn(language));
+        goToEach();
+    }
+}
+
+TEST_P(SmallScreen, KeepsTheButtonsThatEndTheDialogInSight) {
+    component.InitResourceManager(std::make_shared<LargeFont>());
+    frmPartNumberFormat form;
+    form.init("");
+    user().onForm("frmPartNumberFormat", [&](User& u) {
+        EXPECT_NE(window()->findChild<desktop::ScrolledContent*>(), nullptr);
+        for (const Button* each : {&form.btnOk, &form.btnCancel}) {
+            const QWidget* const button = widgetOf(*each);
+            EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect()) << each->name();
+        }
+        u.closeByFrame();
+    });
+    form.Show();
+}
+
+TEST_P(Opening, ScrollsNothingOnAUsualScreen) {
+    showEach(
+        [](User&, Form&) { EXPECT_EQ(window()->findChild<desktop::ScrolledContent*>(), nullptr); });
 }
 
 /// The number of the character that is drawn at one side of a box.
