@@ -104,6 +104,17 @@ TEST_P(Keyboard, ValuesAndRowsAreSeenAsTheyStand) {
     });
 }
 
+TEST_P(Keyboard, DeleteTakesOneCharacterFromATextThatTheDialogOpenedAt) {
+    show([](User& u) {
+        EXPECT_TRUE(u.see("txtName").focus);
+        EXPECT_EQ(u.see("txtName").caret, 0U);
+        u.pressDelete();
+        EXPECT_EQ(u.see("txtName").text, "&C");
+        u.pressDelete();
+        EXPECT_EQ(u.see("txtName").text, "C");
+    });
+}
+
 TEST_P(Keyboard, ALabelOfAValueMarksNoKey) {
     show([](User& u) {
         EXPECT_EQ(u.see("lblShown").caption, "Shown name");

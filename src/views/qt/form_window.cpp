@@ -22,20 +22,6 @@ namespace wynconfig::desktop {
 
 namespace {
 
-/// What a person would change in a box or list, in some form that can be compared.
-std::string contentOf(const Control& control) {
-    switch (control.kind()) {
-        case ControlKind::Edit:
-            return static_cast<const Edit&>(control).text();
-        case ControlKind::ComboBox:
-            return std::to_string(static_cast<const ComboBox&>(control).selectedIndex());
-        case ControlKind::ListView:
-            return std::to_string(static_cast<const ListView&>(control).selectedNumber());
-        default:
-            return {};
-    }
-}
-
 /// The room that a window has on its screen beside its frame, of which nobody can tell before the
 /// window is there.
 QSize roomOnScreen(const QWidget& window) {
@@ -128,8 +114,8 @@ void FormWindow::changed(Control* control) {
         m_formChanged = true;
     else if (Binding* changed = binding(*control))
         changed->dirty = true;
-    if (m_refused && &m_refused->control() == control && contentOf(*control) != m_refusedContent)
-        moveMark(nullptr);
+    if (control && m_form->loaded()) m_refusal.changed(*control);
+    showRefused();
     syncLater();
 }
 
@@ -306,21 +292,21 @@ void FormWindow::pullTo(const QSize& size) {
 }
 
 void FormWindow::markRefused() {
-    m_isRefusing = true;
+    m_refusal.told();
     QMetaObject::invokeMethod(
-        this, [this] { m_isRefusing = false; }, Qt::QueuedConnection);
+        this, [this] { m_refusal.actEnded(); }, Qt::QueuedConnection);
 }
 
-void FormWindow::moveMark(Binding* refused) {
-    if (m_refused) m_refused->setRefused(false);
-    m_refused = refused;
-    if (!m_refused) return;
-    m_refused->setRefused(true);
-    m_refusedContent = contentOf(m_refused->control());
+void FormWindow::showRefused() {
+    const Control* const marked = m_refusal.marked();
+    if (marked == m_refused) return;
+    for (const Control* each : {std::exchange(m_refused, marked), marked})
+        if (each) binding(*each)->setRefused(each == marked);
 }
 
 void FormWindow::focusMoved(Control& control) {
-    if (m_isRefusing && isBox(control)) moveMark(binding(control));
+    m_refusal.turnedTo(control);
+    showRefused();
     if (m_syncing) return;
     sync();
     // Not to the control of the argument: a handler of the focus may have moved it on by now.
@@ -449,7 +435,8 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
         const auto found = m_byWidget.find(watched);
         if (m_scrolled) m_scrolled->ensureWidgetVisible(static_cast<QWidget*>(watched));
         if (found != m_byWidget.end()) {
-            if (m_refused && found->second != &m_refused->control()) moveMark(nullptr);
+            m_refusal.wentTo(*found->second);
+            showRefused();
             m_door([&](const UserInput& input) { input.focus(*found->second); });
         }
     }

@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/forms/refusal.h"
 #include "views/qt/binding.h"
 #include "views/qt/form_builder.h"
 #include "wynconfig/form.h"
@@ -45,8 +46,7 @@ class FormWindow : public QDialog, private FormObserver {
     void guarded(const Work& work) {
         m_door([&](const UserInput&) { work(); });
     }
-    /// A box told the person of a failure. What the form turns to next, within the same act, is
-    /// what was refused: it is marked until its content changes, or the person goes elsewhere.
+    /// A box told the person of a failure: what the form turns to next is what was refused.
     void markRefused();
     /// Gives a control's widget the focus, also while another program has the keyboard.
     void takeFocusTo(QWidget& widget, Qt::FocusReason reason = Qt::OtherFocusReason);
@@ -84,7 +84,7 @@ class FormWindow : public QDialog, private FormObserver {
     void markDefaultButton();
     bool canFocus(const QWidget& widget) const;
     void settleFocus();
-    void moveMark(Binding* refused);
+    void showRefused();
     void focusFirst();
     /// Where the Tab key leads now; null when nowhere.
     const Binding* stopAfter(const std::vector<Control*>& order, const Control* from,
@@ -112,9 +112,8 @@ class FormWindow : public QDialog, private FormObserver {
     bool m_formChanged = true;
     bool m_syncPending = false;
     bool m_syncing = false;
-    bool m_isRefusing = false;     ///< a box told of a failure within the present act
-    Binding* m_refused = nullptr;  ///< what bears the mark
-    std::string m_refusedContent;  ///< when it got it
+    Refusal m_refusal;
+    const Control* m_refused = nullptr;  ///< what bears its mark on the screen
 };
 
 }  // namespace wynconfig::desktop

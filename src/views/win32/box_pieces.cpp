@@ -96,6 +96,16 @@ void EditPiece::reportCaret() {
     });
 }
 
+/// A caret that code has set stays where it is. For the model it is where the selection starts.
+void EditPiece::offerContent() {
+    if (m_edit.caret() == 0) send(EM_SETSEL, 0, -1);
+}
+
+void EditPiece::dropSelection() {
+    const std::size_t start = caretUnits();
+    send(EM_SETSEL, start, static_cast<LPARAM>(start));
+}
+
 void EditPiece::showContent() {
     // What the person typed counts, also while the box that they come from is left.
     if (m_reporting) return;

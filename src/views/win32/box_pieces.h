@@ -17,8 +17,11 @@ class EditPiece : public Piece {
     Room measured(const Measure& measure) const override;
     /// Where the selection starts, or the caret when nothing is selected, in units of UTF-16.
     std::size_t caretUnits() const;
+    /// Leaves the caret where the selection starts.
+    void dropSelection();
 
   private:
+    void offerContent() override;
     void showContent() override;
     LRESULT received(UINT message, WPARAM w, LPARAM l) override;
     bool takeTyped(UINT message, WPARAM w);

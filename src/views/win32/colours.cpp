@@ -47,6 +47,16 @@ COLORREF inactiveColour() {
     return mix(::GetSysColor(COLOR_WINDOWTEXT), window, 0.15);
 }
 
+COLORREF reddish() {
+    const COLORREF window = ::GetSysColor(COLOR_WINDOW);
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    if (::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+        (contrast.dwFlags & HCF_HIGHCONTRASTON))
+        return window;
+    return mix(RGB(200, 0, 0), window, luminance(window) > 0.5 ? 0.2 : 0.35);
+}
+
 /// What the user's style fills the pages of tabs with.
 COLORREF paneColour() {
     constexpr int kBody = 10;              // TABP_BODY
@@ -69,12 +79,15 @@ Colours::~Colours() {
 void Colours::release() {
     ::DeleteObject(m_pane);
     ::DeleteObject(m_inactive);
+    ::DeleteObject(m_refused);
 }
 
 void Colours::renew() {
     release();
     m_inactiveColour = inactiveColour();
     m_inactive = ::CreateSolidBrush(m_inactiveColour);
+    m_refusedColour = reddish();
+    m_refused = ::CreateSolidBrush(m_refusedColour);
     m_pane = ::CreateSolidBrush(paneColour());
 }
 

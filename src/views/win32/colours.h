@@ -23,6 +23,9 @@ class Colours {
     /// Behind the text of a box. `InactiveBorder` can be told from the other in any scheme.
     HBRUSH box(Background background) const;
     COLORREF boxColour(Background background) const;
+    /// Behind what was refused: reddish, unless the user has chosen colours of high contrast.
+    HBRUSH refused() const { return m_refused; }
+    COLORREF refusedColour() const { return m_refusedColour; }
 
   private:
     void release();
@@ -30,6 +33,8 @@ class Colours {
     HBRUSH m_pane = nullptr;
     HBRUSH m_inactive = nullptr;
     COLORREF m_inactiveColour = 0;
+    HBRUSH m_refused = nullptr;
+    COLORREF m_refusedColour = 0;
 };
 
 }  // namespace wynconfig::native

@@ -69,7 +69,9 @@ void FormWindow::settleFocus() {
     if (m_form && there && ::GetFocus() != there->window()) ::SetFocus(there->window());
 }
 
-void FormWindow::focusMoved(Control&) {
+void FormWindow::focusMoved(Control& control) {
+    m_refusal.turnedTo(control);
+    showRefused();
     if (m_syncing) return;
     sync();
     // Not to the control of the argument: a handler of the focus may have moved it on by now.
@@ -86,6 +88,8 @@ void FormWindow::takeFocusTo(Piece& piece) {
 
 void FormWindow::focusCame(Piece& piece) {
     if (m_syncing) return;
+    m_refusal.wentTo(piece.control());
+    showRefused();
     m_door([&](const UserInput& input) { input.focus(piece.control()); });
     if (m_form) markDefaultButton();
 }

@@ -18,6 +18,7 @@ constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
 constexpr DWORD kExtended = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 constexpr UINT kSync = WM_APP + 1;
 constexpr UINT kCameUp = WM_APP + 2;
+constexpr UINT kActEnded = WM_APP + 3;
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, which older headers lack
 
 const CaptionedControl* captioned(const Control* control) {
@@ -135,6 +136,8 @@ void FormWindow::run(const std::function<void()>& cameUp) {
         ::ShowWindow(m_window, SW_SHOW);
         ::SetForegroundWindow(m_window);
         settleFocus();
+        const Control* const first = m_form ? m_form->focused() : nullptr;
+        if (Piece* there = first ? piece(*first) : nullptr) there->offerContent();
         m_cameUp = cameUp;
         ::PostMessageW(m_window, kCameUp, 0, 0);
     }
@@ -196,7 +199,32 @@ void FormWindow::changed(Control* control) {
         m_formChanged = true;
     else if (Piece* changed = piece(*control))
         changed->dirty = true;
+    if (control && m_form->loaded()) m_refusal.changed(*control);
+    showRefused();
     syncLater();
+}
+
+void FormWindow::markRefused() {
+    m_refusal.told();
+    ::PostMessageW(m_window, kActEnded, 0, 0);
+}
+
+void FormWindow::showRefused() {
+    const Control* const marked = m_refusal.marked();
+    if (marked == m_refused) return;
+    for (const Control* each : {std::exchange(m_refused, marked), marked})
+        if (each) showGround(*each);
+}
+
+void FormWindow::showGround(const Control& box) const {
+    const HWND window = piece(box)->window();
+    if (box.kind() == ControlKind::ListView) {
+        const COLORREF ground =
+            &box == m_refused ? m_colours.refusedColour() : ::GetSysColor(COLOR_WINDOW);
+        ::SendMessageW(window, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(ground));
+        ::SendMessageW(window, LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(ground));
+    }
+    ::InvalidateRect(window, nullptr, TRUE);
 }
 
 void FormWindow::syncLater() {
@@ -282,6 +310,9 @@ bool FormWindow::on(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         case kCameUp:
             if (const auto cameUp = std::exchange(m_cameUp, {})) cameUp();
             return true;
+        case kActEnded:
+            m_refusal.actEnded();
+            return true;
         case WM_CLOSE:
             m_door([this](const UserInput& input) { input.closeByFrame(*m_form); });
             return true;
@@ -328,7 +359,9 @@ bool FormWindow::on(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
 LRESULT FormWindow::colourOf(UINT, HDC dc, HWND child) const {
     const Piece* piece = pieceAt(child);
     if (piece && piece->control().kind() == ControlKind::Edit) {
-        ::SetBkColor(dc, m_colours.boxColour(piece->control().background()));
+        ::SetBkColor(dc, &piece->control() == m_refused
+                             ? m_colours.refusedColour()
+                             : m_colours.boxColour(piece->control().background()));
         return reinterpret_cast<LRESULT>(groundOf(*piece));
     }
     const bool onPane = (piece && piece->control().kind() == ControlKind::Container) ||
@@ -338,11 +371,13 @@ LRESULT FormWindow::colourOf(UINT, HDC dc, HWND child) const {
 }
 
 HBRUSH FormWindow::groundOf(const Piece& piece) const {
-    return m_colours.box(piece.control().background());
+    return &piece.control() == m_refused ? m_colours.refused()
+                                         : m_colours.box(piece.control().background());
 }
 
 void FormWindow::lookAnew() {
     m_colours.renew();
+    if (m_refused) showGround(*m_refused);
     for (const auto& each : m_pieces) each->dirty = true;
     m_formChanged = true;
     syncLater();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/forms/door.h"
+#include "platform/forms/refusal.h"
 #include "views/win32/arranging.h"
 #include "views/win32/classes.h"
 #include "views/win32/colours.h"
@@ -46,6 +47,8 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     void handle(MSG& message);
     /// The person pulls the window to this inner size, in twips.
     void pullTo(int width, int height);
+    /// A box told the person of a failure: what the form turns to next is what was refused.
+    void markRefused();
     /// Leaves the form the way that changes the least: by its cancel button, else by the frame.
     void giveUp();
     /// What stands behind the text of a box.
@@ -81,6 +84,8 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     void showForm();
     void showNames();
     void lookAnew();
+    void showRefused();
+    void showGround(const Control& box) const;
 
     bool on(UINT message, WPARAM w, LPARAM l, LRESULT& result);
     LRESULT colourOf(UINT message, HDC dc, HWND child) const;
@@ -141,6 +146,8 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     HWND m_tips = nullptr;
     std::optional<Modality> m_modality;
     std::function<void()> m_cameUp;
+    Refusal m_refusal;
+    const Control* m_refused = nullptr;  ///< what bears its mark on the screen
     Extent m_least;
     Extent m_ownSize;   ///< that the form gave the window
     Extent m_pulledTo;  ///< in twips, that the person last gave it

@@ -73,6 +73,8 @@ class Piece {
     virtual LRESULT notified(NMHDR&) { return 0; }
     /// A key that is none of the form's was pressed. False: its window deals with it.
     virtual bool takeKey(WPARAM) { return false; }
+    /// The dialog came up with the focus here: what is typed takes the place of what is there.
+    virtual void offerContent() {}
     /// Whether its window needs Enter and Escape for itself now.
     virtual bool wantsEnter() const { return false; }
     /// Whether the Tab key can lead here.

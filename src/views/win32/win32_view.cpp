@@ -128,8 +128,11 @@ void NativeView::showModal(Form& form) {
 int NativeView::showMessage(const MessageRequest& wanted) {
     const native::OwnControls controls;
     native::MessageWindow box(wanted);
-    return box.run(ownerFor(wanted.owner), isMirrored(wanted.owner),
-                   [&] { cameUp("box", [&] { m_person.answer(box, wanted); }); });
+    const int pressed = box.run(ownerFor(wanted.owner), isMirrored(wanted.owner),
+                                [&] { cameUp("box", [&] { m_person.answer(box, wanted); }); });
+    FormWindow* const window = m_screen.top();
+    if (window && (wanted.style & boxstyle::Critical)) window->markRefused();
+    return pressed;
 }
 
 std::string NativeView::browse(const BrowseRequest& request) {

@@ -26,6 +26,7 @@ class Sample : public TestForm {
     }
     std::function<void()> opened;
     std::string title = "Sample";
+    std::string text;
     Label lblName{*this, "lblName", "&Name"};
     Edit txtName{*this, "txtName"};
     Label lblItems{*this, "lblItems", "&Items"};
@@ -37,6 +38,7 @@ class Sample : public TestForm {
     void Form_Load() override {
         UniCaption1.bind(*this);
         UniCaption1.setCaption(title);
+        txtName.setText(text);
     }
     void Form_Resize() override { log.push_back("resize"); }
     FormLayout declareLayout() override {
@@ -137,6 +139,65 @@ TEST_F(NativeView, AllWindowsOfTheThreadWaitForTheOneOnTop) {
         EXPECT_FALSE(::IsWindowEnabled(host.window()));
     });
     EXPECT_TRUE(::IsWindowEnabled(host.window()));
+}
+
+TEST_F(NativeView, ALetterReplacesTheTextThatADialogOpensAt) {
+    form.text = "ABC";
+    show([&](User& person) {
+        DWORD start = 9;
+        DWORD end = 9;
+        ::SendMessageW(::GetFocus(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+                       reinterpret_cast<LPARAM>(&end));
+        EXPECT_EQ(start, 0U);
+        EXPECT_EQ(end, 3U);
+        EXPECT_EQ(person.see("txtName").caret, 0U);
+        ::SendMessageW(::GetFocus(), WM_CHAR, 'x', 0);
+        EXPECT_EQ(person.see("txtName").text, "x");
+    });
+}
+
+/// What stands behind the text of the box that has the focus.
+COLORREF groundInFocus() {
+    const HDC context = ::GetDC(::GetFocus());
+    const auto brush = reinterpret_cast<HBRUSH>(
+        ::SendMessageW(::GetParent(::GetFocus()), WM_CTLCOLOREDIT,
+                       reinterpret_cast<WPARAM>(context), reinterpret_cast<LPARAM>(::GetFocus())));
+    ::ReleaseDC(::GetFocus(), context);
+    LOGBRUSH ground{};
+    ::GetObjectW(brush, sizeof ground, &ground);
+    return ground.lbColor;
+}
+
+TEST_F(NativeView, WhatWasRefusedIsMarkedUntilItChanges) {
+    show([&](User& person) {
+        const COLORREF usual = ::GetSysColor(COLOR_WINDOW);
+        form.opened = [&] {
+            form.UniMsgBox1.ShowMsg("Refused.", boxstyle::Critical, "Sample", "OK");
+            form.txtName.setFocus();
+        };
+        person.focus("txtName");
+        EXPECT_EQ(groundInFocus(), usual);
+        person.onBox();
+        person.click("btnOpen");
+        EXPECT_TRUE(person.see("txtName").focus);
+        EXPECT_NE(groundInFocus(), usual);
+        person.type("txtName", "x");
+        EXPECT_EQ(groundInFocus(), usual);
+        form.opened = [&] {
+            form.UniMsgBox1.ShowMsg("Refused.", boxstyle::Critical, "Sample", "OK");
+            form.lstItems.setFocus();
+        };
+        person.onBox();
+        person.click("btnOpen");
+        const auto listGround = [] {
+            return static_cast<COLORREF>(::SendMessageW(::GetFocus(), LVM_GETBKCOLOR, 0, 0));
+        };
+        EXPECT_NE(listGround(), usual);
+        person.focus("txtName");
+        EXPECT_EQ(groundInFocus(), usual);
+        person.focus("lstItems");
+        EXPECT_EQ(listGround(), usual);
+    });
 }
 
 TEST_F(NativeView, TheEndOfTheProgramClosesEachFormAndIsPassedOn) {

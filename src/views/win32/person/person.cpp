@@ -109,7 +109,12 @@ void Person::pressEscape() {
 }
 
 void Person::pressDelete() {
-    keyClick(inHand(), VK_DELETE);
+    FormWindow& window = inHand();
+    // One character goes, not a text that is selected since the dialog opened.
+    const Control* const there = window.form()->focused();
+    if (there && there->kind() == ControlKind::Edit)
+        static_cast<EditPiece*>(window.piece(*there))->dropSelection();
+    keyClick(window, VK_DELETE);
 }
 
 void Person::pressF2() {
