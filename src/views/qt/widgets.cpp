@@ -77,6 +77,16 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
     if (!hasSelectedText()) restore(start, 0);
 }
 
+/// With Alt a letter is a key that nothing marks, and no text.
+void TextBox::keyPressEvent(QKeyEvent* event) {
+    const auto held = event->modifiers() & (Qt::AltModifier | Qt::ControlModifier);
+    const QString text = event->text();
+    if (held == Qt::AltModifier && !text.isEmpty() && text.front().isPrint())
+        event->accept();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
 OptionBox::OptionBox(QWidget* parent) : QRadioButton(parent) {
     setAutoExclusive(false);
 }

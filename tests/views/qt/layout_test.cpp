@@ -585,6 +585,23 @@ TEST_F(QtLayoutTest, CtrlTabAndCtrlPageKeysTurnTheTabs) {
     });
 }
 
+TEST_F(QtLayoutTest, ALetterThatNothingMarksIsNoTextWithAlt) {
+    show([](User& u) {
+        u.setCaret("txtName", 0);
+        const auto type = [](const QString& letter, Qt::KeyboardModifiers held) {
+            QKeyEvent down(QEvent::KeyPress, letter.front().toUpper().unicode(), held, letter);
+            QApplication::sendEvent(window()->focusWidget(), &down);
+        };
+        type("q", Qt::AltModifier);
+        type("Q", Qt::AltModifier | Qt::ShiftModifier);
+        EXPECT_EQ(u.see("txtName").text, "ALPHA");
+        // Both together are another level of some keyboards.
+        type("@", Qt::AltModifier | Qt::ControlModifier);
+        type("q", Qt::NoModifier);
+        EXPECT_EQ(u.see("txtName").text, "@qALPHA");
+    });
+}
+
 TEST_F(QtLayoutTest, ArrowKeysChooseAmongTheOptionsOfAFrame) {
     show([&](User& u) {
         u.click("rdoTop");
