@@ -145,9 +145,10 @@ void MainWindow::keepParts() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    const bool isDone = m_catalogue->partsList().empty() || m_send->isSent();
-    if (!isDone && !askToQuit(this, m_remembered != nullptr)) return event->ignore();
     if (m_remembered) m_remembered->keep(*this);
+    const bool isKept = m_remembered && m_remembered->isKept();
+    const bool isDone = m_catalogue->partsList().empty() || m_send->isSent();
+    if (!isKept && !isDone && !askToQuit(this)) return event->ignore();
     QMainWindow::closeEvent(event);
 }
 

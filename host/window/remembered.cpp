@@ -127,4 +127,9 @@ void Remembered::keep(const QWidget& window) {
     m_settings.setValue(kMaximized, window.isMaximized());
 }
 
+bool Remembered::isKept() {
+    m_settings.sync();
+    return m_settings.status() == QSettings::NoError;
+}
+
 }  // namespace host

@@ -42,6 +42,10 @@ class Remembered {
     /// Keeps the window's size and place.
     void keep(const QWidget& window);
 
+    /// Has all of it in the file. False where that can't be written: nothing of it will be there
+    /// again.
+    bool isKept();
+
   private:
     mutable QSettings m_settings;
 };

@@ -132,12 +132,11 @@ bool askToRemove(QWidget* window, const std::string& name) {
     return box.exec() == QMessageBox::Yes;
 }
 
-bool askToQuit(QWidget* window, bool isKept) {
+bool askToQuit(QWidget* window) {
     QMessageBox box(QMessageBox::Question, tr("Parts Catalogue"),
                     tr("The parts list was not sent. Quit all the same?"), QMessageBox::NoButton,
                     window);
     box.setObjectName(kHostDialog);
-    if (isKept) box.setInformativeText(tr("It will be there again at the next start."));
     QPushButton* quit = box.addButton(tr("&Quit"), QMessageBox::AcceptRole);
     QPushButton* stay = box.addButton(tr("&Stay"), QMessageBox::RejectRole);
     quit->setObjectName("quit");

@@ -23,8 +23,7 @@ std::optional<TakeOver> askForTakeOver(QWidget* window);
 
 bool askToRemove(QWidget* window, const std::string& name);
 
-/// Asks whether to quit with a parts list that was not sent.
-/// @param isKept  whether the list is there again at the next start
-bool askToQuit(QWidget* window, bool isKept);
+/// Asks whether to quit with a parts list that was not sent, and will not be there again.
+bool askToQuit(QWidget* window);
 
 }  // namespace host

@@ -44,11 +44,27 @@ TEST_F(HostRemembered, PartsListIsThereAgain) {
     quitAndStartAgain();
     EXPECT_EQ(window->catalogue().partsList(), before);
     EXPECT_FALSE(widget<QAction>("undo").isEnabled());
-    EXPECT_FALSE(closeBy("stay"));  // it was not sent yet
+}
+
+TEST_F(HostRemembered, NothingIsAskedOfAListThatIsThereAgain) {
+    pick("10-0120", 2);
+    EXPECT_TRUE(closeBy("stay"));
+    EXPECT_EQ(question(), "");
+}
+
+TEST_F(HostRemembered, QuittingAsksWhereNothingCanBeKept) {
+    window.reset();
+    remembered.reset();
+    fs::remove_all(folder / "settings");
+    std::ofstream(folder / "settings") << "no folder";
+    startAgain();
+    EXPECT_TRUE(closeBy("stay"));
+    window->show();
+    pick("10-0120", 2);
+    EXPECT_FALSE(closeBy("stay"));
+    EXPECT_EQ(question(), "The parts list was not sent. Quit all the same?");
     sendToFile();
-    quitAndStartAgain();
-    EXPECT_EQ(window->catalogue().partsList(), before);
-    EXPECT_TRUE(closeBy("stay"));  // it was
+    EXPECT_TRUE(closeBy("stay"));
 }
 
 TEST_F(HostRemembered, PartsListIsThereAlsoWhenTheHostDidNotCloseItsWindow) {
