@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSplitter>
+#include <QStyle>
 #include <algorithm>
 
 namespace host {
@@ -108,7 +109,12 @@ void Remembered::restore(QWidget& window) {
         });
     }
     const QRect kept = m_settings.value(kPlace).toRect();
-    if (!kept.isValid()) return;
+    if (!kept.isValid()) {
+        const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+        const QSize room = window.screen()->availableSize() - QSize(0, title);
+        window.resize(window.size().boundedTo(room));
+        return;
+    }
     const QRect place = fitted(kept, areaFor(kept));
     window.resize(place.size() - m_settings.value(kBorder).toSize());
     window.move(place.topLeft());

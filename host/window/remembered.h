@@ -36,8 +36,9 @@ class Remembered {
     bool partsWereSent() const;
     void keepParts(const std::vector<PickedPart>& parts, bool sent);
 
-    /// Gives a window that was not shown yet its size, its place, which lies on a screen in any
-    /// case, and the positions of its splitters that have object names. Keeps these from then on.
+    /// Gives a window that was not shown yet its size, at the first start one that the screen has
+    /// room for, its place, which lies on a screen in any case, and the positions of its splitters
+    /// that have object names. Keeps these from then on.
     void restore(QWidget& window);
     /// Keeps the window's size and place.
     void keep(const QWidget& window);

@@ -123,6 +123,12 @@ TEST_F(HostRemembered, WindowLiesOnTheScreenThatThereIs) {
     EXPECT_EQ(window->frameGeometry(), window->screen()->availableGeometry());
 }
 
+TEST_F(HostRemembered, FirstWindowIsNoLargerThanTheScreen) {
+    const QSize screen = window->screen()->availableSize();
+    EXPECT_EQ(window->size().boundedTo(screen), window->size());
+    EXPECT_LT(window->height(), screen.height());
+}
+
 TEST_F(HostRemembered, WindowIsAsLargeAsTheScreenAgain) {
     window->showMaximized();
     QCoreApplication::processEvents();
