@@ -114,11 +114,14 @@ class DataRows {
     friend class Dataset;
     friend struct RecordText;
 
+    /// Stands for the neighbour of a slot that is free.
+    static constexpr std::uint32_t kNoSlot = 0xFFFFFFFF;
+
     /// A row and the slots of its neighbours. The neighbours of slot 0, which has no row, are the
     /// last and the first one. A slot that is free has an empty row, and tells the next free one.
     struct Slot {
         DataRow row;
-        std::uint32_t previous = 0;
+        std::uint32_t previous = kNoSlot;
         std::uint32_t next = 0;
     };
 
@@ -128,8 +131,8 @@ class DataRows {
     std::uint32_t slotOf(std::string_view key, std::uint32_t hash) const;
     /// @return the key's row; null for none
     const DataRow* find(std::string_view key) const;
-    /// Appends a row. @return it; null when its key is present, and nothing is taken
-    DataRow* add(DataRow&& row);
+    /// Appends a row without data. @return its data; null when its key is present
+    std::string* add(std::string_view key);
     /// Removes the row of a key. @return false when there is none
     bool remove(std::string_view key);
     /// Replaces the row of a key, which is there, by one whose key no other row has.

@@ -13,9 +13,6 @@ namespace {
 /// So few rows are sooner looked through than hashed.
 constexpr std::size_t kMostWithoutIndex = 32;
 
-/// Stands for the neighbour of a slot that is free.
-constexpr std::uint32_t kNoSlot = 0xFFFFFFFF;
-
 /// An entry of the index: the hash above, the slot below. No row is in slot 0: that is no entry.
 std::uint64_t entryOf(std::uint32_t hash, std::uint32_t slot) {
     return std::uint64_t{hash} << 32U | slot;
@@ -68,8 +65,10 @@ std::uint32_t DataRows::hashOf(std::string_view key) const {
 
 std::uint32_t DataRows::slotOf(std::string_view key, std::uint32_t hash) const {
     if (m_index.empty()) {
-        for (std::uint32_t slot = 1; slot < m_slots.size(); ++slot)
-            if (m_slots[slot].row[0] == key && m_slots[slot].previous != kNoSlot) return slot;
+        const auto size = static_cast<std::uint32_t>(m_slots.size());
+        const Slot* const slots = m_slots.data();
+        for (std::uint32_t slot = 1; slot < size; ++slot)
+            if (slots[slot].row[0] == key && slots[slot].previous != kNoSlot) return slot;
         return 0;
     }
     for (std::size_t place = hash & (m_index.size() - 1); m_index[place];
@@ -88,7 +87,7 @@ const DataRow* DataRows::find(std::string_view key) const {
 void DataRows::makeRoom() {
     if (m_slots.empty()) {
         m_slots.reserve(kMostWithoutIndex);
-        m_slots.emplace_back();
+        m_slots.emplace_back().previous = 0;
     }
     if (m_size < kMostWithoutIndex || 4 * (m_size + 1) <= 3 * m_index.size()) return;
     Index larger(std::max(4 * kMostWithoutIndex, 2 * m_index.size()));
@@ -102,26 +101,25 @@ void DataRows::makeRoom() {
     m_index = std::move(larger);
 }
 
-DataRow* DataRows::add(DataRow&& row) {
-    const std::uint32_t hash = hashOf(row[0]);
-    if (slotOf(row[0], hash)) return nullptr;
+std::string* DataRows::add(std::string_view key) {
+    const std::uint32_t hash = hashOf(key);
+    if (slotOf(key, hash)) return nullptr;
+    std::string own(key);
     makeRoom();
-    std::uint32_t slot = m_free;
-    if (slot) {
-        m_free = m_slots[slot].next;
-    } else {
-        slot = static_cast<std::uint32_t>(m_slots.size());
+    if (!m_free) {
         m_slots.emplace_back();
+        m_free = static_cast<std::uint32_t>(m_slots.size() - 1);
     }
     // From here on nothing fails.
-    if (!m_index.empty()) enter(m_index, entryOf(hash, slot));
+    const std::uint32_t slot = m_free;
     Slot& added = m_slots[slot];
-    added.row = std::move(row);
-    added.next = 0;
+    added.row[0] = std::move(own);
+    if (!m_index.empty()) enter(m_index, entryOf(hash, slot));
+    m_free = std::exchange(added.next, 0);
     added.previous = std::exchange(m_slots[0].previous, slot);
     m_slots[added.previous].next = slot;
     ++m_size;
-    return &added.row;
+    return &added.row[1];
 }
 
 bool DataRows::remove(std::string_view key) {
@@ -129,10 +127,10 @@ bool DataRows::remove(std::string_view key) {
     const std::uint32_t slot = slotOf(key, hash);
     if (!slot) return false;
     if (!m_index.empty()) takeOut(m_index, entryOf(hash, slot));
-    const Slot removed = std::exchange(m_slots[slot], {{}, kNoSlot, m_free});
+    const Slot removed = std::exchange(m_slots[slot], {});
     m_slots[removed.previous].next = removed.next;
     m_slots[removed.next].previous = removed.previous;
-    m_free = slot;
+    m_slots[slot].next = std::exchange(m_free, slot);
     --m_size;
     return true;
 }

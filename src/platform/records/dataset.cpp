@@ -46,7 +46,10 @@ void Dataset::SetKey(const std::string& column, long) {
 }
 
 void Dataset::AddRow(const DataRow& row) {
-    if (!m_rows.add(DataRow(row))) raiseDuplicate(row[0]);
+    std::string data = row[1];
+    std::string* const place = m_rows.add(row[0]);
+    if (!place) raiseDuplicate(row[0]);
+    *place = std::move(data);
 }
 
 void Dataset::ClearRows() {

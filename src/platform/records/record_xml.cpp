@@ -47,9 +47,14 @@ bool isSurrogate(unsigned unit) {
     return unit >= 0xD800 && unit <= 0xDFFF;
 }
 
+/// Whether the text may have something to turn back.
+bool isEscaped(std::string_view text) {
+    return text.find('_') != std::string_view::npos;
+}
+
 /// Turns `_xHHHH_` back into what it stands for. A unit that stands for nothing stays as it is.
 std::string unescape(std::string_view text) {
-    if (text.find('_') == std::string_view::npos) return std::string(text);
+    if (!isEscaped(text)) return std::string(text);
     std::size_t at = text.find("_x");
     std::string out;
     std::size_t from = 0;
@@ -192,7 +197,7 @@ class RecordReader {
     }
     void end() {
         if (m_depth-- != 2 || !m_text) return;
-        if (m_text->find('_') != std::string::npos) *m_text = unescape(*m_text);
+        if (isEscaped(*m_text)) *m_text = unescape(*m_text);
         collectIn(nullptr);
     }
     void characters(std::string_view text) {
@@ -226,9 +231,10 @@ class RecordReader {
         if (isName(name, "row")) {
             const auto key = attribute("key", attributes);
             if (!key) return blame("it has a row without a key");
-            DataRow* const added = record.add({unescape(*key), {}});
-            if (!added) return blame("it has the row \"" + unescape(*key) + "\" twice");
-            collectIn(&(*added)[1]);
+            std::string* const data =
+                isEscaped(*key) ? record.add(unescape(*key)) : record.add(*key);
+            if (!data) return blame("it has the row \"" + unescape(*key) + "\" twice");
+            collectIn(data);
         } else if (isName(name, "column") && m_columns < record.columns.size()) {
             std::string& column = record.columns[m_columns++];
             column.clear();

@@ -18,8 +18,8 @@ struct RecordText {
     std::array<std::string, 2> columns{"Element", "Data"};
     DataRows rows;
 
-    /// Adds a row. @return it, for its data, until the next one; null when its key is there already
-    DataRow* add(DataRow&& row) { return rows.add(std::move(row)); }
+    /// Adds a row. @return its data, until the next one; null when its key is there already
+    std::string* add(std::string_view rowKey) { return rows.add(rowKey); }
 };
 
 /// How text is to be read.
