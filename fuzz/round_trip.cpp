@@ -62,5 +62,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Document again;
     loaded.Save(again);
     require(again.xml() == document.xml());
+    // The parser looks at what does not stand as it is written.
+    Document unlike;
+    require(unlike.loadXML(document.xml() + "\n"));
+    Dataset parsed;
+    parsed.Load(unlike);
+    require(parsed.Type() == type && parsed.Name() == name && parsed.Rows() == record.Rows());
     return 0;
 }

@@ -1,4 +1,4 @@
-// Reads and writes the stored form of a record, reading by Expat.
+// Reads and writes the stored form of a record, reading by Expat what is not plain.
 #include "platform/records/record_xml.h"
 
 #include <expat.h>
@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "platform/records/parser_memory.h"
+#include "platform/records/plain_record.h"
 #include "platform/records/single_byte_encodings.h"
 #include "platform/records/xml_parser.h"
 #include "platform/text/text.h"
@@ -405,6 +406,8 @@ bool parse(std::string_view xml, XmlSource source, RecordReader& reader) {
 }  // namespace
 
 RecordText readRecord(std::string_view xml, XmlSource source) {
+    RecordText plain;
+    if (readPlainRecord(xml, plain)) return plain;
     RecordReader reader(true);
     if (parse(xml, source, reader)) return std::move(reader.record);
     if (!reader.fault.empty()) throw Error(errc::BadRecord, reader.fault);
@@ -412,6 +415,8 @@ RecordText readRecord(std::string_view xml, XmlSource source) {
 }
 
 bool isWellFormed(std::string_view xml) {
+    RecordText plain;
+    if (readPlainRecord(xml, plain)) return true;
     RecordReader reader(false);
     return parse(xml, XmlSource::Memory, reader);
 }
@@ -422,30 +427,30 @@ std::string writeRecord(std::string_view type, std::string_view name, std::strin
     for (const DataRow& row : rows) size += row[0].size() + row[1].size() + 32;
     std::string out;
     out.reserve(std::min(size, kMaxItemSize));
-    out += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<dataset version=\"1\" type=\"";
+    out += written::kType;
     appendText(out, type, true);
-    out += "\" name=\"";
+    out += written::kName;
     appendText(out, name, true);
-    out += "\" key=\"";
+    out += written::kKey;
     appendText(out, key, true);
-    out += "\">\n";
+    out += written::kOpen;
     for (const std::string& column : columns) {
-        out += "  <column>";
+        out += written::kColumn;
         appendText(out, column, false);
-        out += "</column>\n";
+        out += written::kColumnEnd;
     }
     for (const DataRow& row : rows) {
-        out += "  <row key=\"";
+        out += written::kRow;
         appendText(out, row[0], true);
         if (row[1].empty()) {
-            out += "\"/>\n";
+            out += written::kEmptyRowEnd;
             continue;
         }
-        out += "\">";
+        out += written::kData;
         appendText(out, row[1], false);
-        out += "</row>\n";
+        out += written::kRowEnd;
     }
-    out += "</dataset>\n";
+    out += written::kEnd;
     holdToBound(out.size());
     return out;
 }
