@@ -47,4 +47,13 @@ class WYNCONFIG_API QtView : public View {
 /// `QApplication`.
 WYNCONFIG_API std::shared_ptr<QtView> makeQtView();
 
+/// Has a window of the host be as clear as the dialogs are, in light colours as in dark ones: all
+/// texts can be read, also those of what is disabled or selected, and the outlines of boxes,
+/// options, lists, ticks in rows and buttons can be seen. What is put into the window later gets
+/// the same, and colours that the `QApplication` takes later are followed. Outlines are drawn over
+/// those of Qt's own style, Fusion, alone; styles and palettes that the host set on single widgets
+/// stay as they are. Touches nothing of the `QApplication`. Once is enough for a window.
+/// @param window  a window, not a widget in it
+WYNCONFIG_API void clarify(QWidget& window);
+
 }  // namespace wynconfig

@@ -15,6 +15,7 @@
 
 #include "views/qt/convert.h"
 #include "wynconfig/form.h"
+#include "wynconfig/qt_view.h"
 
 namespace wynconfig::desktop {
 
@@ -130,6 +131,7 @@ void setUp(QMessageBox& box, const MessageRequest& wanted) {
     }
     // The buttons of the forms have no icons either.
     for (QAbstractButton* each : box.buttons()) each->setIcon({});
+    clarify(box);
     // The size that the box takes as it comes up; not every platform can change it by then.
     box.layout()->activate();
     box.setFixedSize(box.layout()->totalMinimumSize());
@@ -168,6 +170,7 @@ void setUp(QFileDialog& dialog, const BrowseRequest& wanted) {
     if (wanted.font) dialog.setFont(toQt(*wanted.font));
     layColumns(dialog);
     for (QPushButton* each : dialog.findChildren<QPushButton*>()) each->setIcon({});
+    clarify(dialog);
     constexpr int kWidth = 96;
     constexpr int kLines = 34;
     dialog.ensurePolished();

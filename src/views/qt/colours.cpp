@@ -10,11 +10,14 @@ namespace wynconfig::desktop {
 namespace {
 
 /// The contrast that people with weak eyes need is 4.5; some more, since styles shade the grounds
-/// of groups and pages a little, and those of buttons more than that.
+/// of groups and pages a little. Those of buttons they shade more, and draw marks in boxes paler.
 constexpr double kReadableContrast = 5.5;
-constexpr double kReadableOnButtons = 6.5;
+constexpr double kReadableMarks = 6.5;
 /// The contrast by which a box that is switched off is told from the others.
 constexpr double kVisibleContrast = 1.12;
+/// What shows where a box is needs a contrast of 3, and less of it when the box is switched off.
+constexpr double kClearOutline = 4.5;
+constexpr double kInactiveOutline = 3.5;
 
 /// A colour between two, which has `share` of the first.
 QColor mix(const QColor& one, const QColor& other, double share) {
@@ -39,24 +42,37 @@ double contrast(const QColor& one, const QColor& other) {
     return (light + 0.05) / (dark + 0.05);
 }
 
-/// The first colour on the way to another with enough contrast to a ground; the other when none
+/// The first colour on the way to another with enough contrast to all grounds; the other when none
 /// has.
-QColor firstClear(const QColor& from, const QColor& to, const QColor& ground,
+QColor firstClear(const QColor& from, const QColor& to, const QList<QColor>& grounds,
                   double enough = kReadableContrast) {
-    constexpr int kSteps = 20;
+    constexpr int kSteps = 40;
     for (int step = 0; step < kSteps; ++step) {
         const QColor shade = mix(to, from, static_cast<double>(step) / kSteps);
-        if (contrast(shade, ground) >= enough) return shade;
+        const auto isClear = [&](const QColor& each) { return contrast(shade, each) >= enough; };
+        if (std::all_of(grounds.begin(), grounds.end(), isClear)) return shade;
     }
     return to;
 }
 
 void clearText(QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole ground) {
-    const double enough = ground == QPalette::Button ? kReadableOnButtons : kReadableContrast;
+    const double enough = ground == QPalette::Window ? kReadableContrast : kReadableMarks;
     palette.setColor(
         QPalette::Disabled, text,
         firstClear(palette.color(QPalette::Disabled, text), palette.color(QPalette::Active, text),
-                   palette.color(QPalette::Disabled, ground), enough));
+                   {palette.color(QPalette::Disabled, ground)}, enough));
+}
+
+/// Texts that are paler than others although they are in use: hints in empty boxes, and links.
+void clearPaleText(QPalette& palette, QPalette::ColorRole pale) {
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor ground = palette.color(group, QPalette::Base);
+        const QColor given = palette.color(group, pale);
+        const QColor shown = mix(QColor(given.rgb()), ground, given.alphaF());
+        palette.setColor(group, pale,
+                         firstClear(shown, palette.color(QPalette::Active, QPalette::Text),
+                                    {ground, palette.color(group, QPalette::Window)}));
+    }
 }
 
 /// Moves the ground away from the text: it keeps its hue, and the text its place in the scheme.
@@ -65,17 +81,37 @@ void clearSelection(QPalette& palette) {
         const QColor text = palette.color(group, QPalette::HighlightedText);
         const QColor away = luminance(text) > 0.5 ? Qt::black : Qt::white;
         palette.setColor(group, QPalette::Highlight,
-                         firstClear(palette.color(group, QPalette::Highlight), away, text));
+                         firstClear(palette.color(group, QPalette::Highlight), away, {text}));
     }
+}
+
+/// The ground of a box that is switched off: that of the window, where it differs enough.
+QColor inactiveBase(const QPalette& palette) {
+    const QColor grey = palette.color(QPalette::Active, QPalette::Window);
+    const QColor base = palette.color(QPalette::Active, QPalette::Base);
+    if (contrast(grey, base) >= kVisibleContrast) return grey;
+    return mix(palette.color(QPalette::Active, QPalette::Text), base, 0.15);
+}
+
+/// What may lie on both sides of an outline.
+QList<QColor> groundsOf(const QPalette& palette, Ground around) {
+    // Styles draw pages and buttons in lighter shades than they are told.
+    constexpr int kRaised = 125;
+    QList<QColor> grounds{palette.color(QPalette::Window), palette.color(QPalette::Base)};
+    if (around == Ground::Raised) grounds << palette.color(QPalette::Button).lighter(kRaised);
+    return grounds;
 }
 
 }  // namespace
 
 QPalette readable(QPalette palette) {
+    palette.setColor(QPalette::Disabled, QPalette::Base, inactiveBase(palette));
     clearText(palette, QPalette::Text, QPalette::Base);
     clearText(palette, QPalette::Text, QPalette::Button);
     clearText(palette, QPalette::WindowText, QPalette::Window);
     clearText(palette, QPalette::ButtonText, QPalette::Button);
+    clearPaleText(palette, QPalette::PlaceholderText);
+    clearPaleText(palette, QPalette::Link);
     clearSelection(palette);
     return palette;
 }
@@ -91,11 +127,7 @@ QPalette refusedPalette() {
 }
 
 QColor inactiveColour() {
-    const QPalette palette = QGuiApplication::palette();
-    const QColor grey = palette.color(QPalette::Active, QPalette::Window);
-    const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    if (contrast(grey, base) >= kVisibleContrast) return grey;
-    return mix(palette.color(QPalette::Active, QPalette::Text), base, 0.15);
+    return inactiveBase(QGuiApplication::palette());
 }
 
 QPalette inactivePalette() {
@@ -104,8 +136,20 @@ QPalette inactivePalette() {
     palette.setColor(QPalette::Base, inactiveColour());
     palette.setColor(QPalette::Disabled, QPalette::Text,
                      firstClear(usual.color(QPalette::Disabled, QPalette::Text),
-                                usual.color(QPalette::Active, QPalette::Text), inactiveColour()));
+                                usual.color(QPalette::Active, QPalette::Text), {inactiveColour()}));
     return palette;
+}
+
+QColor outlineColour(const QPalette& palette, Ground around, bool isEnabled) {
+    return firstClear(palette.color(QPalette::Window),
+                      palette.color(QPalette::Active, QPalette::WindowText),
+                      groundsOf(palette, around), isEnabled ? kClearOutline : kInactiveOutline);
+}
+
+QColor focusColour(const QPalette& palette, Ground around) {
+    return firstClear(palette.color(QPalette::Highlight),
+                      palette.color(QPalette::Active, QPalette::WindowText),
+                      groundsOf(palette, around), kClearOutline);
 }
 
 }  // namespace wynconfig::desktop

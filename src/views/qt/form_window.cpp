@@ -14,9 +14,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "views/qt/colours.h"
 #include "views/qt/convert.h"
 #include "views/qt/widgets.h"
+#include "wynconfig/qt_view.h"
 
 namespace wynconfig::desktop {
 
@@ -43,13 +43,13 @@ FormWindow::FormWindow(Form& form, UserInput input, QWidget* parent)
     setWindowModality(Qt::ApplicationModal);
     // A dialog of the component must not end a host that has no other window.
     setAttribute(Qt::WA_QuitOnClose, false);
-    setPalette(readable(palette()));
     if (m_fixed) {
         setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                        Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
                        Qt::MSWindowsFixedSizeDialogHint);
     }
     m_built = FormBuilder(this, m_door).build(form.layout().body);
+    clarify(*this);
     m_leastWidth = new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
     layout()->addItem(m_leastWidth);
     watch();
