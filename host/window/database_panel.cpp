@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QDateTime>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
@@ -112,8 +113,22 @@ void DatabasePanel::addItem(ItemKind kind, const wynconfig::ListedItem& item) {
 void DatabasePanel::addFactory(ItemKind kind, const std::string& name) {
     QTreeWidgetItem* row =
         addRow(m_list, QString::fromStdString(name), kind, tr("factory item of the store"));
+    makePale(*row);
+}
+
+void DatabasePanel::makePale(QTreeWidgetItem& row) const {
     for (int column = 0; column < Column::Count; ++column)
-        row->setForeground(column, palette().brush(QPalette::PlaceholderText));
+        row.setForeground(column, palette().brush(QPalette::PlaceholderText));
+}
+
+void DatabasePanel::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) {
+        for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
+            QTreeWidgetItem& row = *m_list->topLevelItem(i);
+            if (!row.data(Column::Name, kItemRole).isValid()) makePale(row);
+        }
+    }
+    QWidget::changeEvent(event);
 }
 
 std::optional<SelectedItem> DatabasePanel::selected() const {

@@ -9,6 +9,7 @@
 
 class QAction;
 class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace host {
 
@@ -33,10 +34,15 @@ class DatabasePanel : public QWidget {
   signals:
     void selectionChanged();
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     void list();
     void addItem(wynconfig::ItemKind kind, const wynconfig::ListedItem& item);
     void addFactory(wynconfig::ItemKind kind, const std::string& name);
+    /// Sets a row apart that can only be looked at.
+    void makePale(QTreeWidgetItem& row) const;
 
     Workplace& m_workplace;
     QTreeWidget* m_list;

@@ -1,9 +1,19 @@
 // What tells the host's own dialogs from those of the component.
 #pragma once
 
+#include <QDialog>
+
+#include "wynconfig/qt_view.h"
+
 namespace host {
 
 /// Object name of all dialogs of the host's own. Their buttons have object names too.
 inline constexpr const char* kHostDialog = "hostDialog";
+
+/// Makes a dialog one of the host's own, as clear to see as those of the component.
+inline void makeHostDialog(QDialog& dialog) {
+    dialog.setObjectName(QString::fromUtf8(kHostDialog));
+    wynconfig::clarify(dialog);
+}
 
 }  // namespace host

@@ -24,6 +24,7 @@
 #include "window/sentence_label.h"
 #include "window/session_panel.h"
 #include "window/store_dialogs.h"
+#include "wynconfig/qt_view.h"
 
 namespace host {
 
@@ -60,6 +61,7 @@ MainWindow::MainWindow(Workplace& workplace, Remembered* remembered)
     showStore();
     resize(1180, 740);
     for (QLineEdit* each : findChildren<QLineEdit*>()) each->installEventFilter(this);
+    wynconfig::clarify(*this);
     if (m_remembered) restore();
 }
 

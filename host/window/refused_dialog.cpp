@@ -52,7 +52,7 @@ QPlainTextEdit* makeTexts(const wynconfig::MemoryEdit& edit) {
 std::optional<RefusalDecision> askAboutRefusal(QWidget* window,
                                                const wynconfig::RefusedEdit& refused) {
     QDialog dialog(window);
-    dialog.setObjectName(kHostDialog);
+    makeHostDialog(dialog);
     dialog.setWindowTitle(QObject::tr("The edit was not stored"));
     dialog.resize(kWidth, kHeight);
     auto* name = new IdentifierEdit(toQt(refused.edit().session.name + " 2"));

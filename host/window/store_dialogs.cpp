@@ -34,7 +34,7 @@ class StoreForm {
   public:
     StoreForm(QWidget* window, const QString& title, const QString& okCaption)
         : dialog(window), fields(new QFormLayout(&dialog)), folder(new IdentifierEdit) {
-        dialog.setObjectName(kHostDialog);
+        makeHostDialog(dialog);
         dialog.setWindowTitle(title);
         folder->setObjectName("storeFolder");
         folder->setMinimumWidth(kFieldWidth);
@@ -126,7 +126,7 @@ bool askToRemove(QWidget* window, const std::string& name) {
     const QString text = tr("Remove %1 from the database?").arg(isolated(name));
     QMessageBox box(QMessageBox::Question, tr("Parts Catalogue"), text,
                     QMessageBox::Yes | QMessageBox::No, window);
-    box.setObjectName(kHostDialog);
+    makeHostDialog(box);
     box.button(QMessageBox::Yes)->setObjectName("yes");
     box.setTextFormat(Qt::PlainText);
     return box.exec() == QMessageBox::Yes;
@@ -136,7 +136,7 @@ bool askToQuit(QWidget* window) {
     QMessageBox box(QMessageBox::Question, tr("Parts Catalogue"),
                     tr("The parts list was not sent. Quit all the same?"), QMessageBox::NoButton,
                     window);
-    box.setObjectName(kHostDialog);
+    makeHostDialog(box);
     QPushButton* quit = box.addButton(tr("&Quit"), QMessageBox::AcceptRole);
     QPushButton* stay = box.addButton(tr("&Stay"), QMessageBox::RejectRole);
     quit->setObjectName("quit");

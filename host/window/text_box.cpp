@@ -1,8 +1,8 @@
 // The look of text that is only read.
 #include "window/text_box.h"
 
+#include <QEvent>
 #include <QFontDatabase>
-#include <QGuiApplication>
 #include <QMimeData>
 #include <QPalette>
 #include <QRegularExpression>
@@ -22,17 +22,32 @@ namespace {
 /// Colours the names of control characters, so that they can be told from the text.
 class ControlNames : public QSyntaxHighlighter {
   public:
-    using QSyntaxHighlighter::QSyntaxHighlighter;
+    explicit ControlNames(const QPlainTextEdit& box)
+        : QSyntaxHighlighter(box.document()), m_box(box) {}
 
   protected:
     void highlightBlock(const QString& text) override {
         static const QRegularExpression name(QStringLiteral("‹[0-9A-Z]+›"));
         QTextCharFormat format;
-        format.setForeground(QGuiApplication::palette().link());
+        format.setForeground(m_box.palette().link());
         for (const QRegularExpressionMatch& match : name.globalMatch(text))
             setFormat(static_cast<int>(match.capturedStart()),
                       static_cast<int>(match.capturedLength()), format);
     }
+
+  private:
+    const QPlainTextEdit& m_box;
+};
+
+class ListBox : public QPlainTextEdit {
+  protected:
+    void changeEvent(QEvent* event) override {
+        QPlainTextEdit::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange) m_names.rehighlight();
+    }
+
+  private:
+    ControlNames m_names{*this};
 };
 
 class SentenceBox : public QPlainTextEdit {
@@ -57,8 +72,7 @@ QPlainTextEdit* makeReadOnly(QPlainTextEdit* box, const QString& name) {
 }  // namespace
 
 QPlainTextEdit* makeTextBox(const QString& name) {
-    QPlainTextEdit* box = makeReadOnly(new QPlainTextEdit, name);
-    new ControlNames(box->document());
+    QPlainTextEdit* box = makeReadOnly(new ListBox, name);
     readLeftToRight(*box);
     return box;
 }

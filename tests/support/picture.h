@@ -23,7 +23,7 @@
 namespace wynconfig {
 
 /// Light letters on dark grounds, as a host may choose them.
-inline QPalette darkPalette() {
+inline QPalette darkColours() {
     QPalette dark(QColor(60, 62, 66), QColor(40, 43, 48));
     dark.setColor(QPalette::Base, QColor(28, 30, 34));
     dark.setColor(QPalette::AlternateBase, QColor(40, 43, 48));

@@ -8,67 +8,16 @@
 #include <QStandardItemModel>
 #include <QStyleFactory>
 #include <QTableView>
-#include <QTreeView>
 #include <QVBoxLayout>
 #include <set>
 
+#include "support/clear_window.h"
 #include "support/dialog_walk.h"
-#include "support/picture.h"
 #include "support/test_form.h"
 #include "wynconfig/qt_view.h"
 
 namespace wynconfig {
 namespace {
-
-constexpr double kOutline = 3.0;
-constexpr double kText = 4.5;
-
-struct Scheme {
-    const char* name;
-    QPalette palette;
-};
-
-std::vector<Scheme> schemes() {
-    QPalette black(Qt::black);
-    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
-        black.setColor(role, Qt::black);
-    return {{"light", QApplication::palette()}, {"dark", darkPalette()}, {"black", black}};
-}
-
-void expectOutline(const Picture& picture, const QWidget& widget, const QRect& place) {
-    const Picture::Edge edge = picture.edgeOf(widget, place);
-    EXPECT_GE(edge.outside, kOutline);
-    // The bevels of buttons are no ground that anything is written on.
-    if (!qobject_cast<const QPushButton*>(&widget)) {
-        EXPECT_GE(edge.inside, kOutline);
-    }
-}
-
-/// Looks at all that is on the screen of a window.
-/// @return the kinds of what had an outline
-std::set<std::string> expectClear(QWidget& shown) {
-    std::set<std::string> outlined;
-    const Picture picture(shown);
-    for (QWidget* each : shown.findChildren<QWidget*>()) {
-        if (!each->isVisibleTo(&shown) || each->visibleRegion().isEmpty()) continue;
-        const QString what = each->metaObject()->className() + (" \"" + each->objectName()) + "\"";
-        SCOPED_TRACE((what + (each->isEnabled() ? "" : ", disabled")).toStdString());
-        if (const auto part = outlinedPart(*each)) {
-            expectOutline(picture, *each, *part);
-            outlined.insert(each->metaObject()->className());
-        }
-        for (const QRect& text : textsOf(*each))
-            EXPECT_GE(picture.markContrast(*each, text), kText);
-        const auto* list = qobject_cast<const QTreeView*>(each);
-        for (int i = 0; list && list->model() && i < list->model()->rowCount(); ++i) {
-            const QRect row = list->visualRect(list->model()->index(i, 0));
-            if (!list->viewport()->rect().contains(row)) continue;
-            EXPECT_GE(picture.markContrast(*list->viewport(), row.adjusted(1, 1, -1, -1)), kText)
-                << i;
-        }
-    }
-    return outlined;
-}
 
 class Contrast : public DialogWalk {};
 INSTANTIATE_TEST_SUITE_P(Views, Contrast, ::testing::Values("Qt"),
@@ -262,7 +211,7 @@ TEST_P(PairContrast, TheFocusIsSeenOnAnEmptyListToo) {
 
 TEST_P(PairContrast, ColoursThatChangeMeanwhileAreFollowed) {
     showPairs([](User&, PairForm&) {
-        for (const QPalette& other : {darkPalette(), QPalette(Qt::lightGray)}) {
+        for (const QPalette& other : {darkColours(), QPalette(Qt::lightGray)}) {
             const Coloured changed(other);
             QCoreApplication::processEvents();
             EXPECT_EQ(window()->palette().color(QPalette::Window), other.color(QPalette::Window));
