@@ -52,21 +52,30 @@ fs::path listFilePath(const std::string& folder, const std::string& name) {
     return fs::path(folder) / name;
 }
 
-void writeListFile(const ListFile& file, std::string_view bytes) {
-    const fs::path place = behindLinks(file.path);
+ListPlace placeOf(const ListFile& file) {
+    ListPlace place{behindLinks(file.path)};
     std::error_code failure;
-    if (!fs::is_directory(place.parent_path(), failure)) fail(file.path, "its folder is not there");
-    const fs::file_type kind = fs::status(place, failure).type();
+    if (!fs::is_directory(place.file.parent_path(), failure))
+        fail(file.path, "its folder is not there");
+    const fs::file_type kind = fs::status(place.file, failure).type();
     if (kind == fs::file_type::none) fail(file.path, failure.message());
     if (kind == fs::file_type::directory) fail(file.path, "it is a folder");
-    const bool isThere = kind != fs::file_type::not_found;
+    place.isThere = kind != fs::file_type::not_found;
+    if (!place.isThere) return place;
     // Opening a pipe, a device or a socket would wait for another program, or do who knows what.
-    if (isThere && kind != fs::file_type::regular)
+    if (kind != fs::file_type::regular)
         fail(file.path, "it is no plain file, but a pipe, a device or a socket");
+    const std::uintmax_t size = fs::file_size(place.file, failure);
+    if (!failure) place.size = size;
+    return place;
+}
+
+void writeListFile(const ListFile& file, std::string_view bytes) {
+    const ListPlace place = placeOf(file);
     std::string content;
-    if (file.append && isThere) content = contentOf(place, file.path);
+    if (file.append && place.isThere) content = contentOf(place.file, file.path);
     content += bytes;
-    wynconfig::saveFile(place.string(), content);
+    wynconfig::saveFile(place.file.string(), content);
 }
 
 }  // namespace host

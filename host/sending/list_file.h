@@ -1,6 +1,7 @@
 // Writes a laid-out list to a file.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -16,6 +17,17 @@ struct ListFile {
 /// The place of a file in its folder. Raises `std::runtime_error` for a name that is not a plain
 /// file name, such as one with a separator.
 std::filesystem::path listFilePath(const std::string& folder, const std::string& name);
+
+/// What lies where a list is to go.
+struct ListPlace {
+    std::filesystem::path file;  ///< where its links lead
+    bool isThere = false;
+    std::uintmax_t size = 0;  ///< bytes of what is there
+};
+
+/// Looks at the place of a list without opening anything. Raises `std::runtime_error` with the
+/// sentence by which `writeListFile` would refuse it. Rights are not looked at.
+ListPlace placeOf(const ListFile& file);
 
 /// Writes the bytes as they are. Whatever happens meanwhile, the file is wholly the old or wholly
 /// the new one, also when the list is appended: the whole file is then written anew. A link is

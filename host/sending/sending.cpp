@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <iterator>
 #include <stdexcept>
+#include <system_error>
 
 namespace host {
 
@@ -98,6 +100,26 @@ class Planner {
     Plan m_plan;
 };
 
+/// Raises `std::runtime_error` for a file that can't be written there.
+ListPlace foreseen(const ListFile& file, const ProgramStarter& starter) {
+    const ListPlace place = placeOf(file);
+    const auto refuse = [&](const std::string& why) {
+        throw std::runtime_error("The file " + file.path.string() + " can't be written: " + why);
+    };
+    // The whole file is written anew beside the old one.
+    if (!starter.mayWrite(place.file.parent_path()))
+        refuse("you have no right to make files in its folder.");
+    if (place.isThere && !starter.mayWrite(place.file)) refuse("you have no right to change it.");
+    return place;
+}
+
+std::string adviceOn(const ListFile& file) {
+    std::error_code failure;
+    return std::filesystem::exists(file.path.parent_path(), failure)
+               ? " Give the session another file."
+               : " Make the folder, or give the session another one.";
+}
+
 std::string seconds(std::chrono::milliseconds time) {
     std::string text = std::to_string(static_cast<double>(time.count()) / 1000.0);
     text.erase(text.find_last_not_of('0') + 1);
@@ -123,6 +145,18 @@ std::string told(const ProgramStep& step) {
 Plan planSending(const Session& session, const std::string& formatName, const PartsList& list,
                  const FormatSource& formats) {
     return Planner(session, list, formats).plan(formatName);
+}
+
+void foresee(Plan& plan, const ProgramStarter& starter) {
+    if (plan.file) {
+        try {
+            plan.file->place = foreseen(plan.file->file, starter);
+        } catch (const std::runtime_error& failure) {
+            plan.problems.push_back(failure.what() + adviceOn(plan.file->file));
+        }
+    }
+    if (plan.program) append(plan.problems, {starter.obstacleTo(plan.program->command)});
+    std::erase(plan.problems, std::string());
 }
 
 SendingReport carryOut(const Plan& plan, ProgramStarter& starter) {

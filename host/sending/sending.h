@@ -20,6 +20,7 @@ struct FileStep {
     ListFile file;
     std::string formatName;
     Expansion list;
+    std::optional<ListPlace> place = {};  ///< what lies there, as `foresee` found it
 };
 
 /// The program that is started, and the list that it gets on its standard input.
@@ -47,14 +48,23 @@ using FormatSource = std::function<PartFormat(const std::string& name)>;
 Plan planSending(const Session& session, const std::string& formatName, const PartsList& list,
                  const FormatSource& formats);
 
-/// Starts programs; the part of sending that needs a system.
+/// The part of sending that needs a system.
 class ProgramStarter {
   public:
     virtual ~ProgramStarter() = default;
+    /// Why a program could not be started now, and what to do about it, a sentence for the user
+    /// each; empty: nothing that can be seen beforehand is in its way.
+    virtual std::string obstacleTo(const CommandLine& command) const = 0;
+    /// Whether this user may change a file, or make files in a folder, that is there.
+    virtual bool mayWrite(const std::filesystem::path& path) const = 0;
     /// Starts a program, and hands it the list after its delay. Returns once it runs.
     /// Raises `std::runtime_error` with a sentence for the user when it can't be started.
     virtual void start(const ProgramStep& step) = 0;
 };
+
+/// Looks at what a plan meets: at the place of its file, and at its program. What would make it
+/// fail becomes a problem, so that nothing is done by halves. Changes nothing on the disk.
+void foresee(Plan& plan, const ProgramStarter& starter);
 
 /// What came of it.
 struct SendingReport {

@@ -3,6 +3,7 @@
 
 #include <QFileInfo>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QStringList>
 #include <QTimer>
 #include <stdexcept>
@@ -20,7 +21,39 @@ QString nameOf(const QProcess& process) {
     return isolated(QFileInfo(process.program()).fileName());
 }
 
+/// Why a program can't be started, as far as that can be seen; empty: it can't.
+QString obstacleSeen(const QString& program) {
+    // One without a folder is looked for as the system does.
+    if (!program.contains(u'/'))
+        return QStandardPaths::findExecutable(program).isEmpty()
+                   ? ProcessStarter::tr("it is not on this computer")
+                   : QString();
+    const QFileInfo file(program);
+    if (!file.exists()) return ProcessStarter::tr("it is not there");
+    if (file.isDir()) return ProcessStarter::tr("it is a folder");
+    if (!file.isExecutable())
+        return ProcessStarter::tr("you have no right to run it, or it is no program");
+    return {};
+}
+
+std::string cantStart(const std::string& program, const QString& why) {
+    return ProcessStarter::tr(
+               "The program %1 can't be started: %2. Give the session another one, "
+               "or have it put right.")
+        .arg(QString::fromStdString(program), why)
+        .toStdString();
+}
+
 }  // namespace
+
+std::string ProcessStarter::obstacleTo(const CommandLine& command) const {
+    const QString why = obstacleSeen(QString::fromStdString(command.program));
+    return why.isEmpty() ? std::string() : cantStart(command.program, why);
+}
+
+bool ProcessStarter::mayWrite(const std::filesystem::path& path) const {
+    return QFileInfo(QString::fromStdString(path.string())).isWritable();
+}
 
 ProcessStarter::~ProcessStarter() {
     blockSignals(true);
@@ -41,10 +74,12 @@ void ProcessStarter::start(const ProgramStep& step) {
     process->setProcessChannelMode(QProcess::ForwardedChannels);
     process->start(QString::fromStdString(step.command.program), arguments);
     if (!process->waitForStarted(kStartMilliseconds)) {
-        const std::string why = process->errorString().toStdString();
         delete process;
-        throw std::runtime_error("The program " + step.command.program +
-                                 " can't be started: " + why + ".");
+        // The words of the system name its calls, which help nobody here.
+        const std::string seen = obstacleTo(step.command);
+        throw std::runtime_error(
+            seen.empty() ? cantStart(step.command.program, tr("this computer can't run it"))
+                         : seen);
     }
     m_waiting[process] = QByteArray::fromStdString(step.list.text);
     connect(process, &QProcess::finished, process, &QObject::deleteLater);
@@ -72,7 +107,11 @@ void ProcessStarter::ended(QProcess* process, int code) {
     else if (process->exitStatus() == QProcess::CrashExit)
         emit told(tr("%1 crashed.").arg(nameOf(*process)), true);
     else
-        emit told(tr("%1 ended with code %2.").arg(nameOf(*process)).arg(code), code != 0);
+        emit told(code == 0 ? tr("%1 has finished.").arg(nameOf(*process))
+                            : tr("%1 has finished with a failure (its code is %2).")
+                                  .arg(nameOf(*process))
+                                  .arg(code),
+                  code != 0);
 }
 
 }  // namespace host

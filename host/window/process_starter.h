@@ -3,7 +3,9 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <filesystem>
 #include <map>
+#include <string>
 
 #include "sending/sending.h"
 
@@ -20,6 +22,8 @@ class ProcessStarter : public QObject, public ProgramStarter {
     using QObject::QObject;
     ~ProcessStarter() override;
 
+    std::string obstacleTo(const CommandLine& command) const override;
+    bool mayWrite(const std::filesystem::path& path) const override;
     void start(const ProgramStep& step) override;
 
   signals:

@@ -44,24 +44,34 @@ QString previewOf(const Expansion& list) {
     return fromText(visibleText(list.text));
 }
 
-QStringList linesOf(const FileStep& step) {
-    const QString what =
-        step.file.append
-            ? SendPanel::tr("  gets %1 bytes behind what it holds, laid out by %2")
-            : SendPanel::tr("  gets %1 bytes in place of what it holds, laid out by %2");
-    return {SendPanel::tr("File: %1").arg(isolated(step.file.path.string())),
-            what.arg(step.list.text.size()).arg(isolated(step.formatName))};
+/// What becomes of a file that is written.
+QString fateOf(const FileStep& step, const QString& bytes) {
+    if (!step.place->isThere) return SendPanel::tr("  is made, with %1 bytes").arg(bytes);
+    const QString fate =
+        step.file.append ? SendPanel::tr("  gets %1 bytes behind the %2 that it holds")
+                         : SendPanel::tr("  is overwritten: %1 bytes replace the %2 that it holds");
+    return fate.arg(bytes, QString::number(step.place->size));
 }
 
-QStringList linesOf(const ProgramStep& step) {
+/// @param happens  whether it comes to that
+QStringList linesOf(const FileStep& step, bool happens) {
+    const QString bytes = QString::number(step.list.text.size());
+    const QString fate = happens && step.place ? fateOf(step, bytes)
+                                               : SendPanel::tr("  would get %1 bytes").arg(bytes);
+    return {SendPanel::tr("File: %1").arg(isolated(step.file.path.string())),
+            SendPanel::tr("%1, laid out by %2").arg(fate, isolated(step.formatName))};
+}
+
+QStringList linesOf(const ProgramStep& step, bool happens) {
     constexpr double kMillisecondsPerSecond = 1000;
     const double seconds = static_cast<double>(step.delay.count()) / kMillisecondsPerSecond;
     const QString when =
         seconds > 0 ? SendPanel::tr("after %1 s").arg(seconds) : SendPanel::tr("at once");
-    return {SendPanel::tr("Command line: %1").arg(isolated(textOf(step.command))),
-            SendPanel::tr("  gets %1 bytes on its standard input %2, laid out by %3")
-                .arg(step.list.text.size())
-                .arg(when, isolated(step.formatName))};
+    const QString fate =
+        happens ? SendPanel::tr("  is started and gets %1 bytes %2, laid out by %3")
+                : SendPanel::tr("  would be started and get %1 bytes %2, laid out by %3");
+    return {SendPanel::tr("Program: %1").arg(isolated(textOf(step.command))),
+            fate.arg(QString::number(step.list.text.size()), when, isolated(step.formatName))};
 }
 
 QString factsOf(const Session& session) {
@@ -243,8 +253,11 @@ Plan SendPanel::plan() const {
         none.problems.push_back(m_unreadable);
         return none;
     }
-    return planSending(*m_session, m_formats->currentText().toStdString(), m_list,
-                       [this](const std::string& name) { return loadPartFormat(m_store, name); });
+    Plan plan =
+        planSending(*m_session, m_formats->currentText().toStdString(), m_list,
+                    [this](const std::string& name) { return loadPartFormat(m_store, name); });
+    foresee(plan, m_starter);
+    return plan;
 }
 
 void SendPanel::refresh() {
@@ -273,9 +286,12 @@ void SendPanel::showPlan(const Plan& plan) {
     showText(*m_facts, m_session ? factsOf(*m_session) : QString());
     QStringList lines;
     const QStringList known = identifiersOf(plan);
+    const bool happens = plan.problems.empty();
+    if (!happens) lines << tr("Nothing will be sent:");
     for (const std::string& problem : plan.problems) lines << isolatedIn(fromText(problem), known);
-    lines << (plan.file ? linesOf(*plan.file) : QStringList(tr("No file is written.")));
-    lines << (plan.program ? linesOf(*plan.program) : QStringList(tr("No program is started.")));
+    lines << (plan.file ? linesOf(*plan.file, happens) : QStringList(tr("No file is written.")));
+    lines << (plan.program ? linesOf(*plan.program, happens)
+                           : QStringList(tr("No program is started.")));
     for (const std::string& remark : plan.remarks) lines << isolatedIn(fromText(remark), known);
     showText(*m_plan, lines.join(u'\n'));
 }
@@ -297,6 +313,7 @@ void SendPanel::send() {
         lines << (report.done.empty() ? tr("Nothing was sent. %1") : tr("But: %1"))
                      .arg(isolatedIn(fromText(report.failure), known));
     m_outcome->setPlainText(lines.join(u'\n'));
+    refresh();  // the file is there by now, or holds more
     if (report.failure.empty()) setSent(m_list.parts);
     emit told(lines.join(u' '), !report.failure.empty());
 }

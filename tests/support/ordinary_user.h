@@ -18,11 +18,12 @@ inline void asOrdinaryUser(const std::vector<std::string>& owned,
     if (privileged) {
         for (const std::string& path : owned)
             ASSERT_EQ(chown(path.c_str(), Nobody, static_cast<gid_t>(-1)), 0);
-        ASSERT_EQ(seteuid(Nobody), 0);
+        // The real one as well: some ask for the rights of that.
+        ASSERT_EQ(setresuid(Nobody, Nobody, 0), 0);
     }
     call();
     if (privileged) {
-        ASSERT_EQ(seteuid(0), 0);
+        ASSERT_EQ(setresuid(0, 0, 0), 0);
     }
 }
 

@@ -21,6 +21,8 @@ using std::chrono::milliseconds;
 /// Keeps what it is told to start; fails when told so.
 class RecordingStarter : public ProgramStarter {
   public:
+    std::string obstacleTo(const CommandLine&) const override { return obstacle; }
+    bool mayWrite(const fs::path& path) const override { return path != mayNotWrite; }
     void start(const ProgramStep& step) override {
         if (!failure.empty()) throw std::runtime_error(failure);
         fileWasThere = fs::exists(expectedFile);
@@ -29,6 +31,8 @@ class RecordingStarter : public ProgramStarter {
 
     std::vector<ProgramStep> started;
     std::string failure;
+    std::string obstacle;  ///< seen beforehand
+    fs::path mayNotWrite;
     fs::path expectedFile;  ///< looked for at the moment of the start
     bool fileWasThere = false;
 };
@@ -266,6 +270,69 @@ TEST_F(Sending, RemarksOnADelayThatIsNoNumber) {
     EXPECT_EQ(made.program->delay, milliseconds(0));
     ASSERT_EQ(made.remarks.size(), 1U);
     EXPECT_NE(made.remarks.front().find("soon"), std::string::npos);
+}
+
+/// What is foreseen of a plan.
+class SendingForeseen : public Sending {
+  protected:
+    Plan foreseen() const {
+        Plan made = plan();
+        foresee(made, m_starter);
+        return made;
+    }
+    std::string refusal(const std::string& why) const {
+        return "The file " + file().string() + " can't be written: " + why;
+    }
+};
+
+TEST_F(SendingForeseen, NamesWhatLiesInThePlaceOfTheFile) {
+    Plan made = foreseen();
+    EXPECT_TRUE(made.problems.empty());
+    ASSERT_TRUE(made.file->place.has_value());
+    EXPECT_FALSE(made.file->place->isThere);
+    std::ofstream(file()) << "12345";
+    made = foreseen();
+    EXPECT_TRUE(made.file->place->isThere);
+    EXPECT_EQ(made.file->place->size, 5U);
+    EXPECT_EQ(made.file->place->file, file());
+}
+
+TEST_F(SendingForeseen, RefusesAFileThatCantBeWritten) {
+    fs::create_directory(file());
+    EXPECT_EQ(foreseen().problems,
+              (std::vector{refusal("it is a folder. Give the session another file.")}));
+    m_session.fileFolder += "/gone";
+    EXPECT_NE(foreseen().problems.at(0).find("its folder is not there. Make the folder"),
+              std::string::npos);
+}
+
+TEST_F(SendingForeseen, RefusesAFileThatTheUserHasNoRightTo) {
+    m_starter.mayNotWrite = file();
+    EXPECT_TRUE(foreseen().problems.empty());  // it is not there yet
+    std::ofstream(file()) << "1";
+    EXPECT_EQ(foreseen().problems, (std::vector{refusal("you have no right to change it. Give the "
+                                                        "session another file.")}));
+    m_starter.mayNotWrite = file().parent_path();
+    EXPECT_EQ(foreseen().problems,
+              (std::vector{refusal("you have no right to make files in its folder. Give the "
+                                   "session another file.")}));
+}
+
+TEST_F(SendingForeseen, RefusesAProgramThatCantBeStartedAndWritesNoFileThen) {
+    m_starter.obstacle = "It is not there.";
+    const Plan made = foreseen();
+    EXPECT_EQ(made.problems, (std::vector<std::string>{"It is not there."}));
+    EXPECT_EQ(carryOut(made, m_starter).failure, "It is not there.");
+    EXPECT_FALSE(fs::exists(file()));
+}
+
+TEST_F(SendingForeseen, AsksNothingOfWhatIsNotUsed) {
+    m_starter.obstacle = "It is not there.";
+    m_session.launchDisabled = true;
+    EXPECT_TRUE(foreseen().problems.empty());
+    m_session.fileFormat = "";
+    fs::create_directory(file());
+    EXPECT_EQ(foreseen().problems.size(), 1U);  // there is nothing to do
 }
 
 }  // namespace

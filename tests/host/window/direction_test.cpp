@@ -146,14 +146,14 @@ TEST_P(HostDirection, OfPathsAndNamesHoldsInSentences) {
     choose("session", "WEB SHOP EXPORT");
     const QString file = isolated((store.lists() / "web-shop.csv").string());
     EXPECT_TRUE(widget<QPlainTextEdit>("plan").toPlainText().startsWith(
-        "The parts list is empty.\nFile: " + file));
+        "Nothing will be sent:\nThe parts list is empty.\nFile: " + file));
     pick("10-0120", 1);
     click("send");
     EXPECT_TRUE(widget<QPlainTextEdit>("outcome").toPlainText().startsWith(
         "The list was written to " + file + " ("));
     choose("session", "DEALER ORDER DESK");
     EXPECT_TRUE(widget<QPlainTextEdit>("plan").toPlainText().contains(
-        "Command line: " +
+        "Program: " +
         isolated('"' + (store.programs() / "order desk").string() + "\" /order:stock /quiet")));
 }
 

@@ -53,7 +53,7 @@ TEST_F(HostQuitting, AsksOfAListThatItsProgramDidNotTake) {
     choose("session", "DEALER ORDER DESK");
     click("send");
     ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return text("outcome").find("ended with code 3.") != std::string::npos; },
+        [&] { return text("outcome").find("(its code is 3).") != std::string::npos; },
         kPatienceMilliseconds));
     EXPECT_FALSE(closeBy("stay"));
 }

@@ -73,8 +73,9 @@ TEST_F(HostResult, OfAProgramIsToldWhenItComes) {
     pick("10-0120", 1);
     click("send");
     pages().setCurrentIndex(SessionsPage);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return result() == "order desk ended with code 3."; },
-                                kPatienceMilliseconds))
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return result() == "order desk has finished with a failure (its code is 3)."; },
+        kPatienceMilliseconds))
         << result();
     EXPECT_TRUE(isFailure());
 }

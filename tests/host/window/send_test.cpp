@@ -7,6 +7,8 @@
 #include <fstream>
 
 #include "support/host_window.h"
+#include "support/ordinary_user.h"
+#include "window/send_panel.h"
 #include "window/session_panel.h"
 #include "wynconfig/dataset.h"
 
@@ -100,13 +102,12 @@ TEST_F(HostSend, FollowsTheSessionChosenAmongTheSessions) {
 TEST_F(HostSend, ShowsTheCommandLineAndTheFile) {
     choose("session", "WORKSHOP COUNTER");
     EXPECT_TRUE(holds(planned(), "No file is written."));
-    EXPECT_TRUE(holds(planned(), "Command line: \"" +
-                                     (store.programs() / "workshop-counter").string() +
+    EXPECT_TRUE(holds(planned(), "Program: \"" + (store.programs() / "workshop-counter").string() +
                                      "\" --job-card new --import \"parts list.csv\""));
-    EXPECT_TRUE(holds(planned(), "on its standard input after 2 s"));
+    EXPECT_TRUE(holds(planned(), "is started and gets 90 bytes after 2 s, laid out by COMMA"));
     choose("session", "STOCK TAKING");
     EXPECT_TRUE(holds(planned(), "File: " + list("stock.txt").string()));
-    EXPECT_TRUE(holds(planned(), "bytes behind what it holds, laid out by FIXED WIDTH"));
+    EXPECT_TRUE(holds(planned(), "is made, with 113 bytes, laid out by FIXED WIDTH"));
     EXPECT_TRUE(holds(planned(), "No program is started."));
     EXPECT_FALSE(widget<QComboBox>("partFormat").isEnabled());
 }
@@ -165,7 +166,7 @@ TEST_F(HostSend, StartsTheProgramForRealAndHandsItTheList) {
                   "10-0183           00001Air filter element            \r\n"
                   "10-0120           00002Oil filter                    \r\nEND");
     EXPECT_TRUE(tells("order desk got the list."));
-    EXPECT_TRUE(tells("order desk ended with code 0."));
+    EXPECT_TRUE(tells("order desk has finished."));
 }
 
 TEST_F(HostSend, KeepsQuotedArgumentsWhole) {
@@ -173,7 +174,7 @@ TEST_F(HostSend, KeepsQuotedArgumentsWhole) {
     choose("session", "WORKSHOP COUNTER");
     click("send");
     EXPECT_TRUE(holds(content(received("workshop-counter")), "Argument: parts list.csv\n"));
-    EXPECT_TRUE(tells("ended with code 0."));
+    EXPECT_TRUE(tells("has finished."));
 }
 
 TEST_F(HostSend, HandsTheListOverAfterTheDelayAndStaysUsableMeanwhile) {
@@ -186,7 +187,7 @@ TEST_F(HostSend, HandsTheListOverAfterTheDelayAndStaysUsableMeanwhile) {
     EXPECT_TRUE(tells("workshop-counter got the list."));
     EXPECT_GE(clock.elapsed(), 2000);
     EXPECT_TRUE(holds(content(received("workshop-counter")), "10-0120,2,\"Oil filter\"\r\n"));
-    EXPECT_TRUE(tells("ended with code 0."));
+    EXPECT_TRUE(tells("has finished."));
 }
 
 TEST_F(HostSend, HandsAWaitingListOverWhenTheWindowGoes) {
@@ -210,31 +211,108 @@ TEST_F(HostSend, TellsTheCodeOfTheProgram) {
     std::ofstream(store.programs() / "order desk") << "#!/bin/sh\ncat >/dev/null\nexit 3\n";
     choose("session", "DEALER ORDER DESK");
     click("send");
-    EXPECT_TRUE(tells("order desk ended with code 3."));
+    EXPECT_TRUE(tells("order desk has finished with a failure (its code is 3)."));
 }
 
 TEST_F(HostSend, SaysThatTheProgramIsNotThere) {
-    fs::remove(store.programs() / "order desk");
+    const fs::path program = store.programs() / "order desk";
+    const std::string lead = "The program " + program.string() + " can't be started: ";
+    const std::string advice = ". Give the session another one, or have it put right.";
+    const auto expectRefused = [&](const std::string& why) {
+        window->sending().readStore();
+        choose("session", "DEALER ORDER DESK");
+        EXPECT_TRUE(planned().starts_with("Nothing will be sent:\n" + lead + why + advice + "\n"))
+            << planned();
+        EXPECT_TRUE(holds(planned(), "would be started and get"));
+        click("send");
+        EXPECT_TRUE(holds(outcome(), "Nothing was sent. " + lead + why + advice)) << outcome();
+    };
+    fs::permissions(program, fs::perms::owner_read);
+    expectRefused("you have no right to run it, or it is no program");
+    fs::remove(program);
+    expectRefused("it is not there");
+    fs::create_directory(program);
+    expectRefused("it is a folder");
+    EXPECT_FALSE(fs::exists(received("order desk")));
+}
+
+TEST_F(HostSend, LooksForAProgramWithoutAFolderAsTheSystemDoes) {
+    setStored("DEALER ORDER DESK", "ProgramPath", "no such program at all");
     choose("session", "DEALER ORDER DESK");
+    EXPECT_TRUE(
+        holds(planned(), "no such program at all can't be started: it is not on this computer."));
+    setStored("DEALER ORDER DESK", "ProgramPath", "true");
+    window->sending().readStore();
+    EXPECT_FALSE(holds(planned(), "Nothing will be sent"));
+    EXPECT_TRUE(holds(planned(), "Program: true /order:stock /quiet"));
+}
+
+TEST_F(HostSend, SaysOfAProgramThatTheComputerCantRunNothingOfItsCalls) {
+    std::ofstream(store.programs() / "order desk") << "\x7f"
+                                                   << "ELF, but not really";
+    choose("session", "DEALER ORDER DESK");
+    EXPECT_FALSE(holds(planned(), "Nothing will be sent"));
     click("send");
-    EXPECT_TRUE(holds(outcome(), "Nothing was sent. The program " +
-                                     (store.programs() / "order desk").string() +
-                                     " can't be started: "))
-        << outcome();
+    EXPECT_TRUE(holds(outcome(), "can't be started: this computer can't run it.")) << outcome();
+    EXPECT_FALSE(holds(outcome(), "exec")) << outcome();
+}
+
+TEST_F(HostSend, WritesNoFileWhenItsProgramIsSeenToBeMissing) {
+    setStored("STOCK TAKING", "DisableProgramLaunch", "false");
+    setStored("STOCK TAKING", "ProgramPath", "/no/such/program");
+    choose("session", "STOCK TAKING");
+    EXPECT_TRUE(holds(planned(), "  would get 113 bytes, laid out by FIXED WIDTH"));
+    click("send");
+    EXPECT_FALSE(fs::exists(list("stock.txt")));
+}
+
+TEST_F(HostSend, TellsWhatBecomesOfTheFile) {
+    choose("session", "WEB SHOP EXPORT");
+    EXPECT_TRUE(holds(planned(), "  is made, with 90 bytes, laid out by COMMA SEPARATED"));
+    click("send");
+    EXPECT_TRUE(holds(planned(), "  is overwritten: 90 bytes replace the 90 that it holds, laid"));
+    choose("session", "STOCK TAKING");
+    click("send");
+    click("send");
+    EXPECT_TRUE(holds(planned(), "  gets 113 bytes behind the 226 that it holds, laid out by"));
+}
+
+TEST_F(HostSend, SaysThatTheFileMayNotBeWritten) {
+    std::ofstream(list("web-shop.csv")) << "kept";
+    const std::string lead = "Nothing will be sent:\nThe file " + list("web-shop.csv").string() +
+                             " can't be written: you have no right to ";
+    const std::vector<std::string> owned = {folder.path(), store.root.string(),
+                                            store.lists().string(), list("web-shop.csv").string()};
+    wynconfig::asOrdinaryUser(owned, [&] {
+        fs::permissions(list("web-shop.csv"), fs::perms::owner_read);
+        choose("session", "WEB SHOP EXPORT");
+        EXPECT_TRUE(planned().starts_with(lead + "change it. Give the session another file.\n"))
+            << planned();
+        fs::permissions(store.lists(), fs::perms::owner_read | fs::perms::owner_exec);
+        window->sending().readStore();
+        EXPECT_TRUE(planned().starts_with(
+            lead + "make files in its folder. Give the session another file.\n"))
+            << planned();
+        fs::permissions(store.lists(), fs::perms::owner_all);
+    });
+    EXPECT_EQ(readFile(list("web-shop.csv")), "kept");
 }
 
 TEST_F(HostSend, SaysThatTheFolderIsNotThere) {
     fs::remove(store.lists());
+    const std::string why = "The file " + list("web-shop.csv").string() +
+                            " can't be written: its folder is not there. Make the folder, or give "
+                            "the session another one.";
     choose("session", "WEB SHOP EXPORT");
+    EXPECT_TRUE(planned().starts_with("Nothing will be sent:\n" + why + "\nFile: ")) << planned();
     click("send");
-    EXPECT_EQ(outcome(), "Nothing was sent. The file " + list("web-shop.csv").string() +
-                             " can't be written: its folder is not there.");
+    EXPECT_EQ(outcome(), "Nothing was sent. " + why);
 }
 
 TEST_F(HostSend, SaysThatTheListIsEmpty) {
     window->catalogue().clearPartsList();
     choose("session", "WEB SHOP EXPORT");
-    EXPECT_TRUE(planned().starts_with("The parts list is empty."));
+    EXPECT_TRUE(planned().starts_with("Nothing will be sent:\nThe parts list is empty.\n"));
     click("send");
     EXPECT_EQ(outcome(), "Nothing was sent. The parts list is empty.");
     EXPECT_FALSE(fs::exists(list("web-shop.csv")));
