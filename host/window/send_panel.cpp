@@ -9,8 +9,10 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTabWidget>
+#include <QTime>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <exception>
@@ -29,6 +31,7 @@ namespace {
 
 constexpr int kPlanLines = 8;
 constexpr int kOutcomeLines = 5;
+constexpr int kMostOutcomes = 500;
 
 QLabel* makeLabel(const QString& text, QWidget& buddy) {
     auto* label = new QLabel(text);
@@ -95,7 +98,7 @@ SendPanel::SendPanel(const StoreFolders& store, QWidget* parent)
     layout->addWidget(makePlan());
     connect(&m_starter, &ProcessStarter::told, this,
             [this](const QString& sentence, bool isFailure) {
-                m_outcome->appendPlainText(sentence);
+                note(sentence);
                 if (isFailure) setSent(std::nullopt);
                 emit told(sentence, isFailure);
             });
@@ -174,6 +177,7 @@ QWidget* SendPanel::makePlan() {
     m_outcome = makeSentenceBox(tr("What came of it"));
     m_outcome->setObjectName(QStringLiteral("outcome"));
     m_outcome->setPlaceholderText(tr("Nothing was sent yet."));
+    m_outcome->setMaximumBlockCount(kMostOutcomes);
     setLines(*m_outcome, kOutcomeLines);
     m_send = new QPushButton(tr("Send lis&t"));
     m_send->setObjectName(QStringLiteral("send"));
@@ -301,6 +305,13 @@ void SendPanel::setSent(std::optional<std::vector<PickedPart>> parts) {
     emit sentChanged();
 }
 
+void SendPanel::note(const QString& sentences) {
+    m_outcome->appendPlainText(tr("%1 %2").arg(
+        isolated(QTime::currentTime().toString(QStringLiteral("hh:mm"))), sentences));
+    // The newest stays in sight, also for somebody who had looked back.
+    m_outcome->verticalScrollBar()->setValue(m_outcome->verticalScrollBar()->maximum());
+}
+
 void SendPanel::send() {
     readSession();
     const Plan now = plan();
@@ -312,7 +323,7 @@ void SendPanel::send() {
     if (!report.failure.empty())
         lines << (report.done.empty() ? tr("Nothing was sent. %1") : tr("But: %1"))
                      .arg(isolatedIn(fromText(report.failure), known));
-    m_outcome->setPlainText(lines.join(u'\n'));
+    note(tr("%1: %2").arg(isolated(m_sessions->currentText()), lines.join(u' ')));
     refresh();  // the file is there by now, or holds more
     if (report.failure.empty()) setSent(m_list.parts);
     emit told(lines.join(u' '), !report.failure.empty());

@@ -61,6 +61,8 @@ class SendPanel : public QWidget {
     /// What may be named in the sentences of a plan, or of its outcome.
     QStringList identifiersOf(const Plan& plan) const;
     void showPlan(const Plan& plan);
+    /// Puts what came of something behind what came before.
+    void note(const QString& sentences);
     /// Turns to the list that there is, when there is only one.
     void showList();
 

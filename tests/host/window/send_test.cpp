@@ -4,7 +4,9 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <fstream>
+#include <regex>
 
 #include "support/host_window.h"
 #include "support/ordinary_user.h"
@@ -37,7 +39,10 @@ class HostSend : public HostWindow {
     }
 
     std::string planned() const { return text("plan"); }
-    std::string outcome() const { return text("outcome"); }
+    /// The whole history, without the times of the day.
+    std::string outcome() const {
+        return std::regex_replace(text("outcome"), std::regex("(^|\n)\\d\\d:\\d\\d "), "$1");
+    }
 
     /// Waits until the outcome tells this.
     bool tells(const std::string& part) const {
@@ -134,8 +139,8 @@ TEST_F(HostSend, WritesTheFileForReal) {
               "Part number,Quantity,Description\r\n"
               "10-0120,2,\"Oil filter\"\r\n"
               "10-0183,1,\"Air filter element\"\r\n");
-    EXPECT_EQ(outcome(),
-              "The list was written to " + list("web-shop.csv").string() + " (90 bytes).");
+    EXPECT_EQ(outcome(), "WEB SHOP EXPORT: The list was written to " +
+                             list("web-shop.csv").string() + " (90 bytes).");
     window->catalogue().clearPartsList();
     pick("10-0350", 1);
     click("send");
@@ -306,7 +311,7 @@ TEST_F(HostSend, SaysThatTheFolderIsNotThere) {
     choose("session", "WEB SHOP EXPORT");
     EXPECT_TRUE(planned().starts_with("Nothing will be sent:\n" + why + "\nFile: ")) << planned();
     click("send");
-    EXPECT_EQ(outcome(), "Nothing was sent. " + why);
+    EXPECT_EQ(outcome(), "WEB SHOP EXPORT: Nothing was sent. " + why);
 }
 
 TEST_F(HostSend, SaysThatTheListIsEmpty) {
@@ -314,7 +319,7 @@ TEST_F(HostSend, SaysThatTheListIsEmpty) {
     choose("session", "WEB SHOP EXPORT");
     EXPECT_TRUE(planned().starts_with("Nothing will be sent:\nThe parts list is empty.\n"));
     click("send");
-    EXPECT_EQ(outcome(), "Nothing was sent. The parts list is empty.");
+    EXPECT_EQ(outcome(), "WEB SHOP EXPORT: Nothing was sent. The parts list is empty.");
     EXPECT_FALSE(fs::exists(list("web-shop.csv")));
 }
 
@@ -323,7 +328,8 @@ TEST_F(HostSend, SaysThatAPartFormatIsGone) {
     fs::remove(store.formats() / "COMMA SEPARATED.vla");
     click("send");
     EXPECT_EQ(outcome(),
-              "Nothing was sent. The part format COMMA SEPARATED can't be read: it is not in the "
+              "WEB SHOP EXPORT: Nothing was sent. The part format COMMA SEPARATED can't be read: "
+              "it is not in the "
               "store.");
 }
 
@@ -331,9 +337,25 @@ TEST_F(HostSend, SaysThatASessionCantBeRead) {
     std::ofstream(store.sessions() / "WEB SHOP EXPORT.vla") << "no record";
     choose("session", "WEB SHOP EXPORT");
     click("send");
-    EXPECT_TRUE(
-        outcome().starts_with("Nothing was sent. The session WEB SHOP EXPORT can't be read: "))
+    EXPECT_TRUE(outcome().starts_with(
+        "WEB SHOP EXPORT: Nothing was sent. The session WEB SHOP EXPORT can't be read: "))
         << outcome();
+}
+
+TEST_F(HostSend, KeepsWhatCameOfEarlierSendings) {
+    window->catalogue().clearPartsList();
+    choose("session", "WEB SHOP EXPORT");
+    click("send");
+    const std::string first = outcome();
+    for (int times = 0; times < 20; ++times) click("send");
+    pick("10-0120", 1);
+    auto& box = widget<QPlainTextEdit>("outcome");
+    box.verticalScrollBar()->setValue(0);
+    click("send");
+    EXPECT_TRUE(outcome().starts_with(first + "\n" + first + "\n"));
+    EXPECT_TRUE(holds(outcome(), first + "\nWEB SHOP EXPORT: The list was written to "));
+    EXPECT_EQ(box.verticalScrollBar()->value(), box.verticalScrollBar()->maximum());
+    EXPECT_TRUE(std::regex_search(text("outcome"), std::regex("^\\d\\d:\\d\\d WEB SHOP")));
 }
 
 TEST_F(HostSend, SendsWhatTheSessionHoldsAtThatMoment) {
