@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -15,7 +16,6 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStyledItemDelegate>
-#include <QTableView>
 #include <QUndoCommand>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -26,13 +26,13 @@
 #include "sample/parts.h"
 #include "window/direction.h"
 #include "window/heading.h"
+#include "window/parts_table.h"
 
 namespace host {
 
 namespace {
 
 constexpr const char* kConnection = "catalogue";
-constexpr int kMostPieces = 999;
 
 void run(QSqlQuery& query) {
     if (!query.exec())
@@ -75,42 +75,11 @@ class QuantityDelegate : public QStyledItemDelegate {
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
                           const QModelIndex&) const override {
         auto* box = new QSpinBox(parent);
-        box->setRange(0, kMostPieces);
+        box->setRange(0, CatalogueModel::kMostPieces);
         box->setFrame(false);
         return box;
     }
 };
-
-QTableView* makeTable(QAbstractItemModel& model) {
-    auto* table = new QTableView;
-    table->setModel(&model);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setAlternatingRowColors(true);
-    table->setShowGrid(false);
-    table->setTabKeyNavigation(false);
-    using Reads = DirectionDelegate::Reads;
-    table->setItemDelegateForColumn(CatalogueModel::PartNumber, new DirectionDelegate(table));
-    table->setItemDelegateForColumn(CatalogueModel::Description,
-                                    new DirectionDelegate(table, Reads::AsItBegins));
-    table->setItemDelegateForColumn(CatalogueModel::Quantity, new QuantityDelegate(table));
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
-    QHeaderView& header = *table->horizontalHeader();
-    header.setHighlightSections(false);
-    // Both tables get the same widths, so that their columns stand below each other.
-    const auto width = [&](const char* widest) {
-        return table->fontMetrics().horizontalAdvance(QString::fromUtf8(widest)) + 30;
-    };
-    header.resizeSection(CatalogueModel::PartNumber, width("00-0000-W"));
-    header.resizeSection(CatalogueModel::Price, width("Price (EUR)"));
-    header.resizeSection(CatalogueModel::Stock, width("Stock"));
-    header.resizeSection(CatalogueModel::Quantity, width("Quantity"));
-    header.setSectionResizeMode(CatalogueModel::Description, QHeaderView::Stretch);
-    table->hideColumn(CatalogueModel::Group);
-    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    return table;
-}
 
 }  // namespace
 
@@ -119,11 +88,20 @@ class QuantityChange : public QUndoCommand {
   public:
     using Quantities = std::vector<CatalogueModel::Wanted>;
 
-    QuantityChange(CatalogueModel& parts, const QString& what, Quantities before, Quantities after)
+    /// @param entry  of what is typed in several keys; 0: by itself
+    QuantityChange(CatalogueModel& parts, const QString& what, Quantities before, Quantities after,
+                   int entry)
         : QUndoCommand(what),
           m_parts(parts),
           m_before(std::move(before)),
-          m_after(std::move(after)) {}
+          m_after(std::move(after)),
+          m_entry(entry) {}
+
+    int id() const override { return m_entry == 0 ? -1 : m_entry; }
+    bool mergeWith(const QUndoCommand* next) override {
+        m_after = static_cast<const QuantityChange*>(next)->m_after;
+        return true;
+    }
 
     void undo() override { m_parts.put(m_before); }
     void redo() override { m_parts.put(m_after); }
@@ -132,6 +110,7 @@ class QuantityChange : public QUndoCommand {
     CatalogueModel& m_parts;
     Quantities m_before;
     Quantities m_after;
+    int m_entry;
 };
 
 CatalogueModel::CatalogueModel(QObject* parent) : QSqlTableModel(parent, openCatalogue()) {
@@ -190,13 +169,16 @@ bool CatalogueModel::setData(const QModelIndex& index, const QVariant& value, in
     const int pieces = tick ? (value.toInt() == Qt::Checked ? 1 : 0) : value.toInt();
     const QModelIndex field = index.siblingAtColumn(Quantity);
     if (!tick && index != field) return false;
-    const QModelIndex number = index.siblingAtColumn(PartNumber);
-    change(isolated(QSqlTableModel::data(number, Qt::EditRole).toString()),
-           {{index.row(), pieces}});
+    enter(index.row(), pieces, 0);
     return quantity(index.row()) == pieces;
 }
 
-void CatalogueModel::change(const QString& what, const std::vector<Wanted>& wanted) {
+void CatalogueModel::enter(int row, int pieces, int entry) {
+    const QModelIndex number = index(row, PartNumber);
+    change(isolated(QSqlTableModel::data(number, Qt::EditRole).toString()), {{row, pieces}}, entry);
+}
+
+void CatalogueModel::change(const QString& what, const std::vector<Wanted>& wanted, int entry) {
     std::vector<Wanted> before;
     std::vector<Wanted> after;
     for (const Wanted& each : wanted) {
@@ -204,7 +186,7 @@ void CatalogueModel::change(const QString& what, const std::vector<Wanted>& want
         before.push_back({each.row, quantity(each.row)});
         after.push_back(each);
     }
-    if (!after.empty()) m_history.push(new QuantityChange(*this, what, before, after));
+    if (!after.empty()) m_history.push(new QuantityChange(*this, what, before, after, entry));
 }
 
 void CatalogueModel::put(const std::vector<Wanted>& wanted) {
@@ -249,6 +231,44 @@ QString CatalogueModel::group(int row) const {
 void FoundParts::setGroup(const QString& group) {
     m_group = group;
     invalidateFilter();
+}
+
+void FoundParts::setSearch(const QString& text) {
+    m_search = text;
+    m_bestFirst = !text.isEmpty();
+    setFilterFixedString(text);
+    invalidate();
+}
+
+void FoundParts::sort(int column, Qt::SortOrder order) {
+    if (m_bestFirst && (column != sortColumn() || order != sortOrder())) {
+        m_bestFirst = false;
+        invalidate();
+    }
+    QSortFilterProxyModel::sort(column, order);
+}
+
+int FoundParts::rank(int row) const {
+    enum { Same, NumberBegins, TextBegins, WordBegins, Anywhere };
+    const auto text = [&](int column) {
+        return sourceModel()->index(row, column).data(Qt::EditRole).toString();
+    };
+    const QString number = text(CatalogueModel::PartNumber);
+    if (number.compare(m_search, Qt::CaseInsensitive) == 0) return Same;
+    if (number.startsWith(m_search, Qt::CaseInsensitive)) return NumberBegins;
+    const QString description = text(CatalogueModel::Description);
+    if (description.startsWith(m_search, Qt::CaseInsensitive)) return TextBegins;
+    return description.contains(' ' + m_search, Qt::CaseInsensitive) ? WordBegins : Anywhere;
+}
+
+bool FoundParts::lessThan(const QModelIndex& left, const QModelIndex& right) const {
+    if (m_bestFirst) {
+        const int ofLeft = rank(left.row());
+        const int ofRight = rank(right.row());
+        // The view turns the order around where it falls.
+        if (ofLeft != ofRight) return (ofLeft < ofRight) == (sortOrder() == Qt::AscendingOrder);
+    }
+    return QSortFilterProxyModel::lessThan(left, right);
 }
 
 bool FoundParts::filterAcceptsRow(int row, const QModelIndex& parent) const {
@@ -309,6 +329,37 @@ void CatalogueWidget::makeActions() {
             [&] { emit told(tr("Done again: %1.").arg(history.undoText()), false); });
 }
 
+PartsTable* CatalogueWidget::makeTable(QSortFilterProxyModel& rows) {
+    auto* table = new PartsTable(rows);
+    connect(table, &PartsTable::told, this, &CatalogueWidget::told);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setAlternatingRowColors(true);
+    table->setShowGrid(false);
+    table->setTabKeyNavigation(false);
+    using Reads = DirectionDelegate::Reads;
+    table->setItemDelegateForColumn(CatalogueModel::PartNumber, new DirectionDelegate(table));
+    table->setItemDelegateForColumn(CatalogueModel::Description,
+                                    new DirectionDelegate(table, Reads::AsItBegins));
+    table->setItemDelegateForColumn(CatalogueModel::Quantity, new QuantityDelegate(table));
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
+    QHeaderView& header = *table->horizontalHeader();
+    header.setHighlightSections(false);
+    // Both tables get the same widths, so that their columns stand below each other.
+    const auto width = [&](const char* widest) {
+        return table->fontMetrics().horizontalAdvance(QString::fromUtf8(widest)) + 30;
+    };
+    header.resizeSection(CatalogueModel::PartNumber, width("00-0000-W"));
+    header.resizeSection(CatalogueModel::Price, width("Price (EUR)"));
+    header.resizeSection(CatalogueModel::Stock, width("Stock"));
+    header.resizeSection(CatalogueModel::Quantity, width("Quantity"));
+    header.setSectionResizeMode(CatalogueModel::Description, QHeaderView::Stretch);
+    table->hideColumn(CatalogueModel::Group);
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    return table;
+}
+
 QWidget* CatalogueWidget::makeCatalogue() {
     m_search = new QLineEdit;
     m_search->setPlaceholderText(tr("Part number or description"));
@@ -342,22 +393,22 @@ QWidget* CatalogueWidget::makeCatalogue() {
     column->addWidget(m_catalogueView, 1);
 
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
-        m_found->setFilterFixedString(text.trimmed());
+        m_found->setSearch(text.trimmed());
         tell();
     });
     connect(m_group, &QComboBox::currentIndexChanged, this, [this](int chosen) {
         m_found->setGroup(chosen == 0 ? QString() : m_group->currentText());
         tell();
     });
-    connect(m_search, &QLineEdit::returnPressed, m_catalogueView, [this] {
-        m_catalogueView->selectRow(0);
-        m_catalogueView->setFocus();
-    });
+    connect(m_search, &QLineEdit::returnPressed, this, &CatalogueWidget::goToBest);
+    m_search->installEventFilter(this);
+    connect(m_catalogueView, &PartsTable::leftAtTop, this, &CatalogueWidget::goToSearch);
     return widget;
 }
 
 QWidget* CatalogueWidget::makePartsList() {
-    QTableView* table = makeTable(*m_picked);
+    PartsTable* table = makeTable(*m_picked);
+    table->setObjectName(QStringLiteral("partsList"));
     QLabel* title = makeHeading(tr("Parts l&ist"), *table);
     m_total = new QLabel;
     m_clear = new QPushButton(tr("Clear list"));
@@ -373,6 +424,25 @@ QWidget* CatalogueWidget::makePartsList() {
     column->addWidget(table, 1);
     column->addLayout(line);
     return widget;
+}
+
+bool CatalogueWidget::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_search && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
+        goToBest();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void CatalogueWidget::goToBest() {
+    if (m_found->rowCount() == 0) {
+        emit told(tr("No part has this text. Shorten it, or choose all groups."), true);
+        return;
+    }
+    m_catalogueView->selectRow(0);
+    m_catalogueView->scrollToTop();
+    m_catalogueView->setFocus(Qt::ShortcutFocusReason);
 }
 
 void CatalogueWidget::goToSearch() {
@@ -426,7 +496,7 @@ void CatalogueWidget::tell() {
             quantity * m_parts->index(row, CatalogueModel::Price).data(Qt::EditRole).toLongLong();
     }
     m_count->setText(tr("%1 of %2 parts").arg(m_found->rowCount()).arg(m_parts->rowCount()));
-    m_total->setText(pieces == 0 ? tr("Tick a part, or enter its quantity, to put it here.")
+    m_total->setText(pieces == 0 ? tr("Tick a part, or type its quantity, to put it here.")
                                  : tr("Pieces: %1, total: EUR %2").arg(pieces).arg(money(cents)));
     m_clear->setEnabled(pieces > 0);
 }

@@ -15,9 +15,10 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTableView;
 
 namespace host {
+
+class PartsTable;
 
 /// The parts as a table in a database in memory. A tick in front of a part number puts one piece
 /// into the parts list; the quantity can be edited.
@@ -26,6 +27,8 @@ class CatalogueModel : public QSqlTableModel {
 
   public:
     enum Column { PartNumber, Description, Group, Price, Stock, Quantity, ColumnCount };
+
+    static constexpr int kMostPieces = 999;  ///< of one part
 
     /// Opens the database and fills it. Raises `std::runtime_error` when that fails.
     explicit CatalogueModel(QObject* parent = nullptr);
@@ -42,6 +45,12 @@ class CatalogueModel : public QSqlTableModel {
     /// Sets the quantities of these parts, as far as there are such parts, and those of all others
     /// to none. There is no way back behind it.
     void restoreQuantities(const std::vector<PickedPart>& parts);
+    /// Begins a quantity that is typed in several keys.
+    /// @return what names it, from 1
+    int beginEntry() { return ++m_entries; }
+    /// Sets the quantity of a part. Changes of the same part by one entry are taken back as one.
+    /// @param entry  0: by itself
+    void enter(int row, int pieces, int entry);
     /// The changes of quantities that can be taken back.
     QUndoStack& history() { return m_history; }
 
@@ -55,10 +64,11 @@ class CatalogueModel : public QSqlTableModel {
         int row;
         int pieces;
     };
-    void change(const QString& what, const std::vector<Wanted>& wanted);
+    void change(const QString& what, const std::vector<Wanted>& wanted, int entry = 0);
     void put(const std::vector<Wanted>& wanted);
 
     QUndoStack m_history;
+    int m_entries = 0;
 };
 
 /// The rows of the catalogue that the user looks for, by text and by group.
@@ -69,12 +79,24 @@ class FoundParts : public QSortFilterProxyModel {
     using QSortFilterProxyModel::QSortFilterProxyModel;
     /// @param group  the empty string for all
     void setGroup(const QString& group);
+    /// Looks for a text in all columns. What fits it best stands first, in any order of sorting,
+    /// until the user asks for another one.
+    void setSearch(const QString& text);
+    void sort(int column, Qt::SortOrder order) override;
+    /// As with `PickedParts`.
+    bool submit() override { return true; }
 
   protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
   private:
+    /// How well a part fits the text; 0 is best.
+    int rank(int row) const;
+
     QString m_group;
+    QString m_search;
+    bool m_bestFirst = false;
 };
 
 /// The rows of the catalogue that were picked.
@@ -83,6 +105,9 @@ class PickedParts : public QSortFilterProxyModel {
 
   public:
     using QSortFilterProxyModel::QSortFilterProxyModel;
+    /// Nothing is ever left to be stored. A table whose current row goes asks for it in the midst
+    /// of a change, which would then begin once more.
+    bool submit() override { return true; }
 
   protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
@@ -114,8 +139,11 @@ class CatalogueWidget : public QWidget {
     void told(const QString& sentence, bool isFailure);
 
   private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     QWidget* makeCatalogue();
     QWidget* makePartsList();
+    PartsTable* makeTable(QSortFilterProxyModel& rows);
+    void goToBest();
     void makeActions();
     void tell();
 
@@ -124,7 +152,7 @@ class CatalogueWidget : public QWidget {
     PickedParts* m_picked;
     QLineEdit* m_search = nullptr;
     QComboBox* m_group = nullptr;
-    QTableView* m_catalogueView = nullptr;
+    PartsTable* m_catalogueView = nullptr;
     QLabel* m_count = nullptr;
     QLabel* m_total = nullptr;
     QPushButton* m_clear = nullptr;
