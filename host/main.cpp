@@ -11,13 +11,13 @@
 #include <utility>
 
 #include "installed_view.h"
-#include "sample/sample_store.h"
 #include "tour/pictures.h"
 #include "tour/tour.h"
 #include "window/appearance.h"
 #include "window/language.h"
 #include "window/main_window.h"
 #include "window/remembered.h"
+#include "window/starting.h"
 #include "window/workplace.h"
 #include "wynconfig/qt_view.h"
 #include "wynconfig/resource_manager.h"
@@ -112,25 +112,40 @@ fs::path settingsFile() {
 
 int runHost(wynconfig::WYNConfig& component, const Arguments& arguments,
             host::Remembered& remembered) {
-    const host::StoreFolders store(arguments.store);
-    if (!store.exist()) host::makeSampleStore(component, store);
+    const auto store = host::findStore(component, arguments.store);
+    if (!store) return 1;
     const host::InstalledView installed(wynconfig::makeQtView());
-    component.init(store.rootText());
-    host::Workplace workplace(component, store, arguments.database, arguments.resources,
+    component.init(store->rootText());
+    host::Workplace workplace(component, *store, arguments.database, arguments.resources,
                               arguments.language);
     host::MainWindow window(workplace, &remembered);
     window.show();
     return QApplication::exec();
 }
 
+/// The host in a window, in which also a bad start is told.
+int runInWindow(Arguments& arguments, host::Remembered& remembered) {
+    try {
+        if (arguments.language.empty()) arguments.language = remembered.language();
+        const auto texts = host::findTexts(arguments.resources, arguments.language);
+        if (!texts) return 1;
+        if (arguments.dark) host::darken();
+        wynconfig::WYNConfig component;
+        component.InitResourceManager(texts);
+        return runHost(component, arguments, remembered);
+    } catch (const std::exception& failure) {
+        host::tellBadStart(failure.what());
+        throw;
+    }
+}
+
 int run(const QApplication& application) {
     Arguments arguments = readArguments(application);
-    std::optional<host::Remembered> remembered;
-    // The tour and the pictures are the same whatever anybody had in the window.
     if (arguments.tour.empty() && arguments.pictures.empty()) {
-        remembered.emplace(settingsFile());
-        if (arguments.language.empty()) arguments.language = remembered->language();
+        host::Remembered remembered(settingsFile());
+        return runInWindow(arguments, remembered);
     }
+    // The tour and the pictures are the same whatever anybody had in the window.
     const auto texts = host::useLanguage(arguments.resources, arguments.language);
     if (arguments.dark) host::darken();
     wynconfig::WYNConfig component;
@@ -139,7 +154,6 @@ int run(const QApplication& application) {
         host::takePictures(component, arguments.pictures);
         return 0;
     }
-    if (remembered) return runHost(component, arguments, *remembered);
     return host::Tour(component, *texts, arguments.resources, arguments.tour).run() ? 0 : 1;
 }
 

@@ -194,7 +194,18 @@ void clearPlace(const StoreFolders& store) {
         fs::remove(store.unfinishedMark());
     }
     if (!fs::is_empty(store.root))
-        throw std::runtime_error(store.root.string() + " is in the way: it holds no store");
+        throw std::runtime_error("The folder " + store.root.string() +
+                                 " holds other files, but no store.");
+}
+
+/// Makes the folders in which nothing of the component lies.
+void makePlace(const StoreFolders& store) {
+    clearPlace(store);
+    fs::create_directories(store.root);
+    if (!std::ofstream(store.unfinishedMark()).flush())
+        throw std::runtime_error("The store " + store.root.string() +
+                                 " can't be made: you have no right to write there.");
+    for (const fs::path& folder : {store.programs(), store.lists()}) fs::create_directory(folder);
 }
 
 /// Why a file or folder can't be read; empty when it can, or when nothing is there. Looks at what
@@ -261,11 +272,13 @@ std::vector<std::string> StoreFolders::names(wynconfig::ItemKind kind) const {
 }
 
 void makeSampleStore(wynconfig::WYNConfig& component, const StoreFolders& store) {
-    clearPlace(store);
-    fs::create_directories(store.root);
-    if (!std::ofstream(store.unfinishedMark()).flush())
-        throw std::runtime_error(store.root.string() + " can't be written");
-    for (const fs::path& folder : {store.programs(), store.lists()}) fs::create_directory(folder);
+    try {
+        makePlace(store);
+    } catch (const fs::filesystem_error& failure) {
+        // Its own text names calls of the system.
+        throw std::runtime_error("The store " + store.root.string() +
+                                 " can't be made: " + failure.code().message() + ".");
+    }
     const auto view = std::make_shared<wynconfig::ScriptedView>();
     const InstalledView installed(view);
     component.init(store.rootText());

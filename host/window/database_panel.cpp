@@ -54,7 +54,12 @@ QTreeWidgetItem* addRow(QTreeWidget* list, const QString& name, ItemKind kind,
 
 DatabasePanel::DatabasePanel(Workplace& workplace, const QList<QAction*>& actions,
                              QAction* configure, QWidget* parent)
-    : QWidget(parent), m_workplace(workplace), m_list(new QTreeWidget), m_place(new SentenceLabel) {
+    : QWidget(parent),
+      m_workplace(workplace),
+      m_list(new QTreeWidget),
+      m_place(new SentenceLabel),
+      m_again(new QPushButton(tr("Try again"))),
+      m_takeOwn(new QPushButton(tr("Use the database of this store"))) {
     m_list->setAccessibleName(tr("Database"));
     m_list->setColumnCount(Column::Count);
     m_list->setHeaderLabels({tr("Name"), tr("Kind"), tr("Last change")});
@@ -74,6 +79,29 @@ DatabasePanel::DatabasePanel(Workplace& workplace, const QList<QAction*>& action
     auto* column = new QVBoxLayout(this);
     column->addLayout(line, 1);
     column->addWidget(m_place);
+    column->addLayout(makeWaysOn());
+}
+
+QLayout* DatabasePanel::makeWaysOn() {
+    auto* line = new QHBoxLayout;
+    m_again->setObjectName(QStringLiteral("databaseAgain"));
+    m_takeOwn->setObjectName(QStringLiteral("takeOwnDatabase"));
+    for (QPushButton* each : {m_again, m_takeOwn}) {
+        each->hide();
+        line->addWidget(each);
+    }
+    line->addStretch();
+    connect(m_again, &QPushButton::clicked, this, [this] { refresh({}); });
+    connect(m_takeOwn, &QPushButton::clicked, this, [this] {
+        m_workplace.takeOwnDatabase();
+        refresh({});
+    });
+    return line;
+}
+
+void DatabasePanel::offerWaysOn(bool isUnreachable) {
+    m_again->setVisible(isUnreachable);
+    m_takeOwn->setVisible(isUnreachable && !m_workplace.hasOwnDatabase());
 }
 
 void DatabasePanel::refresh(const std::string& select) {
@@ -83,11 +111,13 @@ void DatabasePanel::refresh(const std::string& select) {
     try {
         list();
         m_place->tell(tr("Database: %1").arg(isolated(m_workplace.databaseText())));
+        offerWaysOn(false);
     } catch (const std::runtime_error& error) {  // of the database, or of the store's folders
         m_list->clear();
         m_items.clear();
         m_place->tell(isolatedIn(QString::fromUtf8(error.what()),
                                  {QString::fromStdString(m_workplace.databaseText())}));
+        offerWaysOn(true);
     }
     m_list->setCurrentItem(m_list->topLevelItem(0));
     if (before) this->select(before->kind, before->item.name);

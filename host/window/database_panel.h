@@ -8,6 +8,8 @@
 #include "window/operations.h"
 
 class QAction;
+class QLayout;
+class QPushButton;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -38,6 +40,8 @@ class DatabasePanel : public QWidget {
     void changeEvent(QEvent* event) override;
 
   private:
+    QLayout* makeWaysOn();
+    void offerWaysOn(bool isUnreachable);
     void list();
     void addItem(wynconfig::ItemKind kind, const wynconfig::ListedItem& item);
     void addFactory(wynconfig::ItemKind kind, const std::string& name);
@@ -47,6 +51,9 @@ class DatabasePanel : public QWidget {
     Workplace& m_workplace;
     QTreeWidget* m_list;
     SentenceLabel* m_place;
+    // Ways on while the database can't be reached.
+    QPushButton* m_again;
+    QPushButton* m_takeOwn;
     std::vector<SelectedItem> m_items;
 };
 

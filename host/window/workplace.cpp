@@ -52,6 +52,12 @@ wynconfig::SessionDatabase& Workplace::database() {
     return *m_database;
 }
 
+void Workplace::takeOwnDatabase() {
+    m_given.reset();
+    m_memory.reset();
+    m_database.reset();
+}
+
 wynconfig::MemorySessions& Workplace::inMemory() {
     if (!m_memory)
         m_memory = std::make_unique<wynconfig::MemorySessions>(m_component, database(),

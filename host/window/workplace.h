@@ -30,6 +30,10 @@ class Workplace {
     wynconfig::MemorySessions& inMemory();
     wynconfig::SessionDatabase& database();
     std::string databaseText() const { return address().text(); }
+    /// Whether it is the file beside the store.
+    bool hasOwnDatabase() const { return !m_given; }
+    /// Takes the file beside the store from now on.
+    void takeOwnDatabase();
 
     const StoreFolders& store() const { return m_store; }
     /// Sets the component to another store, which is made when its folder holds none.

@@ -41,6 +41,38 @@ class CommandLine(HostTestCase):
             self.assertNotIn("secret", said)
 
 
+class BadStart(HostTestCase):
+    """Starts at which something is missing, of which a window tells."""
+
+    def setUp(self):
+        pass
+
+    def refused(self, way_out, *arguments):
+        """What the window says, which the person closes; the host ends then."""
+        self.settings_in(os.path.join(self.desktop.folder, "no settings"))
+        self.start(SAMPLE_HOST, *arguments)
+        told = " ".join(self.message().told())
+        self.person.press(way_out)
+        wait_for("the host to end", lambda: self.host.exit_code is not None, self.reader.listing)
+        self.assertEqual(self.host.exit_code, 1, self.host.printed())
+        return told
+
+    def test_tells_that_no_store_can_be_made(self):
+        blocked = os.path.join(self.desktop.folder, "file")
+        with open(blocked, "w", encoding="utf-8") as file:
+            file.write("in the way")
+        told = self.refused("Escape", "--store", os.path.join(blocked, "store"))
+        self.assertIn("can't be made: Not a directory.", told)
+        self.assertIn("Choose a folder", told)
+
+    def test_tells_that_the_texts_are_missing(self):
+        nowhere = os.path.join(self.desktop.folder, "nowhere")
+        told = self.refused("alt+q", "--resources", nowhere,
+                            "--store", os.path.join(self.desktop.folder, "unused"))
+        self.assertIn("There are no texts in the folder", told)
+        self.assertIn(nowhere, told)
+
+
 class Scripted(HostTestCase):
     """Runs of the host that take pictures."""
 
