@@ -70,6 +70,10 @@ QWidget* MainWindow::makePages() {
     m_pages->addTab(m_send, tr("Se&nd"));
     m_pages->addTab(m_sessions, tr("Sessi&ons"));
     m_pages->addTab(m_deleted, tr("&Deleted items"));
+    m_pages->addTab(m_sessions->developerPage(), tr("For developers"));
+    addActions(m_sessions->operationActions(Area::Developers));
+    connect(m_sessions, &SessionPanel::developersAsked, this,
+            [this] { m_pages->setCurrentWidget(m_sessions->developerPage()); });
     m_sessions->layout()->setContentsMargins(m_send->layout()->contentsMargins());
     connect(m_catalogue, &CatalogueWidget::partsListChanged, this,
             [this] { m_send->setParts(m_catalogue->partsList()); });

@@ -58,7 +58,7 @@ Outcome openStore(Workplace& workplace, const Selection& selection) {
     const auto root = askForStore(selection.window, workplace.store().root);
     if (!root) return {{}, {}, kCancelled};
     workplace.openStore(*root);
-    return {{}, {}, "The component is set to the store " + root->string() + "."};
+    return {{}, {}, "The store " + root->string() + " is open now."};
 }
 
 Outcome addSession(Workplace& workplace, const Selection&) {
@@ -170,9 +170,6 @@ const std::vector<Operation>& operations() {
         {"refused", Area::Database, "Re&fused edit…",
          "Opens the last edit that the database refused", "", Needs::RefusedEdit, false,
          settleRefusedEdit},
-        {"held", Area::Database, "Show what is &held in memory",
-         "Shows the session and part formats of the last work in memory", "Ctrl+H", Needs::Nothing,
-         false, showHeld},
 
         {"pick", Area::Tools, "&Pick from my session list…",
          "Picks a session from the list of this workplace", "Ctrl+L", Needs::Nothing, false,
@@ -180,6 +177,10 @@ const std::vector<Operation>& operations() {
         {"edit-list", Area::Tools, "&Edit my session list…",
          "Changes the list of this workplace, and the sessions in it", "Ctrl+Shift+L",
          Needs::Nothing, false, editList},
+
+        {"held", Area::Developers, "Show what is held in memory",
+         "Shows the session and part formats of the last work in memory", "Ctrl+H", Needs::Nothing,
+         true, showHeld},
     };
     return all;
 }

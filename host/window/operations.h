@@ -14,7 +14,7 @@ class QWidget;
 namespace host {
 
 /// The menu and the list that an operation belongs to.
-enum class Area { Store, Database, Tools };
+enum class Area { Store, Database, Tools, Developers };
 
 /// An item of the database as the user sees it in the list.
 struct SelectedItem {

@@ -11,8 +11,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "sending/summary.h"
 #include "window/direction.h"
 #include "window/host_dialog.h"
+#include "window/text_box.h"
+#include "wynconfig/dataset.h"
+#include "wynconfig/error.h"
 
 namespace host {
 
@@ -25,9 +29,26 @@ QString toQt(const std::string& text) {
     return QString::fromStdString(text);
 }
 
+/// What a record says, read in its kind; its name alone where it can't be read.
+template <class Read>
+QString summary(const wynconfig::ItemText& item, Read read) {
+    try {
+        wynconfig::Document document;
+        document.loadXML(item.xml);
+        wynconfig::Dataset record;
+        record.Load(document);
+        QStringList lines;
+        for (const std::string& line : summaryOf(read(record))) lines << toQt(line);
+        return lines.join(u'\n');
+    } catch (const wynconfig::Error&) {
+        return toQt(item.name);
+    }
+}
+
 QString textsOf(const wynconfig::MemoryEdit& edit) {
-    QString text = toQt(edit.session.xml);
-    for (const wynconfig::ItemText& format : edit.formats) text += '\n' + toQt(format.xml);
+    QString text = summary(edit.session, readSession);
+    for (const wynconfig::ItemText& format : edit.formats)
+        text += "\n\n" + summary(format, readPartFormat);
     return text;
 }
 
@@ -44,6 +65,7 @@ QPlainTextEdit* makeTexts(const wynconfig::MemoryEdit& edit) {
     texts->setTabChangesFocus(true);
     texts->setLineWrapMode(QPlainTextEdit::NoWrap);
     texts->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    readLeftToRight(*texts);
     return texts;
 }
 

@@ -81,7 +81,8 @@ QString factsOf(const Session& session) {
     QStringList lines;
     for (const auto& [label, value] : furtherFacts(session))
         lines << SendPanel::tr("%1: %2").arg(fromText(label), fromText(value));
-    lines << QString() << SendPanel::tr("This host looks for no windows: it only shows these.");
+    lines << QString()
+          << SendPanel::tr("This catalogue looks for no windows: it only shows these.");
     return lines.join(u'\n');
 }
 
@@ -164,7 +165,7 @@ QWidget* SendPanel::makePreview() {
     m_fileList = add(tr("For t&he file"), tr("List for the file"));
     m_fileList->setObjectName(QStringLiteral("fileList"));
     m_fileList->setPlaceholderText(tr("The session writes no file."));
-    m_facts = add(tr("Onl&y shown"), tr("Settings that this host only shows"));
+    m_facts = add(tr("Onl&y shown"), tr("Settings that are only shown"));
     m_facts->setObjectName(QStringLiteral("facts"));
     letLinesBreak(*m_facts);
     return m_preview;

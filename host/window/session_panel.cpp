@@ -2,30 +2,20 @@
 #include "window/session_panel.h"
 
 #include <QAction>
-#include <QFontDatabase>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSplitter>
-#include <QStringList>
 #include <QTabWidget>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <exception>
 
 #include "window/action_buttons.h"
 #include "window/database_panel.h"
+#include "window/developer_panel.h"
 #include "window/direction.h"
-#include "window/heading.h"
-#include "window/sentence_label.h"
-#include "window/text_box.h"
 
 namespace host {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -34,33 +24,15 @@ QString nameOf(const Operation& operation) {
     return QString::fromUtf8(operation.caption).remove(u'&').remove(QChar(0x2026));  // ellipsis
 }
 
-/// Of several files the one that was written last; deleted ones count before all others.
-const FileChange& lastOf(const std::vector<FileChange>& changes, const fs::path& root) {
-    const auto written = [&](const FileChange& change) {
-        if (change.kind == FileChange::Kind::Deleted) return fs::file_time_type::min();
-        return fs::last_write_time(root / change.path);
-    };
-    return *std::max_element(
-        changes.begin(), changes.end(),
-        [&](const FileChange& a, const FileChange& b) { return written(a) < written(b); });
-}
-
 }  // namespace
 
 SessionPanel::SessionPanel(Workplace& workplace, QWidget* parent)
     : QWidget(parent), m_workplace(workplace) {
     makeActions();
-    auto* splitter = new QSplitter(Qt::Vertical);
-    splitter->setObjectName(QStringLiteral("sessionSplitter"));
-    splitter->addWidget(makeLists());
-    splitter->addWidget(makeResult());
-    splitter->setStretchFactor(0, 2);
-    splitter->setStretchFactor(1, 3);
-    splitter->setChildrenCollapsible(false);
-    splitter->setHandleWidth(12);
+    m_developers = new DeveloperPanel(buttonActions(Area::Developers), this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(splitter);
+    layout->addWidget(makeLists());
     listSessions({});
     enableActions();
 }
@@ -121,32 +93,8 @@ QWidget* SessionPanel::makeSessions() {
     return widget;
 }
 
-QWidget* SessionPanel::makeResult() {
-    m_result = new SentenceLabel;
-    m_result->setObjectName(QStringLiteral("result"));
-    m_result->tell(tr("No operation was called yet."));
-    m_result->letCopy();
-    m_changes = new SentenceLabel;
-    m_changes->setObjectName(QStringLiteral("changes"));
-    m_changes->letCopy();
-    m_text = new QPlainTextEdit;
-    m_text->setReadOnly(true);
-    m_text->setTabChangesFocus(true);
-    m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
-    m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    readLeftToRight(*m_text);
-    QLabel* title =
-        makeHeading(tr("Las&t operation, and the item file that changed last"), *m_text);
-
-    auto* widget = new QWidget;
-    auto* column = new QVBoxLayout(widget);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(title);
-    column->addWidget(m_result);
-    column->addWidget(m_changes);
-    column->addWidget(m_text, 1);
-    m_changes->hide();
-    return widget;
+QWidget* SessionPanel::developerPage() const {
+    return m_developers;
 }
 
 std::string SessionPanel::selectedSession() const {
@@ -226,18 +174,19 @@ Outcome SessionPanel::perform(const Operation& operation) {
     const Selection selected = selection();
     const auto root = m_workplace.store().root;
     const Snapshot before = snapshot();
-    if (operation.area != Area::Tools) m_lists->setCurrentIndex(operation.area == Area::Database);
+    if (operation.area == Area::Store || operation.area == Area::Database)
+        m_lists->setCurrentIndex(operation.area == Area::Database);
     Outcome outcome = operation.call(m_workplace, selected);
-    showOutcome(
-        operation, outcome,
+    const QString more = isolatedIn(
+        QString::fromStdString(outcome.text),
         {QString::fromStdString(selected.database ? selected.database->item.name : std::string()),
          QString::fromStdString(m_workplace.store().root.string())});
-    // The file that changed last gives way to what is shown below.
-    if (!outcome.shown.empty()) m_lastChange.clear();
+    tell(operation, outcome, more);
     // Of another store nothing is known from before.
     const Snapshot after = snapshot();
-    showChanges(root == m_workplace.store().root ? before : after, after);
-    if (!outcome.shown.empty()) m_text->setPlainText(QString::fromStdString(outcome.shown));
+    m_developers->show(outcome, more, root == m_workplace.store().root ? before : after, after,
+                       m_workplace.store().root);
+    if (operation.area == Area::Developers) emit developersAsked();
     const bool inDatabase = operation.area == Area::Database;
     listSessions(outcome.name.empty() || inDatabase ? selected.session : outcome.name);
     listDatabase(inDatabase ? outcome.name : std::string());
@@ -245,47 +194,13 @@ Outcome SessionPanel::perform(const Operation& operation) {
     return outcome;
 }
 
-void SessionPanel::showOutcome(const Operation& operation, const Outcome& outcome,
-                               const QStringList& identifiers) {
-    QStringList facts;
+void SessionPanel::tell(const Operation& operation, const Outcome& outcome, const QString& more) {
     const QString name = isolated(outcome.name);
-    if (outcome.result) facts << tr("Result %1").arg(*outcome.result);
-    if (!name.isEmpty()) facts << (outcome.result ? tr("name %1") : tr("Name %1")).arg(name);
-    if (outcome.result && name.isEmpty()) facts << tr("no name");
-    QString text = facts.join(QStringLiteral(", "));
-    const QString more = isolatedIn(QString::fromStdString(outcome.text), identifiers);
-    if (!more.isEmpty()) text += (text.isEmpty() ? "" : ". ") + more;
-    m_result->tell(text);
     const QString done = !more.isEmpty()       ? more
                          : outcome.result == 0 ? tr("confirmed.")
                                                : tr("not confirmed.");
     const QString lead = name.isEmpty() ? nameOf(operation) : nameOf(operation) + ", " + name;
     emit told(tr("%1: %2").arg(lead, done), outcome.failed);
-}
-
-void SessionPanel::showChanges(const Snapshot& before, const Snapshot& after) {
-    const std::vector<FileChange> changes = changesBetween(before, after);
-    m_changes->show();
-    if (changes.empty()) {
-        // The text stays: that file is still the one that changed last.
-        const QString lead = m_lastChange.isEmpty() ? QString() : "\n" + tr("Before: ");
-        m_changes->tell(tr("No file changed.") + lead + m_lastChange);
-        return;
-    }
-    const FileChange& last = lastOf(changes, m_workplace.store().root);
-    QStringList told;
-    const auto tell = [&](const FileChange& change) {
-        told << tr("%1 (%2)").arg(isolated(change.path), tr(wordFor(change.kind)));
-    };
-    tell(last);
-    for (const FileChange& change : changes) {
-        if (!(change == last)) tell(change);
-    }
-    m_lastChange = told.front();
-    m_changes->tell(told.join(QStringLiteral("\n")));
-    // Of a deleted file its last content is shown.
-    const Snapshot& source = last.kind == FileChange::Kind::Deleted ? before : after;
-    m_text->setPlainText(QString::fromStdString(source.at(last.path)));
 }
 
 }  // namespace host

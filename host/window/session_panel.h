@@ -1,5 +1,4 @@
-// The panel of the sessions: those of the store, those of the database, the operations, and what
-// the last one gave back and left on disk.
+// The panel of the sessions: those of the store, those of the database, and the operations.
 #pragma once
 
 #include <QList>
@@ -10,13 +9,12 @@
 
 class QAction;
 class QListWidget;
-class QPlainTextEdit;
 class QTabWidget;
 
 namespace host {
 
 class DatabasePanel;
-class SentenceLabel;
+class DeveloperPanel;
 
 class SessionPanel : public QWidget {
     Q_OBJECT
@@ -26,6 +24,8 @@ class SessionPanel : public QWidget {
 
     /// One action per operation, for a menu.
     QList<QAction*> operationActions(Area area) const;
+    /// The page that shows what the last operation gave back and left on disk.
+    QWidget* developerPage() const;
     /// Does an operation on what is selected, as its button does, and shows what came of it.
     /// Raises `std::exception` with what the operation raises, or when the store can't be read.
     Outcome perform(const Operation& operation);
@@ -37,6 +37,8 @@ class SessionPanel : public QWidget {
     void refresh();
 
   signals:
+    /// What was asked for stands on the developers' page.
+    void developersAsked();
     void sessionSelected(const QString& name);
     /// After an operation, whatever came of it; the store may be another one by now.
     void performed();
@@ -48,7 +50,6 @@ class SessionPanel : public QWidget {
     void trigger(const Operation& operation);
     QWidget* makeLists();
     QWidget* makeSessions();
-    QWidget* makeResult();
     QList<QAction*> buttonActions(Area area) const;
     std::string selectedSession() const;
     Selection selection();
@@ -58,20 +59,15 @@ class SessionPanel : public QWidget {
     void listDatabase(const std::string& select);
     Snapshot snapshot() const;
     void enableActions();
-    /// @param identifiers  that may stand in what it tells
-    void showOutcome(const Operation& operation, const Outcome& outcome,
-                     const QStringList& identifiers);
-    void showChanges(const Snapshot& before, const Snapshot& after);
+    /// @param more  what the operation has to say besides
+    void tell(const Operation& operation, const Outcome& outcome, const QString& more);
 
     Workplace& m_workplace;
     QList<QAction*> m_actions;  ///< one per operation, in their order
     QTabWidget* m_lists = nullptr;
     DatabasePanel* m_database = nullptr;
     QListWidget* m_sessions = nullptr;
-    SentenceLabel* m_result = nullptr;
-    SentenceLabel* m_changes = nullptr;
-    QString m_lastChange;
-    QPlainTextEdit* m_text = nullptr;
+    DeveloperPanel* m_developers = nullptr;
 };
 
 }  // namespace host

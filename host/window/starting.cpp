@@ -21,10 +21,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* kEnglish = "en";
 
-QString tr(const char* text) {
-    return QObject::tr(text);
-}
-
 /// A way on: the object name and the caption of its button.
 using Way = std::pair<const char*, QString>;
 
@@ -32,14 +28,14 @@ using Way = std::pair<const char*, QString>;
 /// @return the object name of its button; "quit", also when the box was closed
 QString ask(const std::string& why, const QString& advice, const QString& place,
             const std::vector<Way>& ways) {
-    QMessageBox box(QMessageBox::Warning, tr("Parts Catalogue"),
+    QMessageBox box(QMessageBox::Warning, QObject::tr("Parts Catalogue"),
                     isolatedIn(QString::fromUtf8(why), {place}));
     box.setObjectName(kHostDialog);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(advice);
     for (const auto& [name, caption] : ways)
         box.addButton(caption, QMessageBox::AcceptRole)->setObjectName(QString::fromUtf8(name));
-    QPushButton* quit = box.addButton(tr("&Quit"), QMessageBox::RejectRole);
+    QPushButton* quit = box.addButton(QObject::tr("&Quit"), QMessageBox::RejectRole);
     quit->setObjectName(QStringLiteral("quit"));
     box.setEscapeButton(quit);
     box.exec();
@@ -54,12 +50,13 @@ std::shared_ptr<wynconfig::ResourceManager> findTexts(std::string& resources,
         try {
             return useLanguage(resources, language);
         } catch (const std::exception& failure) {
-            std::vector<Way> ways = {{"folder", tr("&Choose their folder…")}};
-            if (language != kEnglish) ways.emplace_back("english", tr("Take &English"));
+            std::vector<Way> ways = {{"folder", QObject::tr("&Choose their folder…")}};
+            if (language != kEnglish) ways.emplace_back("english", QObject::tr("Take &English"));
             const QString chosen =
                 ask(failure.what(),
-                    tr("Without its texts the catalogue can't show its dialogs. Choose the folder "
-                       "in which they lie; it holds files such as en.xlf."),
+                    QObject::tr(
+                        "Without its texts the catalogue can't show its dialogs. Choose the folder "
+                        "in which they lie; it holds files such as en.xlf."),
                     QString::fromStdString(resources), ways);
             if (chosen == "quit") return nullptr;
             if (chosen == "english") {
@@ -67,7 +64,7 @@ std::shared_ptr<wynconfig::ResourceManager> findTexts(std::string& resources,
                 continue;
             }
             const QString folder = QFileDialog::getExistingDirectory(
-                nullptr, tr("Folder of the texts"), QString::fromStdString(resources));
+                nullptr, QObject::tr("Folder of the texts"), QString::fromStdString(resources));
             if (!folder.isEmpty()) resources = folder.toStdString();
         }
     }
@@ -82,10 +79,12 @@ std::optional<StoreFolders> findStore(wynconfig::WYNConfig& component, fs::path 
         } catch (const std::exception& failure) {
             const QString chosen = ask(
                 failure.what(),
-                tr("Choose a folder that holds a store, or an empty one for a new store; or put "
-                   "right what is in the way, and try again."),
+                QObject::tr(
+                    "Choose a folder that holds a store, or an empty one for a new store; or put "
+                    "right what is in the way, and try again."),
                 QString::fromStdString(root.string()),
-                {{"folder", tr("&Choose another folder…")}, {"again", tr("&Try again")}});
+                {{"folder", QObject::tr("&Choose another folder…")},
+                 {"again", QObject::tr("&Try again")}});
             if (chosen == "quit") return std::nullopt;
             if (chosen == "folder") root = askForStore(nullptr, root).value_or(root);
         }
@@ -93,7 +92,7 @@ std::optional<StoreFolders> findStore(wynconfig::WYNConfig& component, fs::path 
 }
 
 void tellBadStart(const std::string& why) {
-    ask(why, tr("The catalogue can't come up."), {}, {});
+    ask(why, QObject::tr("The catalogue can't come up."), {}, {});
 }
 
 }  // namespace host

@@ -3,7 +3,7 @@
 from typing import NamedTuple
 
 from host_test_case import (
-    ADD_SESSION, ADVANCED, DATABASE, DELETED, DELETED_ITEMS, FORMAT_EDITOR, HOST, MAINTENANCE,
+    ADD_SESSION, ADVANCED, DATABASE, DELETED, DELETED_ITEMS, DEVELOPERS, FORMAT_EDITOR, HOST, MAINTENANCE,
     MANAGER, QUESTION, RENAME, SENDING, SESSION, SESSIONS, STORE_SESSIONS, TALLYVANE)
 
 TAKE_OVER = "Take over a session from another store"
@@ -171,14 +171,14 @@ def host_page(*controls):
     return [
         label("Parts catalogue"), box("Search:"), choice("Group:", "All groups"),
         rows("Parts catalogue"), label("Parts list"), rows("Parts list"),
-        off([button("Clear list")]), tabs(SENDING, SESSIONS, DELETED), controls]
+        off([button("Clear list")]), tabs(SENDING, SESSIONS, DELETED, DEVELOPERS),
+        controls]
 
 
 def sessions_page(*controls):
     """The host's window with its lists of sessions."""
     return host_page(
-        tabs(STORE_SESSIONS, DATABASE), controls,
-        box("Last operation, and the item file that changed last"))
+        tabs(STORE_SESSIONS, DATABASE), controls)
 
 
 def list_dialog(*names):
@@ -216,6 +216,11 @@ WINDOWS = {
         HOST, TO_SESSIONS + [(HOST, click(DATABASE))], "Search:", sessions_page(
             rows(DATABASE), buttons("Add session…", "Take over session…"),
             off(buttons("Configure session…", "Remove…"))), role="frame", whole=False),
+    "the host's page for developers": Window(
+        HOST, [(HOST, click(DEVELOPERS))], "Search:", host_page(
+            label("No operation was called yet."), button("Show what is held in memory"),
+            box("Last operation, and the item file that changed last")),
+        role="frame", whole=False),
     "the host's page of deleted items": Window(
         HOST, [(HOST, click(DELETED))], "Search:", host_page(
             label(DELETED_ITEMS), rows(DELETED_ITEMS), label("Nothing lies here."),

@@ -29,7 +29,7 @@
 namespace host {
 
 /// The pages of the window, in their order.
-enum Page { SendPage, SessionsPage, DeletedPage, PageCount };
+enum Page { SendPage, SessionsPage, DeletedPage, DeveloperPage, PageCount };
 
 class HostWindow : public testing::Test {
   protected:

@@ -155,27 +155,27 @@ TEST_F(HostRemembered, SplittersAreWhereTheyWereMovedTo) {
     EXPECT_NE(moved, before);
     quitAndStartAgain();
     EXPECT_EQ(sizes(), moved);
-    pages().setCurrentIndex(SessionsPage);
-    drag(widget<QSplitter>("sessionSplitter"), {0, 30});
-    const QList<int> ofSessions = widget<QSplitter>("sessionSplitter").sizes();
+    pages().setCurrentIndex(DeveloperPage);
+    drag(widget<QSplitter>("developerSplitter"), {0, 30});
+    const QList<int> ofDevelopers = widget<QSplitter>("developerSplitter").sizes();
     quitAndStartAgain();
     quitAndStartAgain();  // without a look at that page
-    pages().setCurrentIndex(SessionsPage);
+    pages().setCurrentIndex(DeveloperPage);
     QCoreApplication::processEvents();
-    EXPECT_EQ(widget<QSplitter>("sessionSplitter").sizes(), ofSessions);
+    EXPECT_EQ(widget<QSplitter>("developerSplitter").sizes(), ofDevelopers);
     EXPECT_EQ(sizes(), moved);
 }
 
 TEST_F(HostRemembered, SplittersThatNobodyMovedAreAsAtTheFirstStart) {
-    const auto ofSessions = [&] {
-        pages().setCurrentIndex(SessionsPage);
+    const auto ofDevelopers = [&] {
+        pages().setCurrentIndex(DeveloperPage);
         QCoreApplication::processEvents();
-        return widget<QSplitter>("sessionSplitter").sizes();
+        return widget<QSplitter>("developerSplitter").sizes();
     };
-    const QList<int> first = ofSessions();
+    const QList<int> first = ofDevelopers();
     startAgain();
     for (int times = 0; times < 3; ++times) quitAndStartAgain();
-    EXPECT_EQ(ofSessions(), first);
+    EXPECT_EQ(ofDevelopers(), first);
 }
 
 TEST_F(HostRemembered, NothingIsKeptOfWhatCantBeRead) {

@@ -82,14 +82,16 @@ TEST_F(HostResult, OfAProgramIsToldWhenItComes) {
 
 TEST_F(HostResult, OfAnOperationIsToldOnThePageForSending) {
     trigger("held");
-    EXPECT_EQ(page(), SendPage);
+    EXPECT_EQ(page(), DeveloperPage);
     // How many they are hangs on what was done in this process before.
     EXPECT_TRUE(result().starts_with(
         "Show what is held in memory: In memory: a session, and part formats: "))
         << result();
     EXPECT_FALSE(isFailure());
+    pages().setCurrentIndex(SendPage);
     trigger("add");  // no view is installed: it is cancelled
     EXPECT_EQ(result(), "Add session: not confirmed.");
+    EXPECT_EQ(page(), SendPage);
 }
 
 TEST_F(HostResult, OfAnOperationThatFailsStaysBehindTheBox) {

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -128,6 +129,24 @@ TEST_F(HostLook, LeadsTheTabKeyThroughThePageFromTopToBottom) {
 TEST_F(HostLook, ShrinksBelowTheSmallSize) {
     EXPECT_LE(window->minimumSizeHint().width(), kSmallSize.width());
     EXPECT_LE(window->minimumSizeHint().height(), kSmallSize.height());
+}
+
+TEST_F(HostLook, HasNumbersAndStoredTextsOnThePageForDevelopersAlone) {
+    const auto tells = [&](int page) {
+        show(page, kFirstSize);
+        std::string all;
+        for (const QLabel* label : visible<QLabel>())
+            all += withoutMarks(label->text()).toStdString() + "\n";
+        for (const QPlainTextEdit* box : visible<QPlainTextEdit>())
+            all += box->toPlainText().toStdString() + "\n";
+        const auto holds = [&](const char* word) { return all.find(word) != std::string::npos; };
+        return holds("Result 1, no name") || holds("No file changed.") || holds("<");
+    };
+    widget<QAction>("add").trigger();  // no view is installed: it is cancelled
+    for (const int page : {SendPage, SessionsPage, DeletedPage}) EXPECT_FALSE(tells(page)) << page;
+    EXPECT_TRUE(tells(DeveloperPage));
+    EXPECT_EQ(told("result"), "Result 1, no name");
+    EXPECT_EQ(told("changes"), "No file changed.");
 }
 
 class HostCatalogue : public HostWindow {
