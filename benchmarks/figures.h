@@ -22,6 +22,11 @@ struct Runs {
 void figure(const std::string& name, benchmark::TimeUnit unit, const Work& ours,
             const Work& reference, Runs runs = {});
 
+/// Registers a figure that is held against a goal.
+/// @param unit  of the times that are printed, and of the goal
+void goalFigure(const std::string& name, benchmark::TimeUnit unit, const Work& ours, double goal,
+                Runs runs = {});
+
 /// Registers a figure that is counted, not timed; it is printed behind the others.
 void countedFigure(const std::string& name, const std::string& unit,
                    const std::function<double()>& ours, double reference);

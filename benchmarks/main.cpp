@@ -29,6 +29,12 @@ std::vector<Counted>& countedFigures() {
     return figures;
 }
 
+/// By the names of their figures.
+std::map<std::string, double>& goals() {
+    static std::map<std::string, double> goals;
+    return goals;
+}
+
 double median(std::vector<double>& values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
@@ -60,7 +66,11 @@ class LinePerFigure : public benchmark::BenchmarkReporter {
         }
     }
     void Finalize() override {
-        for (const std::string& name : m_order) print(name, m_times[name]);
+        for (const std::string& name : m_order) {
+            if (const auto goal = goals().find(name); goal != goals().end())
+                m_times[name].reference = {goal->second};
+            print(name, m_times[name]);
+        }
         // A filter asks for timed figures alone.
         if (!benchmark::GetBenchmarkFilter().empty()) return;
         for (const Counted& each : countedFigures()) {
@@ -93,18 +103,32 @@ class LinePerFigure : public benchmark::BenchmarkReporter {
 
 }  // namespace
 
+namespace {
+
+void registerSide(const std::string& name, const std::string& side, benchmark::TimeUnit unit,
+                  const Work& work, Runs runs) {
+    auto* registered = benchmark::RegisterBenchmark((name + "|" + side).c_str(), work)
+                           ->Unit(unit)
+                           ->UseRealTime()
+                           ->Repetitions(runs.repetitions);
+    if (runs.single)
+        registered->Iterations(1);
+    else
+        registered->MinTime(0.05);
+}
+
+}  // namespace
+
 void figure(const std::string& name, benchmark::TimeUnit unit, const Work& ours,
             const Work& reference, Runs runs) {
-    for (const auto& [side, work] : {std::pair{"ours", ours}, std::pair{"reference", reference}}) {
-        auto* registered = benchmark::RegisterBenchmark((name + "|" + side).c_str(), work)
-                               ->Unit(unit)
-                               ->UseRealTime()
-                               ->Repetitions(runs.repetitions);
-        if (runs.single)
-            registered->Iterations(1);
-        else
-            registered->MinTime(0.05);
-    }
+    registerSide(name, "ours", unit, ours, runs);
+    registerSide(name, "reference", unit, reference, runs);
+}
+
+void goalFigure(const std::string& name, benchmark::TimeUnit unit, const Work& ours, double goal,
+                Runs runs) {
+    goals()[name] = goal;
+    registerSide(name, "ours", unit, ours, runs);
 }
 
 void countedFigure(const std::string& name, const std::string& unit,
@@ -119,6 +143,7 @@ void registerWalkFigures();
 void registerDatabaseFigures();
 void registerSqliteFigures();
 void registerSizeFigures();
+void registerPaintFigures();
 
 }  // namespace wynconfig::bench
 
@@ -138,6 +163,7 @@ int main(int argc, char** argv) {
     registerDatabaseFigures();
     registerSqliteFigures();
     registerSizeFigures();
+    registerPaintFigures();
     LinePerFigure reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return reporter.failed() ? 1 : 0;
