@@ -237,8 +237,7 @@ class ComboBinding : public ActingBinding {
             m_shownRevision = m_combo.revision();
             QStringList items;
             for (const std::string& item : m_combo.items()) items.push_back(toQt(item));
-            box().clear();
-            box().addItems(items);
+            box().setItems(items);
         }
         box().setCurrentIndex(m_combo.selectedIndex());
     }

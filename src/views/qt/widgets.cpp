@@ -31,6 +31,8 @@ constexpr int kLeastChars = 11;
 /// The same of a row in a list.
 constexpr int kUsualRow = 22;
 constexpr int kLeastRow = 18;
+/// How many items an open drop-down list shows; the others scroll.
+constexpr int kMostChoices = 15;
 
 }  // namespace
 
@@ -134,11 +136,35 @@ void TickBox::nextCheckState() {
 }
 
 ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
+    setModel(&m_items);
+    setMaxVisibleItems(kMostChoices);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(20);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     view()->setTextElideMode(Qt::ElideRight);
     if (auto* popup = qobject_cast<QListView*>(view())) popup->setUniformItemSizes(true);
+    dropScrollers();
+}
+
+/// Some styles open a box that can't be written in as a menu: with all items at once, as far as the
+/// screen goes, and arrows in place of a scroll bar. Thousands of items are none for a menu.
+void ChoiceBox::showPopup() {
+    const QScopedValueRollback opening(m_opening, true);
+    view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    QComboBox::showPopup();
+}
+
+void ChoiceBox::initStyleOption(QStyleOptionComboBox* option) const {
+    QComboBox::initStyleOption(option);
+    if (m_opening) option->editable = true;
+}
+
+/// The arrows that Qt puts above and below the items where the style opens a menu.
+void ChoiceBox::dropScrollers() {
+    for (QObject* each : view()->parentWidget()->children()) {
+        if (each->inherits("QComboBoxPrivateScroller"))
+            static_cast<QWidget*>(each)->setMaximumHeight(0);
+    }
 }
 
 void ChoiceBox::keyPressEvent(QKeyEvent* event) {

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QStringListModel>
 #include <QTreeView>
 #include <functional>
 #include <string>
@@ -70,10 +71,15 @@ class TickBox : public QCheckBox {
 };
 
 /// A drop-down list whose width doesn't follow its items, whose number and length know no bound.
-/// What does not fit ends in an ellipsis, and the tool tip shows it whole.
+/// What does not fit ends in an ellipsis, and the tool tip shows it whole. Of many items some are
+/// seen at a time, in every style.
 class ChoiceBox : public QComboBox {
   public:
     explicit ChoiceBox(QWidget* parent);
+
+    /// Takes these items in place of those that it has.
+    void setItems(const QStringList& items) { m_items.setStringList(items); }
+    void showPopup() override;
 
     /// Letters that are typed while it is closed.
     Typing typing;
@@ -82,9 +88,14 @@ class ChoiceBox : public QComboBox {
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
+    void initStyleOption(QStyleOptionComboBox* option) const override;
 
   private:
     QString shortened() const;
+    void dropScrollers();
+
+    QStringListModel m_items;
+    bool m_opening = false;
 };
 
 /// A label whose text may mark a key. The marked letter is drawn by itself, which ends the kerning
