@@ -21,7 +21,7 @@ struct Font {
     bool operator==(const Font&) const = default;
 };
 
-/// Texts by key and the font of the dialogs. A host may bring its own. Both operations report a
+/// Texts by key and the font of the dialogs. A host may bring its own. The operations report a
 /// failure by raising; any exception will do, the component turns it into `Error`.
 class WYNCONFIG_API ResourceManager {
   public:
@@ -37,6 +37,13 @@ class WYNCONFIG_API ResourceManager {
     /// The font for a dialog. When it raises, the dialog has the view's own.
     /// @param handle  device context handle of the form, as its view gives it; 0 without a view.
     virtual Font GetFont(long handle) = 0;
+
+    /// What a view says by itself, such as in place of the rows of an empty list. Asked for only
+    /// when it comes to that; whatever it raises counts as an empty text, and no box comes up.
+    /// @param key  such as "VIEW_FILTER"; `resources/en.xlf` lists all of them
+    /// @return UTF-8, without marks of keys, with %1 and %2 where the English text has them; empty,
+    ///         as here, for the English one
+    virtual std::string GetViewWord([[maybe_unused]] const std::string& key) { return {}; }
 };
 
 /// The folder of the texts that come with the component, as it is found where the program runs: the
@@ -56,7 +63,7 @@ WYNCONFIG_API std::string bundleFolder();
 ///                "zh-TW", which is written in the other script, takes English.
 /// @param font    what `GetFont` gives
 /// Raises `Error` when the folder has no file that serves, or one that can't be read. `GetString`
-/// of an unknown key raises `Error`.
+/// of an unknown key raises `Error`, and `GetViewWord` gives an empty text.
 WYNCONFIG_API std::shared_ptr<ResourceManager> makeBundleResourceManager(
     const std::string& folder, const std::string& locale = {}, const Font& font = {});
 

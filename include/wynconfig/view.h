@@ -129,4 +129,9 @@ WYNCONFIG_API std::shared_ptr<View> installedView();
 /// The same, for a call in which nobody installs another one.
 WYNCONFIG_API View& currentView();
 
+/// What a view says by itself, in the language of the dialogs: the text of the host's resource
+/// manager, or else the English one; see `ResourceManager::GetViewWord`. Raises nothing.
+/// @param key  one of those that begin with "VIEW_" in `resources/en.xlf`; empty for any other
+WYNCONFIG_API std::string viewWord(const std::string& key);
+
 }  // namespace wynconfig

@@ -9,6 +9,7 @@
 #include "dialogs/session/frmSessionManager.h"
 #include "platform/files/file_system.h"
 #include "platform/forms/observing.h"
+#include "platform/forms/view_words.h"
 #include "platform/text/text.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
@@ -37,6 +38,11 @@ void makeCatalogue(OnError& on, const std::string& type, const std::string& fold
 
 void WYNConfig::InitResourceManager(std::shared_ptr<ResourceManager> objResMgr) {
     g_ResMgr = std::move(objResMgr);
+    // The manager alone is the host's to keep.
+    takeViewWordsFrom([manager = std::weak_ptr(g_ResMgr)](const std::string& key) {
+        const std::shared_ptr<ResourceManager> there = manager.lock();
+        return there ? there->GetViewWord(key) : std::string();
+    });
 }
 
 void WYNConfig::init(const std::string& MORRootPath) {

@@ -34,7 +34,9 @@ const std::set<std::string> kTitles = {
     "ADV_CONFIG_MSG_TITLE_DELAY",    "ADV_CONFIG_MSG_LAUNCH_DELAY"};
 
 bool isMessage(const std::string& key) {
-    static const std::regex message("GLOBAL_MOD_MSG|.*_MSG_.*|TVW_ERR_.*_INVALID|.*_WITH_WFO");
+    static const std::regex message(
+        "GLOBAL_MOD_MSG|.*_MSG_.*|TVW_ERR_.*_INVALID|.*_WITH_WFO|"
+        "VIEW_NO_MATCH|VIEW_EMPTY.*");
     return std::regex_match(key, message) && !kTitles.contains(key);
 }
 
@@ -178,6 +180,18 @@ TEST_P(EveryLanguage, EndsAMessageThatStandsAloneLikeASentence) {
             EXPECT_TRUE(last == '.' || last == '?') << key;
         }
     }
+}
+
+TEST_P(EveryLanguage, KeepsThePlacesOfNamesInWhatViewsSay) {
+    const auto places = [](const std::string& value) {
+        std::set<std::string> found;
+        for (const char* each : {"%1", "%2"}) {
+            if (value.find(each) != std::string::npos) found.insert(each);
+        }
+        return found;
+    };
+    for (const std::string& key : allKeys())
+        EXPECT_EQ(places(text(key)), places(english(key))) << key;
 }
 
 TEST_P(EveryLanguage, EndsATextBeforeANameSoThatItCanFollow) {

@@ -8,6 +8,8 @@
 #include "support/caption_tables.h"
 #include "support/desk.h"
 #include "support/raised.h"
+#include "support/text_keys.h"
+#include "wynconfig/view.h"
 
 namespace wynconfig {
 namespace {
@@ -427,6 +429,45 @@ TEST_P(Texts, EveryDialogLoadsInTheSameOrder) {
         EXPECT_EQ(form->control("UniCaption1")->form().title(),
                   "{" + tables().at(dialog.name).front().key + "}");
         form->Unload();
+    }
+}
+
+struct WordyTexts : TestTexts {
+    std::string word;
+    std::vector<std::string> words;  ///< the keys in the order of their asking
+    std::string GetViewWord(const std::string& key) override {
+        words.push_back(key);
+        if (word.empty()) throw 7;
+        return word;
+    }
+};
+
+TEST_P(Texts, WhatViewsSayIsTheHostsOrElseEnglish) {
+    EXPECT_EQ(viewWord("VIEW_FILTER"), "Filter");
+    EXPECT_TRUE(texts->asked.empty());
+    const auto wordy = std::make_shared<WordyTexts>();
+    component.InitResourceManager(wordy);
+    EXPECT_EQ(viewWord("VIEW_FILTER"), "Filter") << "its manager raises";
+    wordy->word = "Sieben";
+    EXPECT_EQ(viewWord("VIEW_EMPTY"), "Sieben");
+    EXPECT_EQ(wordy->words, (std::vector<std::string>{"VIEW_FILTER", "VIEW_EMPTY"}));
+    EXPECT_TRUE(wordy->asked.empty());
+    component.InitResourceManager(nullptr);
+    EXPECT_EQ(viewWord("VIEW_FILTER"), "Filter");
+    EXPECT_EQ(wordy.use_count(), 1);
+    EXPECT_EQ(viewWord("NO_SUCH_WORD"), "");
+}
+
+TEST_P(Texts, WhatViewsSayComesInTheLanguageOfTheDialogs) {
+    component.InitResourceManager(makeBundleResourceManager(WYNCONFIG_RESOURCES, "de"));
+    EXPECT_EQ(viewWord("VIEW_FILTER"), "Filtern");
+    component.InitResourceManager(makeBundleResourceManager(WYNCONFIG_RESOURCES, "en"));
+    for (const std::string& key : allKeys()) {
+        if (!key.starts_with("VIEW_")) continue;
+        const std::string given = viewWord(key);
+        component.InitResourceManager(nullptr);
+        EXPECT_EQ(viewWord(key), given) << "what stands in for it is the same";
+        component.InitResourceManager(makeBundleResourceManager(WYNCONFIG_RESOURCES, "en"));
     }
 }
 

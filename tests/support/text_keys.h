@@ -123,6 +123,11 @@ inline const std::vector<std::string>& allKeys() {
         "TVW_ERR_FILE_NAME_INVALID",
         "TVW_ERR_FOLDER_INVALID",
         "TVW_ERR_TITLE",
+        "VIEW_EMPTY",
+        "VIEW_EMPTY_MOVE",
+        "VIEW_EMPTY_PRESS",
+        "VIEW_FILTER",
+        "VIEW_NO_MATCH",
     };
     return keys;
 }

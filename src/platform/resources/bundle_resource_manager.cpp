@@ -45,6 +45,11 @@ class BundleResourceManager : public ResourceManager {
 
     Font GetFont(long /*handle*/) override { return m_font; }
 
+    std::string GetViewWord(const std::string& key) override {
+        const auto found = m_texts.find(key);
+        return found == m_texts.end() ? std::string() : found->second;
+    }
+
   private:
     Texts m_texts;
     Font m_font;
