@@ -17,6 +17,7 @@ struct ListActs {
     Button* del = nullptr;       ///< pressed by the Delete key
     Button* rename = nullptr;    ///< pressed by F2
     Button* activate = nullptr;  ///< pressed by Enter and by a double click
+    Button* fill = nullptr;      ///< brings the first row: an empty list speaks of it
     /// A pick does something at once: letters pick nothing, and neither do arrow keys; they only
     /// move to a row, which the space bar or Enter then picks.
     bool deliberate = false;

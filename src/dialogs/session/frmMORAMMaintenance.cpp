@@ -27,7 +27,7 @@ FormLayout frmMORAMMaintenance::declareLayout() {
     using namespace layout;
     return {column({growing(acting(titled(lblSelectSession, lstAvailableMORAMs2,
                                           {single(btnNew), single(btnEdit), single(btnDelete)}),
-                                   {.del = &btnDelete, .activate = &btnOK})),
+                                   {.del = &btnDelete, .activate = &btnOK, .fill = &btnNew})),
                     buttons({&btnOK, &btnCancel})}),
             &btnOK, &btnCancel};
 }

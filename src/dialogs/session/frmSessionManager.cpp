@@ -25,7 +25,7 @@ FormLayout frmSessionManager::declareLayout() {
     using namespace layout;
     return {column({growing(acting(titled(lblSelectSession, lstAvailableTESessions,
                                           {single(btnAdd), single(btnEdit), single(btnDelete)}),
-                                   {.del = &btnDelete, .activate = &btnOK})),
+                                   {.del = &btnDelete, .activate = &btnOK, .fill = &btnAdd})),
                     buttons({&btnOK, &btnCancel})}),
             &btnOK, &btnCancel};
 }

@@ -50,12 +50,15 @@ Layout PartFormatTab::declareLayout(Container& pane) {
          growing(group(
              frmPartFormat,
              {growing(row(
-                 {growing(acting(std::move(available),
-                                 {.del = &btnDelete, .rename = &btnRename, .activate = &btnAdd})),
+                 {growing(acting(std::move(available), {.del = &btnDelete,
+                                                        .rename = &btnRename,
+                                                        .activate = &btnAdd,
+                                                        .fill = &btnNew})),
                   column({stretch(), moving(btnAdd, lblAvailableFormats, lblSelectedFormats),
                           moving(btnRemove, lblSelectedFormats, lblAvailableFormats), stretch()}),
-                  growing(acting(titled(lblSelectedFormats, lstSelectedFormats2),
-                                 {.del = &btnRemove, .activate = &btnRemove}))}))}))});
+                  growing(
+                      acting(titled(lblSelectedFormats, lstSelectedFormats2),
+                             {.del = &btnRemove, .activate = &btnRemove, .fill = &btnAdd}))}))}))});
 }
 
 void PartFormatTab::prepareLists() {

@@ -186,14 +186,30 @@ class ListBinding : public ActingBinding {
     void typed(TypeAhead& ahead, const std::string& letter) {
         // Rows that are not on the screen yet can't be gone to.
         if (m_list.revision() != m_shownRevision) return;
-        if (const KeyAct act = actOfLetter(m_list.form(), m_list, ahead, letter))
+        if (rowList().rows().isFiltered())
+            typedAmongShown(ahead, letter);
+        else if (const KeyAct act = actOfLetter(m_list.form(), m_list, ahead, letter))
             rowList().goTo(act.number);
+    }
+    /// The form knows all rows; letters find those that are seen.
+    void typedAmongShown(TypeAhead& ahead, const std::string& letter) {
+        const RowModel& rows = rowList().rows();
+        const auto numberOf = [&](std::size_t row) {
+            return rows.numberAt(static_cast<int>(row) - 1);
+        };
+        const auto textOf = [&](std::size_t row) -> std::string_view {
+            return m_list.rows()[numberOf(row) - 1].text;
+        };
+        const auto current = static_cast<std::size_t>(rows.placeOf(rowList().selected()) + 1);
+        const std::size_t row =
+            ahead.next(letter, static_cast<std::size_t>(rows.rowCount()), textOf, current);
+        if (row > 0) rowList().goTo(numberOf(row));
     }
     void showContent() override {
         if (m_list.revision() != m_shownRevision) {
             m_shownRevision = m_list.revision();
             showHeading();
-            rowList().rows().setRows(m_list.rows());
+            rowList().rows().setRows(m_list.rows(), m_list.selectedNumber());
         }
         rowList().showSelected(m_list.selectedNumber());
     }

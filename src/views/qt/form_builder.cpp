@@ -11,7 +11,9 @@
 #include <iterator>
 
 #include "platform/forms/growing.h"
+#include "views/qt/convert.h"
 #include "wynconfig/keyboard.h"
+#include "wynconfig/view.h"
 
 namespace wynconfig::desktop {
 
@@ -28,6 +30,15 @@ bool holds(const Layout& node, const Control& control) {
                        [&](const Layout& each) { return holds(each, control); });
 }
 
+/// The node of a control; null when it stands nowhere.
+const Layout* nodeOf(const Layout& node, const Control& control) {
+    if (node.control == &control) return &node;
+    for (const Layout& child : node.children) {
+        if (const Layout* found = nodeOf(child, control)) return found;
+    }
+    return nullptr;
+}
+
 const CaptionedControl* captioned(const Control* control) {
     return dynamic_cast<const CaptionedControl*>(control);
 }
@@ -35,6 +46,7 @@ const CaptionedControl* captioned(const Control* control) {
 }  // namespace
 
 BuiltForm FormBuilder::build(const Layout& body) {
+    m_body = &body;
     std::vector<Layout> nodes{body};
     if (body.kind == Layout::Kind::Column) nodes = body.children;
     auto* outer = new QVBoxLayout(m_window);
@@ -108,6 +120,40 @@ QWidget* FormBuilder::makeLabelled(const Layout& node, const Place& place) {
     // Also of an option or a value, so that a screen reader knows what it is of.
     if (node.label) m_buddies.at(node.control)->setBuddy(widget);
     return widget;
+}
+
+void FormBuilder::put(QBoxLayout* line, QWidget* widget, int stretch, const Layout& node,
+                      const Place& place) {
+    auto* list = dynamic_cast<RowList*>(widget);
+    if (!list) {
+        line->addWidget(widget, stretch);
+        return;
+    }
+    auto* filter = new FilterLine(*list, place.parent);
+    auto* note = new EmptyNote(*list, place.parent);
+    auto* stack = new QVBoxLayout;
+    stack->setSpacing(m_window->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing) / 2);
+    line->addLayout(stack, stretch);
+    stack->addWidget(filter);
+    auto* rows = new QGridLayout;
+    stack->addLayout(rows, 1);
+    rows->addWidget(list, 0, 0);
+    rows->addWidget(note, 0, 0);
+    note->whenEmpty = wordsWhenEmpty(node);
+    QObject::connect(filter, &QLineEdit::textChanged, note, &EmptyNote::follow);
+    m_built.listHelps.push_back({node.control, filter, note});
+}
+
+std::function<QString()> FormBuilder::wordsWhenEmpty(const Layout& node) const {
+    const Button* const fill = node.acts.fill;
+    const Layout* const standing = fill ? nodeOf(*m_body, *fill) : nullptr;
+    const Label* const from = standing ? standing->from : nullptr;
+    return [fill, from] {
+        if (!fill || !fill->visible()) return toQt(viewWord("VIEW_EMPTY"));
+        const QString button = toQtPlain(fill->caption());
+        if (!from) return toQt(viewWord("VIEW_EMPTY_PRESS")).arg(button);
+        return toQt(viewWord("VIEW_EMPTY_MOVE")).arg(toQtPlain(from->caption()), button);
+    };
 }
 
 void FormBuilder::nameBox(QWidget* box, const Control& control, const CaptionedControl* label) {
@@ -207,7 +253,7 @@ void FormBuilder::addTabs(QBoxLayout* box, const Layout& node, const Place& plac
 
 void FormBuilder::addSingle(QBoxLayout* box, const Layout& node, const Place& place) {
     QWidget* widget = make(*node.control, place, {.acts = node.acts});
-    box->addWidget(widget, node.grows ? 1 : 0);
+    put(box, widget, node.grows ? 1 : 0, node, place);
     if (node.into)
         m_built.movers.push_back({static_cast<QPushButton*>(widget), node.from, node.into});
 }
@@ -236,7 +282,7 @@ void FormBuilder::addTitled(QBoxLayout* box, const Layout& node, const Place& pl
     line->setSpacing(usual);
     stack->addLayout(line, 1);
     if (!node.behindBox) addBeside(line, node, place);
-    line->addWidget(makeLabelled(node, place), 1);
+    put(line, makeLabelled(node, place), 1, node, place);
     if (node.behindBox) addBeside(line, node, place);
     if (!growsDown(node)) stack->setAlignment(Qt::AlignTop);
 }

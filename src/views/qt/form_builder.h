@@ -5,11 +5,13 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <vector>
 
 #include "views/qt/binding.h"
+#include "views/qt/finding.h"
 #include "wynconfig/layout.h"
 
 namespace wynconfig::desktop {
@@ -33,6 +35,13 @@ struct Mover {
     const CaptionedControl* into;
 };
 
+/// What helps a person in a list of any length.
+struct ListHelp {
+    Control* list;
+    FilterLine* filter;
+    EmptyNote* note;
+};
+
 /// What came of a layout.
 struct BuiltForm {
     QWidget* content = nullptr;                      ///< all but the buttons that end the dialog
@@ -42,6 +51,7 @@ struct BuiltForm {
     std::vector<SpokenName> spokenNames;
     std::vector<LabelledOption> labelledOptions;
     std::vector<Mover> movers;
+    std::vector<ListHelp> listHelps;
     std::vector<std::vector<QPushButton*>> buttonRows;  ///< buttons that are to be equally wide
     /// Rows of lists of which some have buttons beside them; the lists are to be equally wide.
     std::vector<QBoxLayout*> listRows;
@@ -67,6 +77,11 @@ class FormBuilder {
     /// The label of a Field or a Titled, and then its box.
     QLabel* makeLabel(const Layout& node, const Place& place);
     QWidget* makeLabelled(const Layout& node, const Place& place);
+    /// Puts a widget into a line; a list with what helps a person in it.
+    void put(QBoxLayout* line, QWidget* widget, int stretch, const Layout& node,
+             const Place& place);
+    /// What a list says that has no rows.
+    std::function<QString()> wordsWhenEmpty(const Layout& node) const;
     void nameBox(QWidget* box, const Control& control, const CaptionedControl* label);
     void fill(QBoxLayout* box, const std::vector<Layout>& nodes, const Place& place);
     void add(QBoxLayout* box, const Layout& node, const Place& place);
@@ -85,6 +100,7 @@ class FormBuilder {
 
     QWidget* m_window;
     Door& m_door;
+    const Layout* m_body = nullptr;
     BuiltForm m_built;
     std::unordered_map<const Control*, QLabel*> m_buddies;  ///< by what they stand at
 };

@@ -15,6 +15,7 @@
 #include <optional>
 
 #include "views/qt/convert.h"
+#include "views/qt/finding.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/qt_view.h"
 
@@ -64,6 +65,11 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::watch() {
+    for (const ListHelp& each : m_built.listHelps) {
+        // A part of the list, for which the form knows no other place.
+        m_byWidget[each.filter] = each.list;
+        each.filter->installEventFilter(this);
+    }
     for (const auto& binding : m_built.bindings) {
         m_byControl[&binding->control()] = binding.get();
         m_byWidget[binding->focusWidget()] = &binding->control();
@@ -140,6 +146,7 @@ void FormWindow::sync() {
             if (!any) return;
             showSpokenNames();
             showMovers();
+            showListHelps();
             const bool formChanged = std::exchange(m_formChanged, false);
             if (formChanged) showForm();
             evenOut();
@@ -201,6 +208,13 @@ void FormWindow::showMovers() {
         each.button->setToolTip(toToolTip(name));
         // Else a screen reader would be told the tool tip, markup and all.
         each.button->setAccessibleDescription(name);
+    }
+}
+
+void FormWindow::showListHelps() {
+    for (const ListHelp& each : m_built.listHelps) {
+        each.filter->follow();
+        each.note->follow();
     }
 }
 
@@ -323,7 +337,8 @@ void FormWindow::settleFocus() {
     const Control* wanted = m_form->focused();
     Binding* there = wanted ? binding(*wanted) : nullptr;
     if (there && canFocus(*there->focusWidget())) {
-        if (focusWidget() != there->focusWidget())
+        const auto at = m_byWidget.find(focusWidget());
+        if (at == m_byWidget.end() || at->second != wanted)
             there->focusWidget()->setFocus(Qt::OtherFocusReason);
         return;
     }
@@ -397,6 +412,39 @@ std::optional<FormKey> formKey(const QKeyEvent& key) {
 
 }  // namespace
 
+bool FormWindow::takeFindKey(const QKeyEvent& key) {
+    if (!key.matches(QKeySequence::Find)) return false;
+    const auto focused = m_byWidget.find(focusWidget());
+    FilterLine* found = nullptr;
+    for (const ListHelp& each : m_built.listHelps) {
+        if (!each.filter->isVisible() || !each.filter->isEnabled()) continue;
+        const bool inIt = focused != m_byWidget.end() && focused->second == each.list;
+        if (!found || inIt) found = each.filter;
+    }
+    if (found) found->begin();
+    return found != nullptr;
+}
+
+bool FormWindow::takeKeyIn(FilterLine& filter, const QKeyEvent& key) {
+    if (takeFindKey(key)) return true;
+    switch (key.key()) {
+        case Qt::Key_Escape:
+            if (filter.text().isEmpty()) return takeKey(key);
+            filter.clear();
+            return true;
+        case Qt::Key_Down:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            filter.list().enter();
+            return true;
+        case Qt::Key_Delete:
+        case Qt::Key_F2:
+            return false;
+        default:
+            return takeKey(key);
+    }
+}
+
 bool FormWindow::takeKey(const QKeyEvent& key) {
     const std::optional<FormKey> wanted = formKey(key);
     if (!wanted || !m_form) return false;
@@ -425,8 +473,11 @@ bool FormWindow::followKey(const QObject* marked, const QShortcutEvent& key) {
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     // Before the widget takes it: a list would turn its own pages, and a button press itself.
-    if (event->type() == QEvent::KeyPress && takeKey(static_cast<const QKeyEvent&>(*event)))
-        return true;
+    if (event->type() == QEvent::KeyPress) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        auto* const filter = dynamic_cast<FilterLine*>(watched);
+        if (filter ? takeKeyIn(*filter, key) : takeFindKey(key) || takeKey(key)) return true;
+    }
     if (event->type() == QEvent::Shortcut &&
         followKey(watched, static_cast<const QShortcutEvent&>(*event)))
         return true;
@@ -446,7 +497,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 /// Without a control that has the focus a key goes to the window; what it has no use for must not
 /// go on to QDialog, which would press buttons of its own choice.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-    event->setAccepted(takeKey(*event));
+    event->setAccepted(takeFindKey(*event) || takeKey(*event));
 }
 
 void FormWindow::takeFocusTo(QWidget& widget, Qt::FocusReason reason) {

@@ -72,6 +72,7 @@ class FormWindow : public QDialog, private FormObserver {
     void showForm();
     void showSpokenNames();
     void showMovers();
+    void showListHelps();
     /// Makes equal what a reader expects to be: widths of buttons, and where boxes start.
     void evenOut();
     /// Makes the window wide enough for its title and for a comfortable dialog.
@@ -89,6 +90,10 @@ class FormWindow : public QDialog, private FormObserver {
     /// Where the Tab key leads now; null when nowhere.
     const Binding* stopAfter(const std::vector<Control*>& order, const Control* from,
                              bool forward) const;
+    /// Goes to the line that looks for rows: of the list that has the focus, else the first one.
+    bool takeFindKey(const QKeyEvent& key);
+    /// Answers a key that was pressed in such a line; false when that is for the line.
+    bool takeKeyIn(FilterLine& filter, const QKeyEvent& key);
     /// Has the form answer a key; false when it has no use for it.
     bool takeKey(const QKeyEvent& key);
     /// The key that a control marks in its caption was pressed. False: Qt shall deal with it.

@@ -264,12 +264,55 @@ QSize ScrolledContent::sizeHint() const {
     return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
 }
 
-void RowModel::setRows(const std::vector<ListRow>& rows) {
+void RowModel::setRows(const std::vector<ListRow>& rows, std::size_t kept) {
     beginResetModel();
     m_rows.clear();
     m_rows.reserve(rows.size());
     for (const ListRow& row : rows) m_rows.push_back({toQt(row.text), row.key, row.font});
+    applyFilter(kept);
     endResetModel();
+}
+
+void RowModel::setFilter(const QString& text, std::size_t kept) {
+    beginResetModel();
+    m_filter = text;
+    applyFilter(kept);
+    endResetModel();
+}
+
+void RowModel::applyFilter(std::size_t kept) {
+    m_shown.clear();
+    if (!isFiltered()) return;
+    for (std::size_t number = 1; number <= m_rows.size(); ++number) {
+        if (number == kept || matches(number)) m_shown.push_back(number);
+    }
+}
+
+bool RowModel::matches(std::size_t number) const {
+    return m_rows[number - 1].text.contains(m_filter, Qt::CaseInsensitive);
+}
+
+int RowModel::placeOf(std::size_t number) const {
+    if (number == 0 || number > m_rows.size()) return -1;
+    if (!isFiltered()) return static_cast<int>(number) - 1;
+    const auto found = std::lower_bound(m_shown.begin(), m_shown.end(), number);
+    if (found == m_shown.end() || *found != number) return -1;
+    return static_cast<int>(found - m_shown.begin());
+}
+
+std::size_t RowModel::numberAt(int place) const {
+    if (place < 0 || place >= rowCount()) return 0;
+    const auto at = static_cast<std::size_t>(place);
+    return isFiltered() ? m_shown[at] : at + 1;
+}
+
+void RowModel::reveal(std::size_t number) {
+    if (number == 0 || number > m_rows.size() || placeOf(number) >= 0) return;
+    const auto before = std::lower_bound(m_shown.begin(), m_shown.end(), number);
+    const auto place = static_cast<int>(before - m_shown.begin());
+    beginInsertRows({}, place, place);
+    m_shown.insert(before, number);
+    endInsertRows();
 }
 
 void RowModel::setHeading(const QString& heading) {
@@ -278,12 +321,13 @@ void RowModel::setHeading(const QString& heading) {
 }
 
 int RowModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    if (parent.isValid()) return 0;
+    return static_cast<int>(isFiltered() ? m_shown.size() : m_rows.size());
 }
 
 QVariant RowModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
-    const Row& row = m_rows[static_cast<std::size_t>(index.row())];
+    const Row& row = m_rows[numberAt(index.row()) - 1];
     if (role == Qt::DisplayRole) return row.text;
     if (role == kKeyRole) return QByteArray::fromStdString(row.key);
     if (role == Qt::FontRole && row.font) return toQt(*row.font);
@@ -345,12 +389,37 @@ void RowList::showSelected(std::size_t number) {
 }
 
 std::size_t RowList::marked() const {
-    return static_cast<std::size_t>(currentIndex().row() + 1);
+    return m_rows.numberAt(currentIndex().row());
 }
 
 std::size_t RowList::selected() const {
     const QModelIndexList rows = selectionModel()->selectedRows();
-    return rows.isEmpty() ? 0 : static_cast<std::size_t>(rows.front().row()) + 1;
+    return rows.isEmpty() ? 0 : m_rows.numberAt(rows.front().row());
+}
+
+void RowList::setFilter(const QString& text) {
+    const QScopedValueRollback showing(m_showing, true);
+    const std::size_t kept = selected();
+    m_rows.setFilter(text, kept);
+    if (kept > 0) goTo(kept);
+}
+
+void RowList::enter() {
+    setFocus(Qt::OtherFocusReason);
+    if (!m_rows.isFiltered() || (selected() > 0 && m_rows.matches(selected()))) return;
+    for (int place = 0; place < m_rows.rowCount(); ++place) {
+        const std::size_t number = m_rows.numberAt(place);
+        if (!m_rows.matches(number)) continue;
+        if (m_deliberate)
+            selectionModel()->setCurrentIndex(m_rows.index(place), QItemSelectionModel::NoUpdate);
+        else
+            goTo(number);
+        return;
+    }
+}
+
+void RowList::leaveRoom(int pixels) {
+    if (std::exchange(m_roomAbove, pixels) != pixels) updateGeometry();
 }
 
 void RowList::focusInEvent(QFocusEvent* event) {
@@ -398,8 +467,14 @@ bool RowList::picksCurrent(const QKeyEvent& event) const {
     }
 }
 
+/// A key that is held down only goes to the top.
+bool RowList::leavesUpwards(const QKeyEvent& event) const {
+    return event.key() == Qt::Key_Up && event.modifiers() == Qt::NoModifier &&
+           !event.isAutoRepeat() && currentIndex().row() <= 0;
+}
+
 void RowList::keyPressEvent(QKeyEvent* event) {
-    if (typing.take(*event)) return;
+    if (typing.take(*event) || (leavesUpwards(*event) && leftUpwards && leftUpwards())) return;
     if (marked() > 0 && picksCurrent(*event)) {
         pickCurrent();
     } else {
@@ -410,7 +485,8 @@ void RowList::keyPressEvent(QKeyEvent* event) {
 
 void RowList::goTo(std::size_t number) {
     const QScopedValueRollback moving(m_moving, true);
-    const QModelIndex index = m_rows.index(static_cast<int>(number) - 1);
+    m_rows.reveal(number);
+    const QModelIndex index = m_rows.index(m_rows.placeOf(number));
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     scrollTo(index);
 }
@@ -434,7 +510,7 @@ void RowList::selectionChanged(const QItemSelection& selected, const QItemSelect
     const int row = selected.front().top();
     if (!m_moving)
         selectionModel()->setCurrentIndex(m_rows.index(row), QItemSelectionModel::NoUpdate);
-    if (picked) picked(static_cast<std::size_t>(row) + 1);
+    if (picked) picked(m_rows.numberAt(row));
 }
 
 bool RowList::viewportEvent(QEvent* event) {
@@ -458,11 +534,11 @@ int RowList::heightFor(int rows) const {
 QSize RowList::sizeHint() const {
     const int width = std::max(m_widthHint, charsWide(fontMetrics(), kUsualRow));
     const int bar = verticalScrollBar()->sizeHint().width();
-    return {width + bar + 2 * frameWidth(), heightFor(10)};
+    return {width + bar + 2 * frameWidth(), heightFor(10) - m_roomAbove};
 }
 
 QSize RowList::minimumSizeHint() const {
-    return {charsWide(fontMetrics(), kLeastRow), heightFor(8)};
+    return {charsWide(fontMetrics(), kLeastRow), heightFor(8) - m_roomAbove};
 }
 
 }  // namespace wynconfig::desktop

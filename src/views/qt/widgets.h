@@ -133,13 +133,28 @@ class ScrolledContent : public QScrollArea {
     QSize sizeHint() const override;
 };
 
-/// The rows of a list as they were when they were last shown.
+/// The rows of a list as they were when they were last shown, or those of them that contain a text.
+/// Rows go by their numbers in the whole list, from 1, whatever is shown of it.
 class RowModel : public QAbstractListModel {
   public:
     static constexpr int kKeyRole = Qt::UserRole;
 
     using QAbstractListModel::QAbstractListModel;
-    void setRows(const std::vector<ListRow>& rows);
+    /// @param kept  a row that is shown in any case; 0: none
+    void setRows(const std::vector<ListRow>& rows, std::size_t kept);
+    /// Shows the rows that contain a text, in whatever case; all when it is empty.
+    void setFilter(const QString& text, std::size_t kept);
+    /// How many rows there are, shown or not.
+    std::size_t total() const { return m_rows.size(); }
+    bool isFiltered() const { return !m_filter.isEmpty(); }
+    /// Whether a row contains the text, and is not just kept.
+    bool matches(std::size_t number) const;
+    /// Where a row is shown, from 0; -1 where it is not.
+    int placeOf(std::size_t number) const;
+    /// The row that is shown there; 0: none.
+    std::size_t numberAt(int place) const;
+    /// Shows a row that contains no such text as well.
+    void reveal(std::size_t number);
     void setHeading(const QString& heading);
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -151,7 +166,11 @@ class RowModel : public QAbstractListModel {
         std::string key;
         std::shared_ptr<const Font> font;
     };
+    void applyFilter(std::size_t kept);
+
     std::vector<Row> m_rows;
+    std::vector<std::size_t> m_shown;  ///< numbers of rows, where a filter is set
+    QString m_filter;
     QString m_heading;
 };
 
@@ -164,6 +183,14 @@ class RowList : public QTreeView {
     explicit RowList(QWidget* parent);
 
     RowModel& rows() { return m_rows; }
+    const RowModel& rows() const { return m_rows; }
+    /// Shows the rows that contain a text, and the selected one.
+    void setFilter(const QString& text);
+    /// Goes into the list from above: to its first row with the text that is looked for, unless the
+    /// selected one has it.
+    void enter();
+    /// Does with so much less height, which something above it takes.
+    void leaveRoom(int pixels);
     /// Selects a row by its number from 1; 0 selects none.
     void showSelected(std::size_t number);
     /// Number of the selected row, or 0.
@@ -183,6 +210,8 @@ class RowList : public QTreeView {
     std::function<void()> letGo;
     /// A row was clicked twice. False: nothing came of it, and the second click is one more pick.
     std::function<bool()> doubleClicked;
+    /// The person went up from the first row. False: there is nowhere to go.
+    std::function<bool()> leftUpwards;
     Typing typing;
 
     QSize sizeHint() const override;
@@ -203,10 +232,12 @@ class RowList : public QTreeView {
   private:
     int heightFor(int rows) const;
     bool picksCurrent(const QKeyEvent& event) const;
+    bool leavesUpwards(const QKeyEvent& event) const;
     void pickCurrent();
 
     RowModel m_rows;
     int m_widthHint = 0;
+    int m_roomAbove = 0;
     bool m_showing = false;
     bool m_moving = false;  ///< the mark of the focus comes along with the selection
     bool m_pressing = false;

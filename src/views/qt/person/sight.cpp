@@ -29,7 +29,7 @@ void lookAt(const RowList& list, Sight& sight) {
         sight.rows.push_back({row.data(RowModel::kKeyRole).toByteArray().toStdString(),
                               fromQt(row.data().toString())});
     }
-    sight.selected = list.selected();
+    sight.selected = static_cast<std::size_t>(list.rows().placeOf(list.selected()) + 1);
 }
 
 void lookAt(const QComboBox& box, Sight& sight) {
