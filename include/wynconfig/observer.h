@@ -25,7 +25,8 @@ class WYNCONFIG_API Observer {
     virtual ~Observer() = default;
 
     /// Is called for every failure that is told the user, before its box comes up and whether it
-    /// does or not; and for a store's root without its separator, which no box tells.
+    /// does or not; and for what no box tells: a store's root without its separator, and a view
+    /// that fails at a sign of life (`View::showProgress`).
     virtual void failed(const Failure& failure);
     /// Is called for every message box, once it has been answered.
     /// @param box     what was asked

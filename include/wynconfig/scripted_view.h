@@ -30,6 +30,8 @@ class WYNCONFIG_API ScriptedView : public View {
     void raise(Form& form, bool topMost) override;
     /// 0: there is no screen.
     long deviceContext(Form& form) override;
+    /// Has the person see it.
+    void showProgress(const Progress& progress) override;
 
   private:
     class WYNCONFIG_INSIDE Person;

@@ -60,6 +60,18 @@ struct SeenBox {
     std::string okCaption;  ///< empty: the view's own word
 };
 
+/// A sign of work that takes its time, as it was seen; see `Progress`.
+struct SeenProgress {
+    /// Of `Begins` a wait cursor was seen, of `Lasts` a bar, of `Ends` that both had gone.
+    Progress::Stage stage = Progress::Stage::Begins;
+    std::string title;     ///< the words of its title bar; empty without a bar, as all below
+    std::string text;      ///< what it says, UTF-8
+    std::size_t done = 0;  ///< how far the bar has come
+    std::size_t all = 0;   ///< its whole length
+    /// Whether both look alike.
+    bool operator==(const SeenProgress&) const = default;
+};
+
 /// A person at the screen. A test announces what is to come up and what the person does then;
 /// whatever comes up unannounced is answered so that nothing changes, and `finish` names it.
 /// Controls and forms go by their names, and all texts are UTF-8. All acts concern the form on top.
@@ -95,6 +107,9 @@ class WYNCONFIG_API User {
     const std::vector<BrowseRequest>& browses() const { return m_browses; }
     /// Names of all forms that came up since the last `finish`.
     const std::vector<std::string>& forms() const { return m_forms; }
+    /// All signs of work that the person had to wait for since the last `finish`, in their order.
+    /// They come unannounced, and those of `Lasts` by the clock: none where the work is quick.
+    const std::vector<SeenProgress>& progress() const { return m_progress; }
 
     // Acts on the form on top.
 
@@ -165,6 +180,8 @@ class WYNCONFIG_API User {
     int boxCameUp(const MessageRequest& box);
     /// The path to pick.
     std::string browseCameUp(const BrowseRequest& request);
+    /// A sign of work was seen, or that it has gone.
+    void progressSeen(SeenProgress sign);
     /// A form was left open by its script, or something else went wrong.
     void blame(std::string fault);
 
@@ -176,6 +193,7 @@ class WYNCONFIG_API User {
     std::vector<SeenBox> m_boxes;
     std::vector<BrowseRequest> m_browses;
     std::vector<std::string> m_forms;
+    std::vector<SeenProgress> m_progress;
 };
 
 }  // namespace wynconfig

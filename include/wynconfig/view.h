@@ -48,6 +48,21 @@ struct BrowseRequest {
     std::shared_ptr<const Font> font;  ///< that of the dialog; null: the view's own
 };
 
+/// Work that a person waits for, as far as it has come.
+struct Progress {
+    /// What a call tells of it.
+    enum class Stage {
+        Begins,  ///< the person waits from here on: a wait cursor will do, there are no words yet
+        Lasts,   ///< the wait has taken half a second: a bar, with words
+        Ends,    ///< every sign of it is to go
+    };
+    Stage stage = Stage::Begins;  ///< the words and numbers below are those of `Lasts` alone
+    std::string title;            ///< UTF-8, as a caption
+    std::string text;             ///< UTF-8, such as "Updating sessions: 1,204 of 10,000"
+    std::size_t done = 0;         ///< how many are done, at most `all`
+    std::size_t all = 0;          ///< how many there are, at least 1
+};
+
 /// What only a person may do to a control. Nobody but a view gets one, so that the code of a dialog
 /// can't do these things by accident. Each call raises the events that belong to it; a failure in a
 /// dialog's handler ends that handler and never comes back to the view.
@@ -85,8 +100,9 @@ class WYNCONFIG_API UserInput {
     UserInput() = default;
 };
 
-/// A view: everything that the dialogs need of a screen. Five calls; a view renders any form from
-/// its `layout()` and never knows a dialog by name. What a view throws is turned into `Error`.
+/// A view: everything that the dialogs need of a screen. Five calls, and one that may do nothing; a
+/// view renders any form from its `layout()` and never knows a dialog by name. What a view throws
+/// is turned into `Error`.
 class WYNCONFIG_API View {
   public:
     virtual ~View() = default;
@@ -109,6 +125,13 @@ class WYNCONFIG_API View {
     virtual void raise(Form& form, bool topMost) = 0;
     /// A number by which the resource manager may tell the screen that a form's text goes to.
     virtual long deviceContext(Form& form) = 0;
+    /// Gives a sign of life while the component works through many items: `Begins` at once, `Lasts`
+    /// once half a second has passed, and again as the work goes on, ten times a second at most,
+    /// and `Ends` behind each `Begins`, whatever happened. Before a form, a box or a browse dialog
+    /// comes up it ends, to begin anew behind that. The work waits for this call and is in the
+    /// midst of something: it paints and returns, and lets nobody act on a dialog meanwhile. What
+    /// it throws goes to the observer alone, and no more of this wait is shown. Here: nothing.
+    virtual void showProgress(const Progress& progress) { static_cast<void>(progress); }
 
   protected:
     /// The one door: what a view reports of its person.

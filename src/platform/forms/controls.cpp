@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/forms/observing.h"
+#include "platform/forms/working.h"
 #include "platform/text/text.h"
 #include "wynconfig/error.h"
 #include "wynconfig/form.h"
@@ -399,6 +400,7 @@ int MsgBox::ShowMsg(const std::string& text, int style, const std::string& title
                     const std::string& okCaption) {
     touch();
     const MessageRequest box{&form(), text, style, title, okCaption};
+    const WaitPause pause;
     const int answer = installedView()->showMessage(box);
     tellBox(box, answer);
     return answer;
@@ -408,6 +410,7 @@ std::string BrowseFolder::browse(bool files, const std::string& title, const std
                                  const std::string& cancelCaption,
                                  std::shared_ptr<const Font> font) {
     touch();
+    const WaitPause pause;
     return installedView()->browse(
         {&form(), title, okCaption, cancelCaption, files, std::move(font)});
 }

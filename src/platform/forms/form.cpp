@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/forms/working.h"
 #include "wynconfig/error.h"
 #include "wynconfig/view.h"
 
@@ -75,6 +76,7 @@ void Form::Show() {
     touch();
     m_visible = true;
     raise([this] { Form_Activate(); });
+    const WaitPause pause;
     installedView()->showModal(*this);
 }
 

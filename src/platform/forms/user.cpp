@@ -43,6 +43,7 @@ void User::finish() {
     m_boxes.clear();
     m_browses.clear();
     m_forms.clear();
+    m_progress.clear();
     if (faults.empty()) return;
     std::string all;
     for (const std::string& fault : faults) all += (all.empty() ? "" : "; ") + fault;
@@ -105,6 +106,10 @@ std::string User::browseCameUp(const BrowseRequest& request) {
     std::string path = std::move(m_browsePaths.front());
     m_browsePaths.pop_front();
     return path;
+}
+
+void User::progressSeen(SeenProgress sign) {
+    m_progress.push_back(std::move(sign));
 }
 
 void User::blame(std::string fault) {

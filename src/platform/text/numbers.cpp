@@ -372,6 +372,16 @@ std::int16_t toInt16(std::string_view text) {
     return static_cast<std::int16_t>(rounded);
 }
 
+std::string countText(std::size_t count) {
+    const std::string digits = std::to_string(count);
+    std::string text;
+    for (std::size_t at = 0; at < digits.size(); ++at) {
+        if (at > 0 && (digits.size() - at) % 3 == 0) text += currentMarks().thousands;
+        text += digits[at];
+    }
+    return text;
+}
+
 std::int16_t toInt16(std::size_t count) {
     if (count > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) raiseOverflow();
     return static_cast<std::int16_t>(count);

@@ -29,6 +29,9 @@ double toDouble(std::string_view text);
 /// number, errc::Overflow when the number is beyond 16 bits or beyond a double.
 std::int16_t toInt16(std::string_view text);
 
+/// A count as a person reads it: in groups of three digits, by the marks of the user's locale.
+std::string countText(std::size_t count);
+
 /// A count as a 16-bit integer. Raises `Error` (errc::Overflow) beyond 32,767.
 std::int16_t toInt16(std::size_t count);
 

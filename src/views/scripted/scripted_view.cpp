@@ -31,4 +31,8 @@ long ScriptedView::deviceContext(Form&) {
     return 0;
 }
 
+void ScriptedView::showProgress(const Progress& progress) {
+    m_person->watch(progress);
+}
+
 }  // namespace wynconfig

@@ -8,6 +8,7 @@
 #include "wynconfig/export.h"
 #include "wynconfig/form.h"
 #include "wynconfig/keyboard.h"
+#include "wynconfig/mnemonic.h"
 #include "wynconfig/scripted_view.h"
 
 namespace wynconfig {
@@ -21,6 +22,10 @@ class WYNCONFIG_INSIDE ScriptedView::Person : public User {
     void meet(Form& form);
     int answerBox(const MessageRequest& box) { return boxCameUp(box); }
     std::string answerBrowse(const BrowseRequest& request) { return browseCameUp(request); }
+    void watch(const Progress& progress) {
+        progressSeen({progress.stage, plainCaption(progress.title), progress.text, progress.done,
+                      progress.all});
+    }
 
     std::string formName() const override;
     std::string formTitle() const override;
