@@ -21,6 +21,7 @@
 #include "views/qt/form_window.h"
 #include "views/qt/person/hands.h"
 #include "views/qt/person/person.h"
+#include "views/qt/waiting.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {
@@ -124,6 +125,7 @@ class Desktop : public QtView {
     std::string browse(const BrowseRequest& request) override;
     void raise(Form& form, bool topMost) override;
     long deviceContext(Form&) override;
+    void showProgress(const Progress& progress) override;
 
     User& user() override {
         m_driven = true;
@@ -152,6 +154,8 @@ class Desktop : public QtView {
     /// The window of a form, or null.
     FormWindow* windowOf(const Form* form) const;
     QWidget* parentFor(const Form* owner) const;
+    /// Something has left the screen.
+    void leftScreen();
     /// Has a window that came up without a parent belong to the window of another toolkit.
     void giveOwner(QWidget& window) const;
 
@@ -162,6 +166,8 @@ class Desktop : public QtView {
     std::uintptr_t m_ownerNumber = 0;  ///< of a window that is none of this toolkit
     std::function<void(const std::string&)> m_watcher;
     std::map<const Form*, bool> m_raised;  ///< forms raised before they had a window
+    desktop::Waiting m_waiting;
+    std::shared_ptr<bool> m_uncovered = std::make_shared<bool>(false);  ///< see `leftScreen`
 };
 
 FormWindow* Desktop::windowOf(const Form* form) const {
@@ -205,6 +211,7 @@ void Desktop::showModal(Form& form) {
     const auto leave = qScopeGuard([this] {
         m_screen.forms.pop_back();
         m_screen.windows.pop_back();
+        leftScreen();
     });
     if (const auto found = m_raised.find(&form); found != m_raised.end()) {
         window.setWindowFlag(Qt::WindowStaysOnTopHint, found->second);
@@ -219,7 +226,10 @@ void Desktop::showModal(Form& form) {
 template <class Dialog, class Act>
 void Desktop::runDialog(Dialog& dialog, const std::string& name, const Act& act) {
     m_screen.windows.push_back(&dialog);
-    const auto leave = qScopeGuard([this] { m_screen.windows.pop_back(); });
+    const auto leave = qScopeGuard([this] {
+        m_screen.windows.pop_back();
+        leftScreen();
+    });
     std::exception_ptr failure;
     const auto begin = [&] {
         try {
@@ -268,6 +278,30 @@ void Desktop::raise(Form& form, bool topMost) {
 long Desktop::deviceContext(Form&) {
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen ? std::lround(screen->logicalDotsPerInch()) : 0;
+}
+
+/// What it covered is painted by the event loop, unless work begins before that runs again.
+void Desktop::leftScreen() {
+    if (std::exchange(*m_uncovered, true)) return;
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [uncovered = m_uncovered] { *uncovered = false; },
+        Qt::QueuedConnection);
+}
+
+void Desktop::showProgress(const Progress& progress) {
+    switch (progress.stage) {
+        case Progress::Stage::Begins:
+            m_waiting.begin();
+            if (std::exchange(*m_uncovered, false)) desktop::paintWindows();
+            break;
+        case Progress::Stage::Lasts:
+            m_waiting.panel(parentFor(nullptr)).tell(progress);
+            break;
+        case Progress::Stage::Ends:
+            m_waiting.end();
+            break;
+    }
+    if (m_driven) m_person.watch(progress.stage, m_waiting.panel());
 }
 
 void Desktop::savePicture(const std::string& path) {

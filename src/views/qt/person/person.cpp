@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QStyle>
 #include <QStyleOption>
 #include <QTabBar>
@@ -18,6 +19,7 @@
 #include "views/qt/convert.h"
 #include "views/qt/person/hands.h"
 #include "views/qt/person/sight.h"
+#include "views/qt/waiting.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/key_holder.h"
 
@@ -86,6 +88,28 @@ void Person::pickPath(QFileDialog& dialog, const BrowseRequest& request) {
         blame("the browse dialog \"" + request.title + "\" does not take \"" + path + "\"");
     }
     dialog.reject();
+}
+
+void Person::watch(Progress::Stage stage, const ProgressPanel* panel) {
+    const QCursor* cursor = QGuiApplication::overrideCursor();
+    const bool waits = cursor && cursor->shape() == Qt::WaitCursor;
+    const bool isThere = panel && panel->isVisible();
+    SeenProgress sign{stage, {}, {}, 0, 0};
+    switch (stage) {
+        case Progress::Stage::Begins:
+            if (waits && !isThere) progressSeen(sign);
+            return;
+        case Progress::Stage::Lasts:
+            if (!waits || !isThere) return;
+            sign.title = fromQt(panel->title());
+            sign.text = fromQt(panel->text());
+            sign.done = static_cast<std::size_t>(panel->bar().value());
+            sign.all = static_cast<std::size_t>(panel->bar().maximum());
+            return progressSeen(sign);
+        case Progress::Stage::Ends:
+            if (!waits && !isThere) progressSeen(sign);
+            return;
+    }
 }
 
 FormWindow& Person::top() const {

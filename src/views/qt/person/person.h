@@ -16,6 +16,7 @@ class QMessageBox;
 
 namespace wynconfig::desktop {
 
+class ProgressPanel;
 class RowList;
 
 /// What the view has on the screen, the topmost last.
@@ -34,6 +35,9 @@ class Person : public User {
     void meet(FormWindow& window);
     void answer(QMessageBox& box, const MessageRequest& shown);
     void pickPath(QFileDialog& dialog, const BrowseRequest& request);
+    /// Looks for the signs of work.
+    /// @param panel  the one with a bar; null: it is not there
+    void watch(Progress::Stage stage, const ProgressPanel* panel);
 
     std::string formName() const override;
     std::string formTitle() const override;
