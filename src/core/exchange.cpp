@@ -14,6 +14,7 @@
 #include "services/global_error.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
+#include "services/progress_words.h"
 #include "store/config_global_module.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/error.h"
@@ -53,6 +54,7 @@ void checkBounds(const ExchangedFormats& formats) {
 bool takePartFormats(OnError& on, Document& document, const ExchangedFormats& formats) {
     g_PartFormats = {};
     if (!on([&] { checkBounds(formats); })) return true;
+    Working work(transferringFormats, formats.texts.size());
     for (std::size_t i = 0; i < formats.texts.size(); ++i) {
         if (!document.loadXML(formats.texts[i])) {
             const std::int64_t index = formats.first + static_cast<std::int64_t>(i);
@@ -60,6 +62,7 @@ bool takePartFormats(OnError& on, Document& document, const ExchangedFormats& fo
             return false;
         }
         takePartFormat(on, document);
+        work.step();
     }
     return true;
 }
@@ -82,11 +85,13 @@ std::vector<std::string> WYNConfig::GetDatasetFormatsData() {
     const Collection<Dataset>::Items formats(g_PartFormats.begin(), g_PartFormats.end());
     std::vector<std::string> texts;
     texts.reserve(formats.size());
+    Working work(transferringFormats, formats.size());
     // One document for all of them: a record that can't be saved gets the text of the one before.
     Document document;
     for (const auto& item : formats) {
         on([&] { item.second->Save(document); });
         texts.push_back(document.xml());
+        work.step();
     }
     return texts;
 }

@@ -3,12 +3,14 @@
 
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "platform/files/file_system.h"
 #include "platform/forms/observing.h"
 #include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "services/on_error.h"
+#include "services/progress_words.h"
 #include "store/comma_list.h"
 #include "store/config_global_module.h"
 #include "store/row_variable.h"
@@ -45,7 +47,9 @@ bool MigratePartFormats(const std::string& path, const std::string& formatList) 
     bool allRead = false;
     on([&] {
         g_PartFormats = {};
-        for (const std::string_view name : splitAtCommas(formatList)) {
+        const std::vector<std::string_view> names = splitAtCommas(formatList);
+        Working work(transferringFormats, names.size());
+        for (const std::string_view name : names) {
             const std::string upper = UCase(name);
             const std::string file = fileSystem().find(ItemPath::item(path, upper));
             if (file.empty()) return;
@@ -53,6 +57,7 @@ bool MigratePartFormats(const std::string& path, const std::string& formatList) 
             format->Load(ItemPath{path, file}, 0);
             if (g_PartFormats.HasKey(upper)) g_PartFormats.Remove(upper);
             g_PartFormats.Add(format, upper);
+            work.step();
         }
         allRead = true;
     });
@@ -63,6 +68,7 @@ bool WYNConfig::MigrateSession(const std::string& migrationPath,
                                const std::string& strSessionName) {
     const OperationScope here("MigrateSession");
     OnError on{"WYNConfig:MigrateSession"};
+    const Working wait;
     const std::string sessionFolder = migrationPath + session::kType + "\\";
     const std::string partFolder = migrationPath + partformat::kType + "\\";
     if (on.test([&] { return !fileSystem().folderExists(partFolder); })) return false;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "services/on_error.h"
+#include "services/progress_words.h"
 #include "store/config_global_module.h"
 #include "store/item_names.h"
 #include "store/session_record.h"
@@ -18,8 +19,10 @@ using namespace ConfigGlobalModule;
 
 bool isOnlyFormatOfASession(const std::string& format, std::string& session) {
     OnError on{"UnifrmMORAMConfig:CheckForLastPartNumberFormatInAllMORAMs"};
+    Working work(checkingSessions);
     std::vector<std::string> names;
     on([&] { names = listItemNames(g_SessionFolder); });
+    work.expect(names.size());
     Dataset record;
     for (const std::string& name : names) {
         on([&] { record.Load(ItemPath::item(g_SessionFolder, name), 0); });
@@ -30,6 +33,7 @@ bool isOnlyFormatOfASession(const std::string& format, std::string& session) {
             session = name;
             return true;
         }
+        work.step();
     }
     session.clear();
     return false;
@@ -38,10 +42,11 @@ bool isOnlyFormatOfASession(const std::string& format, std::string& session) {
 void carryFormatThroughSessions(const std::string& oldName, const std::string& newName) {
     if (g_DatasetMode) return;
     OnError on{"UnifrmMORAMConfig:UpdatePartNumberFormatsInAllMORAMs"};
-    rewriteSessions(g_SessionFolder, on, [&](const ItemPath& file, Dataset& record) {
+    const auto carry = [&](const ItemPath& file, Dataset& record) {
         carryFormatThroughRecord(record, oldName, newName);
         on([&] { record.Save(file); });
-    });
+    };
+    rewriteSessions(g_SessionFolder, on, carry, updatingSessions, savingSessions);
 }
 
 void carryFormatThroughRecord(Dataset& record, const std::string& oldName,

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/files/file_system.h"
+#include "platform/forms/working.h"
 #include "store/item_names.h"
 #include "wynconfig/dataset.h"
 
@@ -52,18 +53,26 @@ inline std::vector<ItemPath> sessionFiles(const std::string& folder) {
 /// disk, each wholly old or wholly new at any moment. What another program saved meanwhile is
 /// loaded and changed once more before it is replaced, and what it deleted stays deleted.
 /// @param guard, change  as for `walkSessions`
+/// @param updating, saving  tell a person who waits what is being done
 template <class Guard, class Change>
-void rewriteSessions(const std::string& folder, Guard&& guard, Change&& change) {
+void rewriteSessions(const std::string& folder, Guard&& guard, Change&& change,
+                     Working::Wording updating = nullptr, Working::Wording saving = nullptr) {
+    const Working wait;
     std::vector<ItemPath> files;
     guard([&] { files = sessionFiles(folder); });
     if (files.empty()) return;
     SaveBatch batch(fileSystem());
     Dataset record;
     const auto walk = [&](const std::vector<ItemPath>& some) {
-        walkSessions(some, record, guard, change);
+        Working work(updating, some.size());
+        walkSessions(some, record, guard, [&](const ItemPath& file, Dataset& session) {
+            change(file, session);
+            work.step();
+        });
     };
     walk(files);
-    guard([&] { batch.commit(walk); });
+    Working work(saving, files.size());
+    guard([&] { batch.commit(walk, [&] { work.step(); }); });
 }
 
 }  // namespace wynconfig

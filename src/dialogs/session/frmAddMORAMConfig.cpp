@@ -8,6 +8,7 @@
 #include "platform/text/text.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
+#include "services/progress_words.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
 #include "store/item_names.h"
@@ -66,10 +67,15 @@ void frmAddMORAMConfig::init(const std::string& sName) {
 void frmAddMORAMConfig::loadCboConfigs() {
     OnError on{"frmAddMORAMConfig:loadCboConfigs"};
     on([&] { cboConfigs.clear(); });
+    Working work(listingSessions);
     std::vector<std::string> names;
     on([&] { names = listItemNames(g_SessionFolder); });
+    work.expect(names.size());
     on([&] { cboConfigs.addItem(GetString("ADD_MORAM_CONFIG_NONE")); });
-    for (const std::string& name : names) on([&] { cboConfigs.addItem(name); });
+    for (const std::string& name : names) {
+        on([&] { cboConfigs.addItem(name); });
+        work.step();
+    }
     if (!cboConfigs.items().empty()) on([&] { cboConfigs.setSelectedIndex(0); });
 }
 

@@ -6,6 +6,7 @@
 #include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
+#include "services/progress_words.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
 #include "store/item_names.h"
@@ -62,10 +63,15 @@ void frmMORAMMaintenance::Form_Unload() {
 
 void frmMORAMMaintenance::loadLstAvailableMORAMs() {
     OnError on{"frmMORAMMaintenance:loadLstAvailableMORAMs"};
+    Working work(listingSessions);
     on([&] { lstAvailableMORAMs2.clear(); });
     std::vector<std::string> names;
     on([&] { names = listItemNames(g_SessionFolder); });
-    for (const std::string& name : names) on([&] { lstAvailableMORAMs2.add(name, name, font()); });
+    work.expect(names.size());
+    for (const std::string& name : names) {
+        on([&] { lstAvailableMORAMs2.add(name, name, font()); });
+        work.step();
+    }
     on([&] { lstAvailableMORAMs2.setVisible(true); });
     if (!names.empty()) on([&] { lstAvailableMORAMs2.refresh(); });
 }

@@ -3,10 +3,12 @@
 
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 #include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
+#include "services/progress_words.h"
 #include "services/texts.h"
 #include "store/comma_list.h"
 #include "wynconfig/wynconfig.h"
@@ -69,10 +71,14 @@ void frmSessionManager::init(bool bEnableConfig, const std::string& sConfiguredS
 /// Names whose item file has gone leave the list, all of them in one pass.
 void frmSessionManager::loadLstConfiguredSessions() {
     OnError on{"frmSessionManager:loadLstConfiguredSessions"};
+    Working work(listingSessions);
     on([&] { lstAvailableTESessions.clear(); });
     const std::string sessions = m_Sessions;
+    const std::vector<std::string_view> parts = splitAtCommas(sessions);
+    work.expect(parts.size());
     std::unordered_set<std::string_view> gone;
-    for (const std::string_view part : splitAtCommas(sessions)) {
+    for (const std::string_view part : parts) {
+        work.step();
         if (gone.contains(part)) continue;
         const std::string name(part);
         if (on.test([&] { return IsFactorySession(name); }))

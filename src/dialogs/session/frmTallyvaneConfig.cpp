@@ -6,6 +6,7 @@
 #include "platform/text/text.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
+#include "services/progress_words.h"
 #include "services/status.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
@@ -61,13 +62,18 @@ void frmTallyvaneConfig::Form_Unload() {
 
 void frmTallyvaneConfig::loadCboPartFormat() {
     OnError on{"frmTallyvaneConfig:loadCboPartFormat"};
+    Working work(listingFormats);
     std::vector<std::string> names;
     on([&] { names = listItemNames(g_PartFormatFolder); });
+    work.expect(names.size());
     if (!names.empty()) {
         on([&] { cboPartFormat.clear(); });
         on([&] { cboPartFormat.addItem("<" + GetString("ADD_MORAM_CONFIG_NONE") + ">"); });
     }
-    for (const std::string& name : names) on([&] { cboPartFormat.addItem(name); });
+    for (const std::string& name : names) {
+        on([&] { cboPartFormat.addItem(name); });
+        work.step();
+    }
     if (g_DatasetMode) {
         for (const auto& [key, format] : g_PartFormats) {
             const std::string& name = format->Name();

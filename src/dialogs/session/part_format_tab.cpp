@@ -16,6 +16,7 @@
 #include "services/item_lists.h"
 #include "services/list_and_name_helpers.h"
 #include "services/on_error.h"
+#include "services/progress_words.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
 #include "store/item_names.h"
@@ -95,12 +96,16 @@ void PartFormatTab::showFilled(OnError& on, ListView& list) {
 
 void PartFormatTab::loadAvailableFormats() {
     OnError on{"UnifrmMORAMConfig:loadAvailableFormats"};
+    Working work(listingFormats);
     std::vector<std::string> names;
     on([&] { names = listItemNames(g_PartFormatFolder); });
     if (names.empty()) return;
+    work.expect(names.size());
     on([&] { lstAvailableFormats.clear(); });
-    for (const std::string& name : names)
+    for (const std::string& name : names) {
         on([&] { lstAvailableFormats.add(name, name, m_dialog.font()); });
+        work.step();
+    }
     if (g_DatasetMode) {
         for (const auto& [key, format] : g_PartFormats) {
             const std::string& name = format->Name();
@@ -175,6 +180,7 @@ void PartFormatTab::btnEdit_Click() {
     on([&] { editor.init(name); });
     on([&] { editor.Show(); });
     if (on.test([&] { return editor.Result() == 0; })) {
+        const Working wait;
         const std::string& newName = editor.FormatName();
         on([&] { UpdateLstSelectedFormats(name, newName); });
         on([&] { carryFormatThroughSessions(name, newName); });
@@ -239,6 +245,7 @@ void PartFormatTab::btnRename_Click() {
     if (prompt.Result() == 0) {
         const std::string& newName = prompt.TextBox();
         if (newName.empty() || newName == oldName || isNewNameRefused(on, newName)) return;
+        const Working wait;
         if (g_DatasetMode) {
             if (!renameInMemory(on, oldName, newName)) return;
         } else {
@@ -310,6 +317,7 @@ void PartFormatTab::btnDelete_Click() {
 }
 
 void PartFormatTab::deleteInFiles(OnError& on, const std::string& name) {
+    const Working wait;
     std::string session;
     if (on.test([&] { return isOnlyFormatOfASession(name, session); })) {
         const std::string text = fetchString(on, "MORAM_CONFIG_MSG_LAST_PART_FORMAT");

@@ -10,6 +10,7 @@
 #include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "services/list_and_name_helpers.h"
+#include "services/progress_words.h"
 #include "services/status.h"
 #include "services/texts.h"
 #include "store/config_global_module.h"
@@ -122,6 +123,7 @@ void SessionApplying::removeFormatRows() {
 
 void SessionApplying::writeFormatRows() {
     const auto& rows = m_dialog.formatTab.lstSelectedFormats2.rows();
+    Working work(m_inMemory ? transferringFormats : nullptr, rows.size());
     m_on([&] { m_session->AddRow({session::kFormatCount, std::to_string(rows.size())}); });
     int number = 0;
     for (const ListRow& row : rows) {
@@ -129,6 +131,7 @@ void SessionApplying::writeFormatRows() {
         m_on([&] { m_session->AddRow({session::formatKey(number), row.text}); });
         if (m_inMemory && m_on.test([&] { return IsFactoryPartFormat(row.text); }))
             m_on([&] { AddFDToConfigPartFormats(row.text); });
+        work.step();
     }
 }
 

@@ -198,7 +198,7 @@ SaveBatch::~SaveBatch() {
     m_files.discardStaged();
 }
 
-void SaveBatch::commit(const Again& again) {
+void SaveBatch::commit(const Again& again, const std::function<void()>& placing) {
     if (!m_leads) return;
     constexpr int kMostRounds = 50;
     std::optional<Error> first;
@@ -206,7 +206,7 @@ void SaveBatch::commit(const Again& again) {
     for (int round = 1;; ++round) {
         std::vector<ItemPath> overtaken;
         try {
-            m_files.commitBatch(again && round < kMostRounds ? &overtaken : nullptr);
+            m_files.commitBatch(again && round < kMostRounds ? &overtaken : nullptr, placing);
         } catch (const GroupLost& failure) {
             if (!lost) lost = failure;
         } catch (const Error& failure) {
@@ -236,10 +236,12 @@ void FileSystem::endBatch() {
 /// Ends the batch and puts its files in place.
 /// @param overtaken  out, unless null: files that are left as they are, since somebody else changed
 /// them; filled also when a failure of another file is raised.
-void FileSystem::commitBatch(std::vector<ItemPath>* overtaken) {
+void FileSystem::commitBatch(std::vector<ItemPath>* overtaken,
+                             const std::function<void()>& placing) {
     const std::map<std::string, FileRead> read = std::move(m_read);
     endBatch();
     commitStaged([&](const std::string& file) {
+        if (placing) placing();
         const auto found = overtaken ? read.find(file) : read.end();
         if (found == read.end() || isAsRead(file, found->second)) return true;
         overtaken->push_back(found->second.path);

@@ -212,7 +212,7 @@ class FileSystem {
     bool isAsRead(const std::string& file, const FileRead& read);
     void beginBatch();
     void endBatch();
-    void commitBatch(std::vector<ItemPath>* overtaken);
+    void commitBatch(std::vector<ItemPath>* overtaken, const std::function<void()>& placing);
 
     const Index* indexOf(const std::string& folder, Trust trust);
     bool hasCurrentIndex(const std::string& folder);
@@ -254,7 +254,8 @@ class SaveBatch {
     /// in the batch: `again` gets those files, as their paths were given to `read`, while a batch
     /// is open anew, and that one is committed likewise. Somebody who changes a file all the time
     /// is given in to after some rounds: then the last save wins.
-    void commit(const Again& again = nullptr);
+    /// @param placing  is called for each file that is about to be put in place; must not raise
+    void commit(const Again& again = nullptr, const std::function<void()>& placing = nullptr);
 
   private:
     FileSystem& m_files;
