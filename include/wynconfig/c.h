@@ -343,6 +343,21 @@ typedef struct wyn_browse {
     int32_t files;               ///< not 0: files may be picked as well as folders
 } wyn_browse;
 
+// What wyn_progress tells.
+#define WYN_PROGRESS_BEGINS 0  ///< the person waits from here on; there are no words yet
+#define WYN_PROGRESS_LASTS 1   ///< the wait has taken half a second, and has words
+#define WYN_PROGRESS_ENDS 2    ///< every sign of it is to go
+
+/// Work that a person waits for. All but the stage is that of WYN_PROGRESS_LASTS alone.
+typedef struct wyn_progress {
+    size_t size;        ///< of the struct
+    int32_t stage;      ///< one of WYN_PROGRESS_...
+    const char* title;  ///< of a window; a mark of a key in it is not shown
+    const char* text;   ///< such as "Updating sessions: 1,204 of 10,000"
+    size_t done;        ///< how many are done
+    size_t all;         ///< how many there are
+} wyn_progress;
+
 /// A view of the host. Each function may be NULL but for the first one: its question then gets the
 /// answer that changes nothing. A number other than WYN_OK counts as a failure of the view, told by
 /// the description of wyn_fail.
@@ -362,6 +377,11 @@ typedef struct wyn_view {
     int32_t (*device_context)(void* context, int64_t* handle);
     /// Is called when the library has no more use for it, on the same thread.
     void (*release)(void* context);
+    /// Gives a sign of life while the library works through many items: that it begins, then ten
+    /// times a second at most how far it is, and that it has ended. It paints and returns, and lets
+    /// nobody act on a form meanwhile. What it fails with goes to the observer alone. A struct that
+    /// ends before it serves as well.
+    int32_t (*show_progress)(void* context, const wyn_progress* progress);
 } wyn_view;
 
 /// Installs the view of this thread; NULL takes away whatever view there is.
@@ -381,7 +401,8 @@ typedef struct wyn_observer {
     size_t size;    ///< of the struct, as WYN_STRUCT sets it
     void* context;  ///< goes to each of its functions
     /// Is called for every failure that is told the user, before its box comes up and whether it
-    /// does or not; and for a store's root without its separator, which no box tells.
+    /// does or not; and for what no box tells: a store's root without its separator, and a view
+    /// that fails at `show_progress`.
     void (*failed)(void* context, const wyn_failure* failure);
     /// Is called for every message box, once it has been answered by one of WYN_ANSWER_...
     void (*answered)(void* context, const wyn_box* box, int32_t answer);

@@ -2,6 +2,7 @@
 // structs come in and go out alike.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -46,13 +47,15 @@ char* textOut(const std::string& text);
 /// Raises `Error` (WYN_ERROR_CALL) when there is no place for a result.
 WYNCONFIG_API void requirePlace(const void* place);
 
-/// A struct that came in, as far as its caller knows it. Raises `Error` (WYN_ERROR_STRUCT).
+/// A struct that came in, as far as its caller knows it; the rest is empty. Raises `Error`
+/// (WYN_ERROR_STRUCT).
+/// @param least  what every caller knows of it
 template <class T>
-T structIn(const T* given) {
-    if (!given || given->size < sizeof(T))
+T structIn(const T* given, std::size_t least = sizeof(T)) {
+    if (!given || given->size < least)
         throw Error(WYN_ERROR_STRUCT, "A struct has to begin with its size.");
-    T taken;
-    std::memcpy(&taken, given, sizeof(T));
+    T taken{};
+    std::memcpy(&taken, given, std::min(given->size, sizeof(T)));
     return taken;
 }
 

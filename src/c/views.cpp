@@ -68,7 +68,28 @@ class HostedView : public View {
         return static_cast<long>(handle);
     }
 
+    void showProgress(const Progress& progress) override {
+        if (!m_host->show_progress) return;
+        const Covered covered;
+        const wyn_progress told{sizeof(wyn_progress),   stageOut(progress.stage),
+                                progress.title.c_str(), progress.text.c_str(),
+                                progress.done,          progress.all};
+        callHost("show_progress", m_host->show_progress, m_host->context, &told);
+    }
+
   private:
+    static std::int32_t stageOut(Progress::Stage stage) {
+        switch (stage) {
+            case Progress::Stage::Begins:
+                return WYN_PROGRESS_BEGINS;
+            case Progress::Stage::Lasts:
+                return WYN_PROGRESS_LASTS;
+            case Progress::Stage::Ends:
+                break;
+        }
+        return WYN_PROGRESS_ENDS;
+    }
+
     Hosted<wyn_view> m_host;
     std::shared_ptr<ScriptedView> m_screen = std::make_shared<ScriptedView>();
 };
@@ -117,7 +138,7 @@ int32_t wyn_leave(void) {
 int32_t wyn_install_view(const wyn_view* view) {
     return run("wyn_install_view", [&] {
         if (!view) return installView(nullptr);
-        const wyn_view functions = structIn(view);
+        const wyn_view functions = structIn(view, offsetof(wyn_view, show_progress));
         if (!functions.show_modal) throw Error(WYN_ERROR_CALL, "A view has to show forms.");
         installView(std::make_shared<HostedView>(functions));
     });

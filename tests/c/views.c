@@ -9,6 +9,8 @@ struct view {
     int raises;
     int contexts;
     int released;
+    int begun;
+    int ended;
     int32_t fails;
     int32_t (*act)(wyn_form* form);
 };
@@ -61,6 +63,18 @@ static void release(void* context) {
     ++((struct view*)context)->released;
 }
 
+// Quick work has no words.
+static int32_t show_progress(void* context, const wyn_progress* progress) {
+    struct view* const view = context;
+    EXPECT(progress->size == sizeof(wyn_progress));
+    EXPECT(progress->title[0] == '\0' && progress->text[0] == '\0');
+    EXPECT(progress->done == 0 && progress->all == 0);
+    if (progress->stage == WYN_PROGRESS_BEGINS) ++view->begun;
+    if (progress->stage == WYN_PROGRESS_ENDS) ++view->ended;
+    EXPECT(view->begun - view->ended == (progress->stage == WYN_PROGRESS_BEGINS ? 1 : 0));
+    return view->fails;
+}
+
 static wyn_view viewOf(struct view* context) {
     wyn_view view = WYN_STRUCT(wyn_view);
     view.context = context;
@@ -70,6 +84,7 @@ static wyn_view viewOf(struct view* context) {
     view.raise = raise_window;
     view.device_context = device_context;
     view.release = release;
+    view.show_progress = show_progress;
     return view;
 }
 
@@ -141,6 +156,7 @@ static void shows_forms(void) {
     OK(wyn_install_view(&view));
     configure(0);
     EXPECT(context.forms == 1 && context.browses == 1 && context.contexts > 0);
+    EXPECT(context.begun > 0 && context.ended == context.begun);
     // They are closed with the dialog.
     GIVES_NOTHING(WYN_ERROR_HANDLE, wyn_form_name(kept_form, &text));
     FAILS(WYN_ERROR_HANDLE, wyn_click(kept_control));
@@ -174,6 +190,22 @@ static void may_lack_functions(void) {
     configure(1);
     OK(wyn_install_view(NULL));
     EXPECT(context.released == 0);
+    kept_control = NULL;
+}
+
+// A host that was built when views had no more functions than these is served as ever.
+static void may_end_before_the_signs_of_work(void) {
+    struct view context = {0};
+    wyn_view view = viewOf(&context);
+    view.size = offsetof(wyn_view, show_progress);
+    context.act = leave_open;
+    OK(wyn_install_view(&view));
+    configure(1);
+    EXPECT(context.forms == 1 && context.begun == 0);
+    view.size -= 1;
+    FAILS(WYN_ERROR_STRUCT, wyn_install_view(&view));
+    OK(wyn_install_view(NULL));
+    EXPECT(context.released == 1);
     kept_control = NULL;
 }
 
@@ -242,5 +274,6 @@ void view_cases(void) {
     save_session("COUNTER");
     shows_forms();
     may_lack_functions();
+    may_end_before_the_signs_of_work();
     its_failures_are_told();
 }

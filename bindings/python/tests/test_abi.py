@@ -20,6 +20,7 @@ CALLBACKS = {
     "browse": _abi.BROWSE,
     "raise": _abi.RAISE,
     "device_context": _abi.DEVICE_CONTEXT,
+    "show_progress": _abi.SHOW_PROGRESS,
     "failed": _abi.FAILED,
     "answered": _abi.ANSWERED,
 }
@@ -115,7 +116,7 @@ def test_every_function_is_used():
 
 
 def test_the_structs_are_those_of_the_header():
-    assert len(structs()) == 10
+    assert len(structs()) == 11
     for name, body in structs().items():
         fields = []
         for field in filter(None, map(str.strip, body.split(";"))):
@@ -146,6 +147,7 @@ def test_the_numbers_are_those_of_the_header():
     for head, numbers in [
         ("BOX", wynconfig.BoxStyle),
         ("ANSWER", wynconfig.Answer),
+        ("PROGRESS", wynconfig.Stage),
         ("KEY", wynconfig.Key),
         ("NODE", wynconfig.NodeKind),
         ("", wynconfig.ControlKind),

@@ -20,6 +20,10 @@ class ScriptedHost(wynconfig.View):
         self.raised = []
         self.answers = []
         self.path = ""
+        self.signs = []
+
+    def show_progress(self, progress):
+        self.signs.append(progress)
 
     def show_modal(self, form):
         self.scripts[form.name](form)
@@ -96,6 +100,14 @@ def test_a_session_is_added_by_a_view_of_the_host(store, root):
     assert store.check() == []
     assert view.boxes == []
     assert view.raised == [True, False, True, False]  # each form once to the front
+
+
+def test_a_view_is_told_of_work(store):
+    view = install(MORAMConfig=cancel)
+    wynconfig.showMORAMConfigDlg("bench")
+    begins, ends = view.signs
+    assert begins == wynconfig.Progress(wynconfig.Stage.BEGINS, "", "", 0, 0)
+    assert ends.stage is wynconfig.Stage.ENDS
 
 
 def nodes_below(node):

@@ -109,6 +109,22 @@ RAISE = CFUNCTYPE(c_int32, c_void_p, c_int32)
 DEVICE_CONTEXT = CFUNCTYPE(c_int32, c_void_p, POINTER(c_int64))
 
 
+class Progress(Structure):
+    """wyn_progress"""
+
+    _fields_ = [
+        ("size", c_size_t),
+        ("stage", c_int32),
+        ("title", c_char_p),
+        ("text", c_char_p),
+        ("done", c_size_t),
+        ("all", c_size_t),
+    ]
+
+
+SHOW_PROGRESS = CFUNCTYPE(c_int32, c_void_p, POINTER(Progress))
+
+
 class View(Structure):
     """wyn_view"""
 
@@ -121,6 +137,7 @@ class View(Structure):
         ("raise", RAISE),
         ("device_context", DEVICE_CONTEXT),
         ("release", RELEASE),
+        ("show_progress", SHOW_PROGRESS),
     ]
 
 

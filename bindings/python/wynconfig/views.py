@@ -57,6 +57,30 @@ class BrowseRequest:
     """Files may be picked as well as folders."""
 
 
+class Stage(enum.IntEnum):
+    """What a sign of work tells."""
+
+    BEGINS = 0
+    """The person waits from here on; there are no words yet."""
+    LASTS = 1
+    """The wait has taken half a second, and has words."""
+    ENDS = 2
+    """Every sign of it is to go."""
+
+
+@dataclass(frozen=True)
+class Progress:
+    """Work that a person waits for. All but the stage is that of `Stage.LASTS` alone."""
+
+    stage: Stage
+    title: str
+    """Of a window."""
+    text: str
+    """Such as "Updating sessions: 1,204 of 10,000"."""
+    done: int
+    all: int
+
+
 class View(abc.ABC):
     """A view of the host. What its methods raise comes back by the operation, after a box has told
     of it."""
@@ -84,6 +108,13 @@ class View(abc.ABC):
     def device_context(self) -> int:
         """A number by which the resource manager may tell the screen."""
         return 0
+
+    def show_progress(self, progress: Progress) -> None:
+        """Gives a sign of life while the library works through many items: that it begins, then
+        ten times a second at most how far it is, and that it has ended. Here: nothing.
+
+        It paints and returns, and lets nobody act on a form meanwhile.
+        """
 
 
 @dataclass(frozen=True)
@@ -146,6 +177,13 @@ def _device_context(view: View, handle: Any) -> None:
     handle[0] = view.device_context()
 
 
+def _show_progress(view: View, place: Any) -> None:
+    sign = place[0]
+    view.show_progress(
+        Progress(Stage(sign.stage), sign.title.decode(), sign.text.decode(), sign.done, sign.all)
+    )
+
+
 def _failed(observer: Observer, place: Any) -> None:
     failure = place[0]
     observer.failed(
@@ -169,6 +207,7 @@ _VIEW = (
     _library.callback(_abi.RAISE, _raise),
     _library.callback(_abi.DEVICE_CONTEXT, _device_context),
     _library.release,
+    _library.callback(_abi.SHOW_PROGRESS, _show_progress),
 )
 _OBSERVER = (
     _library.callback(_abi.FAILED, _failed),
