@@ -86,6 +86,9 @@ class WYNCONFIG_API Form {
     Control* focused() const { return m_focused; }
     /// How the dialog is laid out; built at the first call.
     const FormLayout& layout();
+    /// What helps a person with one of its controls, or, with null, with the dialog as a whole.
+    /// UTF-8; empty where there is no help. Is fetched anew each time. Loads and raises nothing.
+    std::string help(const Control* control = nullptr) const noexcept;
 
     /// Whoever shows the form watches it here; null ends that.
     void observe(FormObserver* observer) { m_observer = observer; }
@@ -102,6 +105,8 @@ class WYNCONFIG_API Form {
     virtual void Form_Resize() {}
     /// Says how the dialog is laid out, by the words of `layout`. Each control stands there once.
     virtual FormLayout declareLayout() = 0;
+    /// Fetches what `help` gives. What it raises counts as no help.
+    virtual std::string fetchHelp(const Control* control) const;
 
   private:
     friend class Control;

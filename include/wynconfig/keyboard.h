@@ -26,6 +26,7 @@ enum class FormKey {
                   ///< presses the default button
     Escape,       ///< presses the cancel button
     Delete,       ///< in a list presses the button behind it
+    F1,           ///< shows the help of the form
     F2,           ///< in a list presses the button behind it
     Tab,          ///< leads to the next place, around the end
     BackTab,      ///< Shift and Tab
@@ -42,11 +43,12 @@ struct WYNCONFIG_API KeyAct {
         Press,    ///< a button is pressed, a check box turned, an option chosen
         Pick,     ///< a row of a list is picked, also when it is selected already
         GoTo,     ///< a row of a list is picked, or an item of a combo box chosen, unless it is so
-        TurnTab   ///< a tab comes on top
+        TurnTab,  ///< a tab comes on top
+        Help      ///< the view shows `helpPage`, and nothing comes to the form
     };
 
     Kind kind = Kind::Nothing;   ///< what is to be done
-    Control* control = nullptr;  ///< null for nothing
+    Control* control = nullptr;  ///< null for nothing and for help
     std::size_t number = 0;      ///< of the row, item or tab, from 1
     bool takesFocus = false;     ///< the control gets the focus first, as at a click
 

@@ -47,6 +47,11 @@ std::string GetString(const std::string& key) {
     return resourceManager()->GetString(key);
 }
 
+std::string GetHelp(const std::string& key) {
+    const std::shared_ptr<ResourceManager> manager = ConfigGlobalModule::g_ResMgr;
+    return manager ? manager->GetHelp(key) : std::string();
+}
+
 std::string fetchString(OnError& on, const std::string& key) {
     std::string text;
     on([&] { text = GetString(key); });

@@ -17,6 +17,10 @@ namespace wynconfig {
 /// whatever the manager raises.
 std::string GetString(const std::string& key);
 
+/// The help of a key from the host's resource manager; empty without a manager. Raises whatever the
+/// manager raises.
+std::string GetHelp(const std::string& key);
+
 /// The text of a key, as a statement of its own; empty after a failure, which `on` deals with.
 std::string fetchString(OnError& on, const std::string& key);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -196,7 +197,7 @@ TEST(AllDialogs, AreUnderTheseTests) {
         if (entry.path().extension() != ".h") continue;
         std::ostringstream text;
         text << std::ifstream(entry.path()).rdbuf();
-        if (text.str().find(" : public Form {") != std::string::npos)
+        if (std::regex_search(text.str(), std::regex(" : public (Helped)?Form \\{")))
             declared.insert(entry.path().stem().string());
     }
     std::set<std::string> tested;

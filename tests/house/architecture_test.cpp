@@ -154,6 +154,7 @@ const std::map<std::string, std::string> kHomes{
     {"error.h", "platform/text"},
     {"export.h", "platform/text"},
     {"form.h", "platform/forms"},
+    {"help.h", "platform/forms"},
     {"item_path.h", "platform/files"},
     {"key_holder.h", "platform/forms"},
     {"keyboard.h", "platform/forms"},

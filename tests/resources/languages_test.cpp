@@ -122,7 +122,9 @@ TEST_P(EveryLanguage, HasTheKeysOfTheComponentAndNoOthers) {
         std::smatch match;
         if (std::regex_match(line, match, entry)) keys.insert(match[1]);
     }
-    EXPECT_EQ(keys, std::multiset<std::string>(allKeys().begin(), allKeys().end()));
+    std::multiset<std::string> known(allKeys().begin(), allKeys().end());
+    known.insert(helpKeys().begin(), helpKeys().end());
+    EXPECT_EQ(keys, known);
 }
 
 TEST_P(EveryLanguage, HasNoEmptyTextAndNoBlanksToSpare) {
@@ -291,6 +293,95 @@ TEST_P(EveryLanguage, HasNoNameForTheRowThatStandsForNone) {
     // Names are in upper case. Letters without cases leave nothing to tell the row by.
     if (scriptsOf(none).latin) {
         EXPECT_NE(UCase(none), none);
+    }
+}
+
+/// The numbers of a text.
+std::multiset<std::string> numbersOf(const std::string& text) {
+    static const std::regex number("[0-9]+");
+    return {std::sregex_token_iterator(text.begin(), text.end(), number),
+            std::sregex_token_iterator()};
+}
+
+TEST_P(EveryLanguage, HelpsInWholeSentencesThatMarkNoKey) {
+    for (const std::string& key : helpKeys()) {
+        const std::string value = withPlainMarks(withoutDirections(text(key)));
+        SCOPED_TRACE(key + ": " + value);
+        EXPECT_TRUE(isUtf8(value));
+        EXPECT_EQ(value.find('&'), std::string::npos);
+        EXPECT_EQ(value.find("  "), std::string::npos);
+        EXPECT_EQ(value.find_first_of("\t\r\n"), std::string::npos);
+        // What is typed ends with no period.
+        const bool hasExample = english(key).find("Example: ") != std::string::npos;
+        EXPECT_NE(value.ends_with('.'), hasExample);
+        if (hasExample) {
+            EXPECT_NE(value.find(':'), std::string::npos);
+        }
+    }
+}
+
+TEST_P(EveryLanguage, HelpsWithTheSameTokensAndNumbers) {
+    const bool rightToLeft = bundleLanguage(WYNCONFIG_RESOURCES, GetParam()).rightToLeft;
+    const std::regex kept("\u200E<[^>]*>\u200E");
+    for (const std::string& key : helpKeys()) {
+        EXPECT_EQ(tokensOf(text(key)), tokensOf(english(key))) << key;
+        // What is counted in letters in one language may be a digit in another.
+        const std::multiset<std::string> numbers = numbersOf(english(key));
+        const std::multiset<std::string> here = numbersOf(text(key));
+        EXPECT_TRUE(std::includes(here.begin(), here.end(), numbers.begin(), numbers.end()))
+            << key << ": " << text(key);
+        if (rightToLeft) {
+            EXPECT_EQ(std::regex_replace(text(key), kept, "").find('<'), std::string::npos) << key;
+        }
+    }
+}
+
+TEST_P(EveryLanguage, HelpsInItsOwnWordsAndNotAtLength) {
+    for (const std::string& key : helpKeys()) {
+        SCOPED_TRACE(key + ": " + text(key));
+        EXPECT_EQ(text(key) == english(key), GetParam() == "en");
+        EXPECT_LE(charCount(text(key)), charCount(english(key)) * 3 / 2 + 12);
+        EXPECT_LE(charCount(english(key)), 400U);
+        if (GetParam() == "ar" || GetParam() == "ja" || GetParam() == "zh-Hans") {
+            const Scripts scripts = scriptsOf(text(key));
+            EXPECT_TRUE(scripts.arabic || scripts.han || scripts.kana);
+        }
+    }
+}
+
+TEST_P(ShippedLanguage, TellsTheUnitOfEachNumber) {
+    struct Units {
+        std::string characters;
+        std::string seconds;
+    };
+    static const std::map<std::string, Units> units = {
+        {"ar", {"الأحرف", "الثواني"}},     {"de", {"Zeichen", "Sekunden"}},
+        {"en", {"characters", "seconds"}}, {"es", {"caracteres", "segundos"}},
+        {"fr", {"caractères", "seconde"}}, {"it", {"caratteri", "secondi"}},
+        {"ja", {"文字数", "秒"}},          {"pt", {"caracteres", "segundos"}},
+        {"zh-Hans", {"字符", "秒"}}};
+    const auto& [characters, seconds] = units.at(GetParam());
+    EXPECT_NE(text("HELP_FIELD_LENGTH").find(characters), std::string::npos);
+    for (const char* key : {"HELP_LAUNCH_DELAY", "HELP_WINDOW_DELAY"})
+        EXPECT_NE(text(key).find(seconds), std::string::npos) << key;
+}
+
+TEST_P(ShippedLanguage, NamesCaptionsInHelpAsTheyAreSeen) {
+    const std::vector<std::pair<std::string, std::vector<std::string>>> named = {
+        {"HELP_SESSION",
+         {"MORAM_CONFIG_TAB_PART_FORMAT", "BUTTON_NEW", "BUTTON_TALLYVANE", "BUTTON_ADVANCED"}},
+        {"HELP_TALLYVANE", {"MORAM_CONFIG_TAB_PART_FORMAT", "BUTTON_OK"}},
+        {"HELP_ADVANCED", {"BUTTON_OK"}},
+        {"HELP_SESSIONS", {"BUTTON_OK"}},
+        {"HELP_MANAGER", {"BUTTON_OK"}}};
+    for (const auto& [help, captions] : named) {
+        for (const std::string& caption : captions) {
+            // A letter in brackets behind the words only marks the key.
+            const std::string seen = std::regex_replace(withoutDirections(plain(caption)),
+                                                        std::regex("\\([^)]*\\)$"), "");
+            EXPECT_NE(withoutDirections(text(help)).find(seen), std::string::npos)
+                << help << " " << seen;
+        }
     }
 }
 

@@ -6,7 +6,7 @@
 
 namespace wynconfig {
 
-dlgSingleEntry::dlgSingleEntry() : Form("dlgSingleEntry") {
+dlgSingleEntry::dlgSingleEntry() : HelpedForm("dlgSingleEntry") {
     const auto leaveWith = [this](long result) {
         m_Result = result;
         Unload();
@@ -26,6 +26,10 @@ void dlgSingleEntry::SetTextStrings() {
                 {&lblLabel, "DIALOG_LABEL"},
                 {&OKButton, "BUTTON_OK"},
                 {&CancelButton, "BUTTON_CANCEL"}});
+}
+
+HelpTable dlgSingleEntry::helpTable() const {
+    return {"HELP_RENAMING", {{"HELP_FORMAT_NAME", {&txtTextBox}}}};
 }
 
 void dlgSingleEntry::Form_Load() {

@@ -3,11 +3,11 @@
 
 #include <string>
 
-#include "wynconfig/form.h"
+#include "services/helped_form.h"
 
 namespace wynconfig {
 
-class dlgSingleEntry : public Form {
+class dlgSingleEntry : public HelpedForm {
   public:
     dlgSingleEntry();
 
@@ -29,6 +29,7 @@ class dlgSingleEntry : public Form {
     void Form_Load() override;
     void Form_Unload() override;
     FormLayout declareLayout() override;
+    HelpTable helpTable() const override;
 
     long m_Result = 1;
     std::string m_Text;

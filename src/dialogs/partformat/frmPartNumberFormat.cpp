@@ -74,7 +74,7 @@ Layout FieldGroup::declareLayout() {
 }
 
 frmPartNumberFormat::frmPartNumberFormat()
-    : Form("frmPartNumberFormat"),
+    : HelpedForm("frmPartNumberFormat"),
       Part(*this, kPart),
       Qty(*this, kQty),
       Desc(*this, kDesc),
@@ -161,6 +161,23 @@ void frmPartNumberFormat::SetTextStrings() {
         {&btnOk, "BUTTON_OK"},
         {&btnCancel, "BUTTON_CANCEL"},
     });
+}
+
+HelpTable frmPartNumberFormat::helpTable() const {
+    return {"HELP_PART_FORMAT",
+            {{"HELP_FORMAT_NAME", {&txtFormatName}},
+             {"HELP_HEADER", {&txtHeader}},
+             {"HELP_RECORD", {&txtRecord}},
+             {"HELP_SEPARATOR", {&txtSeparator}},
+             {"HELP_TRAILER", {&txtTrailer}},
+             {"HELP_SYMBOLS", {&lstSpecialSymbols2}},
+             {"HELP_FORMAT_FIELD", {&Part.check, &Qty.check, &Desc.check, &VIN.check}},
+             {"HELP_FIELD_LENGTH", {&Part.length, &Qty.length, &Desc.length, &VIN.length}},
+             {"HELP_ALIGNMENT",
+              {&Part.left, &Part.right, &Qty.left, &Qty.right, &Desc.left, &Desc.right, &VIN.left,
+               &VIN.right}},
+             {"HELP_PAD", {&Part.pad, &Qty.pad, &Desc.pad, &VIN.pad}},
+             {"HELP_MAX_RECORDS", {&txtMaxRecords}}}};
 }
 
 void frmPartNumberFormat::Form_Load() {

@@ -9,9 +9,9 @@
 #include <string_view>
 
 #include "services/fields.h"
+#include "services/helped_form.h"
 #include "services/messages.h"
 #include "wynconfig/dataset.h"
-#include "wynconfig/form.h"
 #include "wynconfig/keys.h"
 
 namespace wynconfig {
@@ -69,7 +69,7 @@ struct FieldGroup {
     Layout declareLayout();
 };
 
-class frmPartNumberFormat : public Form {
+class frmPartNumberFormat : public HelpedForm {
   public:
     frmPartNumberFormat();
 
@@ -108,6 +108,7 @@ class frmPartNumberFormat : public Form {
     void Form_Load() override;
     void Form_Unload() override;
     FormLayout declareLayout() override;
+    HelpTable helpTable() const override;
 
     /// The fields in the order in which they are read and stored.
     Fields fieldTable();

@@ -11,7 +11,7 @@ namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
-dlgAdvConfig::dlgAdvConfig() : Form("dlgAdvConfig") {
+dlgAdvConfig::dlgAdvConfig() : HelpedForm("dlgAdvConfig") {
     OKButton.Click = [this] { OKButton_Click(); };
     CancelButton.Click = [this] { CancelButton_Click(); };
     chkDisableProgramLaunch.Click = [this] { chkDisableProgramLaunch_Click(); };
@@ -50,6 +50,18 @@ void dlgAdvConfig::SetTextStrings() {
         {&OKButton, "BUTTON_OK"},
         {&CancelButton, "BUTTON_CANCEL"},
     });
+}
+
+HelpTable dlgAdvConfig::helpTable() const {
+    return {"HELP_ADVANCED",
+            {{"HELP_WINDOW_TITLE", {&txtWindowTitle}},
+             {"HELP_WINDOW_CLASS", {&txtWindowClass}},
+             {"HELP_MATCH",
+              {&btnTitleContains, &btnTitleStartsWith, &btnTitleMatches, &btnClassContains,
+               &btnClassStartsWith, &btnClassMatches}},
+             {"HELP_DISABLE_LAUNCH", {&chkDisableProgramLaunch}},
+             {"HELP_LAUNCH_DELAY", {&txtProgramLaunchDelay}},
+             {"HELP_WINDOW_DELAY", {&txtWindowTitleClassDelay}}}};
 }
 
 void dlgAdvConfig::Form_Load() {

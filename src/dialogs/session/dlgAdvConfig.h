@@ -6,14 +6,14 @@
 #include <string>
 
 #include "services/fields.h"
+#include "services/helped_form.h"
 #include "services/messages.h"
 #include "wynconfig/dataset.h"
-#include "wynconfig/form.h"
 #include "wynconfig/keys.h"
 
 namespace wynconfig {
 
-class dlgAdvConfig : public Form {
+class dlgAdvConfig : public HelpedForm {
   public:
     dlgAdvConfig();
 
@@ -52,6 +52,7 @@ class dlgAdvConfig : public Form {
     void Form_Load() override;
     void Form_Unload() override;
     FormLayout declareLayout() override;
+    HelpTable helpTable() const override;
 
     void showLaunchDelayEnabled(bool enabled);
     long ApplyChanges();

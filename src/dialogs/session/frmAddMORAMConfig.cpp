@@ -18,7 +18,7 @@ namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
-frmAddMORAMConfig::frmAddMORAMConfig() : Form("frmAddMORAMConfig") {
+frmAddMORAMConfig::frmAddMORAMConfig() : HelpedForm("frmAddMORAMConfig") {
     btnOK.Click = [this] { btnOk_Click(); };
     btnCancel.Click = [this] { btnCancel_Click(); };
     txtName.LostFocus = [this] { normaliseName(); };
@@ -37,6 +37,11 @@ void frmAddMORAMConfig::SetTextStrings() {
                 {&lblConfigs, "ADD_MORAM_CONFIG_LBL_CONFIGS"},
                 {&btnOK, "BUTTON_OK"},
                 {&btnCancel, "BUTTON_CANCEL"}});
+}
+
+HelpTable frmAddMORAMConfig::helpTable() const {
+    return {"HELP_NEW_SESSION",
+            {{"HELP_SESSION_NAME", {&txtName}}, {"HELP_BASE_SESSION", {&cboConfigs}}}};
 }
 
 void frmAddMORAMConfig::Form_Load() {

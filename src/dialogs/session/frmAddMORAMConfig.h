@@ -3,12 +3,12 @@
 
 #include <string>
 
+#include "services/helped_form.h"
 #include "services/messages.h"
-#include "wynconfig/form.h"
 
 namespace wynconfig {
 
-class frmAddMORAMConfig : public Form {
+class frmAddMORAMConfig : public HelpedForm {
   public:
     frmAddMORAMConfig();
 
@@ -35,6 +35,7 @@ class frmAddMORAMConfig : public Form {
     void Form_Activate() override;
     void Form_Unload() override;
     FormLayout declareLayout() override;
+    HelpTable helpTable() const override;
 
     void loadCboConfigs();
     /// Whether the name in the box may be that of a new session; shows the box that says why not.

@@ -21,7 +21,7 @@ namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
-frmMORAMConfig::frmMORAMConfig() : Form("frmMORAMConfig") {
+frmMORAMConfig::frmMORAMConfig() : HelpedForm("frmMORAMConfig") {
     SSTab2.TabClick = [this](int previous) { SSTab2_Click(previous); };
     txtDisplayName.LostFocus = [this] { txtDisplayName_LostFocus(); };
     btnBrowseFile.Click = [this] { btnBrowseFile_Click(); };
@@ -85,6 +85,29 @@ void frmMORAMConfig::SetTextStrings() {
         {&CommonDialog, {}, "Select an application"},
         {&m_messages.okCaption, "BUTTON_OK", "Ok"},
     });
+}
+
+HelpTable frmMORAMConfig::helpTable() const {
+    return {"HELP_SESSION",
+            {{"HELP_SESSION_NAME", {&txtDisplayName}},
+             {"HELP_PROGRAM_PATH", {&txtProgramPath}},
+             {"HELP_BROWSE_PROGRAM", {&btnBrowseFile}},
+             {"HELP_COMMAND_LINE", {&txtCommandLineArgs}},
+             {"HELP_ADVANCED_BUTTON", {&btnAdvanced}},
+             {"HELP_TALLYVANE_BUTTON", {&btnTallyvane}},
+             {"HELP_ORIENTATION", {&rdoTop, &rdoBottom, &rdoLeft, &rdoRight}},
+             {"HELP_REVERSE_LIST", {&chkReverseList}},
+             {"HELP_AUTO_RESIZE", {&chkAutoResize}},
+             {"HELP_AVAILABLE_FORMATS", {&formatTab.lstAvailableFormats}},
+             {"HELP_SELECTED_FORMATS", {&formatTab.lstSelectedFormats2}},
+             {"HELP_SELECT_FORMAT", {&formatTab.btnAdd}},
+             {"HELP_UNSELECT_FORMAT", {&formatTab.btnRemove}},
+             {"HELP_NEW_FORMAT", {&formatTab.btnNew}},
+             {"HELP_COPY_FORMAT", {&formatTab.btnCopy}},
+             {"HELP_RENAME_FORMAT", {&formatTab.btnRename}},
+             {"HELP_EDIT_FORMAT", {&formatTab.btnEdit}},
+             {"HELP_DELETE_FORMAT", {&formatTab.btnDelete}},
+             {"HELP_APPLY", {&btnApply}}}};
 }
 
 void frmMORAMConfig::Form_Load() {

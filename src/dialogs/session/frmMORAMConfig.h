@@ -8,14 +8,14 @@
 
 #include "dialogs/session/part_format_tab.h"
 #include "services/fields.h"
+#include "services/helped_form.h"
 #include "services/messages.h"
 #include "wynconfig/dataset.h"
-#include "wynconfig/form.h"
 #include "wynconfig/keys.h"
 
 namespace wynconfig {
 
-class frmMORAMConfig : public Form {
+class frmMORAMConfig : public HelpedForm {
   public:
     frmMORAMConfig();
 
@@ -81,6 +81,7 @@ class frmMORAMConfig : public Form {
     void Form_Unload() override;
     void Form_Resize() override;
     FormLayout declareLayout() override;
+    HelpTable helpTable() const override;
 
     /// The session's record, made at the first use.
     const std::shared_ptr<Dataset>& dataset();

@@ -16,7 +16,7 @@ namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
-frmMORAMMaintenance::frmMORAMMaintenance() : Form("frmMORAMMaintenance") {
+frmMORAMMaintenance::frmMORAMMaintenance() : HelpedForm("frmMORAMMaintenance") {
     btnNew.Click = [this] { btnNew_Click(); };
     btnDelete.Click = [this] { btnRemove_Click(); };
     btnEdit.Click = [this] { btnEdit_Click(); };
@@ -42,6 +42,14 @@ void frmMORAMMaintenance::SetTextStrings() {
                 {&btnEdit, "BUTTON_EDIT"},
                 {&btnOK, "BUTTON_OK"},
                 {&btnCancel, "BUTTON_CANCEL"}});
+}
+
+HelpTable frmMORAMMaintenance::helpTable() const {
+    return {"HELP_MAINTENANCE",
+            {{"HELP_SESSIONS", {&lstAvailableMORAMs2}},
+             {"HELP_MAKE_SESSION", {&btnNew}},
+             {"HELP_EDIT_SESSION", {&btnEdit}},
+             {"HELP_DELETE_SESSION", {&btnDelete}}}};
 }
 
 void frmMORAMMaintenance::Form_Load() {

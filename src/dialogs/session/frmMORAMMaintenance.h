@@ -4,12 +4,12 @@
 
 #include <string>
 
+#include "services/helped_form.h"
 #include "services/messages.h"
-#include "wynconfig/form.h"
 
 namespace wynconfig {
 
-class frmMORAMMaintenance : public Form {
+class frmMORAMMaintenance : public HelpedForm {
   public:
     frmMORAMMaintenance();
 
@@ -35,6 +35,7 @@ class frmMORAMMaintenance : public Form {
     void Form_Load() override;
     void Form_Unload() override;
     FormLayout declareLayout() override;
+    HelpTable helpTable() const override;
 
     void loadLstAvailableMORAMs();
     void btnNew_Click();

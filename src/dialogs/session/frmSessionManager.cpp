@@ -15,7 +15,7 @@
 
 namespace wynconfig {
 
-frmSessionManager::frmSessionManager() : Form("frmSessionManager") {
+frmSessionManager::frmSessionManager() : HelpedForm("frmSessionManager") {
     btnAdd.Click = [this] { btnNew_Click(); };
     btnDelete.Click = [this] { btnRemove_Click(); };
     btnEdit.Click = [this] { btnEdit_Click(); };
@@ -41,6 +41,14 @@ void frmSessionManager::SetTextStrings() {
                 {&btnEdit, "BUTTON_EDIT"},
                 {&btnOK, "BUTTON_OK"},
                 {&btnCancel, "BUTTON_CANCEL"}});
+}
+
+HelpTable frmSessionManager::helpTable() const {
+    return {"HELP_MANAGER",
+            {{"HELP_SESSION_LIST", {&lstAvailableTESessions}},
+             {"HELP_LIST_SESSION", {&btnAdd}},
+             {"HELP_EDIT_SESSION", {&btnEdit}},
+             {"HELP_UNLIST_SESSION", {&btnDelete}}}};
 }
 
 void frmSessionManager::Form_Load() {

@@ -3,13 +3,13 @@
 
 #include <string>
 
-#include "wynconfig/form.h"
+#include "services/helped_form.h"
 
 namespace wynconfig {
 
 class OnError;
 
-class frmSessionManager : public Form {
+class frmSessionManager : public HelpedForm {
   public:
     frmSessionManager();
 
@@ -40,6 +40,7 @@ class frmSessionManager : public Form {
     void Form_Load() override;
     void Form_Unload() override;
     FormLayout declareLayout() override;
+    HelpTable helpTable() const override;
 
     void loadLstConfiguredSessions();
     void AddSessionToList(const std::string& sName);

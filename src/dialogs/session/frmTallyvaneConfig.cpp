@@ -16,7 +16,7 @@ namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
-frmTallyvaneConfig::frmTallyvaneConfig() : Form("frmTallyvaneConfig") {
+frmTallyvaneConfig::frmTallyvaneConfig() : HelpedForm("frmTallyvaneConfig") {
     btnBrowseFolder.Click = [this] { btnBrowseFolder_Click(); };
     btnOk.Click = [this] { btnOk_Click(); };
     btnCancel.Click = [this] { btnCancel_Click(); };
@@ -44,6 +44,16 @@ void frmTallyvaneConfig::SetTextStrings() {
         {&btnOk, "BUTTON_OK"},
         {&btnCancel, "BUTTON_CANCEL"},
     });
+}
+
+HelpTable frmTallyvaneConfig::helpTable() const {
+    return {"HELP_TALLYVANE",
+            {{"HELP_FILE_FORMAT", {&cboPartFormat}},
+             {"HELP_FILE_NAME", {&txtFileName}},
+             {"HELP_FILE_FOLDER", {&txtFileFolder}},
+             {"HELP_BROWSE_FOLDER", {&btnBrowseFolder}},
+             {"HELP_FILE_ACTION", {&rdoAppend, &rdoOverWrite}},
+             {"HELP_WRITE_FILE_ONLY", {&chkWriteFileOnly}}}};
 }
 
 void frmTallyvaneConfig::Form_Load() {

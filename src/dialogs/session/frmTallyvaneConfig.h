@@ -6,14 +6,14 @@
 #include <string>
 
 #include "services/fields.h"
+#include "services/helped_form.h"
 #include "services/messages.h"
 #include "wynconfig/dataset.h"
-#include "wynconfig/form.h"
 #include "wynconfig/keys.h"
 
 namespace wynconfig {
 
-class frmTallyvaneConfig : public Form {
+class frmTallyvaneConfig : public HelpedForm {
   public:
     frmTallyvaneConfig();
 
@@ -47,6 +47,7 @@ class frmTallyvaneConfig : public Form {
     void Form_Load() override;
     void Form_Unload() override;
     FormLayout declareLayout() override;
+    HelpTable helpTable() const override;
 
     void loadCboPartFormat();
     long ApplyChanges();

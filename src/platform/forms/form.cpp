@@ -24,6 +24,19 @@ Control* Form::control(std::string_view name) const {
     return found == m_controls.end() ? nullptr : *found;
 }
 
+std::string Form::help(const Control* control) const noexcept {
+    try {
+        return fetchHelp(control);
+    } catch (...) {
+        (void)Error::fromCurrentException();
+        return {};
+    }
+}
+
+std::string Form::fetchHelp(const Control*) const {
+    return {};
+}
+
 void Form::setCaption(std::string caption) {
     touch();
     m_caption = std::move(caption);

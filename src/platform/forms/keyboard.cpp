@@ -95,6 +95,8 @@ KeyAct actOfKey(Form& form, FormKey key, std::size_t markedRow) {
             return pressing(form, form.layout().cancelButton);
         case FormKey::Delete:
             return actInList(form, &ListActs::del);
+        case FormKey::F1:
+            return form.help().empty() ? KeyAct{} : KeyAct{Kind::Help};
         case FormKey::F2:
             return actInList(form, &ListActs::rename);
         case FormKey::Tab:
@@ -146,13 +148,14 @@ KeyAct actOfDoubleClick(Form& form, ListView& list) {
 }
 
 void carryOut(const KeyAct& act, const UserInput& input) {
-    if (!act) return;
+    if (!act.control) return;
     Control& control = *act.control;
     if (act.takesFocus || act.kind == Kind::Focus) input.focus(control);
     // Leaving the control before may have changed what can be used, and even closed the form.
     if (!control.form().loaded() || !isUsable(bodyOf(control.form()), control)) return;
     switch (act.kind) {
         case Kind::Nothing:
+        case Kind::Help:
         case Kind::Focus:
             break;
         case Kind::Press:

@@ -50,6 +50,11 @@ class BundleResourceManager : public ResourceManager {
         return found == m_texts.end() ? std::string() : found->second;
     }
 
+    std::string GetHelp(const std::string& key) override {
+        const auto found = m_texts.find(key);
+        return found == m_texts.end() ? std::string() : found->second;
+    }
+
   private:
     Texts m_texts;
     Font m_font;
