@@ -167,6 +167,12 @@ class WYNCONFIG_API User {
     virtual void closeByFrame() = 0;
     /// Looks at a control.
     virtual Sight see(std::string_view control) = 0;
+    /// What is told of a control to whoever asks for it, by the mouse over it or by a key; empty
+    /// when nothing is. Raises `UserError` for one that is hidden.
+    virtual std::string help(std::string_view control) = 0;
+    /// Presses F1, reads the help of the form, and closes it; see `HelpPage::lines`. Empty when
+    /// none comes up.
+    virtual std::vector<std::string> readHelp() = 0;
     /// Whether a control can be used now: it is visible and enabled.
     bool canUse(std::string_view control);
 

@@ -160,6 +160,24 @@ class ScreenReaderTest(HostTestCase):
         self.assertEqual({key: rows.get(key) for key in expected}, expected)
         self.quit_host()
 
+    def test_is_told_what_a_field_is_for(self):
+        self.person.press("ctrl+Return")
+        self.wait_for_focus(SESSION, "Display Name")
+        self.control(SESSION, "Display Name",
+                     when=lambda box: box.description.startswith("Name of the session, "))
+        self.person.press("alt+p")
+        self.wait_for_focus(SESSION, "Program Path")
+        self.control(SESSION, "Program Path", when=lambda box: "full path" in box.description)
+        self.person.press("F1")
+        title = f"{SESSION} – Help"
+        self.wait_for_focus(title, title)
+        self.control(title, title, when=lambda page: "Program Path" in page.text)
+        self.person.press("Escape")
+        self.wait_for_focus(SESSION, "Program Path")
+        self.person.press("Escape")
+        self.window(HOST)
+        self.quit_host()
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)

@@ -16,6 +16,7 @@
 
 #include "views/qt/convert.h"
 #include "views/qt/finding.h"
+#include "views/qt/help.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/qt_view.h"
 
@@ -74,6 +75,11 @@ void FormWindow::watch() {
         m_byControl[&binding->control()] = binding.get();
         m_byWidget[binding->focusWidget()] = &binding->control();
         binding->focusWidget()->installEventFilter(this);
+        // What the mouse finds of a list is its viewport.
+        if (auto* area = qobject_cast<QAbstractScrollArea*>(binding->widget())) {
+            m_byWidget[area->viewport()] = &binding->control();
+            area->viewport()->installEventFilter(this);
+        }
         if (auto* list = dynamic_cast<RowList*>(binding->widget()))
             list->doubleClicked = [this, &rows = static_cast<ListView&>(binding->control())] {
                 const KeyAct act = m_form ? actOfDoubleClick(*m_form, rows) : KeyAct{};
@@ -392,6 +398,10 @@ std::optional<FormKey> formKey(const QKeyEvent& key) {
             return FormKey::Escape;
         case Qt::Key_Delete:
             return FormKey::Delete;
+        case Qt::Key_F1:
+            // With Shift it is what the widget with the focus tells of itself.
+            if (!shift) return FormKey::F1;
+            break;
         case Qt::Key_F2:
             return FormKey::F2;
         case Qt::Key_Tab:
@@ -455,10 +465,19 @@ bool FormWindow::takeKey(const QKeyEvent& key) {
 }
 
 void FormWindow::obey(const KeyAct& act) {
+    if (act.kind == KeyAct::Kind::Help) return showHelp();
     const bool moves = act.takesFocus || act.kind == KeyAct::Kind::Focus;
     if (const Binding* there = moves ? binding(*act.control) : nullptr)
         takeFocusTo(*there->focusWidget(), Qt::ShortcutFocusReason);
     m_door([&](const UserInput& input) { carryOut(act, input); });
+}
+
+void FormWindow::showHelp() {
+    m_door([this](const UserInput&) {
+        if (!m_help) m_help = new HelpWindow(*this);
+        m_help->setFont(font());
+        m_help->show(helpPage(*m_form, isRightToLeft()));
+    });
 }
 
 /// A key that is marked twice only moves the focus around, which Qt does by itself, and so does a
@@ -472,6 +491,11 @@ bool FormWindow::followKey(const QObject* marked, const QShortcutEvent& key) {
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (m_form && asksForHelp(*event)) {
+        const auto found = m_byWidget.find(watched);
+        const Binding* asked = found == m_byWidget.end() ? nullptr : binding(*found->second);
+        if (asked) provideHelp(*asked->widget(), m_form->help(&asked->control()));
+    }
     // Before the widget takes it: a list would turn its own pages, and a button press itself.
     if (event->type() == QEvent::KeyPress) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
@@ -523,6 +547,7 @@ void FormWindow::unloaded() {
     m_door.shut();
     m_form = nullptr;
     m_loop.quit();
+    if (m_help) m_help->hide();
     hide();
 }
 

@@ -20,6 +20,7 @@ class QShortcutEvent;
 
 namespace wynconfig::desktop {
 
+class HelpWindow;
 class ScrolledContent;
 
 class FormWindow : public QDialog, private FormObserver {
@@ -100,6 +101,7 @@ class FormWindow : public QDialog, private FormObserver {
     bool followKey(const QObject* marked, const QShortcutEvent& key);
     /// Does what comes of a key.
     void obey(const KeyAct& act);
+    void showHelp();
 
     Form* m_form;
     std::string m_name;
@@ -110,6 +112,7 @@ class FormWindow : public QDialog, private FormObserver {
     std::unordered_map<const QObject*, Control*> m_byWidget;
     std::shared_ptr<const Font> m_font;
     ScrolledContent* m_scrolled = nullptr;  ///< null where the screen is large enough
+    HelpWindow* m_help = nullptr;           ///< null until the person asks for it
     QSpacerItem* m_leastWidth;              ///< keeps the window wide enough
     QSize m_ownSize;                        ///< the size that the form gave the window
     QSize m_pulledTo;                       ///< the size, in twips, that the person last gave it

@@ -14,6 +14,7 @@
 #include <QStylePainter>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include <QWhatsThis>
 #include <algorithm>
 #include <climits>
 #include <utility>
@@ -195,7 +196,7 @@ bool ChoiceBox::event(QEvent* event) {
         const QString text = currentText();
         const auto* help = static_cast<QHelpEvent*>(event);
         QToolTip::showText(help->globalPos(),
-                           shortened() == isolated(text) ? QString() : toToolTip(text), this);
+                           shortened() == isolated(text) ? toolTip() : toToolTip(text), this);
         return true;
     }
     return QComboBox::event(event);
@@ -519,7 +520,17 @@ bool RowList::viewportEvent(QEvent* event) {
         const QModelIndex index = indexAt(help->pos());
         const QString text = index.data().toString();
         const bool whole = sizeHintForIndex(index).width() <= visualRect(index).width();
-        QToolTip::showText(help->globalPos(), whole ? QString() : toToolTip(text), this);
+        QToolTip::showText(help->globalPos(), whole ? toolTip() : toToolTip(text), this);
+        return true;
+    }
+    // Else each row would be asked, of which there is nothing to tell.
+    if (event->type() == QEvent::QueryWhatsThis) {
+        event->setAccepted(!whatsThis().isEmpty());
+        return true;
+    }
+    if (event->type() == QEvent::WhatsThis) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        QWhatsThis::showText(help->globalPos(), whatsThis(), this);
         return true;
     }
     return QTreeView::viewportEvent(event);

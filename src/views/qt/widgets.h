@@ -71,8 +71,8 @@ class TickBox : public QCheckBox {
 };
 
 /// A drop-down list whose width doesn't follow its items, whose number and length know no bound.
-/// What does not fit ends in an ellipsis, and the tool tip shows it whole. Of many items some are
-/// seen at a time, in every style.
+/// What does not fit ends in an ellipsis, and the tool tip shows it whole in place of the help. Of
+/// many items some are seen at a time, in every style.
 class ChoiceBox : public QComboBox {
   public:
     explicit ChoiceBox(QWidget* parent);

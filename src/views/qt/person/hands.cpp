@@ -1,14 +1,19 @@
 // The hands of the played person: mouse and key events as a real mouse and keyboard cause them.
 #include "views/qt/person/hands.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTextDocumentFragment>
 #include <QWindow>
 #include <algorithm>
+
+#include "views/qt/convert.h"
 
 // Qt's own way from the keyboard to its shortcuts, which events that are sent straight to a widget
 // don't take; its test library declares it like this.
@@ -92,6 +97,16 @@ bool shortcut(QWidget& window, const QString& character) {
     QWidget* focused = window.focusWidget();
     return qt_sendShortcutOverrideEvent(focused ? focused : &window, 0, character.front().unicode(),
                                         Qt::AltModifier, character);
+}
+
+std::string helpOn(QWidget& widget) {
+    auto* area = qobject_cast<QAbstractScrollArea*>(&widget);
+    QWidget& under = area ? *area->viewport() : widget;
+    const QPoint at = under.rect().center();
+    QHelpEvent event(QEvent::QueryWhatsThis, at, under.mapToGlobal(at));
+    // The widgets around this one are not asked in its place.
+    if (!QApplication::sendEvent(&under, &event) || !event.isAccepted()) return {};
+    return fromQt(QTextDocumentFragment::fromHtml(widget.whatsThis()).toRawText());
 }
 
 void typeText(QWidget& window, const QString& text) {

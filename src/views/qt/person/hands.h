@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QString>
 #include <QWidget>
+#include <string>
 
 namespace wynconfig::desktop {
 
@@ -22,6 +23,8 @@ void keyClick(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt
 /// Presses Alt and the key of a character, as a mark in a caption asks for. False when nothing in
 /// the window waits for it.
 bool shortcut(QWidget& window, const QString& character);
+/// Asks a widget what it is, as the mouse does behind "What's this?".
+std::string helpOn(QWidget& widget);
 /// Types into the widget that has the window's focus: by the keyboard, or, where a keyboard has no
 /// keys for it or it is long, as an input method hands text over.
 void typeText(QWidget& window, const QString& text);

@@ -17,6 +17,7 @@
 #include "platform/forms/named_control.h"
 #include "views/qt/boxes.h"
 #include "views/qt/convert.h"
+#include "views/qt/help.h"
 #include "views/qt/person/hands.h"
 #include "views/qt/person/sight.h"
 #include "views/qt/waiting.h"
@@ -285,6 +286,27 @@ void Person::closeByFrame() {
 Sight Person::see(std::string_view name) {
     const Control& control = there(name);
     return look(top(), control);
+}
+
+std::string Person::help(std::string_view name) {
+    const Control& control = there(name);
+    const Binding* binding = inHand().binding(control);
+    if (!binding || !binding->widget()->isVisible())
+        throw UserError(std::string(name) + " is hidden");
+    return helpOn(*binding->widget());
+}
+
+std::vector<std::string> Person::readHelp() {
+    FormWindow& window = inHand();
+    keyClick(window, Qt::Key_F1);
+    auto* help = window.findChild<HelpWindow*>();
+    if (!help || !help->isVisible()) return {};
+    bringUp(*help);
+    std::vector<std::string> lines;
+    for (const QString& line : help->lines()) lines.push_back(fromQt(line));
+    keyClick(*help, Qt::Key_Escape);
+    if (help->isVisible()) throw UserError("Escape does not close the help");
+    return lines;
 }
 
 }  // namespace wynconfig::desktop

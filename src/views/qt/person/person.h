@@ -60,6 +60,8 @@ class Person : public User {
     void resize(int width, int height) override;
     void closeByFrame() override;
     Sight see(std::string_view name) override;
+    std::string help(std::string_view name) override;
+    std::vector<std::string> readHelp() override;
 
   private:
     /// The form on top, with all changes on the screen.

@@ -6,6 +6,7 @@
 #include "platform/forms/named_control.h"
 #include "platform/text/text.h"
 #include "views/scripted/person/sight.h"
+#include "wynconfig/help.h"
 #include "wynconfig/mnemonic.h"
 
 namespace wynconfig {
@@ -141,6 +142,19 @@ void ScriptedView::Person::changeTab(std::string_view name, int index) {
 
 Sight ScriptedView::Person::see(std::string_view name) {
     return scripted::look(top(), namedControl(top(), name));
+}
+
+std::string ScriptedView::Person::help(std::string_view name) {
+    Form& form = top();
+    const Control& control = namedControl(form, name);
+    if (!scripted::isThere(form, control)) throw UserError(std::string(name) + " is hidden");
+    return form.help(&control);
+}
+
+std::vector<std::string> ScriptedView::Person::readHelp() {
+    Form& form = top();
+    if (actOfKey(form, FormKey::F1).kind != KeyAct::Kind::Help) return {};
+    return helpPage(form).lines();
 }
 
 void ScriptedView::Person::pressDelete() {

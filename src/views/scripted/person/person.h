@@ -48,6 +48,8 @@ class WYNCONFIG_INSIDE ScriptedView::Person : public User {
     void resize(int width, int height) override { m_input.resize(top(), width, height); }
     void closeByFrame() override { m_input.closeByFrame(top()); }
     Sight see(std::string_view name) override;
+    std::string help(std::string_view name) override;
+    std::vector<std::string> readHelp() override;
 
   private:
     Form& top() const;

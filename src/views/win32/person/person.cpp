@@ -245,4 +245,17 @@ Sight Person::see(std::string_view name) {
     return look(inHand(), control);
 }
 
+std::string Person::help(std::string_view name) {
+    const Control& control = there(name);
+    const FormWindow& window = inHand();
+    const Piece* piece = window.piece(control);
+    if (!piece || !::IsWindowVisible(piece->window()))
+        throw UserError(std::string(name) + " is hidden");
+    return window.form()->help(&control);
+}
+
+std::vector<std::string> Person::readHelp() {
+    return {};
+}
+
 }  // namespace wynconfig::native
