@@ -38,19 +38,15 @@ class WYNCONFIG_API ResourceManager {
     /// @param handle  device context handle of the form, as its view gives it; 0 without a view.
     virtual Font GetFont(long handle) = 0;
 
-    /// What a view says by itself, such as in place of the rows of an empty list. Asked for only
-    /// when it comes to that; whatever it raises counts as an empty text, and no box comes up.
-    /// @param key  such as "VIEW_FILTER"; `resources/en.xlf` lists all of them
+    /// A text without which the dialogs do: what a person reads who asks for help, what stands in
+    /// place of the rows of an empty list, what is told of work that takes its time. Asked for only
+    /// when it comes to that, so that a dialog comes up by the two operations above alone. Whatever
+    /// it raises counts as an empty text, and no box comes up.
+    /// @param key  one that begins with "HELP_", "VIEW_" or "PROGRESS_", such as
+    ///             "HELP_LAUNCH_DELAY"; `resources/en.xlf` lists all of them
     /// @return UTF-8, without marks of keys, with %1 and %2 where the English text has them; empty,
-    ///         as here, for the English one
-    virtual std::string GetViewWord([[maybe_unused]] const std::string& key) { return {}; }
-
-    /// What a person is told who asks for help, in a field or of a whole dialog. Asked for only at
-    /// that moment, so that a dialog comes up by the two operations above alone. Whatever it raises
-    /// counts as an empty text, and no box comes up.
-    /// @param key  such as "HELP_LAUNCH_DELAY"; `resources/en.xlf` lists all of them
-    /// @return UTF-8, without marks of keys; empty, as here, where there is none
-    virtual std::string GetHelp([[maybe_unused]] const std::string& key) { return {}; }
+    ///         as here, for no help, and for the English text of the other two
+    virtual std::string FindString([[maybe_unused]] const std::string& key) { return {}; }
 };
 
 /// The folder of the texts that come with the component, as it is found where the program runs: the
@@ -70,7 +66,7 @@ WYNCONFIG_API std::string bundleFolder();
 ///                "zh-TW", which is written in the other script, takes English.
 /// @param font    what `GetFont` gives
 /// Raises `Error` when the folder has no file that serves, or one that can't be read. `GetString`
-/// of an unknown key raises `Error`; `GetViewWord` and `GetHelp` give an empty text.
+/// of an unknown key raises `Error`; `FindString` gives an empty text.
 WYNCONFIG_API std::shared_ptr<ResourceManager> makeBundleResourceManager(
     const std::string& folder, const std::string& locale = {}, const Font& font = {});
 

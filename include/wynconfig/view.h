@@ -153,7 +153,7 @@ WYNCONFIG_API std::shared_ptr<View> installedView();
 WYNCONFIG_API View& currentView();
 
 /// What a view says by itself, in the language of the dialogs: the text of the host's resource
-/// manager, or else the English one; see `ResourceManager::GetViewWord`. Raises nothing.
+/// manager, or else the English one; see `ResourceManager::FindString`. Raises nothing.
 /// @param key  one of those that begin with "VIEW_" in `resources/en.xlf`; empty for any other
 WYNCONFIG_API std::string viewWord(const std::string& key);
 

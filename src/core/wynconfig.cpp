@@ -41,7 +41,7 @@ void WYNConfig::InitResourceManager(std::shared_ptr<ResourceManager> objResMgr) 
     // The manager alone is the host's to keep.
     takeViewWordsFrom([manager = std::weak_ptr(g_ResMgr)](const std::string& key) {
         const std::shared_ptr<ResourceManager> there = manager.lock();
-        return there ? there->GetViewWord(key) : std::string();
+        return there ? there->FindString(key) : std::string();
     });
 }
 

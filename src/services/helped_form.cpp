@@ -9,10 +9,10 @@ namespace wynconfig {
 
 std::string HelpedForm::fetchHelp(const Control* control) const {
     const HelpTable table = helpTable();
-    if (!control) return GetHelp(std::string(table.dialog));
+    if (!control) return findString(std::string(table.dialog));
     for (const HelpRow& row : table.rows) {
         if (std::find(row.controls.begin(), row.controls.end(), control) != row.controls.end())
-            return GetHelp(std::string(row.key));
+            return findString(std::string(row.key));
     }
     return {};
 }

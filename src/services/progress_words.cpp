@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "services/on_error.h"
 #include "services/texts.h"
 
 namespace wynconfig {
@@ -11,8 +10,7 @@ namespace wynconfig {
 namespace {
 
 std::string textOr(const char* byDefault, const char* key) {
-    OnError on = OnError::ignoring();
-    const std::string text = fetchString(on, key);
+    const std::string text = findString(key);
     return text.empty() ? byDefault : text;
 }
 

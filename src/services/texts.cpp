@@ -47,9 +47,14 @@ std::string GetString(const std::string& key) {
     return resourceManager()->GetString(key);
 }
 
-std::string GetHelp(const std::string& key) {
-    const std::shared_ptr<ResourceManager> manager = ConfigGlobalModule::g_ResMgr;
-    return manager ? manager->GetHelp(key) : std::string();
+std::string findString(const std::string& key) noexcept {
+    try {
+        const std::shared_ptr<ResourceManager> manager = ConfigGlobalModule::g_ResMgr;
+        return manager ? manager->FindString(key) : std::string();
+    } catch (...) {
+        // What can be done without is no reason for anything to fail.
+        return {};
+    }
 }
 
 std::string fetchString(OnError& on, const std::string& key) {

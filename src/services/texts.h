@@ -17,9 +17,9 @@ namespace wynconfig {
 /// whatever the manager raises.
 std::string GetString(const std::string& key);
 
-/// The help of a key from the host's resource manager; empty without a manager. Raises whatever the
-/// manager raises.
-std::string GetHelp(const std::string& key);
+/// A text without which the dialogs do, from the host's resource manager; empty without a manager,
+/// and when that raises.
+std::string findString(const std::string& key) noexcept;
 
 /// The text of a key, as a statement of its own; empty after a failure, which `on` deals with.
 std::string fetchString(OnError& on, const std::string& key);

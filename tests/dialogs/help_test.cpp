@@ -26,7 +26,7 @@ class HelpfulTexts : public TestTexts {
     std::vector<std::string> helped;  ///< the keys of help in the order of their asking
     bool helpFailing = false;
 
-    std::string GetHelp(const std::string& key) override {
+    std::string FindString(const std::string& key) override {
         helped.push_back(key);
         if (helpFailing) throw std::runtime_error("no help");
         return "help {" + key + "}";

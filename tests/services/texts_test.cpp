@@ -435,7 +435,7 @@ TEST_P(Texts, EveryDialogLoadsInTheSameOrder) {
 struct WordyTexts : TestTexts {
     std::string word;
     std::vector<std::string> words;  ///< the keys in the order of their asking
-    std::string GetViewWord(const std::string& key) override {
+    std::string FindString(const std::string& key) override {
         words.push_back(key);
         if (word.empty()) throw 7;
         return word;

@@ -44,6 +44,12 @@ std::string TestTexts::GetString(const std::string& key) {
     return own == texts.end() ? "{" + key + "}" : own->second;
 }
 
+std::string TestTexts::FindString(const std::string& key) {
+    if (failing || missing.contains(key)) throw Error(errc::NoSuchKey, "no text for " + key);
+    const auto own = texts.find(key);
+    return own == texts.end() ? std::string() : own->second;
+}
+
 Font TestTexts::GetFont(long) {
     if (failing || fontFailing) throw Error(errc::InvalidCall, "no font");
     return font;

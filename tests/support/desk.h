@@ -34,6 +34,8 @@ class TestTexts : public ResourceManager {
 
     std::string GetString(const std::string& key) override;
     Font GetFont(long handle) override;
+    /// Those of `texts` alone.
+    std::string FindString(const std::string& key) override;
 };
 
 /// The rows of a record, by key.

@@ -45,12 +45,7 @@ class BundleResourceManager : public ResourceManager {
 
     Font GetFont(long /*handle*/) override { return m_font; }
 
-    std::string GetViewWord(const std::string& key) override {
-        const auto found = m_texts.find(key);
-        return found == m_texts.end() ? std::string() : found->second;
-    }
-
-    std::string GetHelp(const std::string& key) override {
+    std::string FindString(const std::string& key) override {
         const auto found = m_texts.find(key);
         return found == m_texts.end() ? std::string() : found->second;
     }

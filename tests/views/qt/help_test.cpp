@@ -5,8 +5,8 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QTextEdit>
 #include <QTextDocumentFragment>
+#include <QTextEdit>
 #include <QToolTip>
 #include <QTreeView>
 #include <memory>
@@ -74,18 +74,19 @@ INSTANTIATE_TEST_SUITE_P(Views, HelpInWindows, ::testing::Values("Qt"));
 TEST_P(HelpInWindows, ComesUpUnderTheMouse) {
     configure([&](User& u) {
         EXPECT_EQ(tipOver(*widget<QWidget>("txtProgramPath")),
-                  english->GetHelp("HELP_PROGRAM_PATH"));
+                  english->FindString("HELP_PROGRAM_PATH"));
         EXPECT_EQ(tipOver(*widget<QWidget>("chkReverseList")),
-                  english->GetHelp("HELP_REVERSE_LIST"));
+                  english->FindString("HELP_REVERSE_LIST"));
         u.changeTab("SSTab2", 1);
         auto* list = widget<QTreeView>("lstAvailableFormats");
-        EXPECT_EQ(tipOver(*list->viewport()), english->GetHelp("HELP_AVAILABLE_FORMATS"));
+        EXPECT_EQ(tipOver(*list->viewport()), english->FindString("HELP_AVAILABLE_FORMATS"));
     });
 }
 
 TEST_P(HelpInWindows, ComesUpOverAChoiceThatIsReadWhole) {
     user().onForm("frmTallyvaneConfig", [&](User& u) {
-        EXPECT_EQ(tipOver(*widget<QWidget>("cboPartFormat")), english->GetHelp("HELP_FILE_FORMAT"));
+        EXPECT_EQ(tipOver(*widget<QWidget>("cboPartFormat")),
+                  english->FindString("HELP_FILE_FORMAT"));
         u.click("btnCancel");
     });
     configure([](User& u) { u.click("btnTallyvane"); });
@@ -111,7 +112,7 @@ TEST_P(HelpInWindows, GivesWayToARowThatHasNoRoom) {
 TEST_P(HelpInWindows, LeavesAnArrowTheTipThatNamesIt) {
     configure([&](User& u) {
         u.changeTab("SSTab2", 1);
-        EXPECT_EQ(u.help("btnAdd"), english->GetHelp("HELP_SELECT_FORMAT"));
+        EXPECT_EQ(u.help("btnAdd"), english->FindString("HELP_SELECT_FORMAT"));
         EXPECT_EQ(tipOver(*widget<QWidget>("btnAdd")),
                   "Available Part Formats → Selected Part Formats");
     });
