@@ -14,9 +14,12 @@ namespace wynconfig {
 class Form;
 
 /// What stands in the help of a dialog about one control, or about several that share a text.
-struct HelpEntry {
+struct WYNCONFIG_API HelpEntry {
     std::vector<std::string> names;  ///< by which a person knows them, each once; never empty
     std::string text;                ///< `Form::help` of them
+
+    /// The names in one line, with a stroke between them, which is read in every language.
+    std::string title() const;
 
     /// Whether two are the same in all that they have.
     bool operator==(const HelpEntry&) const = default;

@@ -171,8 +171,9 @@ TEST_P(Help, OfADialogNamesEachFieldOnceWithItsText) {
     show("dlgAdvConfig", [](User& u, Form& form) {
         const std::vector<std::string> lines = u.readHelp();
         const std::vector<std::string> named{
-            "Window Title",           "Contains, Starts with, Matches", "Window Class",
-            "Disable Program Launch", "Program Launch Delay",           "Window Title/Class Delay"};
+            "Window Title",         "Contains / Starts with / Matches",
+            "Window Class",         "Disable Program Launch",
+            "Program Launch Delay", "Window Title/Class Delay"};
         ASSERT_EQ(lines.size(), 2 + 2 * named.size());
         EXPECT_EQ(lines[0], "Advanced Configuration");
         EXPECT_EQ(lines[1], form.help());
@@ -188,7 +189,7 @@ TEST_P(Help, OfADialogTellsOfBothTabsAndKeepsWhatWasTyped) {
     show("frmMORAMConfig", [](User& u, Form&) {
         u.type("txtDisplayName", "half a na");
         const std::vector<std::string> lines = u.readHelp();
-        for (const char* name : {"Program Path", "Top, Bottom, Left, Right", "New",
+        for (const char* name : {"Program Path", "Top / Bottom / Left / Right", "New",
                                  "Available Part Formats → Selected Part Formats"})
             EXPECT_EQ(std::count(lines.begin(), lines.end(), name), 1) << name;
         EXPECT_EQ(u.see("txtDisplayName").text, "half a na");

@@ -63,11 +63,16 @@ HelpPage helpPage(Form& form, bool rightToLeft) {
     return page;
 }
 
+std::string HelpEntry::title() const {
+    std::string all;
+    for (const std::string& name : names) all += (all.empty() ? "" : " / ") + name;
+    return all;
+}
+
 std::vector<std::string> HelpPage::lines() const {
     std::vector<std::string> all{title, text};
     for (const HelpEntry& each : entries) {
-        std::string& names = all.emplace_back();
-        for (const std::string& name : each.names) names += (names.empty() ? "" : ", ") + name;
+        all.push_back(each.title());
         all.push_back(each.text);
     }
     return all;

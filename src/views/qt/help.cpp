@@ -27,19 +27,13 @@ QString wordForHelp() {
     return QCoreApplication::translate("QPlatformTheme", "Help");
 }
 
-QString joined(const std::vector<std::string>& names) {
-    QStringList all;
-    for (const std::string& each : names) all << toQt(each);
-    return all.join(QStringLiteral(", "));
-}
-
 QString markedUp(const HelpPage& page) {
     const auto tagged = [](const char* tag, const QString& text) {
         return QStringLiteral("<%1>%2</%1>").arg(QLatin1String(tag), text.toHtmlEscaped());
     };
     QString all = tagged("h3", toQt(page.title)) + tagged("p", toQt(page.text));
     for (const HelpEntry& each : page.entries)
-        all += tagged("h4", joined(each.names)) + tagged("p", toQt(each.text));
+        all += tagged("h4", toQt(each.title())) + tagged("p", toQt(each.text));
     return all;
 }
 

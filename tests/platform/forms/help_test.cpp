@@ -93,7 +93,7 @@ TEST_F(FormHelp, LeavesOutWhatIsHidden) {
 
 TEST_F(FormHelp, AsPlainTextIsTwoLinesAnEntry) {
     const HelpPage page{"T", "About.", {{{"A", "B"}, "Both."}}};
-    EXPECT_EQ(page.lines(), (std::vector<std::string>{"T", "About.", "A, B", "Both."}));
+    EXPECT_EQ(page.lines(), (std::vector<std::string>{"T", "About.", "A / B", "Both."}));
 }
 
 TEST_F(FormHelp, IsNoneWhereItRaises) {
