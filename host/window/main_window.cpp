@@ -17,6 +17,7 @@
 #include "window/deleted_panel.h"
 #include "window/direction.h"
 #include "window/elided_label.h"
+#include "window/help_menu.h"
 #include "window/language_menu.h"
 #include "window/remembered.h"
 #include "window/result_line.h"
@@ -193,6 +194,7 @@ void MainWindow::makeMenus() {
             m_result->tell(sentence, isFailure);
             if (m_remembered && !isFailure) m_remembered->keepLanguage(m_workplace.language());
         }));
+    menuBar()->addMenu(makeHelpMenu(this));
 }
 
 }  // namespace host
