@@ -2,8 +2,10 @@
 #include "sample/sample_formats.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace host {
@@ -163,18 +165,51 @@ void makeFormat(User& user, const FormatSample& sample) {
         throw UserError("the part format " + std::string(sample.name) + " was not made");
 }
 
-}  // namespace
-
-void makeSampleFormats(wynconfig::WYNConfig& component, User& user) {
-    // Part formats are made from within a session; this one is never kept.
-    user.onForm("frmMORAMConfig", [](User& u) {
+/// Makes those that are wanted from within a session, which is never kept.
+void makeFormats(wynconfig::WYNConfig& component, User& user,
+                 const std::function<bool(const FormatSample&)>& isWanted) {
+    user.onForm("frmMORAMConfig", [&](User& u) {
         u.changeTab("SSTab2", 1);
-        for (const FormatSample& sample : formatSamples()) makeFormat(u, sample);
+        for (const FormatSample& sample : formatSamples())
+            if (isWanted(sample)) makeFormat(u, sample);
         u.click("btnCancel");
     });
     std::string name;
     component.showMORAMConfigDlg(name);
     user.finish();
+}
+
+FieldLayout layoutOf(const std::optional<FieldSample>& sample) {
+    if (!sample) return {};
+    return {true, sample->length, std::string(sample->alignment) == "Right", sample->pad};
+}
+
+}  // namespace
+
+void makeSampleFormats(wynconfig::WYNConfig& component, User& user) {
+    makeFormats(component, user, [](const FormatSample&) { return true; });
+}
+
+void makeSampleFormat(wynconfig::WYNConfig& component, User& user, const std::string& name) {
+    makeFormats(component, user, [&](const FormatSample& each) { return name == each.name; });
+}
+
+std::vector<PartFormat> sampleFormats() {
+    std::vector<PartFormat> formats;
+    for (const FormatSample& each : formatSamples()) {
+        PartFormat format{each.name,
+                          each.header,
+                          each.record,
+                          each.separator,
+                          each.trailer,
+                          layoutOf(each.part),
+                          layoutOf(each.quantity),
+                          layoutOf(each.description),
+                          layoutOf(each.vin),
+                          each.maxRecords};
+        formats.push_back(std::move(format));
+    }
+    return formats;
 }
 
 }  // namespace host

@@ -57,14 +57,18 @@ DeveloperPanel::DeveloperPanel(const QList<QAction*>& actions, QWidget* parent)
     auto* sentences = new QVBoxLayout(told);
     sentences->setContentsMargins(0, 0, 0, 0);
     sentences->addLayout(makeActionButtons(actions));
-    sentences->addWidget(
-        makeHeading(tr("Last operation, and the item file that changed last"), *m_text));
     sentences->addWidget(m_result);
     sentences->addWidget(m_changes);
+    auto* stored = new QWidget;
+    auto* texts = new QVBoxLayout(stored);
+    texts->setContentsMargins(0, 0, 0, 0);
+    texts->addWidget(
+        makeHeading(tr("Last operation, and the item file that changed last"), *m_text));
+    texts->addWidget(m_text, 1);
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->setObjectName(QStringLiteral("developerSplitter"));
     splitter->addWidget(told);
-    splitter->addWidget(m_text);
+    splitter->addWidget(stored);
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
     splitter->setHandleWidth(12);

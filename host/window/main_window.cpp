@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
@@ -17,6 +18,7 @@
 #include "window/deleted_panel.h"
 #include "window/direction.h"
 #include "window/elided_label.h"
+#include "window/first_steps.h"
 #include "window/help_menu.h"
 #include "window/language_menu.h"
 #include "window/remembered.h"
@@ -53,6 +55,9 @@ MainWindow::MainWindow(Workplace& workplace, Remembered* remembered)
     m_faults->setObjectName(QStringLiteral("faults"));
     m_faults->letCopy();
     layout->addWidget(m_faults);
+    m_firstSteps = new FirstSteps(m_sessions->operationActions(Area::FirstSteps).front(),
+                                  m_sessions->operationActions(Area::Store).front());
+    layout->addWidget(m_firstSteps);
     layout->addWidget(splitter, 1);
     setCentralWidget(central);
     makeMenus();
@@ -175,6 +180,32 @@ void MainWindow::showStore() {
         faults << isolatedIn(QString::fromStdString(fault), places);
     m_faults->tell(faults.join(u'\n'));
     m_faults->setVisible(!faults.isEmpty());
+    m_firstSteps->look(store);
+    if (m_remembered && store.exist())
+        m_remembered->keepStore(QString::fromStdString(store.root.string()));
+}
+
+void MainWindow::makeStoreMenu() {
+    QList<QAction*> actions = m_sessions->operationActions(Area::Store);
+    QMenu* store = menuBar()->addMenu(tr("&Store"));
+    store->addAction(actions.takeFirst());  // opens another one
+    m_recent = store->addMenu(tr("&Recent stores"));
+    m_recent->setObjectName(QStringLiteral("recentStores"));
+    connect(m_recent, &QMenu::aboutToShow, this, &MainWindow::listRecentStores);
+    listRecentStores();
+    store->addActions(actions);
+}
+
+void MainWindow::listRecentStores() {
+    m_recent->clear();
+    const QString now = QString::fromStdString(m_workplace.store().root.string());
+    for (const QString& each : m_remembered ? m_remembered->stores() : QStringList()) {
+        if (each == now) continue;
+        // What looks like a mark of a letter is part of the path.
+        m_recent->addAction(isolated(QString(each).replace(u'&', "&&")), this,
+                            [this, each] { m_sessions->openStore(each.toStdString()); });
+    }
+    m_recent->setEnabled(!m_recent->isEmpty());
 }
 
 void MainWindow::makeMenus() {
@@ -185,7 +216,7 @@ void MainWindow::makeMenus() {
     parts->addActions({m_catalogue->undoAction(), m_catalogue->redoAction()});
     parts->addAction(tr("&Clear list"), m_catalogue, &CatalogueWidget::clearPartsList);
     parts->addAction(m_send->sendAction());
-    menuBar()->addMenu(tr("&Store"))->addActions(m_sessions->operationActions(Area::Store));
+    makeStoreMenu();
     menuBar()->addMenu(tr("Data&base"))->addActions(m_sessions->operationActions(Area::Database));
     QMenu* tools = menuBar()->addMenu(tr("Too&ls"));
     tools->addActions(m_sessions->operationActions(Area::Tools));

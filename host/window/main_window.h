@@ -6,6 +6,7 @@
 
 #include "window/workplace.h"
 
+class QMenu;
 class QTabWidget;
 
 namespace host {
@@ -13,6 +14,7 @@ namespace host {
 class CatalogueWidget;
 class DeletedPanel;
 class ElidedLabel;
+class FirstSteps;
 class Remembered;
 class ResultLine;
 class SendPanel;
@@ -41,6 +43,8 @@ class MainWindow : public QMainWindow {
   private:
     QWidget* makePages();
     void makeMenus();
+    void makeStoreMenu();
+    void listRecentStores();
     /// Shows which store it is, and what of it can't be read.
     void showStore();
     void showPlace();
@@ -55,6 +59,8 @@ class MainWindow : public QMainWindow {
     SessionPanel* m_sessions;
     DeletedPanel* m_deleted;
     QTabWidget* m_pages = nullptr;
+    FirstSteps* m_firstSteps = nullptr;
+    QMenu* m_recent = nullptr;
     ElidedLabel* m_place;
     ResultLine* m_result;
     SentenceLabel* m_faults;

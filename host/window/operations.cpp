@@ -1,8 +1,16 @@
 // What the host offers: all operations of the component, and what the database needs besides.
 #include "window/operations.h"
 
+#include <memory>
+#include <stdexcept>
+#include <system_error>
+
+#include "installed_view.h"
+#include "sample/sample_formats.h"
+#include "window/first_steps.h"
 #include "window/refused_dialog.h"
 #include "window/store_dialogs.h"
+#include "wynconfig/scripted_view.h"
 
 namespace host {
 
@@ -54,17 +62,36 @@ Outcome onDatabase(Workplace& workplace, const Selection& selection, Call call) 
     }
 }
 
+Outcome opened(Workplace& workplace, const std::filesystem::path& root) {
+    std::error_code failure;
+    if (!std::filesystem::is_directory(root, failure))
+        throw std::runtime_error("The folder " + root.string() +
+                                 " is not there. The store that is open stays so.");
+    workplace.openStore(root);
+    return {{}, {}, "The store " + root.string() + " is open now."};
+}
+
 Outcome openStore(Workplace& workplace, const Selection& selection) {
     const auto root = askForStore(selection.window, workplace.store().root);
-    if (!root) return {{}, {}, kCancelled};
-    workplace.openStore(*root);
-    return {{}, {}, "The store " + root->string() + " is open now."};
+    return root ? opened(workplace, *root) : Outcome{{}, {}, kCancelled};
 }
 
 Outcome addSession(Workplace& workplace, const Selection&) {
     Outcome outcome;
     outcome.result = workplace.onFiles().showAddMORAMConfigDlg(outcome.name);
     return outcome;
+}
+
+/// The first part format, where there is none, and a session.
+Outcome takeFirstSteps(Workplace& workplace, const Selection& selection) {
+    if (workplace.store().names(wynconfig::ItemKind::PartFormat).empty()) {
+        const auto format = askForFirstFormat(selection.window);
+        if (!format) return {{}, {}, kCancelled};
+        const auto view = std::make_shared<wynconfig::ScriptedView>();
+        const InstalledView installed(view);
+        makeSampleFormat(workplace.onFiles(), view->user(), *format);
+    }
+    return addSession(workplace, selection);
 }
 
 Outcome configureSession(Workplace& workplace, const Selection& selection) {
@@ -143,6 +170,17 @@ Outcome editList(Workplace& workplace, const Selection&) {
 
 }  // namespace
 
+Operation openingOf(const std::filesystem::path& root) {
+    return {"open-recent",
+            Area::Store,
+            "Open a recent store",
+            "Works on a store that was open before",
+            "",
+            Needs::Nothing,
+            false,
+            [root](Workplace& workplace, const Selection&) { return opened(workplace, root); }};
+}
+
 const std::vector<Operation>& operations() {
     static const std::vector<Operation> all = {
         {"open-store", Area::Store, "&Open another store…", "Works on the store of another folder",
@@ -177,6 +215,10 @@ const std::vector<Operation>& operations() {
         {"edit-list", Area::Tools, "&Edit my session list…",
          "Changes the list of this workplace, and the sessions in it", "Ctrl+Shift+L",
          Needs::Nothing, false, editList},
+
+        {"first", Area::FirstSteps, "Make the first session…",
+         "Makes the first part format and the first session of a store", "", Needs::Nothing, false,
+         takeFirstSteps},
 
         {"held", Area::Developers, "Show what is held in memory",
          "Shows the session and part formats of the last work in memory", "Ctrl+H", Needs::Nothing,

@@ -1,6 +1,7 @@
 // What the host offers of the component: one table, from which its buttons and menus are made.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -14,7 +15,7 @@ class QWidget;
 namespace host {
 
 /// The menu and the list that an operation belongs to.
-enum class Area { Store, Database, Tools, Developers };
+enum class Area { Store, Database, Tools, Developers, FirstSteps };
 
 /// An item of the database as the user sees it in the list.
 struct SelectedItem {
@@ -43,6 +44,9 @@ struct Operation {
     /// Raises `std::exception` with a text for the user.
     std::function<Outcome(Workplace& workplace, const Selection& selection)> call;
 };
+
+/// Opening this store; not among `operations`.
+Operation openingOf(const std::filesystem::path& root);
 
 /// All operations, in the order in which they are offered.
 const std::vector<Operation>& operations();

@@ -13,6 +13,8 @@ namespace {
 
 constexpr const char* kLanguage = "language";
 constexpr const char* kSession = "session";
+constexpr const char* kStores = "stores";
+constexpr qsizetype kMostStores = 8;
 constexpr const char* kSent = "partsWereSent";
 constexpr const char* kParts = "parts";
 constexpr const char* kNumber = "number";
@@ -68,6 +70,17 @@ QString Remembered::session() const {
 
 void Remembered::keepSession(const QString& name) {
     m_settings.setValue(kSession, name);
+}
+
+QStringList Remembered::stores() const {
+    return m_settings.value(kStores).toStringList();
+}
+
+void Remembered::keepStore(const QString& root) {
+    QStringList all = stores();
+    all.removeAll(root);
+    all.prepend(root);
+    m_settings.setValue(kStores, all.mid(0, kMostStores));
 }
 
 std::vector<PickedPart> Remembered::parts() const {

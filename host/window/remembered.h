@@ -4,6 +4,7 @@
 #include <QRect>
 #include <QSettings>
 #include <QString>
+#include <QStringList>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -29,6 +30,11 @@ class Remembered {
 
     QString session() const;
     void keepSession(const QString& name);
+
+    /// The folders of the stores that were open, the last one first.
+    QStringList stores() const;
+    /// Puts a store in front of the others; of many the oldest is forgotten.
+    void keepStore(const QString& root);
 
     /// The numbers and quantities of the parts list.
     std::vector<PickedPart> parts() const;

@@ -151,6 +151,10 @@ void SessionPanel::enableActions() {
     }
 }
 
+void SessionPanel::openStore(const std::filesystem::path& root) {
+    trigger(openingOf(root));
+}
+
 void SessionPanel::trigger(const Operation& operation) {
     try {
         perform(operation);
@@ -174,8 +178,9 @@ Outcome SessionPanel::perform(const Operation& operation) {
     const Selection selected = selection();
     const auto root = m_workplace.store().root;
     const Snapshot before = snapshot();
-    if (operation.area == Area::Store || operation.area == Area::Database)
-        m_lists->setCurrentIndex(operation.area == Area::Database);
+    if (operation.area == Area::Database) m_lists->setCurrentWidget(m_database);
+    if (operation.area == Area::Store || operation.area == Area::FirstSteps)
+        m_lists->setCurrentIndex(0);
     Outcome outcome = operation.call(m_workplace, selected);
     const QString more = isolatedIn(
         QString::fromStdString(outcome.text),

@@ -33,6 +33,8 @@ class SessionPanel : public QWidget {
     void selectSession(const std::string& name);
     /// The same for a session or part format of the database.
     void selectInDatabase(wynconfig::ItemKind kind, const std::string& name);
+    /// Opens another store, and tells what came of it.
+    void openStore(const std::filesystem::path& root);
     /// Lists the sessions anew, when something else than an operation changed the store.
     void refresh();
 

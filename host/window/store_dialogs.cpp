@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,7 +16,7 @@
 #include "sample/sample_store.h"
 #include "window/direction.h"
 #include "window/host_dialog.h"
-#include "wynconfig/keys.h"
+#include "window/sentence_label.h"
 
 namespace host {
 
@@ -24,6 +25,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kFieldWidth = 380;
+constexpr int kNoteLines = 3;  ///< room for them, so that nothing jumps
 
 QString tr(const char* text) {
     return QObject::tr(text);
@@ -72,24 +74,57 @@ class StoreForm {
     QDialogButtonBox* m_buttons;
 };
 
-bool isFolder(const fs::path& path) {
+/// What a folder is good for as a store.
+struct Judgement {
+    QString sentence;
+    bool canOpen = false;
+};
+
+/// Of a folder that is there and can be read.
+Judgement judgedFolder(const StoreFolders& store) {
+    using wynconfig::ItemKind;
+    const bool mayWrite = QFileInfo(QString::fromStdString(store.root.string())).isWritable();
+    if (store.exist()) {
+        const QString held = tr("This folder holds a store; sessions: %1, part formats: %2.")
+                                 .arg(store.readableNames(ItemKind::Session).size())
+                                 .arg(store.readableNames(ItemKind::PartFormat).size());
+        return {mayWrite ? held : tr("%1 You have no right to change it.").arg(held), true};
+    }
+    if (!mayWrite)
+        return {tr("This folder holds no store, and you have no right to make one there."), false};
     std::error_code ignored;
-    return fs::is_directory(path, ignored);
+    return {fs::is_empty(store.root, ignored)
+                ? tr("A new store will be made there.")
+                : tr("This folder holds other files, but no store. A new store will be made among "
+                     "them."),
+            true};
+}
+
+Judgement judged(const fs::path& path) {
+    if (path.empty()) return {tr("Enter the folder, or browse for it."), false};
+    std::error_code failure;
+    const fs::file_type kind = fs::status(path, failure).type();
+    if (kind == fs::file_type::not_found) return {tr("There is no such folder."), false};
+    const StoreFolders store(path);
+    const std::vector<std::string> faults = store.faults();
+    if (!faults.empty()) return {QString::fromStdString(faults.front()), false};
+    return judgedFolder(store);
 }
 
 }  // namespace
 
 std::optional<fs::path> askForStore(QWidget* window, const fs::path& now) {
     StoreForm form(window, tr("Open another store"), tr("&Open"));
-    auto* note = new QLabel;
+    auto* note = new SentenceLabel;
+    note->setObjectName("storeNote");
+    note->setWordWrap(true);
+    note->setMinimumHeight(kNoteLines * note->fontMetrics().lineSpacing());
+    note->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     form.fields->addRow(QString(), note);
     const auto judge = [&] {
-        const bool there = isFolder(form.path());
-        note->setText(!there ? tr("There is no such folder.")
-                      : isFolder(form.path() / wynconfig::session::kType)
-                          ? tr("This folder holds a store.")
-                          : tr("A new store will be made there."));
-        form.ok()->setEnabled(there);
+        const auto [sentence, canOpen] = judged(form.path());
+        note->tell(isolatedIn(sentence, {form.folder->text()}));
+        form.ok()->setEnabled(canOpen);
     };
     QObject::connect(form.folder, &QLineEdit::textChanged, &form.dialog, judge);
     form.folder->setText(QString::fromStdString(now.string()));

@@ -228,7 +228,7 @@ WINDOWS = {
     "opening another store": Window(
         "Open another store", [(HOST, choose("Store", "Open another store…"))],
         "Folder of the store:", [
-            box("Folder of the store:"), button("Browse…"), label("This folder holds a store."),
+            box("Folder of the store:"), button("Browse…"), label("This folder holds a store; sessions: 7, part formats: 8."),
             buttons("Open", "Cancel")]),
     "taking over a session": Window(
         TAKE_OVER, [(HOST, choose("Database", "Take over session…"))],
