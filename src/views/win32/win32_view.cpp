@@ -2,6 +2,7 @@
 #include "wynconfig/win32_view.h"
 
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "views/win32/boxes.h"
@@ -11,7 +12,9 @@
 #include "views/win32/module.h"
 #include "views/win32/person/person.h"
 #include "views/win32/screen.h"
+#include "views/win32/waiting.h"
 #include "wynconfig/error.h"
+#include "wynconfig/form.h"
 
 namespace wynconfig {
 
@@ -43,6 +46,7 @@ class NativeView : public Win32View {
     std::string browse(const BrowseRequest& request) override;
     void raise(Form& form, bool topMost) override;
     long deviceContext(Form& form) override;
+    void showProgress(const Progress& progress) override;
 
     User& user() override {
         m_driven = true;
@@ -63,6 +67,8 @@ class NativeView : public Win32View {
     template <class Act>
     void cameUp(const std::string& name, const Act& act);
     void releaseContext();
+    /// The window with a bar, made when it is asked for first.
+    native::ProgressWindow& progressWindow();
 
     native::Screen m_screen;
     native::Person m_person;
@@ -72,6 +78,8 @@ class NativeView : public Win32View {
     std::map<const Form*, bool> m_raised;  ///< forms raised before they had a window
     HWND m_contextOf = nullptr;
     HDC m_context = nullptr;
+    std::optional<native::WaitCursor> m_waitCursor;
+    std::optional<native::ProgressWindow> m_progress;
 };
 
 void NativeView::requireScreen() {
@@ -165,6 +173,34 @@ long NativeView::deviceContext(Form& form) {
 void NativeView::releaseContext() {
     if (m_context) ::ReleaseDC(m_contextOf, m_context);
     m_context = nullptr;
+}
+
+native::ProgressWindow& NativeView::progressWindow() {
+    if (!m_progress) {
+        const native::OwnControls controls;
+        const FormWindow* const top = m_screen.top();
+        const Form* const form = top ? top->form() : nullptr;
+        const auto font = form ? form->font() : nullptr;
+        m_progress.emplace(ownerFor(nullptr), font ? *font : Font{}, isMirrored(form));
+    }
+    return *m_progress;
+}
+
+void NativeView::showProgress(const Progress& progress) {
+    switch (progress.stage) {
+        case Progress::Stage::Begins:
+            m_waitCursor.emplace();
+            native::paintWindows();
+            break;
+        case Progress::Stage::Lasts:
+            progressWindow().tell(progress);
+            break;
+        case Progress::Stage::Ends:
+            m_progress.reset();
+            m_waitCursor.reset();
+            break;
+    }
+    if (m_driven) m_person.watch(progress.stage, m_progress ? &*m_progress : nullptr);
 }
 
 }  // namespace

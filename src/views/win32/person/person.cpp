@@ -9,6 +9,7 @@
 #include "views/win32/list_piece.h"
 #include "views/win32/person/hands.h"
 #include "views/win32/person/sight.h"
+#include "views/win32/waiting.h"
 #include "wynconfig/key_holder.h"
 
 namespace wynconfig::native {
@@ -44,6 +45,28 @@ void Person::pickPath(Browsing& dialog, const BrowseRequest& request) {
         blame("the browse dialog \"" + request.title + "\" does not take \"" + path + "\"");
     }
     dialog.cancel();
+}
+
+void Person::watch(Progress::Stage stage, const ProgressWindow* window) {
+    const bool waits = WaitCursor::isShown();
+    const bool isThere = window && ::IsWindowVisible(window->window());
+    SeenProgress sign{stage, {}, {}, 0, 0};
+    switch (stage) {
+        case Progress::Stage::Begins:
+            if (waits && !isThere) progressSeen(sign);
+            return;
+        case Progress::Stage::Lasts:
+            if (!waits || !isThere) return;
+            sign.title = fromWide(textOf(window->window()));
+            sign.text = fromWide(textOf(window->text()));
+            sign.done = static_cast<std::size_t>(::SendMessageW(window->bar(), PBM_GETPOS, 0, 0));
+            sign.all =
+                static_cast<std::size_t>(::SendMessageW(window->bar(), PBM_GETRANGE, FALSE, 0));
+            return progressSeen(sign);
+        case Progress::Stage::Ends:
+            if (!waits && !isThere) progressSeen(sign);
+            return;
+    }
 }
 
 FormWindow& Person::top() const {

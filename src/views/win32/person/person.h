@@ -13,6 +13,7 @@
 namespace wynconfig::native {
 
 class ListPiece;
+class ProgressWindow;
 
 class Person : public User {
   public:
@@ -22,6 +23,9 @@ class Person : public User {
     void meet(FormWindow& window);
     void answer(const MessageWindow& box, const MessageRequest& shown);
     void pickPath(Browsing& dialog, const BrowseRequest& request);
+    /// Looks for the signs of work.
+    /// @param window  the one with a bar; null: it is not there
+    void watch(Progress::Stage stage, const ProgressWindow* window);
 
     std::string formName() const override;
     std::string formTitle() const override;
