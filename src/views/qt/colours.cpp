@@ -10,7 +10,7 @@ namespace wynconfig::desktop {
 namespace {
 
 /// The contrast that people with weak eyes need is 4.5; some more, since styles shade the grounds
-/// of groups and pages a little. Those of buttons they shade more, and draw marks in boxes paler.
+/// of groups a little. Marks in boxes they draw paler than texts.
 constexpr double kReadableContrast = 5.5;
 constexpr double kReadableMarks = 6.5;
 /// The contrast by which a box that is switched off is told from the others.
@@ -55,12 +55,17 @@ QColor firstClear(const QColor& from, const QColor& to, const QList<QColor>& gro
     return to;
 }
 
-void clearText(QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole ground) {
-    const double enough = ground == QPalette::Window ? kReadableContrast : kReadableMarks;
-    palette.setColor(
-        QPalette::Disabled, text,
-        firstClear(palette.color(QPalette::Disabled, text), palette.color(QPalette::Active, text),
-                   {palette.color(QPalette::Disabled, ground)}, enough));
+/// Styles draw pages and buttons in lighter shades than they are told.
+QColor raised(const QColor& ground) {
+    constexpr int kLighter = 125;
+    return ground.lighter(kLighter);
+}
+
+void clearText(QPalette& palette, QPalette::ColorRole text, const QList<QColor>& grounds,
+               double enough = kReadableContrast) {
+    palette.setColor(QPalette::Disabled, text,
+                     firstClear(palette.color(QPalette::Disabled, text),
+                                palette.color(QPalette::Active, text), grounds, enough));
 }
 
 /// Texts that are paler than others although they are in use: hints in empty boxes, and links.
@@ -95,10 +100,8 @@ QColor inactiveBase(const QPalette& palette) {
 
 /// What may lie on both sides of an outline.
 QList<QColor> groundsOf(const QPalette& palette, Ground around) {
-    // Styles draw pages and buttons in lighter shades than they are told.
-    constexpr int kRaised = 125;
     QList<QColor> grounds{palette.color(QPalette::Window), palette.color(QPalette::Base)};
-    if (around == Ground::Raised) grounds << palette.color(QPalette::Button).lighter(kRaised);
+    if (around == Ground::Raised) grounds << raised(palette.color(QPalette::Button));
     return grounds;
 }
 
@@ -106,10 +109,14 @@ QList<QColor> groundsOf(const QPalette& palette, Ground around) {
 
 QPalette readable(QPalette palette) {
     palette.setColor(QPalette::Disabled, QPalette::Base, inactiveBase(palette));
-    clearText(palette, QPalette::Text, QPalette::Base);
-    clearText(palette, QPalette::Text, QPalette::Button);
-    clearText(palette, QPalette::WindowText, QPalette::Window);
-    clearText(palette, QPalette::ButtonText, QPalette::Button);
+    const QColor button = palette.color(QPalette::Disabled, QPalette::Button);
+    const QList<QColor> buttons{button, raised(button)};
+    clearText(palette, QPalette::Text, {palette.color(QPalette::Disabled, QPalette::Base)},
+              kReadableMarks);
+    clearText(palette, QPalette::Text, buttons);
+    clearText(palette, QPalette::ButtonText, buttons);
+    clearText(palette, QPalette::WindowText,
+              {palette.color(QPalette::Disabled, QPalette::Window), raised(button)});
     clearPaleText(palette, QPalette::PlaceholderText);
     clearPaleText(palette, QPalette::Link);
     clearSelection(palette);

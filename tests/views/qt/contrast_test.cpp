@@ -162,7 +162,7 @@ TEST_P(PairContrast, ATickIsToldFromNone) {
 TEST_P(PairContrast, WhatIsSwitchedOffLooksSo) {
     // Boxes and lists have another ground then, and the texts of all are paler.
     constexpr double kOtherGround = 1.12;
-    constexpr double kPaler = 1.3;
+    constexpr double kPaler = 1.25;
     showPairs([&](User& u, PairForm& form) {
         u.focus("btnOK");
         const Picture picture(*window());
