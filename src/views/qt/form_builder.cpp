@@ -228,6 +228,12 @@ void FormBuilder::addGroup(QBoxLayout* box, const Layout& node, const Place& pla
     QWidget* group = make(*node.control, place);
     box->addWidget(group, node.grows ? 1 : 0);
     auto* inside = new QVBoxLayout(group);
+    if (node.grows) {
+        // What grows takes the room of the edges too.
+        const QMargins usual = inside->contentsMargins();
+        inside->setContentsMargins(usual.left() / 3, usual.top(), usual.right() / 3,
+                                   usual.bottom());
+    }
     fill(inside, node.children, {group, captioned(node.control)});
     keepUp(inside, node.children);
 }
@@ -271,27 +277,34 @@ void FormBuilder::addButtons(QBoxLayout* box, const Layout& node, const Place& p
 }
 
 void FormBuilder::addTitled(QBoxLayout* box, const Layout& node, const Place& place) {
-    auto* stack = new QVBoxLayout;
+    auto* grid = new QGridLayout;
     // A label belongs to its box more than the box to its neighbours.
     const int usual = m_window->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing);
-    stack->setSpacing(usual / 2);
-    box->addLayout(stack, node.grows ? 1 : 0);
-    // At the leading side also where its text runs the other way.
-    stack->addWidget(makeLabel(node, place), 0, Qt::AlignLeft);
-    auto* line = new QHBoxLayout;
-    line->setSpacing(usual);
-    stack->addLayout(line, 1);
-    if (!node.behindBox) addBeside(line, node, place);
-    put(line, makeLabelled(node, place), 1, node, place);
-    if (node.behindBox) addBeside(line, node, place);
-    if (!growsDown(node)) stack->setAlignment(Qt::AlignTop);
+    grid->setVerticalSpacing(usual / 2);
+    grid->setHorizontalSpacing(usual);
+    box->addLayout(grid, node.grows ? 1 : 0);
+    constexpr int kLabels = 0;
+    constexpr int kBoxes = 1;
+    const int beside = node.behindBox ? 1 : 0;
+    const int own = node.children.empty() ? 0 : 1 - beside;
+    // Over its box alone, at the leading side also where its text runs the other way.
+    grid->addWidget(makeLabel(node, place), kLabels, own, Qt::AlignLeft);
+    if (!node.behindBox) addBeside(grid, kBoxes, beside, node, place);
+    auto* cell = new QVBoxLayout;
+    grid->addLayout(cell, kBoxes, own);
+    put(cell, makeLabelled(node, place), 1, node, place);
+    if (node.behindBox) addBeside(grid, kBoxes, beside, node, place);
+    grid->setRowStretch(kBoxes, 1);
+    grid->setColumnStretch(own, 1);
+    if (!growsDown(node)) grid->setAlignment(Qt::AlignTop);
 }
 
-void FormBuilder::addBeside(QBoxLayout* line, const Layout& node, const Place& place) {
+void FormBuilder::addBeside(QGridLayout* grid, int row, int column, const Layout& node,
+                            const Place& place) {
     if (node.children.empty()) return;
     auto* beside = new QVBoxLayout;
-    beside->setSpacing(line->spacing());
-    line->addLayout(beside);
+    beside->setSpacing(grid->horizontalSpacing());
+    grid->addLayout(beside, row, column);
     fill(beside, node.children, place);
     keepUp(beside, node.children);
 }

@@ -91,7 +91,7 @@ class FormBuilder {
     void addSingle(QBoxLayout* box, const Layout& node, const Place& place);
     void addButtons(QBoxLayout* box, const Layout& node, const Place& place);
     void addTitled(QBoxLayout* box, const Layout& node, const Place& place);
-    void addBeside(QBoxLayout* line, const Layout& node, const Place& place);
+    void addBeside(QGridLayout* grid, int row, int column, const Layout& node, const Place& place);
     QGridLayout* addFields(QBoxLayout* box, const std::vector<Layout>& run, const Place& place);
     void rememberOptions(const Layout& field);
     void addField(QGridLayout* grid, int row, const Layout& node, const Place& place);

@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <set>
 
 #include "support/all_dialogs.h"
 #include "support/contrast.h"
@@ -200,6 +201,32 @@ TEST_P(EachDialog, TheListsOfFormatsAreEquallyWideAndTheirButtonsStandByThem) {
         u.closeByFrame();
     });
     form.Show();
+}
+
+TEST_P(EachDialog, HasLabelsOverTheirListsAndNotOverTheButtonsBesideThem) {
+    std::set<QString> lists;
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QApplication::setLayoutDirection(direction);
+        showEach([&](User& u, Form& form) {
+            onEachTab(u, form, [&] {
+                QCoreApplication::processEvents();  // a page is laid out as it is painted
+                for (const QLabel* label : window()->findChildren<QLabel*>()) {
+                    const auto* list = qobject_cast<const QTreeView*>(label->buddy());
+                    if (!list || !label->isVisible()) continue;
+                    const QRect over = label->geometry();
+                    EXPECT_LT(over.bottom(), list->y());
+                    if (direction == Qt::LeftToRight) {
+                        EXPECT_EQ(over.left(), list->x());
+                    } else {
+                        EXPECT_EQ(over.right(), list->geometry().right());
+                    }
+                    lists.insert(list->objectName());
+                }
+            });
+        });
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    EXPECT_EQ(lists.size(), 4U);
 }
 
 TEST_P(EachDialog, IsAsWideAsItsTitleAndNoNarrowerThanIsComfortable) {
