@@ -382,5 +382,70 @@ TEST_P(LongLists, SayThatTheyAreEmptyWhereTheyAreHidden) {
     });
 }
 
+/// The dialogs on a store in which nothing is yet.
+class EmptyStore : public Desk {
+  protected:
+    void SetUp() override {
+        Desk::SetUp();
+        component.InitResourceManager(makeBundleResourceManager(WYNCONFIG_RESOURCES, "en"));
+    }
+    static QString noteOf(const char* list) {
+        return window()->findChild<QWidget*>(QString::fromLatin1(list))->accessibleDescription();
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Views, EmptyStore, ::testing::Values("Qt"),
+                         [](const auto& each) { return std::string(each.param); });
+
+TEST_P(EmptyStore, SaysInEachDialogWhatBringsTheFirstRow) {
+    user().onForm("frmMORAMConfig", [](User& u) {
+        u.changeTab("SSTab2", 1);
+        EXPECT_FALSE(u.see("lstAvailableFormats").visible);
+        EXPECT_EQ(noteOf("lstAvailableFormats"), "Nothing here yet. Begin with “New”.");
+        EXPECT_EQ(noteOf("lstSelectedFormats2"),
+                  "Nothing here yet. Select a row under “Available Part Formats”, then press “>”.");
+        u.closeByFrame();
+    });
+    user().onForm("frmMORAMMaintenance", [](User& u) {
+        EXPECT_EQ(noteOf("lstAvailableMORAMs2"), "Nothing here yet. Begin with “New”.");
+        u.closeByFrame();
+    });
+    std::string name = "NEW";
+    component.showMORAMConfigDlg(name);
+    component.showMORAMMaintenanceDlg(name);
+    user().finish();
+}
+
+TEST_P(EmptyStore, SpeaksOfAButtonWhereThereIsOne) {
+    user().onForm("frmSessionManager", [](User& u) {
+        EXPECT_EQ(noteOf("lstAvailableTESessions"), "Nothing here yet. Begin with “Add”.");
+        u.closeByFrame();
+    });
+    component.showConfigurableSessionManagerDlg("");
+    user().onForm("frmSessionManager", [](User& u) {
+        EXPECT_EQ(noteOf("lstAvailableTESessions"), "Nothing here yet.");
+        u.closeByFrame();
+    });
+    component.showSessionManagerDlg("");
+    user().finish();
+}
+
+TEST_P(EmptyStore, IsNoMoreOnceThereIsAFormat) {
+    user().onForm("frmMORAMConfig", [&](User& u) {
+        u.changeTab("SSTab2", 1);
+        putFormat("CSV");
+        u.onForm("frmPartNumberFormat", [](User& editor) {
+            EXPECT_EQ(noteOf("lstSpecialSymbols2"), "");
+            editor.click("btnCancel");
+        });
+        u.click("btnNew");
+        EXPECT_TRUE(u.see("lstAvailableFormats").visible);
+        EXPECT_EQ(noteOf("lstAvailableFormats"), "");
+        u.closeByFrame();
+    });
+    std::string name = "NEW";
+    component.showMORAMConfigDlg(name);
+    user().finish();
+}
+
 }  // namespace
 }  // namespace wynconfig
