@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabBar>
 #include <functional>
@@ -201,6 +202,15 @@ void openChoices(QWidget& window) {
     part<QComboBox>(window, "cboConfigs").showPopup();
 }
 
+QAbstractItemView* sessions(QWidget& window) {
+    return &part<QAbstractItemView>(window, "lstAvailableMORAMs2");
+}
+
+/// What half of the names hold.
+void typeFilter(QWidget& window) {
+    part<QLineEdit>(window, "lstAvailableMORAMs2Filter").setText(QStringLiteral("9"));
+}
+
 struct Measured {
     const char* name;
     Opening opening;
@@ -217,6 +227,7 @@ std::vector<Measured> everyDialog(int items) {
         {"add", {showAdding, {}}},
         {"choices", {showAdding, {{"frmAddMORAMConfig", openChoices}}, choices}},
         {"maintenance", {showMaintenance, {}}},
+        {"filter", {showMaintenance, {{"frmMORAMMaintenance", typeFilter}}, sessions}},
         {"manager", {showManager(items), {}}},
     };
 }
