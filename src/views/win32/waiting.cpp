@@ -63,12 +63,15 @@ void ProgressWindow::tell(const Progress& progress) {
         ::ShowWindow(m_window, SW_SHOWNOACTIVATE);
         ::NotifyWinEvent(EVENT_SYSTEM_ALERT, m_window, OBJID_WINDOW, CHILDID_SELF);
     }
+    // Its owner may have been raised since then.
+    ::SetWindowPos(m_window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     ::RedrawWindow(m_window, nullptr, nullptr,
                    RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-    // Windows takes a program for hung that looks at no message for some seconds. This one is left
-    // where it is.
+    // Windows takes a program for hung that looks for no message for some seconds. It is one that
+    // nobody sends, so that all others stay where they are.
+    constexpr UINT kNever = 0xBFFF;
     MSG message;
-    ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+    ::PeekMessageW(&message, m_window, kNever, kNever, PM_NOREMOVE);
 }
 
 void ProgressWindow::arrange(const std::wstring& text) {

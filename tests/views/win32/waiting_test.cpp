@@ -43,6 +43,13 @@ HWND titled(const wchar_t* title) {
     return search.found;
 }
 
+bool isAbove(HWND window, HWND other) {
+    for (HWND each = ::GetTopWindow(nullptr); each; each = ::GetWindow(each, GW_HWNDNEXT)) {
+        if (each == window || each == other) return each == window;
+    }
+    return false;
+}
+
 LRESULT CALLBACK countPaints(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
                              DWORD_PTR count) {
     if (message == WM_PAINT) ++*reinterpret_cast<int*>(count);
@@ -96,6 +103,10 @@ TEST_F(NativeWaiting, TheWindowTakesNoFocusAndLeavesMessagesWhereTheyAre) {
     ::PostMessageW(host, kWaits, 0, 0);
     view->showProgress(stageOf(Stage::Begins));
     view->showProgress(lastingFor("1 of 2", 1, 2));
+    EXPECT_EQ(::GetActiveWindow(), host);
+    ::SetWindowPos(host, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    view->showProgress(lastingFor("2 of 2", 2, 2));
+    EXPECT_TRUE(isAbove(titled(L"Please Wait"), host));
     EXPECT_EQ(::GetActiveWindow(), host);
     EXPECT_EQ(::GetWindow(titled(L"Please Wait"), GW_OWNER), host);
     view->showProgress(stageOf(Stage::Ends));
