@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/forms/observing.h"
-#include "platform/text/numbers.h"
+#include "platform/text/count_text.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {

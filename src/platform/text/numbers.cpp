@@ -342,6 +342,10 @@ void setNumberLocale(const std::string& locale) {
     currentMarks() = numberMarksOf(locale);
 }
 
+const NumberMarks& numberMarks() {
+    return currentMarks();
+}
+
 std::optional<double> parseNumber(std::string_view text) {
     return parseNumber(text, currentMarks());
 }
@@ -370,16 +374,6 @@ std::int16_t toInt16(std::string_view text) {
     const double rounded = halfToEven(reading.value);
     if (rounded < Limits::min() || rounded > Limits::max()) raiseOverflow();
     return static_cast<std::int16_t>(rounded);
-}
-
-std::string countText(std::size_t count) {
-    const std::string digits = std::to_string(count);
-    std::string text;
-    for (std::size_t at = 0; at < digits.size(); ++at) {
-        if (at > 0 && (digits.size() - at) % 3 == 0) text += currentMarks().thousands;
-        text += digits[at];
-    }
-    return text;
 }
 
 std::int16_t toInt16(std::size_t count) {

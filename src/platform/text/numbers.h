@@ -15,6 +15,9 @@ namespace wynconfig {
 /// user's locale holds.
 void setNumberLocale(const std::string& locale);
 
+/// The marks that this module uses.
+const NumberMarks& numberMarks();
+
 /// The number that text stands for, or nothing when it reads as no number.
 std::optional<double> parseNumber(std::string_view text);
 std::optional<double> parseNumber(std::string_view text, const NumberMarks& marks);
@@ -28,9 +31,6 @@ double toDouble(std::string_view text);
 /// Text to a 16-bit integer, half to even. Raises `Error`: errc::TypeMismatch when the text is no
 /// number, errc::Overflow when the number is beyond 16 bits or beyond a double.
 std::int16_t toInt16(std::string_view text);
-
-/// A count as a person reads it: in groups of three digits, by the marks of the user's locale.
-std::string countText(std::size_t count);
 
 /// A count as a 16-bit integer. Raises `Error` (errc::Overflow) beyond 32,767.
 std::int16_t toInt16(std::size_t count);

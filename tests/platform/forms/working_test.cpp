@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/text/count_text.h"
 #include "platform/text/numbers.h"
 #include "support/test_form.h"
 #include "support/wait_clock.h"
