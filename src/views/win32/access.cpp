@@ -21,22 +21,40 @@ void setSpokenName(HWND window, const std::wstring& name) {
     if (SUCCEEDED(entered)) ::CoUninitialize();
 }
 
-HWND makeTips() {
-    // Not owned by the form: not every system puts a window in front that owns another one there.
-    return ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0,
-                             0, 0, nullptr, nullptr, moduleHandle(), nullptr);
-}
+namespace {
 
-void setTip(HWND tips, HWND window, const std::wstring& text) {
+void addTip(HWND tips, HWND window, wchar_t* text) {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = ::GetParent(window);
     tool.uId = reinterpret_cast<UINT_PTR>(window);
-    std::wstring shown = text;
-    tool.lpszText = shown.data();
+    tool.lpszText = text;
     ::SendMessageW(tips, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     ::SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+}  // namespace
+
+HWND makeTips() {
+    constexpr int kWidth = 400;
+    // Not owned by the form: not every system puts a window in front that owns another one there.
+    const HWND tips =
+        ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0,
+                          0, nullptr, nullptr, moduleHandle(), nullptr);
+    // Wraps what is longer, and leaves time to read it.
+    ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, scaled(kWidth, dpiOf(tips)));
+    ::SendMessageW(tips, TTM_SETDELAYTIME, TTDT_AUTOPOP, SHRT_MAX);
+    return tips;
+}
+
+void setTip(HWND tips, HWND window, const std::wstring& text) {
+    std::wstring shown = text;
+    addTip(tips, window, shown.data());
+}
+
+void setAskedTip(HWND tips, HWND window) {
+    addTip(tips, window, LPSTR_TEXTCALLBACKW);
 }
 
 }  // namespace wynconfig::native

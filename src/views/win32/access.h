@@ -15,5 +15,7 @@ void setSpokenName(HWND window, const std::wstring& name);
 HWND makeTips();
 /// What is shown when the mouse rests on a window.
 void setTip(HWND tips, HWND window, const std::wstring& text);
+/// The same, but the text is asked for only then: the window's parent gets TTN_GETDISPINFOW.
+void setAskedTip(HWND tips, HWND window);
 
 }  // namespace wynconfig::native

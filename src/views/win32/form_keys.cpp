@@ -26,6 +26,8 @@ std::optional<FormKey> formKey(WPARAM key) {
             return FormKey::Escape;
         case VK_DELETE:
             return FormKey::Delete;
+        case VK_F1:
+            return FormKey::F1;
         case VK_F2:
             return FormKey::F2;
         case VK_TAB:
@@ -166,9 +168,18 @@ bool FormWindow::takeFormKey(FormKey key) {
 
 void FormWindow::obey(const KeyAct& act) {
     if (!act) return;
+    if (act.kind == KeyAct::Kind::Help) return showHelp();
     const bool moves = act.takesFocus || act.kind == KeyAct::Kind::Focus;
     if (Piece* there = moves ? piece(*act.control) : nullptr) takeFocusTo(*there);
     m_door([&](const UserInput& input) { carryOut(act, input); });
+}
+
+void FormWindow::showHelp() {
+    const bool mirrored = (::GetWindowLongW(m_window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+    m_door([&](const UserInput&) {
+        m_help.show(m_window, helpPage(*m_form, mirrored), m_fonts.of(m_form->font().get()),
+                    mirrored);
+    });
 }
 
 /// A key that is marked more than once only moves the focus around.

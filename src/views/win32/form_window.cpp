@@ -81,6 +81,8 @@ void FormWindow::add(Control& control, Standing standing, const CaptionedControl
     m_byWindow[made.window()] = &made;
     const CaptionedControl* const label = standing.labelledBy ? standing.labelledBy : frame;
     if (isBox(control) && label) m_spokenNames.push_back({&made, label, {}});
+    const bool told = takesFocus(control) && control.kind() != ControlKind::Tabs;
+    if (told && !standing.movesRows) setAskedTip(m_tips, made.window());
 }
 
 /// Windows stand in the order of the layout, labels before their boxes: by that Windows tells
@@ -161,11 +163,13 @@ void FormWindow::run(const std::function<void()>& cameUp) {
 void FormWindow::handle(MSG& message) {
     const bool ours = message.hwnd == m_window || ::IsChild(m_window, message.hwnd);
     if (ours && takes(message)) return;
+    if (!ours && m_help.takes(message)) return;
     ::TranslateMessage(&message);
     ::DispatchMessageW(&message);
 }
 
 void FormWindow::leaveScreen() {
+    m_help.close();
     m_modality.reset();
     ::ShowWindow(m_window, SW_HIDE);
     if (m_owner && ::IsWindowVisible(m_owner) && ::GetActiveWindow() != m_owner)
@@ -337,6 +341,10 @@ bool FormWindow::on(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
             return true;
         case WM_NOTIFY: {
             auto& what = *reinterpret_cast<NMHDR*>(l);
+            if (what.hwndFrom == m_tips && what.code == TTN_GETDISPINFOW) {
+                tellTip(reinterpret_cast<NMTTDISPINFOW&>(what));
+                return true;
+            }
             Piece* from = pieceAt(what.hwndFrom);
             if (from) result = from->notified(what);
             return from != nullptr;
@@ -354,6 +362,12 @@ bool FormWindow::on(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         default:
             return false;
     }
+}
+
+void FormWindow::tellTip(NMTTDISPINFOW& asked) {
+    const Piece* const over = pieceAt(reinterpret_cast<HWND>(asked.hdr.idFrom));
+    m_tip = m_form && over ? toWide(m_form->help(&over->control())) : std::wstring();
+    asked.lpszText = m_tip.data();
 }
 
 LRESULT FormWindow::colourOf(UINT, HDC dc, HWND child) const {

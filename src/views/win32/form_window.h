@@ -14,6 +14,7 @@
 #include "views/win32/classes.h"
 #include "views/win32/colours.h"
 #include "views/win32/fonts.h"
+#include "views/win32/help.h"
 #include "views/win32/modality.h"
 #include "views/win32/piece.h"
 #include "wynconfig/form.h"
@@ -54,6 +55,8 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     /// What stands behind the text of a box.
     HBRUSH groundOf(const Piece& piece) const;
     const Colours& colours() const { return m_colours; }
+    const HelpWindow& help() const { return m_help; }
+    HWND tips() const { return m_tips; }
 
   private:
     // FormObserver
@@ -88,6 +91,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     void showGround(const Control& box) const;
 
     bool on(UINT message, WPARAM w, LPARAM l, LRESULT& result);
+    void tellTip(NMTTDISPINFOW& asked);
     LRESULT colourOf(UINT message, HDC dc, HWND child) const;
     void sized(int width, int height);
     void rescale(int dpi, const RECT& suggested);
@@ -113,6 +117,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     bool takes(const MSG& message);
     bool takeKey(WPARAM key);
     bool takeFormKey(FormKey key);
+    void showHelp();
     bool followMark(const std::string& key);
     void leaveScreen();
 
@@ -144,6 +149,8 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     std::vector<SpokenName> m_spokenNames;
     std::vector<Mover> m_movers;
     HWND m_tips = nullptr;
+    std::wstring m_tip;  ///< what the tip on the screen tells
+    HelpWindow m_help;
     std::optional<Modality> m_modality;
     std::function<void()> m_cameUp;
     Refusal m_refusal;

@@ -108,6 +108,21 @@ void keyClick(FormWindow& form, WORD key, bool withCtrl) {
     if (form.live() && ::IsWindow(focused)) post(form, focused, WM_KEYUP, key, keyData(key, true));
 }
 
+void keyClickAt(FormWindow& form, HWND window, WORD key) {
+    post(form, window, WM_KEYDOWN, key, keyData(key, false));
+    if (form.live() && ::IsWindow(window)) post(form, window, WM_KEYUP, key, keyData(key, true));
+}
+
+std::wstring tipOf(HWND window, HWND tips) {
+    NMTTDISPINFOW asked{};
+    asked.hdr.hwndFrom = tips;
+    asked.hdr.idFrom = reinterpret_cast<UINT_PTR>(window);
+    asked.hdr.code = TTN_GETDISPINFOW;
+    ::SendMessageW(::GetParent(window), WM_NOTIFY, asked.hdr.idFrom,
+                   reinterpret_cast<LPARAM>(&asked));
+    return asked.lpszText ? asked.lpszText : L"";
+}
+
 void pressWithAlt(FormWindow& form, const std::wstring& character) {
     constexpr LPARAM kAltIsDown = LPARAM{1} << 29;
     const HeldKey alt(VK_MENU);

@@ -19,6 +19,10 @@ void rowClick(FormWindow& form, HWND list, POINT place);
 void rowDoubleClick(FormWindow& form, HWND list, POINT place);
 /// Presses and lets go a key in the window that has the focus.
 void keyClick(FormWindow& form, WORD key, bool withCtrl = false);
+/// Presses and lets go a key in a window that stands beside the form.
+void keyClickAt(FormWindow& form, HWND window, WORD key);
+/// What the tip of a window tells, as the mouse has it asked.
+std::wstring tipOf(HWND window, HWND tips);
 /// Presses Alt and the key of a character, as a mark in a caption asks for.
 void pressWithAlt(FormWindow& form, const std::wstring& character);
 /// Types into the window that has the focus: by the keyboard, or, where a keyboard has no keys for

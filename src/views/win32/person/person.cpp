@@ -274,11 +274,23 @@ std::string Person::help(std::string_view name) {
     const Piece* piece = window.piece(control);
     if (!piece || !::IsWindowVisible(piece->window()))
         throw UserError(std::string(name) + " is hidden");
-    return window.form()->help(&control);
+    return fromWide(tipOf(piece->window(), window.tips()));
 }
 
 std::vector<std::string> Person::readHelp() {
-    return {};
+    FormWindow& window = inHand();
+    keyClick(window, VK_F1);
+    if (!window.help().window()) return {};
+    const std::string all = fromWide(textOf(window.help().text()));
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < all.size();) {
+        const std::size_t end = std::min(all.find("\r\n", at), all.size());
+        if (end > at) lines.push_back(all.substr(at, end - at));
+        at = end + 2;
+    }
+    keyClickAt(window, window.help().text(), VK_ESCAPE);
+    if (window.help().window()) throw UserError("Escape does not close the help");
+    return lines;
 }
 
 }  // namespace wynconfig::native
