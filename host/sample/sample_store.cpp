@@ -257,6 +257,24 @@ std::vector<std::string> StoreFolders::faults() const {
     return faults;
 }
 
+std::vector<std::string> StoreFolders::losses() const {
+    const auto isGone = [](const fs::path& path) {
+        std::error_code failure;
+        return fs::symlink_status(path, failure).type() == fs::file_type::not_found;
+    };
+    if (isGone(root))
+        return {"The folder " + root.string() +
+                " of the store is not there any more: it was moved or deleted, or its drive is not "
+                "connected. Bring it back, or open another store."};
+    std::vector<std::string> losses;
+    for (const fs::path& each : {sessions(), formats()})
+        if (isGone(each))
+            losses.push_back("The folder " + each.string() +
+                             " is not there any more. Bring it back, or open the store anew, which "
+                             "makes an empty one.");
+    return losses;
+}
+
 std::vector<std::string> StoreFolders::readableNames(wynconfig::ItemKind kind) const {
     try {
         return names(kind);

@@ -36,6 +36,8 @@ struct StoreFolders {
     bool exist() const;
     /// What of the store is there and can't be read, a sentence for the user each.
     std::vector<std::string> faults() const;
+    /// What of a store that was open is not there any more, a sentence for the user each.
+    std::vector<std::string> losses() const;
     /// The root as the component takes it, with its trailing separator.
     std::string rootText() const { return root.string() + "/"; }
     /// The names of its items in upper case, in ascending order; none where there is no store.

@@ -56,7 +56,8 @@ FirstSteps::FirstSteps(QAction* first, QAction* open, QWidget* parent)
 
 void FirstSteps::look(const StoreFolders& store) {
     using wynconfig::ItemKind;
-    setVisible(store.faults().empty() && store.readableNames(ItemKind::Session).empty());
+    setVisible(store.losses().empty() && store.faults().empty() &&
+               store.readableNames(ItemKind::Session).empty());
     const bool hasFormat = !store.readableNames(ItemKind::PartFormat).empty();
     m_sentence->tell(hasFormat
                          ? tr("This store has no session yet. A session says where your parts list "

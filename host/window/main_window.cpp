@@ -2,6 +2,7 @@
 #include "window/main_window.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -27,6 +28,7 @@
 #include "window/sentence_label.h"
 #include "window/session_panel.h"
 #include "window/store_dialogs.h"
+#include "window/store_watch.h"
 #include "wynconfig/qt_view.h"
 
 namespace host {
@@ -65,6 +67,7 @@ MainWindow::MainWindow(Workplace& workplace, Remembered* remembered)
     connect(m_sessions, &SessionPanel::performed, this, &MainWindow::showStore);
     connect(m_deleted, &DeletedPanel::restored, this, &MainWindow::showStore);
     showStore();
+    makeWatch();
     resize(1180, 740);
     for (QLineEdit* each : findChildren<QLineEdit*>()) each->installEventFilter(this);
     wynconfig::clarify(*this);
@@ -176,13 +179,62 @@ void MainWindow::showStore() {
                              store.formats(), store.formats() / "deleted", store.sessionList()})
         places << QString::fromStdString(each.string());
     QStringList faults;
-    for (const std::string& fault : store.faults())
-        faults << isolatedIn(QString::fromStdString(fault), places);
+    const std::vector<std::string> losses = store.losses();
+    m_isLost = !losses.empty();
+    for (const auto& all : {losses, store.faults()})
+        for (const std::string& each : all)
+            faults << isolatedIn(QString::fromStdString(each), places);
     m_faults->tell(faults.join(u'\n'));
     m_faults->setVisible(!faults.isEmpty());
     m_firstSteps->look(store);
     if (m_remembered && store.exist())
         m_remembered->keepStore(QString::fromStdString(store.root.string()));
+}
+
+void MainWindow::makeWatch() {
+    // What is up in front is not to change, nor what comes up behind it be about something else.
+    m_watch = new StoreWatch(
+        [this] {
+            return QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
+                   m_sessions->isAtWork();
+        },
+        this);
+    connect(m_watch, &StoreWatch::changed, this, &MainWindow::readAnew);
+    connect(m_send, &SendPanel::planned, this, &MainWindow::watchFolders);
+    connect(m_sessions, &SessionPanel::performed, this, &MainWindow::watchFolders);
+    watchFolders();
+}
+
+void MainWindow::watchFolders() {
+    const StoreFolders& store = m_workplace.store();
+    std::vector<std::filesystem::path> folders = {store.root, store.sessions(),
+                                                  store.sessions() / "deleted", store.formats(),
+                                                  store.formats() / "deleted"};
+    for (const auto& each : m_send->places()) folders.push_back(each);
+    m_watch->watch(folders);
+}
+
+bool MainWindow::readAnew() {
+    const QString chosen = m_send->session();
+    const bool wasLost = m_isLost;
+    m_sessions->refresh();
+    m_send->readStore();
+    m_deleted->readStore();
+    showStore();
+    const QString now = m_send->session();
+    if (m_isLost && !wasLost)
+        m_result->tell(m_faults->text(), true);
+    else if (wasLost && !m_isLost)
+        m_result->tell(tr("The folders of the store are there again."), false);
+    else if (!m_isLost && now != chosen && !chosen.isEmpty())
+        m_result->tell(now.isEmpty()
+                           ? tr("The session %1 is not there any more.").arg(isolated(chosen))
+                           : tr("The session %1 is not there any more; %2 is chosen now.")
+                                 .arg(isolated(chosen), isolated(now)),
+                       true);
+    else
+        return false;
+    return true;
 }
 
 void MainWindow::makeStoreMenu() {
@@ -194,6 +246,14 @@ void MainWindow::makeStoreMenu() {
     connect(m_recent, &QMenu::aboutToShow, this, &MainWindow::listRecentStores);
     listRecentStores();
     store->addActions(actions);
+    const auto read = [this] {
+        const bool hasTold = readAnew();
+        m_sessions->refreshAll();
+        if (!hasTold && !m_isLost) m_result->tell(tr("The store was read anew."), false);
+    };
+    QAction* anew = store->addAction(tr("Read the store a&new"), Qt::Key_F5, this, read);
+    anew->setObjectName(QStringLiteral("readAnew"));
+    anew->setStatusTip(tr("Shows what others have changed in the meantime"));
 }
 
 void MainWindow::listRecentStores() {

@@ -20,6 +20,7 @@ class ResultLine;
 class SendPanel;
 class SentenceLabel;
 class SessionPanel;
+class StoreWatch;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -48,6 +49,11 @@ class MainWindow : public QMainWindow {
     /// Shows which store it is, and what of it can't be read.
     void showStore();
     void showPlace();
+    /// Reads everything anew, as others may have changed it; what the user has chosen stays.
+    /// @return whether there was something to tell
+    bool readAnew();
+    void watchFolders();
+    void makeWatch();
     void makeStatusBar();
     void restore();
     void keepParts();
@@ -61,6 +67,8 @@ class MainWindow : public QMainWindow {
     QTabWidget* m_pages = nullptr;
     FirstSteps* m_firstSteps = nullptr;
     QMenu* m_recent = nullptr;
+    StoreWatch* m_watch = nullptr;
+    bool m_isLost = false;  ///< something of the store was not there when it was read last
     ElidedLabel* m_place;
     ResultLine* m_result;
     SentenceLabel* m_faults;

@@ -219,10 +219,22 @@ void SendPanel::readStore() {
         for (const std::string& name : m_store.readableNames(wynconfig::ItemKind::Session))
             m_sessions->addItem(fromText(name));
         m_sessions->setCurrentIndex(std::max(m_sessions->findText(wanted), 0));
-        m_wanted = m_sessions->currentText();
+        // Of a store that went away the choice is to be there again when that comes back.
+        if (m_sessions->count() > 0) m_wanted = m_sessions->currentText();
     }
     readSession();
     refresh();
+}
+
+QString SendPanel::session() const {
+    return m_sessions->currentText();
+}
+
+std::vector<std::filesystem::path> SendPanel::places() const {
+    std::vector<std::filesystem::path> places;
+    if (m_file) places.push_back(m_file->parent_path());
+    if (m_program && m_program->has_parent_path()) places.push_back(m_program->parent_path());
+    return places;
 }
 
 void SendPanel::readSession() {
@@ -285,6 +297,11 @@ QStringList SendPanel::identifiersOf(const Plan& plan) const {
 }
 
 void SendPanel::showPlan(const Plan& plan) {
+    m_file.reset();
+    m_program.reset();
+    if (plan.file) m_file = plan.file->file.path;
+    if (plan.program) m_program = plan.program->command.program;
+    emit planned();
     m_formats->setEnabled(plan.program.has_value());
     showText(*m_programList, plan.program ? previewOf(plan.program->list) : QString());
     showText(*m_fileList, plan.file ? previewOf(plan.file->list) : QString());

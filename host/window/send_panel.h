@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QWidget>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,6 +38,10 @@ class SendPanel : public QWidget {
     void takeAsSent() { m_sent = m_list.parts; }
     /// Chooses a session; one that is not there yet, once the store is read anew.
     void selectSession(const QString& name);
+    /// The session that is chosen; empty where the store has none.
+    QString session() const;
+    /// The folders outside the store on which its plan hangs.
+    std::vector<std::filesystem::path> places() const;
     /// Reads the store anew, and keeps what was chosen as far as it is still there.
     void readStore();
     /// Sends the list, and says what came of it.
@@ -45,6 +50,8 @@ class SendPanel : public QWidget {
   signals:
     /// The user chose a session.
     void sessionSelected(const QString& name);
+    /// The plan was made anew.
+    void planned();
     /// The list was sent, or one that counted as sent was not received.
     void sentChanged();
     /// What came of an action: a sentence for the user.
@@ -72,7 +79,9 @@ class SendPanel : public QWidget {
     std::optional<std::vector<PickedPart>> m_sent;  ///< the parts that were sent last
     QString m_wanted;                               ///< the session to choose
     std::optional<Session> m_session;
-    std::string m_unreadable;  ///< why there is no session
+    std::optional<std::filesystem::path> m_file;     ///< of the plan
+    std::optional<std::filesystem::path> m_program;  ///< of the plan
+    std::string m_unreadable;                        ///< why there is no session
     QAction* m_sendAction;
     QComboBox* m_sessions = nullptr;
     QComboBox* m_formats = nullptr;

@@ -6,8 +6,12 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <QStringList>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <exception>
 
 #include "window/action_buttons.h"
@@ -113,7 +117,15 @@ void SessionPanel::selectSession(const std::string& name) {
 }
 
 void SessionPanel::refresh() {
-    listSessions(selectedSession());
+    // Of a store that went away the selection is to be there again when that comes back.
+    const std::string selected = selectedSession();
+    if (!selected.empty()) m_wanted = selected;
+    listSessions(m_wanted);
+}
+
+void SessionPanel::refreshAll() {
+    refresh();
+    listDatabase({});
 }
 
 void SessionPanel::selectInDatabase(wynconfig::ItemKind kind, const std::string& name) {
@@ -123,12 +135,27 @@ void SessionPanel::selectInDatabase(wynconfig::ItemKind kind, const std::string&
 }
 
 void SessionPanel::listSessions(const std::string& select) {
-    m_sessions->clear();
+    QStringList names;
     for (const std::string& name : m_workplace.store().readableNames(wynconfig::ItemKind::Session))
-        m_sessions->addItem(QString::fromStdString(name));
-    m_sessions->setCurrentRow(0);
-    const auto found = m_sessions->findItems(QString::fromStdString(select), Qt::MatchExactly);
-    if (!found.isEmpty()) m_sessions->setCurrentItem(found.front());
+        names << QString::fromStdString(name);
+    QStringList before;
+    for (int row = 0; row < m_sessions->count(); ++row) before << m_sessions->item(row)->text();
+    // A list that is the same stays, with the place that the user has scrolled to.
+    const QString selected = QString::fromStdString(selectedSession());
+    {
+        const QSignalBlocker silent(m_sessions);
+        const int row = m_sessions->currentRow();
+        if (names != before) {
+            m_sessions->clear();
+            m_sessions->addItems(names);
+        }
+        const auto wanted = static_cast<int>(names.indexOf(QString::fromStdString(select)));
+        const int last = static_cast<int>(names.size()) - 1;
+        m_sessions->setCurrentRow(wanted >= 0 ? wanted : std::clamp(row, std::min(0, last), last));
+    }
+    enableActions();
+    const QString now = QString::fromStdString(selectedSession());
+    if (now != selected) emit sessionSelected(now);
 }
 
 void SessionPanel::listDatabase(const std::string& select) {
@@ -175,6 +202,7 @@ Snapshot SessionPanel::snapshot() const {
 }
 
 Outcome SessionPanel::perform(const Operation& operation) {
+    const QScopedValueRollback atWork(m_isAtWork, true);
     const Selection selected = selection();
     const auto root = m_workplace.store().root;
     const Snapshot before = snapshot();

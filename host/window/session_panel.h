@@ -37,6 +37,10 @@ class SessionPanel : public QWidget {
     void openStore(const std::filesystem::path& root);
     /// Lists the sessions anew, when something else than an operation changed the store.
     void refresh();
+    /// The same for both lists.
+    void refreshAll();
+    /// Whether an operation has not come to its end.
+    bool isAtWork() const { return m_isAtWork; }
 
   signals:
     /// What was asked for stands on the developers' page.
@@ -69,6 +73,8 @@ class SessionPanel : public QWidget {
     QTabWidget* m_lists = nullptr;
     DatabasePanel* m_database = nullptr;
     QListWidget* m_sessions = nullptr;
+    std::string m_wanted;  ///< the session that was selected last
+    bool m_isAtWork = false;
     DeveloperPanel* m_developers = nullptr;
 };
 
