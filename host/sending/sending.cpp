@@ -102,7 +102,7 @@ class Planner {
 
 /// Raises `std::runtime_error` for a file that can't be written there.
 ListPlace foreseen(const ListFile& file, const ProgramStarter& starter) {
-    const ListPlace place = placeOf(file);
+    ListPlace place = placeOf(file);
     const auto refuse = [&](const std::string& why) {
         throw std::runtime_error("The file " + file.path.string() + " can't be written: " + why);
     };
