@@ -263,9 +263,9 @@ std::vector<std::string> StoreFolders::losses() const {
         return fs::symlink_status(path, failure).type() == fs::file_type::not_found;
     };
     if (isGone(root))
-        return {"The folder " + root.string() +
-                " of the store is not there any more: it was moved or deleted, or its drive is not "
-                "connected. Bring it back, or open another store."};
+        return {"The folder of the store, " + root.string() +
+                ", is not there any more: it was moved or deleted, or its drive is not connected. "
+                "Bring it back, or open another store."};
     std::vector<std::string> losses;
     for (const fs::path& each : {sessions(), formats()})
         if (isGone(each))

@@ -241,7 +241,7 @@ void SendPanel::readSession() {
     m_session.reset();
     try {
         if (m_sessions->currentIndex() < 0)
-            throw std::runtime_error(m_store.faults().empty()
+            throw std::runtime_error(m_store.faults().empty() && m_store.losses().empty()
                                          ? "The store holds no session."
                                          : "No session of the store can be read.");
         m_session = loadSession(m_store, m_sessions->currentText().toStdString());

@@ -119,13 +119,14 @@ TEST_F(HostWatch, TellsThatTheStoreWentAwayAndHasItAgain) {
     fs::rename(store.root, folder / "aside");
     EXPECT_TRUE(comes([&] { return widget<QLabel>("faults").isVisible(); }));
     const std::string lost =
-        "The folder " + store.root.string() +
-        " of the store is not there any more: it was moved or deleted, or its drive is not "
-        "connected. Bring it back, or open another store.";
+        "The folder of the store, " + store.root.string() +
+        ", is not there any more: it was moved or deleted, or its drive is not connected. Bring it "
+        "back, or open another store.";
     EXPECT_EQ(told("faults"), lost);
     EXPECT_EQ(told("lastResult"), lost);
     EXPECT_TRUE(widget<QLabel>("failureSign").isVisible());
     EXPECT_TRUE(names().empty());
+    EXPECT_TRUE(plans("No session of the store can be read."));
     EXPECT_FALSE(widget<SentenceLabel>("firstSteps").isVisible());
     fs::rename(folder / "aside", store.root);
     EXPECT_TRUE(comes([&] { return !widget<QLabel>("faults").isVisible(); }));
