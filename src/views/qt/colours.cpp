@@ -88,6 +88,12 @@ void clearSelection(QPalette& palette) {
         palette.setColor(group, QPalette::Highlight,
                          firstClear(palette.color(group, QPalette::Highlight), away, {text}));
     }
+    // Where the keys do not go now.
+    palette.setColor(QPalette::Inactive, QPalette::Highlight,
+                     mix(palette.color(QPalette::Active, QPalette::Highlight),
+                         palette.color(QPalette::Active, QPalette::Base), 0.5));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText,
+                     palette.color(QPalette::Active, QPalette::Text));
 }
 
 /// The ground of a box that is switched off: that of the window, where it differs enough.

@@ -61,6 +61,12 @@ bool hasFocus(const QStyleOption& option) {
     return option.state & QStyle::State_HasFocus;
 }
 
+QColor textOfSelection(const QStyleOption& option) {
+    const bool isActive = option.state & QStyle::State_Active;
+    return option.palette.color(isActive ? QPalette::Active : QPalette::Inactive,
+                                QPalette::HighlightedText);
+}
+
 const QStyle& ofApplication() {
     return *QApplication::style();
 }
@@ -126,8 +132,7 @@ void Outlines::drawControl(ControlElement element, const QStyleOption* option, Q
             if (!item || !(item->features & QStyleOptionViewItem::HasCheckIndicator)) break;
             const QRect box = subElementRect(SE_ItemViewItemCheckIndicator, option, widget);
             if (option->state & State_Selected)
-                draw(*painter, box, Shape::Rectangle,
-                     option->palette.color(QPalette::HighlightedText));
+                draw(*painter, box, Shape::Rectangle, textOfSelection(*option));
             else
                 outline(box, Shape::Rectangle, false);
             break;
@@ -209,6 +214,8 @@ QSize Outlines::sizeFromContents(ContentsType type, const QStyleOption* option, 
 
 int Outlines::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                         QStyleHintReturn* more) const {
+    // Of several lists the one with the focus is to stand out.
+    if (hint == SH_ItemView_ChangeHighlightOnFocus && areFaint()) return 1;
     return ofApplication().styleHint(hint, option, widget, more);
 }
 

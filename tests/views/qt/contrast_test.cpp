@@ -209,6 +209,26 @@ TEST_P(PairContrast, TheFocusIsSeenOnAnEmptyListToo) {
     });
 }
 
+TEST_P(PairContrast, ASelectionIsPalerWhereTheFocusIsNot) {
+    showPairs([](User& u, PairForm& form) {
+        u.pick("lstOne", "ALPHA");
+        const auto& list = *static_cast<QAbstractItemView*>(widgetOf(form.lstOne));
+        const QRect row = list.visualRect(list.model()->index(0, 0)).adjusted(1, 1, -1, -1);
+        const QColor base = list.palette().color(QPalette::Base);
+        const auto groundOfRow = [&](const char* focused) {
+            u.focus(focused);
+            const Picture picture(*window());
+            EXPECT_GE(picture.markContrast(*list.viewport(), row), kText) << focused;
+            return picture.groundOf(*list.viewport(), row);
+        };
+        const QColor withFocus = groundOfRow("lstOne");
+        const QColor without = groundOfRow("txtOne");
+        EXPECT_NE(without, base);
+        EXPECT_GE(contrast(withFocus, base), 1.3 * contrast(without, base));
+        EXPECT_GE(contrast(without, base), 1.3) << "it is still seen";
+    });
+}
+
 TEST_P(PairContrast, ColoursThatChangeMeanwhileAreFollowed) {
     showPairs([](User&, PairForm&) {
         for (const QPalette& other : {darkColours(), QPalette(Qt::lightGray)}) {
