@@ -79,10 +79,10 @@ QString toQtPlain(std::string_view caption) {
     return toQt(plainCaption(caption));
 }
 
-QString toToolTip(const QString& text) {
+QString toToolTip(const QString& text, Lines lines) {
     // Marked up in any case: whether a text would be taken for markup is hard to tell.
-    return QStringLiteral("<p style='white-space:pre-wrap'>") + text.toHtmlEscaped() +
-           QStringLiteral("</p>");
+    return QStringLiteral("<p style='white-space:%1'>%2</p>")
+        .arg(QLatin1String(lines == Lines::One ? "pre" : "pre-wrap"), text.toHtmlEscaped());
 }
 
 std::size_t charsBefore(const QString& text, qsizetype offset) {

@@ -28,8 +28,10 @@ QString toQtUnmarked(std::string_view caption);
 /// The words of a caption.
 QString toQtPlain(std::string_view caption);
 
+enum class Lines { One, AsNeeded };
 /// A text for a tool tip, which would take one with angle brackets for markup.
-QString toToolTip(const QString& text);
+/// @param lines  as many as a text of any length needs, or one for a few words
+QString toToolTip(const QString& text, Lines lines = Lines::AsNeeded);
 
 /// How many characters (code points) stand in front of an offset in UTF-16 units.
 std::size_t charsBefore(const QString& text, qsizetype offset);

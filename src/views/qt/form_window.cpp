@@ -211,7 +211,7 @@ void FormWindow::showMovers() {
             toQtPlain(each.from->caption()) + arrow + toQtPlain(each.into->caption());
         if (each.button->accessibleName() == name) continue;
         each.button->setAccessibleName(name);
-        each.button->setToolTip(toToolTip(name));
+        each.button->setToolTip(toToolTip(name, Lines::One));
         // Else a screen reader would be told the tool tip, markup and all.
         each.button->setAccessibleDescription(name);
     }

@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,6 +17,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QTreeView>
 #include <algorithm>
 #include <cmath>
@@ -227,6 +229,28 @@ TEST_P(EachDialog, HasLabelsOverTheirListsAndNotOverTheButtonsBesideThem) {
     }
     QApplication::setLayoutDirection(Qt::LeftToRight);
     EXPECT_EQ(lists.size(), 4U);
+}
+
+TEST_P(EachDialog, TellsInOneLineWhereAnArrowMovesRows) {
+    frmMORAMConfig form;
+    user().onForm("frmMORAMConfig", [&](User& u) {
+        u.changeTab("SSTab2", 1);
+        auto* button = widget<QWidget>("btnAdd");
+        const QPoint middle = button->rect().center();
+        QHelpEvent asking(QEvent::ToolTip, middle, button->mapToGlobal(middle));
+        QApplication::sendEvent(button, &asking);
+        const QWidgetList all = QApplication::topLevelWidgets();
+        const auto tip = std::find_if(all.begin(), all.end(), [](const QWidget* each) {
+            return each->inherits("QTipLabel") && each->isVisible();
+        });
+        ASSERT_NE(tip, all.end());
+        EXPECT_LT((*tip)->height(), 2 * (*tip)->fontMetrics().height());
+        EXPECT_GT((*tip)->width(),
+                  (*tip)->fontMetrics().horizontalAdvance(button->accessibleName()));
+        QToolTip::hideText();
+        u.closeByFrame();
+    });
+    form.Show();
 }
 
 TEST_P(EachDialog, IsAsWideAsItsTitleAndNoNarrowerThanIsComfortable) {
