@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPushButton>
 
 #include "wynconfig/qt_view.h"
 
@@ -14,6 +15,13 @@ inline constexpr const char* kHostDialog = "hostDialog";
 inline void makeHostDialog(QDialog& dialog) {
     dialog.setObjectName(QString::fromUtf8(kHostDialog));
     wynconfig::clarify(dialog);
+}
+
+/// Shows it until it is answered. Its buttons have no icons, as those of the component have none.
+/// @return what the dialog gives as its result
+inline int runHostDialog(QDialog& dialog) {
+    for (QPushButton* each : dialog.findChildren<QPushButton*>()) each->setIcon({});
+    return dialog.exec();
 }
 
 }  // namespace host

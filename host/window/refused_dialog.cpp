@@ -123,7 +123,7 @@ std::optional<RefusalDecision> askAboutRefusal(QWidget* window,
     column->addWidget(buttons);
     name->setFocus();
     name->selectAll();
-    dialog.exec();
+    runHostDialog(dialog);
     return decision;
 }
 

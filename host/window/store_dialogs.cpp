@@ -63,7 +63,7 @@ class StoreForm {
     fs::path path() const { return folder->text().toStdString(); }
     bool run() {
         fields->addRow(m_buttons);
-        return dialog.exec() == QDialog::Accepted;
+        return runHostDialog(dialog) == QDialog::Accepted;
     }
 
     QDialog dialog;
@@ -164,7 +164,7 @@ bool askToRemove(QWidget* window, const std::string& name) {
     makeHostDialog(box);
     box.button(QMessageBox::Yes)->setObjectName("yes");
     box.setTextFormat(Qt::PlainText);
-    return box.exec() == QMessageBox::Yes;
+    return runHostDialog(box) == QMessageBox::Yes;
 }
 
 bool askToQuit(QWidget* window) {
@@ -178,7 +178,7 @@ bool askToQuit(QWidget* window) {
     stay->setObjectName("stay");
     box.setDefaultButton(stay);
     box.setEscapeButton(stay);
-    box.exec();
+    runHostDialog(box);
     return box.clickedButton() == quit;
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
+#include <QProxyStyle>
 #include <QTableView>
 #include <QTextBlock>
 
@@ -95,6 +96,42 @@ TEST_P(HostContrast, ShowsWhatItsDialogsAsk) {
     });
     askForStore(window.get(), store.root);
     EXPECT_TRUE(looked);
+}
+
+/// A style that puts icons on the buttons of dialogs, as those of some desktops do.
+class IconStyle : public QProxyStyle {
+  public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* of,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, of, more);
+    }
+};
+
+class HostButtons : public HostWindow {};
+
+TEST_F(HostButtons, HaveNoIconsInAnyDialog) {
+    const QString usual = QApplication::style()->name();
+    QApplication::setStyle(new IconStyle);
+    std::size_t looked = 0;
+    const auto look = [&](const std::function<void()>& ask) {
+        QTimer::singleShot(0, window.get(), [&] {
+            auto* dialog = static_cast<QDialog*>(QApplication::activeModalWidget());
+            for (const QPushButton* each : dialog->findChildren<QPushButton*>()) {
+                EXPECT_TRUE(each->icon().isNull()) << each->text().toStdString();
+                ++looked;
+            }
+            dialog->reject();
+        });
+        ask();
+    };
+    look([&] { askForStore(window.get(), store.root); });
+    look([&] { askForTakeOver(window.get()); });
+    look([&] { askToRemove(window.get(), "COUNTER"); });
+    look([&] { askToQuit(window.get()); });
+    QApplication::setStyle(usual);
+    EXPECT_EQ(looked, 10U);
 }
 
 }  // namespace
