@@ -122,18 +122,13 @@ QWidget* FormBuilder::makeLabelled(const Layout& node, const Place& place) {
     return widget;
 }
 
-void FormBuilder::put(QBoxLayout* line, QWidget* widget, int stretch, const Layout& node,
-                      const Place& place) {
+QLayout* FormBuilder::withHelp(QWidget* widget, const Layout& node, const Place& place) {
     auto* list = dynamic_cast<RowList*>(widget);
-    if (!list) {
-        line->addWidget(widget, stretch);
-        return;
-    }
+    if (!list) return nullptr;
     auto* filter = new FilterLine(*list, place.parent);
     auto* note = new EmptyNote(*list, place.parent);
     auto* stack = new QVBoxLayout;
     stack->setSpacing(m_window->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing) / 2);
-    line->addLayout(stack, stretch);
     stack->addWidget(filter);
     auto* rows = new QGridLayout;
     stack->addLayout(rows, 1);
@@ -142,6 +137,7 @@ void FormBuilder::put(QBoxLayout* line, QWidget* widget, int stretch, const Layo
     note->whenEmpty = wordsWhenEmpty(node);
     QObject::connect(filter, &QLineEdit::textChanged, note, &EmptyNote::follow);
     m_built.listHelps.push_back({node.control, filter, note});
+    return stack;
 }
 
 std::function<QString()> FormBuilder::wordsWhenEmpty(const Layout& node) const {
@@ -259,7 +255,10 @@ void FormBuilder::addTabs(QBoxLayout* box, const Layout& node, const Place& plac
 
 void FormBuilder::addSingle(QBoxLayout* box, const Layout& node, const Place& place) {
     QWidget* widget = make(*node.control, place, {.acts = node.acts});
-    put(box, widget, node.grows ? 1 : 0, node, place);
+    if (QLayout* list = withHelp(widget, node, place))
+        box->addLayout(list, node.grows ? 1 : 0);
+    else
+        box->addWidget(widget, node.grows ? 1 : 0);
     if (node.into)
         m_built.movers.push_back({static_cast<QPushButton*>(widget), node.from, node.into});
 }
@@ -290,9 +289,11 @@ void FormBuilder::addTitled(QBoxLayout* box, const Layout& node, const Place& pl
     // Over its box alone, at the leading side also where its text runs the other way.
     grid->addWidget(makeLabel(node, place), kLabels, own, Qt::AlignLeft);
     if (!node.behindBox) addBeside(grid, kBoxes, beside, node, place);
-    auto* cell = new QVBoxLayout;
-    grid->addLayout(cell, kBoxes, own);
-    put(cell, makeLabelled(node, place), 1, node, place);
+    QWidget* widget = makeLabelled(node, place);
+    if (QLayout* list = withHelp(widget, node, place))
+        grid->addLayout(list, kBoxes, own);
+    else
+        grid->addWidget(widget, kBoxes, own);
     if (node.behindBox) addBeside(grid, kBoxes, beside, node, place);
     grid->setRowStretch(kBoxes, 1);
     grid->setColumnStretch(own, 1);

@@ -77,9 +77,8 @@ class FormBuilder {
     /// The label of a Field or a Titled, and then its box.
     QLabel* makeLabel(const Layout& node, const Place& place);
     QWidget* makeLabelled(const Layout& node, const Place& place);
-    /// Puts a widget into a line; a list with what helps a person in it.
-    void put(QBoxLayout* line, QWidget* widget, int stretch, const Layout& node,
-             const Place& place);
+    /// A list with what helps a person in it; null for what is no list.
+    QLayout* withHelp(QWidget* widget, const Layout& node, const Place& place);
     /// What a list says that has no rows.
     std::function<QString()> wordsWhenEmpty(const Layout& node) const;
     void nameBox(QWidget* box, const Control& control, const CaptionedControl* label);
