@@ -14,6 +14,8 @@ constexpr int kUsualText = 25;
 constexpr int kLeastText = 11;
 constexpr int kUsualChoice = 24;
 constexpr int kLeastChoice = 14;
+/// How many items an open drop-down list shows; the others scroll.
+constexpr WPARAM kMostChoices = 15;
 
 bool isDown(int key) {
     return (::GetKeyState(key) & 0x8000) != 0;
@@ -153,6 +155,7 @@ void EditPiece::selectPair(bool behindCaret) {
 ComboPiece::ComboPiece(ComboBox& combo, Stage& stage, const Standing& standing)
     : Piece(combo, stage), m_combo(combo) {
     make(standing.parent, WC_COMBOBOXW, WS_TABSTOP | CBS_DROPDOWNLIST | WS_VSCROLL);
+    send(CB_SETMINVISIBLE, kMostChoices);
 }
 
 Room ComboPiece::measured(const Measure& measure) const {
@@ -191,12 +194,20 @@ LRESULT ComboPiece::received(UINT message, WPARAM w, LPARAM l) {
     return 0;
 }
 
+/// The room for thousands of items is made at once.
+void ComboPiece::fill() {
+    constexpr LPARAM kUsualBytes = 64;
+    const std::vector<std::string>& items = m_combo.items();
+    send(CB_RESETCONTENT);
+    send(CB_INITSTORAGE, items.size(), static_cast<LPARAM>(items.size()) * kUsualBytes);
+    for (const std::string& each : items)
+        send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(each).c_str()));
+}
+
 void ComboPiece::showContent() {
     if (m_combo.revision() != m_shownRevision) {
         m_shownRevision = m_combo.revision();
-        send(CB_RESETCONTENT);
-        for (const std::string& each : m_combo.items())
-            send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(each).c_str()));
+        fill();
     }
     if (static_cast<int>(send(CB_GETCURSEL)) != m_combo.selectedIndex())
         send(CB_SETCURSEL, static_cast<WPARAM>(m_combo.selectedIndex()));

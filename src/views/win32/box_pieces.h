@@ -47,6 +47,7 @@ class ComboPiece : public Piece {
 
   private:
     void showContent() override;
+    void fill();
     LRESULT received(UINT message, WPARAM w, LPARAM l) override;
     bool isOpen() const { return send(CB_GETDROPPEDSTATE) != 0; }
     void reportChoice();

@@ -246,6 +246,39 @@ TEST_F(NativeView, AFormHasADeviceContextWithAndWithoutAWindow) {
     show([&](User&) { EXPECT_GE(dots(), 72); });
 }
 
+/// A form with a combo box of many items.
+class Choices : public TestForm {
+  public:
+    Choices() : TestForm("frmChoices") {
+        btnOK.Click = [this] { Unload(); };
+    }
+    Label lblKind{*this, "lblKind", "&Kind"};
+    ComboBox cboKind{*this, "cboKind"};
+    Button btnOK{*this, "btnOK", "OK"};
+
+  protected:
+    void Form_Load() override {
+        for (int i = 1; i <= 10000; ++i) cboKind.addItem("KIND " + std::to_string(i));
+    }
+    FormLayout declareLayout() override {
+        using namespace layout;
+        return {column({field(lblKind, cboKind), buttons({&btnOK})}), &btnOK, nullptr};
+    }
+};
+
+TEST_F(NativeView, ADropDownListOfThousandsShowsFifteenItems) {
+    Choices choices;
+    user.onForm("frmChoices", [&](User& person) {
+        const HWND box = ::FindWindowExW(front(), nullptr, L"ComboBox", nullptr);
+        ASSERT_TRUE(box);
+        EXPECT_EQ(::SendMessageW(box, CB_GETCOUNT, 0, 0), 10000);
+        EXPECT_EQ(::SendMessageW(box, CB_GETMINVISIBLE, 0, 0), 15);
+        person.choose("cboKind", "KIND 9999");
+        person.click("btnOK");
+    });
+    choices.Show();
+}
+
 TEST_F(NativeView, ADialogOfAFixedSizeHasNoFrameToPull) {
     form.setSize(12000, 9000);
     show([&](User&) {
