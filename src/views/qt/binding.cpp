@@ -209,7 +209,7 @@ class ListBinding : public ActingBinding {
         if (m_list.revision() != m_shownRevision) {
             m_shownRevision = m_list.revision();
             showHeading();
-            rowList().rows().setRows(m_list.rows(), m_list.selectedNumber());
+            rowList().rows().setRows(m_list.rows());
         }
         rowList().showSelected(m_list.selectedNumber());
     }

@@ -265,27 +265,27 @@ QSize ScrolledContent::sizeHint() const {
     return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
 }
 
-void RowModel::setRows(const std::vector<ListRow>& rows, std::size_t kept) {
+void RowModel::setRows(const std::vector<ListRow>& rows) {
     beginResetModel();
     m_rows.clear();
     m_rows.reserve(rows.size());
     for (const ListRow& row : rows) m_rows.push_back({toQt(row.text), row.key, row.font});
-    applyFilter(kept);
+    applyFilter();
     endResetModel();
 }
 
-void RowModel::setFilter(const QString& text, std::size_t kept) {
+void RowModel::setFilter(const QString& text) {
     beginResetModel();
     m_filter = text;
-    applyFilter(kept);
+    applyFilter();
     endResetModel();
 }
 
-void RowModel::applyFilter(std::size_t kept) {
+void RowModel::applyFilter() {
     m_shown.clear();
     if (!isFiltered()) return;
     for (std::size_t number = 1; number <= m_rows.size(); ++number) {
-        if (number == kept || matches(number)) m_shown.push_back(number);
+        if (matches(number)) m_shown.push_back(number);
     }
 }
 
@@ -401,7 +401,8 @@ std::size_t RowList::selected() const {
 void RowList::setFilter(const QString& text) {
     const QScopedValueRollback showing(m_showing, true);
     const std::size_t kept = selected();
-    m_rows.setFilter(text, kept);
+    m_rows.setFilter(text);
+    // Which reveals it.
     if (kept > 0) goTo(kept);
 }
 

@@ -140,14 +140,13 @@ class RowModel : public QAbstractListModel {
     static constexpr int kKeyRole = Qt::UserRole;
 
     using QAbstractListModel::QAbstractListModel;
-    /// @param kept  a row that is shown in any case; 0: none
-    void setRows(const std::vector<ListRow>& rows, std::size_t kept);
+    void setRows(const std::vector<ListRow>& rows);
     /// Shows the rows that contain a text, in whatever case; all when it is empty.
-    void setFilter(const QString& text, std::size_t kept);
+    void setFilter(const QString& text);
     /// How many rows there are, shown or not.
     std::size_t total() const { return m_rows.size(); }
     bool isFiltered() const { return !m_filter.isEmpty(); }
-    /// Whether a row contains the text, and is not just kept.
+    /// Whether a row contains the text, and was not just revealed.
     bool matches(std::size_t number) const;
     /// Where a row is shown, from 0; -1 where it is not.
     int placeOf(std::size_t number) const;
@@ -166,7 +165,7 @@ class RowModel : public QAbstractListModel {
         std::string key;
         std::shared_ptr<const Font> font;
     };
-    void applyFilter(std::size_t kept);
+    void applyFilter();
 
     std::vector<Row> m_rows;
     std::vector<std::size_t> m_shown;  ///< numbers of rows, where a filter is set
