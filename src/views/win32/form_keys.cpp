@@ -92,6 +92,7 @@ void FormWindow::focusCame(Piece& piece) {
     if (m_syncing) return;
     m_refusal.wentTo(piece.control());
     showRefused();
+    reveal(piece);
     m_door([&](const UserInput& input) { input.focus(piece.control()); });
     if (m_form) markDefaultButton();
 }

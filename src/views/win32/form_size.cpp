@@ -95,21 +95,17 @@ void FormWindow::applySize() {
     } else {
         size = atLeast(size);
     }
-    m_ownSize = size;
-    const Extent now = innerSize();
-    if (now.width != size.width || now.height != size.height) {
-        m_sizing = true;
-        setInnerSize(size);
-        m_sizing = false;
-    }
-    arranging.arrange({gaps().outer, gaps().outer, size.width - margin, size.height - margin});
+    takeSize(size);
+    arrangeNow();
 }
 
 void FormWindow::arrangeNow() {
-    const Extent size = innerSize();
+    showBars();
+    const Extent size = contentSize();
     const int margin = gaps().outer;
     Arranging(m_form->layout().body, *this, gaps())
-        .arrange({margin, margin, size.width - 2 * margin, size.height - 2 * margin});
+        .arrange({margin - static_cast<int>(m_corner.x), margin - static_cast<int>(m_corner.y),
+                  size.width - 2 * margin, size.height - 2 * margin});
 }
 
 void FormWindow::sized(int width, int height) {

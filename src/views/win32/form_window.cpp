@@ -19,7 +19,9 @@ constexpr DWORD kExtended = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 constexpr UINT kSync = WM_APP + 1;
 constexpr UINT kCameUp = WM_APP + 2;
 constexpr UINT kActEnded = WM_APP + 3;
-constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, which older headers lack
+// What older headers lack:
+constexpr UINT kDpiChanged = 0x02E0;   // WM_DPICHANGED
+constexpr UINT kWheelAcross = 0x020E;  // WM_MOUSEHWHEEL
 
 const CaptionedControl* captioned(const Control* control) {
     return dynamic_cast<const CaptionedControl*>(control);
@@ -328,11 +330,19 @@ bool FormWindow::on(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
             sized(LOWORD(l), HIWORD(l));
             return true;
         case WM_GETMINMAXINFO: {
-            const SIZE outer = outerSize({m_least.width, m_least.height}, kStyle | WS_THICKFRAME,
-                                         kExtended, m_dpi);
+            const Extent most = mostSize();
+            const SIZE outer = outerSize(
+                {std::min(m_least.width, most.width), std::min(m_least.height, most.height)},
+                kStyle | WS_THICKFRAME, kExtended, m_dpi);
             if (!m_fixed) reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {outer.cx, outer.cy};
             return true;
         }
+        case WM_VSCROLL:
+        case WM_HSCROLL:
+            return l == 0 && moveBar(message == WM_VSCROLL ? SB_VERT : SB_HORZ, w);
+        case WM_MOUSEWHEEL:
+        case kWheelAcross:
+            return turnWheel(message == WM_MOUSEWHEEL ? SB_VERT : SB_HORZ, w);
         case kDpiChanged:
             rescale(LOWORD(w), *reinterpret_cast<const RECT*>(l));
             return true;

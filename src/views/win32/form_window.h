@@ -103,9 +103,19 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     void applySize();
     void setInnerSize(const Extent& size);
     Extent innerSize() const;
+    Extent mostSize() const;
+    Extent contentSize() const;
     void arrangeNow();
     Gaps gaps() const;
     void centre(HWND above) const;
+
+    // What does not fit on the screen is moved about.
+    void takeSize(Extent size);
+    void showBars();
+    void scrollTo(POINT corner);
+    bool moveBar(int bar, WPARAM w);
+    bool turnWheel(int bar, WPARAM w);
+    void reveal(const Piece& piece);
 
     // The focus and the keyboard.
     bool canFocus(const Piece* piece) const;
@@ -158,6 +168,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     Extent m_least;
     Extent m_ownSize;   ///< that the form gave the window
     Extent m_pulledTo;  ///< in twips, that the person last gave it
+    POINT m_corner{};   ///< the place of the content that stands at the window's corner
     bool m_fixed;       ///< the person can't change the size
     bool m_formChanged = true;
     bool m_roomChanged = true;

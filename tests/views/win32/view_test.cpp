@@ -5,6 +5,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "support/all_dialogs.h"
 #include "support/raised.h"
@@ -49,6 +51,28 @@ class Sample : public TestForm {
     }
 };
 
+/// More boxes than a screen has room for, one above the other.
+class Tall : public TestForm {
+  public:
+    Tall() : TestForm("frmTall") {
+        for (int i = 0; i < kBoxes; ++i) names.push_back("txt" + std::to_string(i));
+        for (const std::string& name : names) boxes.push_back(std::make_unique<Edit>(*this, name));
+        btnOK.Click = [this] { Unload(); };
+    }
+    static constexpr int kBoxes = 100;
+    std::vector<std::string> names;
+    std::vector<std::unique_ptr<Edit>> boxes;
+    Button btnOK{*this, "btnOK", "OK"};
+
+  protected:
+    FormLayout declareLayout() override {
+        std::vector<Layout> all;
+        for (const auto& each : boxes) all.push_back(layout::single(*each));
+        all.push_back(layout::single(btnOK));
+        return {layout::column(std::move(all)), &btnOK, nullptr};
+    }
+};
+
 /// The window in front of this thread's others.
 HWND front() {
     return ::GetActiveWindow();
@@ -68,6 +92,28 @@ SIZE innerSize(HWND window) {
 
 bool isMirrored(HWND window) {
     return (::GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+}
+
+RECT placeOf(HWND window) {
+    RECT place{};
+    ::GetWindowRect(window, &place);
+    return place;
+}
+
+RECT workAreaOf(HWND window) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    return monitor.rcWork;
+}
+
+/// Whether the window that has the focus can be seen whole in the one in front.
+bool isFocusInSight() {
+    RECT inside{};
+    ::GetClientRect(front(), &inside);
+    ::MapWindowPoints(front(), nullptr, reinterpret_cast<POINT*>(&inside), 2);
+    const RECT box = placeOf(::GetFocus());
+    return box.top >= inside.top && box.bottom <= inside.bottom && box.top < box.bottom;
 }
 
 /// A window of the host.
@@ -107,6 +153,40 @@ class NativeView : public ::testing::Test {
     User& user = view->user();
     Sample form;
 };
+
+TEST_F(NativeView, WhatIsLargerThanTheScreenScrolls) {
+    Tall tall;
+    bool ran = false;
+    user.onForm("frmTall", [&](User& person) {
+        ran = true;
+        const RECT window = placeOf(front());
+        const RECT screen = workAreaOf(front());
+        EXPECT_GE(window.top, screen.top);
+        EXPECT_LE(window.bottom, screen.bottom);
+        EXPECT_TRUE(::GetWindowLongPtrW(front(), GWL_STYLE) & WS_VSCROLL);
+        EXPECT_FALSE(::GetWindowLongPtrW(front(), GWL_STYLE) & WS_HSCROLL);
+        EXPECT_TRUE(isFocusInSight());
+        person.focus("txt" + std::to_string(Tall::kBoxes - 1));
+        EXPECT_TRUE(isFocusInSight());
+        const LONG bottom = placeOf(::GetFocus()).top;
+        ::SendMessageW(front(), WM_VSCROLL, SB_TOP, 0);
+        EXPECT_GT(placeOf(::GetFocus()).top, bottom);
+        EXPECT_FALSE(isFocusInSight());
+        ::SendMessageW(front(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-10 * WHEEL_DELTA)),
+                       0);
+        person.focus("txt0");
+        EXPECT_TRUE(isFocusInSight());
+        person.click("btnOK");
+    });
+    tall.Show();
+    EXPECT_TRUE(ran);
+}
+
+TEST_F(NativeView, WhatFitsHasNoBars) {
+    show([&](User&) {
+        EXPECT_FALSE(::GetWindowLongPtrW(front(), GWL_STYLE) & (WS_VSCROLL | WS_HSCROLL));
+    });
+}
 
 TEST_F(NativeView, TheHostsWindowOwnsADialogAndWaits) {
     const HostWindow host;
