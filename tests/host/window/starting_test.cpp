@@ -3,6 +3,7 @@
 
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QObject>
 #include <deque>
 #include <fstream>
 
@@ -36,8 +37,8 @@ class HostStarting : public HostWindow {
     };
 
     void look() {
-        QTimer::singleShot(5, qApp, [this] {
-            if (m_answers.empty()) return;
+        if (m_answers.empty()) return;
+        QTimer::singleShot(5, &m_looking, [this] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
             if (!dialog || dialog == m_last) return look();
             m_last = dialog;
@@ -55,6 +56,7 @@ class HostStarting : public HostWindow {
 
     std::deque<Answer> m_answers;
     QDialog* m_last = nullptr;
+    QObject m_looking;  ///< nobody looks longer than it lives
 };
 
 TEST_F(HostStarting, FindsAStoreWithoutAQuestion) {
