@@ -68,7 +68,7 @@ void showGuide(QWidget* window) {
     constexpr int kHeight = 520;
     auto* dialog = new QDialog(window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setObjectName(kHostDialog);
+    makeHostDialog(*dialog);
     dialog->setWindowTitle(QObject::tr("Short guide"));
     auto* text = new QTextEdit(guide());
     text->setReadOnly(true);
@@ -81,6 +81,7 @@ void showGuide(QWidget* window) {
     auto* column = new QVBoxLayout(dialog);
     column->addWidget(text);
     column->addWidget(buttons);
+    leaveOffIcons(*dialog);
     text->setFocus();
     dialog->resize(QSize(kWidth, kHeight).boundedTo(dialog->screen()->availableSize()));
     dialog->show();
@@ -88,7 +89,7 @@ void showGuide(QWidget* window) {
 
 void showAbout(QWidget* window) {
     QMessageBox box(window);
-    box.setObjectName(kHostDialog);
+    makeHostDialog(box);
     box.setWindowTitle(QObject::tr("About %1").arg(window->windowTitle()));
     box.setText(QObject::tr("%1 %2").arg(window->windowTitle(),
                                          QString::fromUtf8(wynconfig::versionText())));
@@ -97,7 +98,7 @@ void showAbout(QWidget* window) {
         "sessions and part formats how parts lists go to other programs or into files."));
     box.setStandardButtons(QMessageBox::Ok);
     box.button(QMessageBox::Ok)->setObjectName("ok");
-    box.exec();
+    runHostDialog(box);
 }
 
 }  // namespace

@@ -17,10 +17,15 @@ inline void makeHostDialog(QDialog& dialog) {
     wynconfig::clarify(dialog);
 }
 
-/// Shows it until it is answered. Its buttons have no icons, as those of the component have none.
+/// Takes the icons off its buttons, as those of the component have none.
+inline void leaveOffIcons(const QDialog& dialog) {
+    for (QPushButton* each : dialog.findChildren<QPushButton*>()) each->setIcon({});
+}
+
+/// Shows it, without icons, until it is answered.
 /// @return what the dialog gives as its result
 inline int runHostDialog(QDialog& dialog) {
-    for (QPushButton* each : dialog.findChildren<QPushButton*>()) each->setIcon({});
+    leaveOffIcons(dialog);
     return dialog.exec();
 }
 

@@ -12,8 +12,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "views/qt/colours.h"
 #include "views/qt/convert.h"
+#include "wynconfig/qt_view.h"
 
 namespace wynconfig::desktop {
 
@@ -72,7 +72,7 @@ void provideHelp(QWidget& widget, const std::string& help) {
 HelpWindow::HelpWindow(QWidget& dialog) : QDialog(&dialog), m_text(new QTextEdit) {
     setObjectName(QStringLiteral("help"));
     setAttribute(Qt::WA_QuitOnClose, false);
-    setPalette(readable(palette()));
+    clarify(*this);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_text);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);

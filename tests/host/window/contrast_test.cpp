@@ -130,8 +130,11 @@ TEST_F(HostButtons, HaveNoIconsInAnyDialog) {
     look([&] { askForTakeOver(window.get()); });
     look([&] { askToRemove(window.get(), "COUNTER"); });
     look([&] { askToQuit(window.get()); });
+    look([&] { window->findChild<QAction*>("about")->trigger(); });
+    window->findChild<QAction*>("guide")->trigger();
+    EXPECT_TRUE(window->findChild<QPushButton*>("close")->icon().isNull());
     QApplication::setStyle(usual);
-    EXPECT_EQ(looked, 10U);
+    EXPECT_EQ(looked, 11U);
 }
 
 }  // namespace

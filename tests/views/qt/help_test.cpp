@@ -10,8 +10,10 @@
 #include <QToolTip>
 #include <QTreeView>
 #include <memory>
+#include <set>
 #include <string>
 
+#include "support/clear_window.h"
 #include "support/desk.h"
 #include "support/languages.h"
 #include "support/qt_windows.h"
@@ -152,6 +154,18 @@ TEST_P(HelpInWindows, OfTheDialogStandsBesideItAndClosesWithIt) {
         EXPECT_TRUE(help->isVisible());
     });
     EXPECT_TRUE(help.isNull());
+}
+
+TEST_P(HelpInWindows, IsAsClearAsTheDialogsInTheDark) {
+    const QPalette usual = QApplication::palette();
+    QApplication::setPalette(darkColours());
+    configure([](User&) {
+        pressF1("txtDisplayName");
+        auto* help = window()->findChild<QWidget*>("help");
+        ASSERT_NE(help, nullptr);
+        EXPECT_EQ(expectClear(*help), (std::set<std::string>{"QPushButton", "QTextEdit"}));
+    });
+    QApplication::setPalette(usual);
 }
 
 TEST_P(HelpInWindows, RunsFromRightToLeftWhereTheWindowDoes) {
