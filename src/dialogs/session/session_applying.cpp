@@ -22,8 +22,6 @@ namespace wynconfig {
 
 using namespace ConfigGlobalModule;
 
-namespace {}  // namespace
-
 SessionApplying::SessionApplying(frmMORAMConfig& dialog, std::shared_ptr<Dataset> session,
                                  const Fields& fields, Messages& messages, bool inMemory)
     : m_dialog(dialog),
