@@ -45,6 +45,7 @@ FirstSteps::FirstSteps(QAction* first, QAction* open, QWidget* parent)
     : QWidget(parent), m_sentence(new SentenceLabel), m_first(buttonOf(first, "firstSession")) {
     m_sentence->setObjectName(QStringLiteral("firstSteps"));
     m_sentence->setWordWrap(true);
+    setFocusProxy(m_first);
     QPushButton* other = buttonOf(open, "otherStore");
     other->setText(tr("Open another store…"));
     auto* line = new QHBoxLayout(this);

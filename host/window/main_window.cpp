@@ -14,6 +14,7 @@
 #include <QStatusTipEvent>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "window/catalogue.h"
 #include "window/deleted_panel.h"
@@ -187,6 +188,9 @@ void MainWindow::showStore() {
     m_faults->tell(faults.join(u'\n'));
     m_faults->setVisible(!faults.isEmpty());
     m_firstSteps->look(store);
+    // Whoever opens an empty store begins there; who works in one that others empty types on.
+    if (std::exchange(m_shown, store.root) != store.root && !m_firstSteps->isHidden())
+        m_firstSteps->setFocus();
     if (m_remembered && store.exist())
         m_remembered->keepStore(QString::fromStdString(store.root.string()));
 }

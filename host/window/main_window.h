@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <filesystem>
 
 #include "window/workplace.h"
 
@@ -66,6 +67,7 @@ class MainWindow : public QMainWindow {
     DeletedPanel* m_deleted;
     QTabWidget* m_pages = nullptr;
     FirstSteps* m_firstSteps = nullptr;
+    std::filesystem::path m_shown;  ///< the store that is shown
     QMenu* m_recent = nullptr;
     StoreWatch* m_watch = nullptr;
     bool m_isLost = false;  ///< something of the store was not there when it was read last
