@@ -2,13 +2,10 @@
 // window that the form owns.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "support/test_form.h"
-#include "views/win32/winapi.h"
-#include "wynconfig/win32_view.h"
+#include "support/native_desk.h"
 
 namespace wynconfig {
 namespace {
@@ -37,9 +34,7 @@ class ToldForm : public TestForm {
 };
 
 BOOL CALLBACK findTips(HWND window, LPARAM found) {
-    wchar_t name[64] = L"";
-    ::GetClassNameW(window, name, 64);
-    if (std::wstring(name) == TOOLTIPS_CLASSW) *reinterpret_cast<HWND*>(found) = window;
+    if (classOf(window) == TOOLTIPS_CLASSW) *reinterpret_cast<HWND*>(found) = window;
     return TRUE;
 }
 
@@ -57,25 +52,7 @@ std::wstring toldByTips(HWND window) {
     return text;
 }
 
-class NativeHelp : public ::testing::Test {
-  protected:
-    void SetUp() override { installView(view); }
-    void TearDown() override {
-        installView(nullptr);
-        EXPECT_NO_THROW(user.finish());
-    }
-    void show(const User::Script& script) {
-        user.onForm("frmTold", [&](User& person) {
-            script(person);
-            person.click("btnOK");
-        });
-        form.Show();
-    }
-
-    std::shared_ptr<Win32View> view = makeWin32View();
-    User& user = view->user();
-    ToldForm form;
-};
+using NativeHelp = NativeDesk<ToldForm>;
 
 TEST_F(NativeHelp, IsAskedForByATipThatComesUp) {
     show([&](User& person) {
@@ -90,10 +67,10 @@ TEST_F(NativeHelp, IsAskedForByATipThatComesUp) {
 TEST_F(NativeHelp, StandsInAWindowThatTheFormOwns) {
     show([&](User& person) {
         person.focus("txtName");
-        const HWND window = ::GetActiveWindow();
+        const HWND window = front();
         EXPECT_EQ(person.readHelp(),
                   (std::vector<std::string>{"Told", "About it.", "Name", "A name."}));
-        EXPECT_EQ(::GetActiveWindow(), window);
+        EXPECT_EQ(front(), window);
         EXPECT_TRUE(::IsWindowEnabled(window));
         EXPECT_TRUE(person.see("txtName").focus);
     });

@@ -9,11 +9,9 @@
 #include <vector>
 
 #include "support/all_dialogs.h"
+#include "support/native_desk.h"
 #include "support/raised.h"
-#include "support/test_form.h"
-#include "views/win32/winapi.h"
 #include "wynconfig/error.h"
-#include "wynconfig/win32_view.h"
 
 namespace wynconfig {
 namespace {
@@ -73,31 +71,10 @@ class Tall : public TestForm {
     }
 };
 
-/// The window in front of this thread's others.
-HWND front() {
-    return ::GetActiveWindow();
-}
-
-std::wstring titleOf(HWND window) {
-    wchar_t title[200] = L"";
-    ::GetWindowTextW(window, title, 200);
-    return title;
-}
-
 SIZE innerSize(HWND window) {
     RECT inside{};
     ::GetClientRect(window, &inside);
     return {inside.right, inside.bottom};
-}
-
-bool isMirrored(HWND window) {
-    return (::GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
-}
-
-RECT placeOf(HWND window) {
-    RECT place{};
-    ::GetWindowRect(window, &place);
-    return place;
 }
 
 RECT workAreaOf(HWND window) {
@@ -131,28 +108,7 @@ class HostWindow {
     HWND m_window;
 };
 
-class NativeView : public ::testing::Test {
-  protected:
-    void SetUp() override { installView(view); }
-    void TearDown() override {
-        installView(nullptr);
-        EXPECT_NO_THROW(user.finish());
-    }
-    void show(const User::Script& script) {
-        bool ran = false;
-        user.onForm("frmSample", [&](User& person) {
-            script(person);
-            ran = true;
-            if (form.loaded()) person.click("btnOK");
-        });
-        form.Show();
-        EXPECT_TRUE(ran);
-    }
-
-    std::shared_ptr<Win32View> view = makeWin32View();
-    User& user = view->user();
-    Sample form;
-};
+using NativeView = NativeDesk<Sample>;
 
 TEST_F(NativeView, WhatIsLargerThanTheScreenScrolls) {
     Tall tall;
@@ -473,12 +429,11 @@ class NativeDialogs : public Desk {
     static void expectCaptionsWhole(User& u, Form& form) {
         int seen = 0;
         const auto look = [&](HWND child) {
-            wchar_t name[40] = L"";
-            ::GetClassNameW(child, name, 40);
+            const std::wstring name = classOf(child);
             const LONG_PTR style = ::GetWindowLongPtrW(child, GWL_STYLE);
-            const bool isValue = (style & SS_ENDELLIPSIS) != 0 && std::wstring(name) == L"Static";
+            const bool isValue = (style & SS_ENDELLIPSIS) != 0 && name == L"Static";
             if (!::IsWindowVisible(child) || isValue) return;
-            if (std::wstring(name) != L"Static" && std::wstring(name) != L"Button") return;
+            if (name != L"Static" && name != L"Button") return;
             const HDC dc = ::GetDC(child);
             ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(::SendMessageW(child, WM_GETFONT, 0, 0)));
             const std::wstring text = titleOf(child);
