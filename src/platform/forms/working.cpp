@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/forms/filled_in.h"
 #include "platform/forms/observing.h"
 #include "platform/text/count_text.h"
 #include "wynconfig/error.h"
@@ -71,18 +72,6 @@ void end(Wait& wait) noexcept {
     });
 }
 
-std::string withNumbers(const std::string& text, std::size_t done, std::size_t all) {
-    std::string filled;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const bool isPlace = text[at] == '%' && at + 1 < text.size();
-        if (isPlace && (text[at + 1] == '1' || text[at + 1] == '2'))
-            filled += countText(text[++at] == '1' ? done : all);
-        else
-            filled += text[at];
-    }
-    return filled;
-}
-
 }  // namespace
 
 Working::Working(Wording wording, std::size_t all) noexcept : m_wording(wording), m_all(all) {
@@ -125,7 +114,7 @@ void Working::tell() noexcept {
         if (!m_words) m_words = m_wording();
         const std::size_t done = std::min(m_done, m_all);
         return Progress{Progress::Stage::Lasts, m_words->title,
-                        withNumbers(m_words->text, done, m_all), done, m_all};
+                        filledIn(m_words->text, countText(done), countText(m_all)), done, m_all};
     });
     wait.lasts = true;
     wait.next = now() + kRest;

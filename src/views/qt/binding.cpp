@@ -186,24 +186,14 @@ class ListBinding : public ActingBinding {
     void typed(TypeAhead& ahead, const std::string& letter) {
         // Rows that are not on the screen yet can't be gone to.
         if (m_list.revision() != m_shownRevision) return;
-        if (rowList().rows().isFiltered())
-            typedAmongShown(ahead, letter);
+        const ShownRows& shown = rowList().rows().shown();
+        std::size_t number = 0;
+        // The form knows all rows; letters find those that are seen.
+        if (shown.isFiltered())
+            number = rowAmongShown(shown, m_list, ahead, letter, rowList().selected());
         else if (const KeyAct act = actOfLetter(m_list.form(), m_list, ahead, letter))
-            rowList().goTo(act.number);
-    }
-    /// The form knows all rows; letters find those that are seen.
-    void typedAmongShown(TypeAhead& ahead, const std::string& letter) {
-        const RowModel& rows = rowList().rows();
-        const auto numberOf = [&](std::size_t row) {
-            return rows.numberAt(static_cast<int>(row) - 1);
-        };
-        const auto textOf = [&](std::size_t row) -> std::string_view {
-            return m_list.rows()[numberOf(row) - 1].text;
-        };
-        const auto current = static_cast<std::size_t>(rows.placeOf(rowList().selected()) + 1);
-        const std::size_t row =
-            ahead.next(letter, static_cast<std::size_t>(rows.rowCount()), textOf, current);
-        if (row > 0) rowList().goTo(numberOf(row));
+            number = act.number;
+        if (number > 0) rowList().goTo(number);
     }
     void showContent() override {
         if (m_list.revision() != m_shownRevision) {

@@ -5,17 +5,11 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "platform/forms/shown_rows.h"
 #include "views/qt/convert.h"
 #include "wynconfig/view.h"
 
 namespace wynconfig::desktop {
-
-namespace {
-
-/// A list of so many rows is seen at a glance.
-constexpr std::size_t kShortList = 20;
-
-}  // namespace
 
 FilterLine::FilterLine(RowList& list, QWidget* parent) : TextBox(parent), m_list(list) {
     setObjectName(list.objectName() + QStringLiteral("Filter"));

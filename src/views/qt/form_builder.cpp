@@ -10,10 +10,10 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/forms/empty_list.h"
 #include "platform/forms/growing.h"
 #include "views/qt/convert.h"
 #include "wynconfig/keyboard.h"
-#include "wynconfig/view.h"
 
 namespace wynconfig::desktop {
 
@@ -28,15 +28,6 @@ bool holds(const Layout& node, const Control& control) {
     return node.control == &control ||
            std::any_of(node.children.begin(), node.children.end(),
                        [&](const Layout& each) { return holds(each, control); });
-}
-
-/// The node of a control; null when it stands nowhere.
-const Layout* nodeOf(const Layout& node, const Control& control) {
-    if (node.control == &control) return &node;
-    for (const Layout& child : node.children) {
-        if (const Layout* found = nodeOf(child, control)) return found;
-    }
-    return nullptr;
 }
 
 const CaptionedControl* captioned(const Control* control) {
@@ -134,22 +125,12 @@ QLayout* FormBuilder::withHelp(QWidget* widget, const Layout& node, const Place&
     stack->addLayout(rows, 1);
     rows->addWidget(list, 0, 0);
     rows->addWidget(note, 0, 0);
-    note->whenEmpty = wordsWhenEmpty(node);
+    note->whenEmpty = [body = m_body, fill = node.acts.fill] {
+        return toQt(wordsWhenEmpty(*body, fill));
+    };
     QObject::connect(filter, &QLineEdit::textChanged, note, &EmptyNote::follow);
     m_built.listHelps.push_back({node.control, filter, note});
     return stack;
-}
-
-std::function<QString()> FormBuilder::wordsWhenEmpty(const Layout& node) const {
-    const Button* const fill = node.acts.fill;
-    const Layout* const standing = fill ? nodeOf(*m_body, *fill) : nullptr;
-    const Label* const from = standing ? standing->from : nullptr;
-    return [fill, from] {
-        if (!fill || !fill->visible()) return toQt(viewWord("VIEW_EMPTY"));
-        const QString button = toQtPlain(fill->caption());
-        if (!from) return toQt(viewWord("VIEW_EMPTY_PRESS")).arg(button);
-        return toQt(viewWord("VIEW_EMPTY_MOVE")).arg(toQtPlain(from->caption()), button);
-    };
 }
 
 void FormBuilder::nameBox(QWidget* box, const Control& control, const CaptionedControl* label) {

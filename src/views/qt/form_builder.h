@@ -5,7 +5,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -79,8 +78,6 @@ class FormBuilder {
     QWidget* makeLabelled(const Layout& node, const Place& place);
     /// A list with what helps a person in it; null for what is no list.
     QLayout* withHelp(QWidget* widget, const Layout& node, const Place& place);
-    /// What a list says that has no rows.
-    std::function<QString()> wordsWhenEmpty(const Layout& node) const;
     void nameBox(QWidget* box, const Control& control, const CaptionedControl* label);
     void fill(QBoxLayout* box, const std::vector<Layout>& nodes, const Place& place);
     void add(QBoxLayout* box, const Layout& node, const Place& place);

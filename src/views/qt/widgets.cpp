@@ -282,37 +282,21 @@ void RowModel::setFilter(const QString& text) {
 }
 
 void RowModel::applyFilter() {
-    m_shown.clear();
-    if (!isFiltered()) return;
-    for (std::size_t number = 1; number <= m_rows.size(); ++number) {
-        if (matches(number)) m_shown.push_back(number);
-    }
+    if (m_filter.isEmpty())
+        m_shown.showAll(m_rows.size());
+    else
+        m_shown.showFound(m_rows.size(), [this](std::size_t number) { return matches(number); });
 }
 
 bool RowModel::matches(std::size_t number) const {
     return m_rows[number - 1].text.contains(m_filter, Qt::CaseInsensitive);
 }
 
-int RowModel::placeOf(std::size_t number) const {
-    if (number == 0 || number > m_rows.size()) return -1;
-    if (!isFiltered()) return static_cast<int>(number) - 1;
-    const auto found = std::lower_bound(m_shown.begin(), m_shown.end(), number);
-    if (found == m_shown.end() || *found != number) return -1;
-    return static_cast<int>(found - m_shown.begin());
-}
-
-std::size_t RowModel::numberAt(int place) const {
-    if (place < 0 || place >= rowCount()) return 0;
-    const auto at = static_cast<std::size_t>(place);
-    return isFiltered() ? m_shown[at] : at + 1;
-}
-
 void RowModel::reveal(std::size_t number) {
-    if (number == 0 || number > m_rows.size() || placeOf(number) >= 0) return;
-    const auto before = std::lower_bound(m_shown.begin(), m_shown.end(), number);
-    const auto place = static_cast<int>(before - m_shown.begin());
+    const int place = m_shown.placeToReveal(number);
+    if (place < 0) return;
     beginInsertRows({}, place, place);
-    m_shown.insert(before, number);
+    m_shown.reveal(number);
     endInsertRows();
 }
 
@@ -323,7 +307,7 @@ void RowModel::setHeading(const QString& heading) {
 
 int RowModel::rowCount(const QModelIndex& parent) const {
     if (parent.isValid()) return 0;
-    return static_cast<int>(isFiltered() ? m_shown.size() : m_rows.size());
+    return m_shown.count();
 }
 
 QVariant RowModel::data(const QModelIndex& index, int role) const {
@@ -408,7 +392,7 @@ void RowList::setFilter(const QString& text) {
 
 void RowList::enter() {
     setFocus(Qt::OtherFocusReason);
-    if (!m_rows.isFiltered() || (selected() > 0 && m_rows.matches(selected()))) return;
+    if (!m_rows.shown().isFiltered() || (selected() > 0 && m_rows.matches(selected()))) return;
     for (int place = 0; place < m_rows.rowCount(); ++place) {
         const std::size_t number = m_rows.numberAt(place);
         if (!m_rows.matches(number)) continue;

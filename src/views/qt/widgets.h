@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/forms/shown_rows.h"
 #include "views/qt/typing.h"
 #include "wynconfig/controls.h"
 
@@ -145,13 +146,11 @@ class RowModel : public QAbstractListModel {
     void setFilter(const QString& text);
     /// How many rows there are, shown or not.
     std::size_t total() const { return m_rows.size(); }
-    bool isFiltered() const { return !m_filter.isEmpty(); }
+    const ShownRows& shown() const { return m_shown; }
     /// Whether a row contains the text, and was not just revealed.
     bool matches(std::size_t number) const;
-    /// Where a row is shown, from 0; -1 where it is not.
-    int placeOf(std::size_t number) const;
-    /// The row that is shown there; 0: none.
-    std::size_t numberAt(int place) const;
+    int placeOf(std::size_t number) const { return m_shown.placeOf(number); }
+    std::size_t numberAt(int place) const { return m_shown.numberAt(place); }
     /// Shows a row that contains no such text as well.
     void reveal(std::size_t number);
     void setHeading(const QString& heading);
@@ -168,7 +167,7 @@ class RowModel : public QAbstractListModel {
     void applyFilter();
 
     std::vector<Row> m_rows;
-    std::vector<std::size_t> m_shown;  ///< numbers of rows, where a filter is set
+    ShownRows m_shown;
     QString m_filter;
     QString m_heading;
 };
