@@ -158,6 +158,10 @@ WYNCONFIG_API std::vector<Control*> controlsOf(const Layout& node);
 /// pane around it lies on the tab that is on top.
 WYNCONFIG_API bool isSeen(const Layout& node, const Control& control);
 
+/// Whether a person can see now where a control stands, be it hidden itself: each frame around it
+/// is visible, and each pane around it lies on the tab that is on top.
+WYNCONFIG_API bool isPlaceSeen(const Layout& node, const Control& control);
+
 /// Whether a person can use a control now: it is seen and enabled.
 WYNCONFIG_API bool isUsable(const Layout& body, const Control& control);
 

@@ -64,13 +64,17 @@ std::vector<Control*> controlsOf(const Layout& node) {
     return found;
 }
 
-bool isSeen(const Layout& node, const Control& control) {
-    if (node.control == &control || node.label == &control) return control.visible();
+bool isPlaceSeen(const Layout& node, const Control& control) {
+    if (node.control == &control || node.label == &control) return true;
     for (std::size_t i = 0; i < node.children.size(); ++i) {
         if (holds(node.children[i], control))
-            return !hidesChild(node, i) && isSeen(node.children[i], control);
+            return !hidesChild(node, i) && isPlaceSeen(node.children[i], control);
     }
     return false;
+}
+
+bool isSeen(const Layout& node, const Control& control) {
+    return control.visible() && isPlaceSeen(node, control);
 }
 
 bool isUsable(const Layout& body, const Control& control) {

@@ -17,10 +17,6 @@ constexpr int kLeastChoice = 14;
 /// How many items an open drop-down list shows; the others scroll.
 constexpr WPARAM kMostChoices = 15;
 
-bool isDown(int key) {
-    return (::GetKeyState(key) & 0x8000) != 0;
-}
-
 /// Whether a message to a box may move its caret.
 bool mayMoveCaret(UINT message) {
     switch (message) {

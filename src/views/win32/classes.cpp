@@ -1,14 +1,20 @@
 // The classes of the component's own windows.
 #include "views/win32/classes.h"
 
+#include <string_view>
+
 #include "views/win32/module.h"
 
 namespace wynconfig::native {
 
 namespace {
 
+WindowOwner* ownerIn(HWND window) {
+    return reinterpret_cast<WindowOwner*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
 LRESULT CALLBACK formProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-    auto* owner = reinterpret_cast<WindowOwner*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+    WindowOwner* const owner = ownerIn(window);
     LRESULT result = 0;
     if (owner && owner->received(message, w, l, result)) return result;
     return ::DefWindowProcW(window, message, w, l);
@@ -58,6 +64,12 @@ void registerClasses() {
 
 void setOwner(HWND window, WindowOwner* owner) {
     ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(owner));
+}
+
+WindowOwner* ownerOf(HWND window) {
+    wchar_t name[32] = L"";
+    ::GetClassNameW(window, name, 32);
+    return std::wstring_view(name) == kFormClass ? ownerIn(window) : nullptr;
 }
 
 }  // namespace wynconfig::native

@@ -22,5 +22,7 @@ void registerClasses();
 
 /// Has a window of the form class hand its messages to the owner; null: no longer.
 void setOwner(HWND window, WindowOwner* owner);
+/// Whoever gets the messages of a window; null: nobody, or it is of another class.
+WindowOwner* ownerOf(HWND window);
 
 }  // namespace wynconfig::native

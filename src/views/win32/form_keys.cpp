@@ -12,10 +12,6 @@ namespace wynconfig::native {
 
 namespace {
 
-bool isDown(int key) {
-    return (::GetKeyState(key) & 0x8000) != 0;
-}
-
 std::optional<FormKey> formKey(WPARAM key) {
     const bool ctrl = isDown(VK_CONTROL);
     const bool shift = isDown(VK_SHIFT);
@@ -68,7 +64,8 @@ void FormWindow::settleFocus() {
                                  : stopAfter(tabOrder(m_form->layout().body), wanted, true);
         if (there) m_door([&](const UserInput& input) { input.focus(there->control()); });
     }
-    if (m_form && there && ::GetFocus() != there->window()) ::SetFocus(there->window());
+    // The line above a list is a part of it.
+    if (m_form && there && pieceAt(::GetFocus()) != there) ::SetFocus(there->window());
 }
 
 void FormWindow::focusMoved(Control& control) {
@@ -136,7 +133,9 @@ void FormWindow::markDefaultButton() const {
 bool FormWindow::takes(const MSG& message) {
     bool taken = false;
     m_door([&](const UserInput&) {
-        if (message.message == WM_KEYDOWN) taken = takeKey(message.wParam);
+        constexpr LPARAM kWasDown = LPARAM{1} << 30;
+        if (message.message == WM_KEYDOWN)
+            taken = takeKey(message.wParam, (message.lParam & kWasDown) != 0);
         if (message.message != WM_SYSCHAR) return;
         const wchar_t unit = static_cast<wchar_t>(message.wParam);
         taken = followMark(UCase(fromWide({&unit, 1})));
@@ -144,13 +143,33 @@ bool FormWindow::takes(const MSG& message) {
     return taken;
 }
 
-bool FormWindow::takeKey(WPARAM key) {
+bool FormWindow::takeKey(WPARAM key, bool held) {
     Piece* focused = pieceAt(::GetFocus());
     if (focused && focused->wantsEnter() && (key == VK_RETURN || key == VK_ESCAPE)) return false;
+    if (takeFindKey(key)) return true;
+    auto* const list = dynamic_cast<ListPiece*>(focused);
+    const bool inFilter = list && list->filter().hasFocus();
+    if (inFilter && list->takeFilterKey(key)) return true;
+    // These are the line's own there.
+    if (inFilter && (key == VK_DELETE || key == VK_F2)) return false;
     if (const std::optional<FormKey> wanted = formKey(key)) {
         if (takeFormKey(*wanted)) return true;
     }
-    return m_form && focused && focused->takeKey(key);
+    if (!m_form || !focused || inFilter) return false;
+    // A key that is held down only goes to the top.
+    return (list && !held && list->leaveUpwards(key)) || focused->takeKey(key);
+}
+
+/// Ctrl and F go to the line above the list that has the focus, else to the first one.
+bool FormWindow::takeFindKey(WPARAM key) const {
+    if (key != 'F' || !isDown(VK_CONTROL) || isDown(VK_MENU)) return false;
+    const ListPiece* found = nullptr;
+    for (const ListPiece* each : m_lists) {
+        if (!each->filter().isInReach()) continue;
+        if (!found || each == pieceAt(::GetFocus())) found = each;
+    }
+    if (found) found->filter().begin();
+    return found != nullptr;
 }
 
 bool FormWindow::takeFormKey(FormKey key) {

@@ -129,7 +129,7 @@ void FormWindow::reveal(const Piece& piece) {
     const Extent inner = innerSize();
     if (inner.width >= m_least.width && inner.height >= m_least.height) return;
     RECT there{};
-    ::GetWindowRect(piece.window(), &there);
+    ::GetWindowRect(pieceAt(::GetFocus()) == &piece ? ::GetFocus() : piece.window(), &there);
     ::MapWindowPoints(nullptr, m_window, reinterpret_cast<POINT*>(&there), 2);
     // In a mirrored window its sides are the other way round.
     const auto [left, right] = std::minmax(there.left, there.right);

@@ -3,7 +3,6 @@
 
 #include "views/win32/convert.h"
 #include "views/win32/form_window.h"
-#include "views/win32/list_piece.h"
 #include "views/win32/module.h"
 #include "views/win32/placing.h"
 #include "views/win32/tab_pieces.h"
@@ -35,7 +34,6 @@ void FormWindow::put(const Control& control, const Place& place) {
         own.height += kRows * Measure(moved->font()).lineHeight() + scaled(8, m_dpi);
     }
     moved->place(own);
-    if (control.kind() == ControlKind::ListView) static_cast<ListPiece*>(moved)->fitColumn();
 }
 
 Gaps FormWindow::gaps() const {

@@ -8,6 +8,7 @@
 #include "platform/forms/growing.h"
 #include "views/win32/access.h"
 #include "views/win32/convert.h"
+#include "views/win32/list_piece.h"
 #include "views/win32/module.h"
 
 namespace wynconfig::native {
@@ -81,6 +82,10 @@ void FormWindow::add(Control& control, Standing standing, const CaptionedControl
     Piece& made = *m_pieces.back();
     m_byControl[&control] = &made;
     m_byWindow[made.window()] = &made;
+    if (auto* const list = dynamic_cast<ListPiece*>(&made)) {
+        m_lists.push_back(list);
+        m_byWindow[list->filter().window()] = list;
+    }
     const CaptionedControl* const label = standing.labelledBy ? standing.labelledBy : frame;
     if (isBox(control) && label) m_spokenNames.push_back({&made, label, {}});
     const bool told = takesFocus(control) && control.kind() != ControlKind::Tabs;
@@ -265,6 +270,7 @@ void FormWindow::showAll() {
         each->show();
     }
     if (formChanged) showForm();
+    for (ListPiece* each : m_lists) each->showHelps();
     if (formChanged || m_roomChanged) {
         showNames();
         applySize();
@@ -382,6 +388,11 @@ void FormWindow::tellTip(NMTTDISPINFOW& asked) {
 
 LRESULT FormWindow::colourOf(UINT, HDC dc, HWND child) const {
     const Piece* piece = pieceAt(child);
+    if (piece && child != piece->window()) {
+        // The line above a list is a box like any other.
+        ::SetBkColor(dc, m_colours.boxColour(Background::Window));
+        return reinterpret_cast<LRESULT>(m_colours.box(Background::Window));
+    }
     if (piece && piece->control().kind() == ControlKind::Edit) {
         ::SetBkColor(dc, &piece->control() == m_refused
                              ? m_colours.refusedColour()

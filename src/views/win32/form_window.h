@@ -22,12 +22,17 @@
 
 namespace wynconfig::native {
 
+class ListPiece;
+
 class FormWindow : private FormObserver, private Stage, private Ground, private WindowOwner {
   public:
     /// @param owner     the window that it stands in front of; null: none
     /// @param mirrored  from right to left
     FormWindow(Form& form, UserInput input, HWND owner, bool mirrored);
     ~FormWindow() override;
+
+    /// The form that a window shows; null: it shows none.
+    static FormWindow* of(HWND window) { return static_cast<FormWindow*>(ownerOf(window)); }
 
     /// Shows the window and returns once the form has unloaded.
     /// @param cameUp  is called from the window's message loop as soon as it runs
@@ -125,7 +130,8 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     Piece* stopAfter(const std::vector<Control*>& order, const Control* from, bool forward) const;
     void markDefaultButton() const;
     bool takes(const MSG& message);
-    bool takeKey(WPARAM key);
+    bool takeKey(WPARAM key, bool held);
+    bool takeFindKey(WPARAM key) const;
     bool takeFormKey(FormKey key);
     void showHelp();
     bool followMark(const std::string& key);
@@ -156,6 +162,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     std::vector<std::unique_ptr<Piece>> m_pieces;  ///< in the order of the layout
     std::unordered_map<const Control*, Piece*> m_byControl;
     std::unordered_map<HWND, Piece*> m_byWindow;
+    std::vector<ListPiece*> m_lists;
     std::vector<SpokenName> m_spokenNames;
     std::vector<Mover> m_movers;
     HWND m_tips = nullptr;

@@ -4,7 +4,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/forms/empty_list.h"
+#include "platform/text/text.h"
 #include "views/win32/convert.h"
+#include "wynconfig/form.h"
 
 namespace wynconfig::native {
 
@@ -20,20 +23,17 @@ constexpr int kLeastRows = 8;
 constexpr UINT kSelected = LVIS_SELECTED;
 constexpr UINT kMarked = LVIS_FOCUSED;
 
-int indexOf(std::size_t number) {
-    return static_cast<int>(number) - 1;
-}
-
 }  // namespace
 
 ListPiece::ListPiece(ListView& list, Stage& stage, const Standing& standing)
     : Piece(list, stage),
       m_list(list),
-      m_headed(standing.labelledBy != nullptr),
-      m_deliberate(standing.acts.deliberate) {
+      m_label(standing.labelledBy),
+      m_acts(standing.acts),
+      m_filter(standing.parent) {
     make(standing.parent, WC_LISTVIEWW,
-         WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
-             LVS_NOSORTHEADER | LVS_NOCOLUMNHEADER,
+         WS_TABSTOP | WS_CLIPCHILDREN | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL |
+             LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | LVS_NOCOLUMNHEADER,
          WS_EX_CLIENTEDGE);
     // Not every system draws in a buffer from right to left.
     const bool mirrored = (::GetWindowLongPtrW(window(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
@@ -42,6 +42,7 @@ ListPiece::ListPiece(ListView& list, Stage& stage, const Standing& standing)
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, look, static_cast<LPARAM>(look));
     LVCOLUMNW column{};
     send(LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+    m_note.emplace(window());
 }
 
 Room ListPiece::measured(const Measure& measure) const {
@@ -63,13 +64,17 @@ void ListPiece::fitColumn() const {
 }
 
 std::size_t ListPiece::marked() const {
-    return static_cast<std::size_t>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED) +
-                                    1);
+    return m_shown.numberAt(
+        static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED)));
 }
 
 std::size_t ListPiece::selected() const {
-    return static_cast<std::size_t>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) +
-                                    1);
+    return m_shown.numberAt(
+        static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED)));
+}
+
+const std::string& ListPiece::keyAt(std::size_t place) const {
+    return m_rows[m_shown.numberAt(static_cast<int>(place)) - 1].key;
 }
 
 void ListPiece::showContent() {
@@ -86,11 +91,10 @@ void ListPiece::showRows() {
     m_rows.clear();
     for (const ListRow& each : m_list.rows())
         m_rows.push_back({each.key, toWide(each.text), each.font});
-    send(LVM_SETITEMCOUNT, m_rows.size(), LVSICF_NOSCROLL);
-    // Rows that went may have left their states behind.
-    if (m_rows.size() < selected()) select(0);
+    filterRows();
+    // Rows that went may have left their states behind, and some may stand elsewhere now.
+    if (selected() == 0 || m_shown.isFiltered()) select(0);
     fitColumn();
-    ::InvalidateRect(window(), nullptr, TRUE);
 }
 
 void ListPiece::showHeading() {
@@ -99,7 +103,7 @@ void ListPiece::showHeading() {
     const LONG_PTR style = ::GetWindowLongPtrW(window(), GWL_STYLE);
     const LONG_PTR headless = style | LVS_NOCOLUMNHEADER;
     const LONG_PTR wanted =
-        m_headed || heading.empty() ? headless : headless & ~LONG_PTR{LVS_NOCOLUMNHEADER};
+        m_label || heading.empty() ? headless : headless & ~LONG_PTR{LVS_NOCOLUMNHEADER};
     if (wanted != style) ::SetWindowLongPtrW(window(), GWL_STYLE, wanted);
     const int hint = columns.empty() ? 0 : columns.front().width;
     if (hint != std::exchange(m_widthHint, hint) || wanted != style) forgetRoom();
@@ -111,6 +115,7 @@ void ListPiece::showHeading() {
 
 void ListPiece::showSelected(std::size_t number) {
     if (number == selected()) return;
+    reveal(number);
     select(number);
     if (number > 0) mark(number);
 }
@@ -119,16 +124,18 @@ void ListPiece::select(std::size_t number) const {
     LVITEMW item{};
     item.stateMask = kSelected;
     send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
-    if (number == 0) return;
+    const int place = m_shown.placeOf(number);
+    if (place < 0) return;
     item.state = kSelected;
-    send(LVM_SETITEMSTATE, static_cast<WPARAM>(indexOf(number)), reinterpret_cast<LPARAM>(&item));
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(&item));
 }
 
 void ListPiece::mark(std::size_t number) const {
     LVITEMW item{};
     item.stateMask = item.state = kMarked;
-    send(LVM_SETITEMSTATE, static_cast<WPARAM>(indexOf(number)), reinterpret_cast<LPARAM>(&item));
-    send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(indexOf(number)), FALSE);
+    const auto place = static_cast<WPARAM>(m_shown.placeOf(number));
+    send(LVM_SETITEMSTATE, place, reinterpret_cast<LPARAM>(&item));
+    send(LVM_ENSUREVISIBLE, place, FALSE);
 }
 
 void ListPiece::pick(std::size_t number) {
@@ -151,6 +158,7 @@ void ListPiece::pickMarked() {
 void ListPiece::goTo(std::size_t number) {
     const bool wasSelected = selected() == number;
     m_moving = true;
+    reveal(number);
     select(number);
     mark(number);
     m_moving = false;
@@ -179,18 +187,18 @@ LRESULT ListPiece::notified(NMHDR& what) {
 }
 
 void ListPiece::tellText(NMLVDISPINFOW& wanted) const {
-    const auto row = static_cast<std::size_t>(wanted.item.iItem);
-    if (!(wanted.item.mask & LVIF_TEXT) || wanted.item.iItem < 0 || row >= m_rows.size()) return;
-    ::lstrcpynW(wanted.item.pszText, m_rows[row].text.c_str(), wanted.item.cchTextMax);
+    const std::size_t number = m_shown.numberAt(wanted.item.iItem);
+    if (!(wanted.item.mask & LVIF_TEXT) || number == 0) return;
+    ::lstrcpynW(wanted.item.pszText, m_rows[number - 1].text.c_str(), wanted.item.cchTextMax);
 }
 
 /// Rows may have fonts of their own.
 LRESULT ListPiece::paint(NMLVCUSTOMDRAW& draw) const {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
-    const std::size_t row = draw.nmcd.dwItemSpec;
-    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || row >= m_rows.size() || !m_rows[row].font)
-        return CDRF_DODEFAULT;
-    ::SelectObject(draw.nmcd.hdc, stage().fonts().of(m_rows[row].font.get()));
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+    const std::size_t number = m_shown.numberAt(static_cast<int>(draw.nmcd.dwItemSpec));
+    if (number == 0 || !m_rows[number - 1].font) return CDRF_DODEFAULT;
+    ::SelectObject(draw.nmcd.hdc, stage().fonts().of(m_rows[number - 1].font.get()));
     return CDRF_NEWFONT;
 }
 
@@ -200,8 +208,8 @@ void ListPiece::changed(const NMLISTVIEW& change) {
     const bool was = (change.uOldState & kSelected) != 0;
     const bool is = (change.uNewState & kSelected) != 0;
     if (was == is) return;
-    if (is && change.iItem >= 0)
-        pick(static_cast<std::size_t>(change.iItem) + 1);
+    if (const std::size_t number = m_shown.numberAt(change.iItem); is && number > 0)
+        pick(number);
     else
         stage().showLater(*this);
 }
@@ -209,8 +217,8 @@ void ListPiece::changed(const NMLISTVIEW& change) {
 void ListPiece::clicked(const NMITEMACTIVATE& click) {
     if (std::exchange(m_doubled, false)) return;
     m_pressing = false;
-    if (click.iItem >= 0)
-        pick(static_cast<std::size_t>(click.iItem) + 1);
+    if (const std::size_t number = m_shown.numberAt(click.iItem))
+        pick(number);
     else
         stage().showLater(*this);
 }
@@ -218,12 +226,13 @@ void ListPiece::clicked(const NMITEMACTIVATE& click) {
 void ListPiece::doubleClicked(const NMITEMACTIVATE& click) {
     m_pressing = false;
     m_doubled = true;
-    if (click.iItem < 0) return stage().showLater(*this);
+    const std::size_t number = m_shown.numberAt(click.iItem);
+    if (number == 0) return stage().showLater(*this);
     const KeyAct act = actOfDoubleClick(m_list.form(), m_list);
     if (act)
         stage().obey(act);
     else
-        pick(static_cast<std::size_t>(click.iItem) + 1);
+        pick(number);
 }
 
 LRESULT ListPiece::received(UINT message, WPARAM w, LPARAM l) {
@@ -239,9 +248,9 @@ LRESULT ListPiece::received(UINT message, WPARAM w, LPARAM l) {
             break;
         case WM_SETFOCUS:
             // However the focus came, there is a row for the space bar and Enter to pick.
-            if (marked() == 0 && !m_rows.empty()) {
+            if (marked() == 0 && m_shown.count() > 0) {
                 m_moving = true;
-                mark(1);
+                mark(m_shown.numberAt(0));
                 m_moving = false;
             }
             break;
@@ -249,6 +258,8 @@ LRESULT ListPiece::received(UINT message, WPARAM w, LPARAM l) {
         case WM_LBUTTONDBLCLK:
         case WM_LBUTTONUP:
             return pressed(message, w, l);
+        case WM_CTLCOLORSTATIC:
+            return colourOfNote(reinterpret_cast<HDC>(w));
         default:
             break;
     }
@@ -271,35 +282,41 @@ LRESULT ListPiece::pressed(UINT message, WPARAM w, LPARAM l) {
 void ListPiece::takeLetter(const std::string& letter) {
     // Rows that are not on the screen yet can't be gone to.
     if (letter.empty() || !inReach() || m_list.revision() != m_shownRevision) return;
-    if (const KeyAct act = actOfLetter(m_list.form(), m_list, typing.ahead(), letter))
-        goTo(act.number);
+    std::size_t number = 0;
+    // The form knows all rows; letters find those that are seen.
+    if (m_shown.isFiltered() && !m_acts.deliberate)
+        number = rowAmongShown(m_shown, m_list, typing.ahead(), letter, selected());
+    else if (const KeyAct act = actOfLetter(m_list.form(), m_list, typing.ahead(), letter))
+        number = act.number;
+    if (number > 0) goTo(number);
 }
 
 std::size_t ListPiece::rowForKey(WPARAM key) const {
-    const std::size_t count = m_rows.size();
-    const std::size_t at = std::max<std::size_t>(marked(), 1);
-    const auto page = static_cast<std::size_t>(std::max<LRESULT>(send(LVM_GETCOUNTPERPAGE) - 1, 1));
+    const int last = m_shown.count() - 1;
+    const int at = std::max(m_shown.placeOf(marked()), 0);
+    const int page = std::max(static_cast<int>(send(LVM_GETCOUNTPERPAGE)) - 1, 1);
+    const auto number = [&](int place) { return m_shown.numberAt(std::clamp(place, 0, last)); };
     switch (key) {
         case VK_UP:
-            return std::max<std::size_t>(at - 1, 1);
+            return number(at - 1);
         case VK_DOWN:
-            return std::min(at + 1, count);
+            return number(at + 1);
         case VK_PRIOR:
-            return at > page ? at - page : 1;
+            return number(at - page);
         case VK_NEXT:
-            return std::min(at + page, count);
+            return number(at + page);
         case VK_HOME:
-            return 1;
+            return number(0);
         case VK_END:
-            return count;
+            return number(last);
         default:
             return 0;
     }
 }
 
 bool ListPiece::takeKey(WPARAM key) {
-    if (m_rows.empty()) return false;
-    const bool ctrl = (::GetKeyState(VK_CONTROL) & 0x8000) != 0;
+    if (m_shown.count() == 0) return false;
+    const bool ctrl = isDown(VK_CONTROL);
     if (key == VK_SPACE && !typing.ahead().begun()) {
         // As a click does, the space bar also picks the row that is selected already.
         pickMarked();
@@ -307,7 +324,7 @@ bool ListPiece::takeKey(WPARAM key) {
     }
     const std::size_t row = rowForKey(key);
     if (row == 0) return false;
-    if (m_deliberate || ctrl) {
+    if (m_acts.deliberate || ctrl) {
         m_moving = true;
         mark(row);
         m_moving = false;
@@ -319,6 +336,134 @@ bool ListPiece::takeKey(WPARAM key) {
         goTo(row);
     }
     return true;
+}
+
+// What helps a person in the list.
+
+bool ListPiece::matches(std::size_t number) const {
+    return UCase(fromWide(m_rows[number - 1].text)).find(m_lookedFor) != std::string::npos;
+}
+
+void ListPiece::filterRows() {
+    if (m_lookedFor.empty())
+        m_shown.showAll(m_rows.size());
+    else
+        m_shown.showFound(m_rows.size(), [this](std::size_t number) { return matches(number); });
+    send(LVM_SETITEMCOUNT, static_cast<WPARAM>(m_shown.count()), LVSICF_NOSCROLL);
+    ::InvalidateRect(window(), nullptr, TRUE);
+}
+
+void ListPiece::reveal(std::size_t number) {
+    if (m_shown.placeToReveal(number) < 0) return;
+    m_shown.reveal(number);
+    send(LVM_SETITEMCOUNT, static_cast<WPARAM>(m_shown.count()), LVSICF_NOSCROLL);
+    ::InvalidateRect(window(), nullptr, TRUE);
+}
+
+void ListPiece::lookFor(const std::wstring& text) {
+    const std::size_t kept = selected();
+    m_lookedFor = UCase(fromWide(text));
+    m_moving = true;
+    select(0);
+    filterRows();
+    if (kept > 0)
+        showSelected(kept);
+    else
+        send(LVM_ENSUREVISIBLE, 0, FALSE);
+    m_moving = false;
+    fitColumn();
+    showHelps();
+}
+
+void ListPiece::commanded(UINT code) {
+    if (code == EN_SETFOCUS)
+        stage().focusCame(*this);
+    else if (code == EN_CHANGE)
+        lookFor(m_filter.text());
+}
+
+/// Goes into the list from above: to its first row with the text that is looked for, unless the
+/// selected one has it.
+void ListPiece::enter() {
+    stage().takeFocusTo(*this);
+    if (!m_shown.isFiltered() || (selected() > 0 && matches(selected()))) return;
+    std::size_t found = 0;
+    for (int place = 0; found == 0 && place < m_shown.count(); ++place) {
+        if (matches(m_shown.numberAt(place))) found = m_shown.numberAt(place);
+    }
+    if (found == 0) return;
+    if (!m_acts.deliberate) return goTo(found);
+    m_moving = true;
+    mark(found);
+    m_moving = false;
+}
+
+bool ListPiece::takeFilterKey(WPARAM key) {
+    switch (key) {
+        case VK_ESCAPE:
+            if (m_filter.text().empty()) return false;
+            m_filter.clear();
+            return true;
+        case VK_DOWN:
+        case VK_RETURN:
+            enter();
+            return true;
+        // Keys that old boxes don't know:
+        case VK_BACK:
+            return isDown(VK_CONTROL);
+        case 'A':
+            if (isDown(VK_CONTROL)) m_filter.selectAll();
+            return isDown(VK_CONTROL);
+        default:
+            return false;
+    }
+}
+
+bool ListPiece::leaveUpwards(WPARAM key) {
+    if (key != VK_UP || isDown(VK_CONTROL) || isDown(VK_SHIFT)) return false;
+    if (!m_filter.isInReach() || m_shown.placeOf(marked()) > 0) return false;
+    m_filter.begin();
+    return true;
+}
+
+std::string ListPiece::emptyWords() const {
+    if (m_rows.empty()) return wordsWhenEmpty(m_list.form().layout().body, m_acts.fill);
+    return m_shown.count() == 0 ? viewWord("VIEW_NO_MATCH") : std::string();
+}
+
+void ListPiece::showHelps() {
+    const bool isLong = m_rows.size() > kShortList && m_list.visible();
+    const bool wasUp = m_filter.isUp();
+    const bool seen = isPlaceSeen(m_list.form().layout().body, m_list);
+    if (!isLong && m_filter.hasFocus()) ::SetFocus(window());
+    m_filter.setEnabled(m_list.enabled());
+    m_filter.show(isLong, seen, m_label ? toWidePlain(m_label->caption()) : std::wstring());
+    if (isLong != wasUp) placeAll();
+    m_note->show(toWide(emptyWords()), m_list.visible(), seen);
+}
+
+void ListPiece::place(const Place& place) {
+    m_whole = place;
+    placeAll();
+}
+
+void ListPiece::placeAll() {
+    const int line = Measure(font()).lineHeight() + scale(8);
+    const int above = m_filter.isUp() ? line + scale(4) : 0;
+    const Place rows{m_whole.x, m_whole.y + above, m_whole.width, m_whole.height - above};
+    m_filter.setFont(font());
+    m_filter.place(m_whole, line);
+    Piece::place(rows);
+    m_note->place(rows, font());
+    fitColumn();
+}
+
+LRESULT ListPiece::colourOfNote(HDC dc) const {
+    const auto ground = static_cast<COLORREF>(send(LVM_GETBKCOLOR));
+    ::SetTextColor(dc, ::GetSysColor(COLOR_WINDOWTEXT));
+    ::SetBkColor(dc, ground);
+    ::SetDCBrushColor(dc, ground);
+    return reinterpret_cast<LRESULT>(::GetStockObject(DC_BRUSH));
 }
 
 }  // namespace wynconfig::native

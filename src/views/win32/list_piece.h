@@ -2,32 +2,45 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/forms/shown_rows.h"
+#include "views/win32/finding.h"
 #include "views/win32/piece.h"
 #include "views/win32/typing.h"
 
 namespace wynconfig::native {
 
-/// Tells of each row that the person picks, also of the selected one when it is clicked again, once
-/// for each act. By the keyboard the arrow keys and letters pick; with Ctrl, or where picks are to
-/// be deliberate, the arrow keys only move to a row, which the space bar then picks.
+/// Shows all rows of the form, or those that contain what is typed into the line above them, and
+/// the selected one in any case. Tells of each row that the person picks, also of the selected one
+/// when it is clicked again, once for each act. By the keyboard the arrow keys and letters pick;
+/// with Ctrl, or where picks are to be deliberate, the arrow keys only move to a row, which the
+/// space bar then picks.
 class ListPiece : public Piece {
   public:
     ListPiece(ListView& list, Stage& stage, const Standing& standing);
+    void commanded(UINT code) override;
     LRESULT notified(NMHDR& what) override;
     bool takeKey(WPARAM key) override;
     Room measured(const Measure& measure) const override;
+    void place(const Place& place) override;
 
     /// Number of the row that the keyboard is at, or 0.
     std::size_t marked() const;
     /// Number of the selected row, or 0.
     std::size_t selected() const;
-    /// The key of a row that is on the screen, by its number from 1.
-    const std::string& keyOf(std::size_t number) const { return m_rows[number - 1].key; }
-    /// Gives the one column the width that there is.
-    void fitColumn() const;
+    /// The key of a row that is shown, by its place from 0.
+    const std::string& keyAt(std::size_t place) const;
+
+    /// Has what helps a person in the list come up and go as the form now is.
+    void showHelps();
+    const FilterLine& filter() const { return m_filter; }
+    /// Deals with a key that was pressed in the line. False: its window or the form does.
+    bool takeFilterKey(WPARAM key);
+    /// Goes from the first row into the line. False: there is none, or it is another key or row.
+    bool leaveUpwards(WPARAM key);
 
     Typing typing;
 
@@ -45,6 +58,7 @@ class ListPiece : public Piece {
     LRESULT received(UINT message, WPARAM w, LPARAM l) override;
     LRESULT pressed(UINT message, WPARAM w, LPARAM l);
     LRESULT paint(NMLVCUSTOMDRAW& draw) const;
+    LRESULT colourOfNote(HDC dc) const;
     void tellText(NMLVDISPINFOW& wanted) const;
     void changed(const NMLISTVIEW& change);
     void clicked(const NMITEMACTIVATE& click);
@@ -53,19 +67,33 @@ class ListPiece : public Piece {
     void pickMarked();
     void mark(std::size_t number) const;
     void select(std::size_t number) const;
+    void reveal(std::size_t number);
     /// Goes to a row as an arrow key does.
     void goTo(std::size_t number);
     std::size_t rowForKey(WPARAM key) const;
     void takeLetter(const std::string& letter);
 
+    void filterRows();
+    bool matches(std::size_t number) const;
+    void lookFor(const std::wstring& text);
+    void enter();
+    std::string emptyWords() const;
+    void placeAll();
+    void fitColumn() const;
+
     ListView& m_list;
-    bool m_headed;        ///< by a label, under which a heading would say the same twice
-    bool m_deliberate;    ///< nothing but a click, the space bar and Enter picks
+    const CaptionedControl* m_label;
+    ListActs m_acts;
+    FilterLine m_filter;
+    std::optional<EmptyNote> m_note;
+    Place m_whole;        ///< of the list and the line above it
     int m_widthHint = 0;  ///< of its column, in twips
     bool m_moving = false;
     bool m_pressing = false;
     bool m_doubled = false;
     std::vector<Row> m_rows;
+    ShownRows m_shown;
+    std::string m_lookedFor;  ///< in upper case
     std::size_t m_shownRevision = static_cast<std::size_t>(-1);
 };
 

@@ -18,6 +18,11 @@ namespace wynconfig::native {
 
 class Piece;
 
+/// Whether a key of the keyboard, such as VK_CONTROL, is held down.
+inline bool isDown(int key) {
+    return (::GetKeyState(key) & 0x8000) != 0;
+}
+
 /// What a piece needs of the window of its form.
 class Stage {
   public:
@@ -61,7 +66,7 @@ class Piece {
     void show();
     /// Makes it seen or not; what is around it is none of its business.
     void showVisible(bool visible);
-    void place(const Place& place);
+    virtual void place(const Place& place);
     /// The screen, and all fonts with it, is another one.
     void renewFont();
 

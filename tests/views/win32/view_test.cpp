@@ -437,8 +437,11 @@ class NativeDialogs : public Desk {
             const HDC dc = ::GetDC(child);
             ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(::SendMessageW(child, WM_GETFONT, 0, 0)));
             const std::wstring text = titleOf(child);
-            RECT room{};
-            ::DrawTextW(dc, text.c_str(), -1, &room, DT_CALCRECT);
+            // What stands in place of the rows of a list goes over several lines.
+            const bool isNote = name == L"Static" && (style & SS_TYPEMASK) == SS_CENTER;
+            RECT room{0, 0, isNote ? innerSize(child).cx : 0, 0};
+            ::DrawTextW(dc, text.c_str(), -1, &room,
+                        DT_CALCRECT | (isNote ? DT_WORDBREAK | DT_EDITCONTROL : 0U));
             ::ReleaseDC(child, dc);
             EXPECT_LE(room.right, innerSize(child).cx) << form.name();
             EXPECT_LE(room.bottom, innerSize(child).cy) << form.name();

@@ -33,9 +33,9 @@ void lookAt(const EditPiece& box, Sight& sight) {
 
 void lookAt(const ListPiece& list, Sight& sight) {
     const std::vector<std::string> texts = rowsIn(list.window());
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        sight.rows.push_back({list.keyOf(i + 1), texts[i]});
-    sight.selected = list.selected();
+    for (std::size_t i = 0; i < texts.size(); ++i) sight.rows.push_back({list.keyAt(i), texts[i]});
+    sight.selected = static_cast<std::size_t>(
+        ::SendMessageW(list.window(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) + 1);
 }
 
 void lookAtCombo(HWND combo, Sight& sight) {
