@@ -45,8 +45,10 @@ public static class WynConfig {
     /// <summary>Takes the texts that come with the component.</summary>
     /// <param name="locale">such as "de"; empty: the user's own</param>
     /// <param name="folder">of the compiled texts; empty: where they are installed</param>
-    public static void UseBundle(string locale = "", string folder = "") =>
+    public static void UseBundle(string locale = "", string folder = "") {
         Native.Run(() => Native.wyn_use_bundle(Native.In(folder), Native.In(locale)));
+        ResourceManager.Forget();
+    }
 
     /// <param name="root">the store's root with its trailing separator</param>
     public static void Init(string root) => Native.Run(() => Native.wyn_init(Native.In(root)));
@@ -106,6 +108,44 @@ public static class WynConfig {
         Native.Run(() => call(Native.In(name), out after, out result));
         return new Outcome { Confirmed = result == 0, Name = Native.Taken(after) };
     }
+}
+
+/// <summary>The texts of a host. What its methods raise comes back by the operation.</summary>
+public abstract class ResourceManager {
+    /// <summary>The text of a key, in the user's language.</summary>
+    public abstract string GetString(string key);
+
+    /// <summary>A text without which the dialogs do: help, what a view says by itself, what is told
+    /// of work that takes its time. Empty, as here: no help, and the others in English.</summary>
+    /// <param name="key">begins with "HELP_", "VIEW_" or "PROGRESS_"</param>
+    public virtual string FindString(string key) => "";
+
+    /// <summary>Takes all texts of this thread from there.</summary>
+    public static void Install(ResourceManager manager) {
+        var functions = new Native.ResourceFunctions {
+            size = (UIntPtr)Marshal.SizeOf(typeof(Native.ResourceFunctions)),
+            getString = Marshal.GetFunctionPointerForDelegate(getString),
+            findString = Marshal.GetFunctionPointerForDelegate(findString)
+        };
+        Native.Run(() => Native.wyn_InitResourceManager(ref functions));
+        installed = manager;
+    }
+
+    internal static void Forget() {
+        installed = null;
+    }
+
+    // A thread has one, so that its functions need no context. They stay as long as the program.
+    [ThreadStatic] private static ResourceManager installed;
+
+    private static readonly Native.GiveText getString = (context, key, answer) =>
+        Native.Guard(() => Give(answer, installed.GetString(Native.Copied(key))));
+
+    private static readonly Native.GiveText findString = (context, key, answer) =>
+        Native.Guard(() => Give(answer, installed.FindString(Native.Copied(key))));
+
+    private static void Give(IntPtr answer, string text) =>
+        Native.Run(() => Native.wyn_give(answer, Native.In(text)));
 }
 
 /// <summary>A message box.</summary>
@@ -196,6 +236,8 @@ public class Control {
     public string Text => Native.Text((out IntPtr text) => Native.wyn_text(handle, out text));
     public string Caption => Native.Text((out IntPtr text) => Native.wyn_caption(handle, out text));
     public List<string> Rows => Native.Texts((out IntPtr rows) => Native.wyn_rows(handle, out rows));
+    /// <summary>What is told of it to whoever asks; empty when nothing is.</summary>
+    public string Help => Native.Text((out IntPtr help) => Native.wyn_help(handle, out help));
 
     public void Click() => Native.Run(() => Native.wyn_click(handle));
     public void Type(string text) => Native.Run(() => Native.wyn_type(handle, Native.In(text)));
@@ -413,6 +455,18 @@ internal static class Native {
         public IntPtr release;
     }
 
+    [StructLayout(LayoutKind.Sequential)]
+    internal struct ResourceFunctions {
+        public UIntPtr size;
+        public IntPtr context;
+        public IntPtr getString;
+        public IntPtr getFont;
+        public IntPtr release;
+        public IntPtr findString;
+    }
+
+    [UnmanagedFunctionPointer(CallingConvention.Cdecl)]
+    internal delegate int GiveText(IntPtr context, IntPtr key, IntPtr answer);
     [UnmanagedFunctionPointer(CallingConvention.Cdecl)]
     internal delegate int ShowModal(IntPtr context, IntPtr form);
     [UnmanagedFunctionPointer(CallingConvention.Cdecl)]
@@ -430,6 +484,8 @@ internal static class Native {
     [DllImport(Library)]
     private static extern int wyn_list_text(IntPtr list, UIntPtr index, out IntPtr text);
     [DllImport(Library)] internal static extern int wyn_give(IntPtr answer, byte[] text);
+    [DllImport(Library)]
+    internal static extern int wyn_InitResourceManager(ref ResourceFunctions manager);
     [DllImport(Library)] internal static extern int wyn_use_bundle(byte[] folder, byte[] locale);
     [DllImport(Library)] internal static extern int wyn_init(byte[] root);
     [DllImport(Library)] internal static extern int wyn_GetDatasetSessionData(out IntPtr xml);
@@ -488,6 +544,7 @@ internal static class Native {
     [DllImport(Library)] internal static extern int wyn_close_by_frame(IntPtr form);
     [DllImport(Library)] internal static extern int wyn_text(IntPtr control, out IntPtr text);
     [DllImport(Library)] internal static extern int wyn_caption(IntPtr control, out IntPtr caption);
+    [DllImport(Library)] internal static extern int wyn_help(IntPtr control, out IntPtr help);
     [DllImport(Library)] internal static extern int wyn_rows(IntPtr control, out IntPtr rows);
     [DllImport(Library)] internal static extern int wyn_click(IntPtr control);
     [DllImport(Library)] internal static extern int wyn_type(IntPtr control, byte[] text);

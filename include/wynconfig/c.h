@@ -130,6 +130,13 @@ typedef struct wyn_resource_manager {
     int32_t (*get_font)(void* context, int64_t handle, wyn_font* font);
     /// Is called when the library has no more use for it, on the same thread. May be NULL.
     void (*release)(void* context);
+    /// Gives a text without which the dialogs do to the answer, by wyn_give: help, what a view says
+    /// by itself, what is told of work that takes its time. A number other than WYN_OK counts as an
+    /// empty text. NULL, as for hosts whose struct ends before it: no help, and the others in
+    /// English.
+    /// @param key  begins with "HELP_", "VIEW_" or "PROGRESS_"; `ResourceManager::FindString` tells
+    ///             more
+    int32_t (*find_string)(void* context, const char* key, wyn_answer* answer);
 } wyn_resource_manager;
 
 /// Keeps the resource manager that all texts and the font come from, on this thread.
@@ -476,6 +483,8 @@ WYNCONFIG_API int32_t wyn_mnemonic(wyn_control* control, char** key);
 /// The rows of a list with their keys, the items of a combo box, or the captions of tabs with the
 /// keys that these mark.
 WYNCONFIG_API int32_t wyn_rows(wyn_control* control, wyn_list** rows);
+/// What is told of a control to whoever asks for it; empty when nothing is.
+WYNCONFIG_API int32_t wyn_help(wyn_control* control, char** help);
 
 /// Clicks a button, check box or option by the mouse; the focus moves there first.
 WYNCONFIG_API int32_t wyn_click(wyn_control* control);

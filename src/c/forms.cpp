@@ -234,6 +234,13 @@ int32_t wyn_rows(wyn_control* control, wyn_list** rows) {
     });
 }
 
+int32_t wyn_help(wyn_control* control, char** help) {
+    return act("wyn_help", control, [&](User& user, const std::string& name) {
+        requirePlace(help);
+        *help = textOut(user.help(name));
+    });
+}
+
 int32_t wyn_click(wyn_control* control) {
     return act("wyn_click", control, [](User& user, const std::string& name) { user.click(name); });
 }

@@ -13,10 +13,10 @@ class HostedResources : public ResourceManager {
     explicit HostedResources(const wyn_resource_manager& functions) : m_host(functions) {}
 
     std::string GetString(const std::string& key) override {
-        const auto answer = std::make_shared<Answer>();
-        const Scoped<Answer> open(answer);
-        callHost("get_string", m_host->get_string, m_host->context, key.c_str(), open.handle());
-        return answer->text;
+        return ask("get_string", m_host->get_string, key);
+    }
+    std::string FindString(const std::string& key) override {
+        return m_host->find_string ? ask("find_string", m_host->find_string, key) : std::string();
     }
     Font GetFont(long handle) override {
         if (!m_host->get_font) return {};
@@ -26,6 +26,14 @@ class HostedResources : public ResourceManager {
     }
 
   private:
+    std::string ask(const char* what, int32_t (*function)(void*, const char*, wyn_answer*),
+                    const std::string& key) {
+        const auto answer = std::make_shared<Answer>();
+        const Scoped<Answer> open(answer);
+        callHost(what, function, m_host->context, key.c_str(), open.handle());
+        return answer->text;
+    }
+
     Hosted<wyn_resource_manager> m_host;
 };
 
@@ -74,7 +82,8 @@ using namespace wynconfig::c;
 int32_t wyn_InitResourceManager(const wyn_resource_manager* manager) {
     return run("wyn_InitResourceManager", [&] {
         if (!manager) return WYNConfig().InitResourceManager(nullptr);
-        const wyn_resource_manager functions = structIn(manager);
+        const wyn_resource_manager functions =
+            structIn(manager, offsetof(wyn_resource_manager, find_string));
         if (!functions.get_string)
             throw Error(WYN_ERROR_CALL, "A resource manager has to give texts.");
         WYNConfig().InitResourceManager(std::make_shared<HostedResources>(functions));

@@ -145,6 +145,8 @@ struct resources {
     int released;
     int32_t fails;
     int32_t tells;
+    int founds;
+    int32_t finding_fails;
 };
 
 static int32_t get_string(void* context, const char* key, wyn_answer* answer) {
@@ -202,8 +204,8 @@ static int32_t look_at_texts(void* context, wyn_form* form) {
 }
 
 static void takes_a_resource_manager(void) {
-    struct resources first = {0, 0, 0, 0, 0};
-    struct resources second = {0, 0, 0, 76, 0};
+    struct resources first = {0, 0, 0, 0, 0, 0, 0};
+    struct resources second = {0, 0, 0, 76, 0, 0, 0};
     wyn_resource_manager manager = WYN_STRUCT(wyn_resource_manager);
     wyn_observer observer = WYN_STRUCT(wyn_observer);
     wyn_user* user = NULL;
@@ -246,6 +248,55 @@ static void takes_a_resource_manager(void) {
     OK(wyn_close(user));
 }
 
+static int32_t find_string(void* context, const char* key, wyn_answer* answer) {
+    struct resources* const resources = context;
+    ++resources->founds;
+    if (resources->finding_fails) return resources->finding_fails;
+    return wyn_give(answer, key);
+}
+
+// The wanted help.
+static int32_t ask_for_help(void* help, wyn_form* form) {
+    GIVES(help, wyn_help(find(form, "txtName"), &text));
+    GIVES_NOTHING(WYN_ERROR_HANDLE, wyn_help(NULL, &text));
+    FAILS(WYN_ERROR_CALL, wyn_help(find(form, "txtName"), NULL));
+    return wyn_click(find(form, "btnCancel"));
+}
+
+static void takes_help(void) {
+    struct resources context = {0, 0, 0, 0, 0, 0, 0};
+    wyn_resource_manager manager = WYN_STRUCT(wyn_resource_manager);
+    wyn_user* user = NULL;
+    manager.context = &context;
+    manager.get_string = get_string;
+    manager.find_string = find_string;
+    OK(wyn_install_scripted_view(&user));
+    OK(wyn_InitResourceManager(&manager));
+    OK(wyn_on_form(user, "frmAddMORAMConfig", ask_for_help, "HELP_SESSION_NAME"));
+    ask_for_texts();
+    EXPECT(context.founds > 0);
+    context.finding_fails = 76;
+    OK(wyn_on_form(user, "frmAddMORAMConfig", ask_for_help, ""));
+    ask_for_texts();
+    context.finding_fails = 0;
+    context.founds = 0;
+    // Hosts that know less of the struct give none.
+    manager.size = offsetof(wyn_resource_manager, find_string);
+    OK(wyn_InitResourceManager(&manager));
+    OK(wyn_on_form(user, "frmAddMORAMConfig", ask_for_help, ""));
+    ask_for_texts();
+    EXPECT(context.founds == 0);
+    manager.size = sizeof manager;
+    manager.find_string = NULL;
+    OK(wyn_InitResourceManager(&manager));
+    OK(wyn_on_form(user, "frmAddMORAMConfig", ask_for_help, ""));
+    ask_for_texts();
+    OK(wyn_finish(user));
+    OK(wyn_use_bundle(bundle_folder, "en"));
+    OK(wyn_install_view(NULL));
+    OK(wyn_close(user));
+}
+
 static int32_t leave(void* context, wyn_form* form) {
     EXPECT(context == NULL);
     OK(wyn_leave());
@@ -254,7 +305,7 @@ static int32_t leave(void* context, wyn_form* form) {
 }
 
 static void lets_go_of_all(void) {
-    struct resources context = {0, 0, 0, 0, 0};
+    struct resources context = {0, 0, 0, 0, 0, 0, 0};
     wyn_resource_manager manager = WYN_STRUCT(wyn_resource_manager);
     wyn_user* user = NULL;
     wyn_store* store = NULL;
@@ -288,5 +339,6 @@ void library_cases(void) {
     upper_cases_names();
     knows_the_languages();
     takes_a_resource_manager();
+    takes_help();
     lets_go_of_all();
 }

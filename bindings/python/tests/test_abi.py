@@ -14,6 +14,7 @@ CALLBACKS = {
     "wyn_script": _abi.SCRIPT,
     "get_string": _abi.GET_STRING,
     "get_font": _abi.GET_FONT,
+    "find_string": _abi.GET_STRING,
     "release": _abi.RELEASE,
     "show_modal": _abi.SHOW_MODAL,
     "show_message": _abi.SHOW_MESSAGE,

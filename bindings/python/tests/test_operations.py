@@ -205,6 +205,31 @@ def test_what_a_resource_manager_raises_comes_back(user):
     assert caught.traceback[-1].name == "get_string"
 
 
+class HelpfulTexts(Texts):
+    """With help."""
+
+    def find_string(self, key):
+        self.asked.append(key)
+        return f"Hilfe für {key}"
+
+
+@pytest.mark.parametrize(
+    "texts, told", [(HelpfulTexts(), "Hilfe für HELP_SESSION_NAME"), (Texts(), "")]
+)
+def test_a_resource_manager_may_give_help(user, texts, told):
+    wynconfig.InitResourceManager(texts)
+    seen = []
+
+    def script(form):
+        assert not [each for each in texts.asked if str(each).startswith("HELP_")]
+        seen.append(form["txtName"].help)
+        form["btnCancel"].click()
+
+    user.on_form("frmAddMORAMConfig", script)
+    wynconfig.showAddMORAMConfigDlg()
+    assert seen == [told]
+
+
 def test_a_resource_manager_has_to_give_texts():
     with pytest.raises(TypeError):
         wynconfig.ResourceManager()

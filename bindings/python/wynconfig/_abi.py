@@ -75,6 +75,7 @@ class ResourceManager(Structure):
         ("get_string", GET_STRING),
         ("get_font", GET_FONT),
         ("release", RELEASE),
+        ("find_string", GET_STRING),
     ]
 
 
@@ -280,6 +281,7 @@ FUNCTIONS: dict[str, tuple[Any, ...]] = {
     "wyn_caption": (c_void_p, TEXT_OUT),
     "wyn_mnemonic": (c_void_p, TEXT_OUT),
     "wyn_rows": (c_void_p, HANDLE_OUT),
+    "wyn_help": (c_void_p, TEXT_OUT),
     "wyn_click": (c_void_p,),
     "wyn_bare_click": (c_void_p,),
     "wyn_focus": (c_void_p,),

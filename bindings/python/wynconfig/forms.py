@@ -166,6 +166,11 @@ class Control:
         with the keys that these mark."""
         return _library.ask_rows("wyn_rows", self._handle)
 
+    @property
+    def help(self) -> str:
+        """What is told of it to whoever asks; empty when nothing is."""
+        return _library.ask_text("wyn_help", self._handle)
+
     # What a person does.
 
     def click(self) -> None:

@@ -36,6 +36,18 @@ class ResourceManager(abc.ABC):
         """
         return Font()
 
+    def find_string(self, key: str) -> str:
+        """A text without which the dialogs do: help, what a view says by itself, what is told of
+        work that takes its time. Is asked for only when it comes to that.
+
+        Args:
+            key: Begins with "HELP_", "VIEW_" or "PROGRESS_".
+
+        Returns:
+            Empty, as here: no help, and the English text of the others.
+        """
+        return ""
+
 
 class _Kept:
     """A resource manager and what has to outlive a callback."""
@@ -50,6 +62,11 @@ def _get_string(kept: _Kept, key: bytes, answer: int) -> None:
     _library.call("wyn_give", answer, _library.text_in(text))
 
 
+def _find_string(kept: _Kept, key: bytes, answer: int) -> None:
+    text = kept.manager.find_string(key.decode())
+    _library.call("wyn_give", answer, _library.text_in(text))
+
+
 def _get_font(kept: _Kept, handle: int, place: Any) -> None:
     font = kept.manager.get_font(handle)
     kept.family = _library.text_in(font.family)
@@ -61,6 +78,7 @@ def _get_font(kept: _Kept, handle: int, place: Any) -> None:
 
 _GET_STRING = _library.callback(_abi.GET_STRING, _get_string)
 _GET_FONT = _library.callback(_abi.GET_FONT, _get_font)
+_FIND_STRING = _library.callback(_abi.GET_STRING, _find_string)
 
 
 def _replace(number: int) -> None:
@@ -75,7 +93,11 @@ def InitResourceManager(manager: ResourceManager) -> None:
     number = _library.keep_host(_Kept(manager))
     # The library can't be told to let go of it, so it must not call anything as the program ends.
     functions = _abi.ResourceManager(
-        ctypes.sizeof(_abi.ResourceManager), number, _GET_STRING, _GET_FONT
+        size=ctypes.sizeof(_abi.ResourceManager),
+        context=number,
+        get_string=_GET_STRING,
+        get_font=_GET_FONT,
+        find_string=_FIND_STRING,
     )
     try:
         _library.call("wyn_InitResourceManager", ctypes.byref(functions))
