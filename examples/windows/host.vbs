@@ -3,8 +3,8 @@
 ' ROOT is the folder of the store, with a backslash at its end.
 Option Explicit
 
-' Any object with these two methods may bring the texts. This one asks the component's own for them,
-' and counts.
+' Any object with GetString and GetFont may bring the texts; FindString gives help, and may be missing.
+' This one asks the component's own for them, and counts.
 Class CountingTexts
     Public Inner
     Public Asked
@@ -12,6 +12,10 @@ Class CountingTexts
     Public Function GetString(ByRef key)
         Asked = Asked + 1
         GetString = Inner.GetString(key)
+    End Function
+
+    Public Function FindString(ByRef key)
+        FindString = Inner.FindString(key)
     End Function
 
     Public Function GetFont(ByRef handle)

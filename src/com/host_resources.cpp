@@ -74,17 +74,10 @@ class HostResources : public ResourceManager {
     HostResources& operator=(const HostResources&) = delete;
     ~HostResources() override { m_object->Release(); }
 
-    std::string GetString(const std::string& key) override {
-        Text name(key);
-        VARIANT argument;
-        argument.vt = VT_BYREF | VT_BSTR;
-        argument.pbstrVal = name.address();
-        Value result;
-        call(m_object, L"GetString", argument, result);
-        if (FAILED(::VariantChangeType(result.address(), result.address(), 0, VT_BSTR)))
-            throw Error(errc::TypeMismatch, "The resource manager gave no text for " + key + ".");
-        return textOf(result.get().bstrVal);
-    }
+    std::string GetString(const std::string& key) override { return text(L"GetString", key); }
+
+    /// An object without this method raises as well, which counts as no text.
+    std::string FindString(const std::string& key) override { return text(L"FindString", key); }
 
     Font GetFont(long handle) override {
         LONG number = handle;
@@ -104,6 +97,18 @@ class HostResources : public ResourceManager {
     }
 
   private:
+    std::string text(const wchar_t* method, const std::string& key) const {
+        Text name(key);
+        VARIANT argument;
+        argument.vt = VT_BYREF | VT_BSTR;
+        argument.pbstrVal = name.address();
+        Value result;
+        call(m_object, method, argument, result);
+        if (FAILED(::VariantChangeType(result.address(), result.address(), 0, VT_BSTR)))
+            throw Error(errc::TypeMismatch, "The resource manager gave no text for " + key + ".");
+        return textOf(result.get().bstrVal);
+    }
+
     IDispatch* m_object;
 };
 

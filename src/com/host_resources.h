@@ -1,4 +1,4 @@
-// The resource manager that a host brings: any object, called by the names of its two operations.
+// The resource manager that a host brings: any object, called by the names of its operations.
 #pragma once
 
 #include <memory>
@@ -8,8 +8,8 @@
 
 namespace wynconfig::com {
 
-/// Keeps a reference to the object for as long as it lives. Every failure of the object is raised
-/// as `Error`.
+/// The method for `FindString` may be missing. Keeps a reference to the object for as long as it
+/// lives. Every failure of the object is raised as `Error`.
 /// @return null for null
 std::shared_ptr<ResourceManager> resourcesOf(IDispatch* object);
 

@@ -12,12 +12,24 @@ namespace wynconfig::com {
 
 namespace {
 
-class ResourceManagerObject : public Object<_ResourceManager> {
+class ResourceManagerObject : public Object<_ResourceManager2> {
   public:
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+        return Object::QueryInterface(isOlder(id) ? __uuidof(_ResourceManager2) : id, object);
+    }
+    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override {
+        return isOlder(id) ? S_OK : Object::InterfaceSupportsErrorInfo(id);
+    }
+
     STDMETHODIMP GetString(BSTR* key, BSTR* text) override {
         if (!key || !text) return E_POINTER;
         *text = nullptr;
         return call([&] { *text = Text(texts().GetString(textOf(*key))).release(); });
+    }
+    STDMETHODIMP FindString(BSTR* key, BSTR* text) override {
+        if (!key || !text) return E_POINTER;
+        *text = nullptr;
+        return call([&] { *text = Text(texts().FindString(textOf(*key))).release(); });
     }
     STDMETHODIMP GetFont(long* /*handle*/, IDispatch** font) override {
         if (!font) return E_POINTER;
@@ -61,6 +73,9 @@ class ResourceManagerObject : public Object<_ResourceManager> {
   private:
     static constexpr LONGLONG kCurrencyUnits = 10000;
 
+    /// Whether an identity is that of what the interface was before it grew.
+    static bool isOlder(REFIID id) { return id == __uuidof(_ResourceManager); }
+
     static LONGLONG pointsOf(LONG height) {
         const HDC screen = ::GetDC(nullptr);
         const int inch = ::GetDeviceCaps(screen, LOGPIXELSY);
@@ -69,7 +84,7 @@ class ResourceManagerObject : public Object<_ResourceManager> {
     }
     template <typename Operation>
     static HRESULT call(Operation operation) {
-        return guarded(__uuidof(_ResourceManager), operation);
+        return guarded(__uuidof(_ResourceManager2), operation);
     }
     template <typename Operation>
     static HRESULT given(BSTR* text, Operation operation) {
@@ -102,7 +117,7 @@ class ResourceManagerObject : public Object<_ResourceManager> {
 }  // namespace
 
 IUnknown* makeResourceManager() {
-    return static_cast<_ResourceManager*>(new ResourceManagerObject);
+    return static_cast<_ResourceManager2*>(new ResourceManagerObject);
 }
 
 }  // namespace wynconfig::com

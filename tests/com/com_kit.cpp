@@ -52,6 +52,7 @@ namespace {
 
 constexpr DISPID kGetString = 1;
 constexpr DISPID kGetFont = 2;
+constexpr DISPID kFindString = 3;
 
 }  // namespace
 
@@ -69,7 +70,10 @@ STDMETHODIMP HostManager::GetTypeInfoCount(UINT* count) {
 
 STDMETHODIMP HostManager::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
     const std::wstring name = *names;
-    *ids = name == L"GetString" ? kGetString : name == L"GetFont" ? kGetFont : DISPID_UNKNOWN;
+    *ids = name == L"GetString"            ? kGetString
+           : name == L"GetFont"            ? kGetFont
+           : name == L"FindString" && find ? kFindString
+                                           : DISPID_UNKNOWN;
     return *ids == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
 }
 
@@ -83,6 +87,12 @@ STDMETHODIMP HostManager::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* give
         if (text) return text(key, result, fault);
         result->vt = VT_BSTR;
         result->bstrVal = Text("{" + key + "}").release();
+        return S_OK;
+    }
+    if (id == kFindString) {
+        EXPECT_EQ(argument.vt, VT_BYREF | VT_BSTR);
+        result->vt = VT_BSTR;
+        result->bstrVal = Text(find(textOf(*argument.pbstrVal))).release();
         return S_OK;
     }
     ++fonts;

@@ -68,13 +68,15 @@ class Library {
     HMODULE m_module;
 };
 
-/// A host's resource manager: an object with two methods, known by name alone.
+/// A host's resource manager: an object with two methods or three, known by name alone.
 class HostManager : public IDispatch {
   public:
     /// What `GetString` does; unless a test says otherwise it gives the key in braces.
     std::function<HRESULT(const std::string& key, VARIANT* result, EXCEPINFO* fault)> text;
     /// What `GetFont` does; unless a test says otherwise it gives a font of the system.
     std::function<HRESULT(VARIANT* result)> font;
+    /// What `FindString` gives; unless a test says otherwise there is no such method.
+    std::function<std::string(const std::string& key)> find;
     long texts = 0;
     long fonts = 0;
     ULONG references = 1;

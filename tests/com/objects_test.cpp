@@ -95,6 +95,42 @@ TEST_F(Objects, AStoreTellsItsItems) {
     EXPECT_EQ(none.get(), nullptr);
 }
 
+TEST_F(Objects, TextsThatMayBeMissingComeByTheNewerInterface) {
+    const Held<_ResourceManager> manager =
+        Library::get().make<_ResourceManager>(CLSID_ResourceManager);
+    ASSERT_EQ(manager->put_Folder(Text(WYNCONFIG_TEXTS).get()), S_OK);
+    ASSERT_EQ(manager->put_Language(Text("en").get()), S_OK);
+    Held<_ResourceManager2> newer;
+    ASSERT_EQ(manager->QueryInterface(__uuidof(_ResourceManager2),
+                                      reinterpret_cast<void**>(newer.address())),
+              S_OK);
+    const auto found = [&](const char* wanted) {
+        Text key(wanted);
+        Text text;
+        EXPECT_EQ(newer->FindString(key.address(), text.address()), S_OK);
+        return textOf(text.get());
+    };
+    EXPECT_EQ(found("VIEW_FILTER"), "Filter");
+    EXPECT_FALSE(found("HELP_SESSION_NAME").empty());
+    EXPECT_EQ(found("HELP_OF_NOTHING"), "");
+    EXPECT_EQ(newer->FindString(nullptr, nullptr), E_POINTER);
+    Value key;
+    key.get().vt = VT_BSTR;
+    key.get().bstrVal = Text("VIEW_FILTER").release();
+    Value text;
+    EXPECT_EQ(Late(manager.get()).call(L"FindString", {byReference(key.get())}, text.address()),
+              S_OK);
+    ASSERT_EQ(text.get().vt, VT_BSTR);
+    EXPECT_EQ(textOf(text.get().bstrVal), "Filter");
+    // What there was before is reached by name as well.
+    Value cancel;
+    ::SysFreeString(key.get().bstrVal);
+    key.get().bstrVal = Text("BUTTON_CANCEL").release();
+    EXPECT_EQ(Late(manager.get()).call(L"GetString", {byReference(key.get())}, cancel.address()),
+              S_OK);
+    EXPECT_EQ(textOf(cancel.get().bstrVal), "Cancel");
+}
+
 TEST_F(Objects, TextsComeInTheLanguageThatIsWanted) {
     const Held<_ResourceManager> manager =
         Library::get().make<_ResourceManager>(CLSID_ResourceManager);

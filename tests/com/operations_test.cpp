@@ -136,6 +136,21 @@ TEST_F(Operations, EachDialogComesUpAndCloses) {
     EXPECT_GE(Closer::seen().size(), 6U);
 }
 
+TEST_F(Operations, AManagerMayGiveTextsThatCanBeDoneWithout) {
+    std::vector<std::string> asked;
+    manager.find = [&](const std::string& key) {
+        asked.push_back(key);
+        return "found " + key;
+    };
+    const Closer closer;
+    LONG result = -1;
+    Text name;
+    EXPECT_EQ((**this)->showMORAMMaintenanceDlg(name.address(), &result), S_OK);
+    // Of the store without sessions.
+    ASSERT_FALSE(asked.empty());
+    EXPECT_EQ(asked.front(), "VIEW_EMPTY_PRESS");
+}
+
 TEST_F(Operations, NothingToWriteToIsAFailureOfTheCall) {
     LONG result = 0;
     EXPECT_EQ((**this)->showMORAMConfigDlg(nullptr, &result), E_POINTER);
