@@ -437,6 +437,7 @@ void Play::stepOnView(std::uint8_t which) {
                 wyn_give(answer, playOf(context).text());
                 return playOf(context).inCallback(answer);
             };
+            manager.find_string = manager.get_string;
             wyn_InitResourceManager(&manager);
             return;
         }

@@ -9,16 +9,32 @@
 
 namespace wynconfig::native {
 
-void setSpokenName(HWND window, const std::wstring& name) {
+namespace {
+
+void annotate(HWND window, MSAAPROPID property, const std::wstring& text) {
     const HRESULT entered = ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     IAccPropServices* services = nullptr;
     if (SUCCEEDED(::CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
                                      IID_IAccPropServices, reinterpret_cast<void**>(&services)))) {
-        services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
-                                 PROPID_ACC_NAME, name.c_str());
+        services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, property,
+                                 text.c_str());
         services->Release();
     }
     if (SUCCEEDED(entered)) ::CoUninitialize();
+}
+
+}  // namespace
+
+void setSpokenName(HWND window, const std::wstring& name) {
+    annotate(window, PROPID_ACC_NAME, name);
+}
+
+void setSpokenDescription(HWND window, const std::wstring& description) {
+    annotate(window, PROPID_ACC_DESCRIPTION, description);
+}
+
+bool asksForAccess(UINT message, LPARAM l) {
+    return message == WM_GETOBJECT && static_cast<LONG>(l) == OBJID_CLIENT;
 }
 
 namespace {

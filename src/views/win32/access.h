@@ -10,6 +10,10 @@ namespace wynconfig::native {
 /// By which a window is spoken of. Where the system has no such service, Windows finds out by the
 /// label before the window.
 void setSpokenName(HWND window, const std::wstring& name);
+/// What is told of a window beyond that. Where the system has no such service: nothing.
+void setSpokenDescription(HWND window, const std::wstring& description);
+/// Whether a message to a window is the question of an assistive program what it is.
+bool asksForAccess(UINT message, LPARAM l);
 
 /// Makes the window that shows the tips of a form, which destroys it.
 HWND makeTips();

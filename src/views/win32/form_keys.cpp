@@ -195,10 +195,9 @@ void FormWindow::obey(const KeyAct& act) {
 }
 
 void FormWindow::showHelp() {
-    const bool mirrored = (::GetWindowLongW(m_window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
     m_door([&](const UserInput&) {
-        m_help.show(m_window, helpPage(*m_form, mirrored), m_fonts.of(m_form->font().get()),
-                    mirrored);
+        m_help.show(m_window, helpPage(*m_form, m_mirrored), m_fonts.of(m_form->font().get()),
+                    m_mirrored);
     });
 }
 

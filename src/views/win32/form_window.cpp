@@ -51,6 +51,7 @@ FormWindow::FormWindow(Form& form, UserInput input, HWND owner, bool mirrored)
       m_door(input, [this] { ::PostMessageW(m_window, WM_NULL, 0, 0); }),
       m_dpi(dpiOf(owner)),
       m_fonts(m_dpi),
+      m_mirrored(mirrored),
       m_fixed(form.width() > 0 || form.height() > 0) {
     registerClasses();
     m_window = ::CreateWindowExW(kExtended | (mirrored ? WS_EX_LAYOUTRTL : 0), kFormClass, L"",
@@ -59,7 +60,7 @@ FormWindow::FormWindow(Form& form, UserInput input, HWND owner, bool mirrored)
     m_dpi = dpiOf(m_window);
     m_fonts.setDpi(m_dpi);
     m_tips = makeTips();
-    build(form.layout().body, m_window, nullptr);
+    build(form.layout().body, m_window);
     setOwner(m_window, this);
     form.observe(this);
     sync();
@@ -76,7 +77,7 @@ FormWindow::~FormWindow() {
 
 // Building.
 
-void FormWindow::add(Control& control, Standing standing, const CaptionedControl* frame) {
+void FormWindow::add(Control& control, Standing standing) {
     standing.isDefault = m_form->layout().defaultButton == &control;
     m_pieces.push_back(makePiece(control, *this, standing));
     Piece& made = *m_pieces.back();
@@ -86,40 +87,40 @@ void FormWindow::add(Control& control, Standing standing, const CaptionedControl
         m_lists.push_back(list);
         m_byWindow[list->filter().window()] = list;
     }
-    const CaptionedControl* const label = standing.labelledBy ? standing.labelledBy : frame;
-    if (isBox(control) && label) m_spokenNames.push_back({&made, label, {}});
+    // Of such a button the caption is but an arrow.
+    if (isBox(control) || standing.movesRows)
+        m_spokenNames.push_back({&made, standing.movesRows, {}});
     const bool told = takesFocus(control) && control.kind() != ControlKind::Tabs;
     if (told && !standing.movesRows) setAskedTip(m_tips, made.window());
 }
 
 /// Windows stand in the order of the layout, labels before their boxes: by that Windows tells
 /// assistive programs what a box is called.
-void FormWindow::build(const Layout& node, HWND parent, const CaptionedControl* frame) {
-    const auto buildChildren = [&](HWND around, const CaptionedControl* group) {
-        for (const Layout& each : node.children) build(each, around, group);
+void FormWindow::build(const Layout& node, HWND parent) {
+    const auto buildChildren = [&](HWND around) {
+        for (const Layout& each : node.children) build(each, around);
     };
     const bool attendantsFirst = node.kind == Layout::Kind::Titled && !node.behindBox;
-    if (attendantsFirst) buildChildren(parent, frame);
-    if (node.label) add(*node.label, {.parent = parent, .labels = node.control}, nullptr);
+    if (attendantsFirst) buildChildren(parent);
+    if (node.label) add(*node.label, {.parent = parent, .labels = node.control});
     if (node.control) {
         Standing standing{.parent = parent, .labelledBy = captioned(node.label), .acts = node.acts};
         standing.movesRows = node.into != nullptr;
-        add(*node.control, standing, frame);
-        if (node.into) m_movers.push_back({m_pieces.back().get(), node.from, node.into, {}});
+        add(*node.control, standing);
     }
     if (attendantsFirst) return;
     switch (node.kind) {
         case Layout::Kind::Group:
         case Layout::Kind::Tabs:
-            buildChildren(parent, captioned(node.control));
+            buildChildren(parent);
             // They lie behind what stands in them.
             ::SetWindowPos(piece(*node.control)->window(), HWND_BOTTOM, 0, 0, 0, 0,
                            SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
             return;
         case Layout::Kind::Pane:
-            return buildChildren(m_pieces.back()->window(), nullptr);
+            return buildChildren(m_pieces.back()->window());
         default:
-            return buildChildren(parent, frame);
+            return buildChildren(parent);
     }
 }
 
@@ -292,18 +293,22 @@ void FormWindow::showForm() {
 }
 
 void FormWindow::showNames() {
+    const Layout& body = m_form->layout().body;
     for (SpokenName& each : m_spokenNames) {
-        const std::wstring name = toWidePlain(each.caption->caption());
-        if (name != std::exchange(each.told, name)) setSpokenName(each.box->window(), name);
-    }
-    for (Mover& each : m_movers) {
-        // Its caption is but an arrow, so that it goes by the lists between which it moves rows.
-        const std::wstring name =
-            toWidePlain(each.from->caption()) + L" \u2192 " + toWidePlain(each.into->caption());
+        const HWND window = each.piece->window();
+        const std::wstring name = toWide(spokenName(body, each.piece->control(), m_mirrored));
         if (name == std::exchange(each.told, name)) continue;
-        setSpokenName(each.button->window(), name);
-        setTip(m_tips, each.button->window(), name);
+        setSpokenName(window, name);
+        if (each.isTip) setTip(m_tips, window, name);
     }
+}
+
+/// Help is asked for only here: the host's resource manager sees who asks.
+void FormWindow::describe(Piece& piece) {
+    std::wstring words = piece.ownDescription();
+    if (words.empty()) words = toWide(m_form->help(&piece.control()));
+    if (words != std::exchange(piece.describedAs, words))
+        setSpokenDescription(piece.window(), words);
 }
 
 // Messages.

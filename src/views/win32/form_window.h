@@ -78,6 +78,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     void focusCame(Piece& piece) override;
     void obey(const KeyAct& act) override;
     void roomChanged() override { m_roomChanged = true; }
+    void describe(Piece& piece) override;
     // Ground
     Room roomOf(const Control& control) const override;
     Insets insetsOf(const Control& control) const override;
@@ -85,8 +86,8 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     // WindowOwner
     bool received(UINT message, WPARAM w, LPARAM l, LRESULT& result) noexcept override;
 
-    void build(const Layout& node, HWND parent, const CaptionedControl* frame);
-    void add(Control& control, Standing standing, const CaptionedControl* frame);
+    void build(const Layout& node, HWND parent);
+    void add(Control& control, Standing standing);
     void syncLater();
     void showAll();
     void showForm();
@@ -137,17 +138,10 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     bool followMark(const std::string& key);
     void leaveScreen();
 
-    /// A box that is spoken of by the caption of another control.
+    /// A box that is spoken of by the caption of another control, or a button that is by its tip.
     struct SpokenName {
-        Piece* box;
-        const CaptionedControl* caption;
-        std::wstring told;
-    };
-    /// A button that moves rows between two lists, which go by their labels.
-    struct Mover {
-        Piece* button;
-        const CaptionedControl* from;
-        const CaptionedControl* into;
+        Piece* piece;
+        bool isTip;
         std::wstring told;
     };
 
@@ -164,7 +158,6 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     std::unordered_map<HWND, Piece*> m_byWindow;
     std::vector<ListPiece*> m_lists;
     std::vector<SpokenName> m_spokenNames;
-    std::vector<Mover> m_movers;
     HWND m_tips = nullptr;
     std::wstring m_tip;  ///< what the tip on the screen tells
     HelpWindow m_help;
@@ -176,6 +169,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     Extent m_ownSize;   ///< that the form gave the window
     Extent m_pulledTo;  ///< in twips, that the person last gave it
     POINT m_corner{};   ///< the place of the content that stands at the window's corner
+    bool m_mirrored;    ///< runs from right to left
     bool m_fixed;       ///< the person can't change the size
     bool m_formChanged = true;
     bool m_roomChanged = true;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/forms/shown_rows.h"
+#include "views/win32/convert.h"
 #include "views/win32/finding.h"
 #include "views/win32/piece.h"
 #include "views/win32/typing.h"
@@ -26,6 +27,8 @@ class ListPiece : public Piece {
     bool takeKey(WPARAM key) override;
     Room measured(const Measure& measure) const override;
     void place(const Place& place) override;
+    /// That it is empty.
+    std::wstring ownDescription() const override { return toWide(emptyWords()); }
 
     /// Number of the row that the keyboard is at, or 0.
     std::size_t marked() const;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "views/win32/access.h"
 #include "views/win32/convert.h"
 #include "views/win32/module.h"
 #include "wynconfig/form.h"
@@ -33,6 +34,7 @@ LRESULT CALLBACK Piece::procedure(HWND window, UINT message, WPARAM w, LPARAM l,
 }
 
 LRESULT Piece::received(UINT message, WPARAM w, LPARAM l) {
+    if (asksForAccess(message, l)) m_stage.describe(*this);
     const LRESULT result = passOn(message, w, l);
     if (message == WM_SETFOCUS) m_stage.focusCame(*this);
     return result;

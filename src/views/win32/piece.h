@@ -42,6 +42,8 @@ class Stage {
     virtual void obey(const KeyAct& act) = 0;
     /// A piece asks for another room than before.
     virtual void roomChanged() = 0;
+    /// An assistive program asks what a piece is.
+    virtual void describe(Piece& piece) = 0;
 };
 
 /// What a control is to those beside it in the layout.
@@ -80,6 +82,8 @@ class Piece {
     virtual bool takeKey(WPARAM) { return false; }
     /// The dialog came up with the focus here: what is typed takes the place of what is there.
     virtual void offerContent() {}
+    /// What it tells of itself before anybody helps; empty: nothing.
+    virtual std::wstring ownDescription() const { return {}; }
     /// Whether its window needs Enter and Escape for itself now.
     virtual bool wantsEnter() const { return false; }
     /// Whether the Tab key can lead here.
@@ -89,6 +93,7 @@ class Piece {
     HFONT font() const { return m_font; }
 
     bool dirty = true;
+    std::wstring describedAs;  ///< what assistive programs were told of it last
 
   protected:
     Piece(Control& control, Stage& stage) : m_control(control), m_stage(stage) {}
