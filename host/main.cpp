@@ -73,7 +73,7 @@ Arguments readArguments(const QApplication& application) {
          QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/sample-store"},
         {"resources", "Folder of the texts.", "folder",
          QString::fromStdString(wynconfig::bundleFolder())},
-        {"language", "Language of the dialogs, such as de; otherwise the user's.", "language"},
+        {"language", "Language of the windows, such as de; otherwise the user's.", "language"},
         {"dark", "Light text on dark ground."},
         {"database",
          "Database that workstations share, such as postgresql://user@host:port/name, or the "

@@ -1,9 +1,10 @@
 // Looking into the `deleted` folders, and moving files out of them.
 #include "sample/deleted_items.h"
 
-#include <QCoreApplication>
 #include <stdexcept>
 
+#include "texts/phrase.h"
+#include "texts/system_words.h"
 #include "wynconfig/error.h"
 
 namespace host {
@@ -25,20 +26,16 @@ void restoreItem(const StoreFolders& store, const DeletedItem& item) {
         const Store items(store.rootText());
         if (items.has(item.kind, name)) {
             const std::string there = items.path(item.kind, name).name;
-            throw std::runtime_error("There is a " + wordsFor(item.kind).toLower().toStdString() +
-                                     " named " + there.substr(0, there.rfind('.')) +
-                                     " already; nothing was restored.");
+            const bool isSession = item.kind == DeletedItem::Kind::Session;
+            throw std::runtime_error(
+                phrase(isSession ? "DELETED_SESSION_TAKEN" : "DELETED_FORMAT_TAKEN",
+                       {there.substr(0, there.rfind('.'))}));
         }
         items.restore(item.kind, name);
     } catch (const wynconfig::Error& error) {
-        throw std::runtime_error(name + " can't be restored: " + error.description());
+        throw std::runtime_error(
+            phrase("DELETED_CANT_RESTORE", {name, inUsersWords(error.description())}));
     }
-}
-
-QString wordsFor(DeletedItem::Kind kind) {
-    return kind == DeletedItem::Kind::Session
-               ? QCoreApplication::translate("DeletedItems", "Session")
-               : QCoreApplication::translate("DeletedItems", "Part format");
 }
 
 }  // namespace host

@@ -24,7 +24,4 @@ std::vector<DeletedItem> deletedItems(const StoreFolders& store);
 /// user when it can't, and when an item of this name (in any case of its letters) is there.
 void restoreItem(const StoreFolders& store, const DeletedItem& item);
 
-/// The words for a kind of item, such as "Part format".
-QString wordsFor(DeletedItem::Kind kind);
-
 }  // namespace host

@@ -10,6 +10,8 @@
 
 #include "installed_view.h"
 #include "sample/sample_formats.h"
+#include "texts/phrase.h"
+#include "texts/system_words.h"
 #include "wynconfig/error.h"
 #include "wynconfig/scripted_view.h"
 
@@ -194,8 +196,7 @@ void clearPlace(const StoreFolders& store) {
         fs::remove(store.unfinishedMark());
     }
     if (!fs::is_empty(store.root))
-        throw std::runtime_error("The folder " + store.root.string() +
-                                 " holds other files, but no store.");
+        throw std::runtime_error(phrase("STORE_OTHER_FILES", {store.root.string()}));
 }
 
 /// Makes the folders in which nothing of the component lies.
@@ -203,8 +204,8 @@ void makePlace(const StoreFolders& store) {
     clearPlace(store);
     fs::create_directories(store.root);
     if (!std::ofstream(store.unfinishedMark()).flush())
-        throw std::runtime_error("The store " + store.root.string() +
-                                 " can't be made: you have no right to write there.");
+        throw std::runtime_error(
+            phrase("STORE_CANT_MAKE", {store.root.string(), phrase("STORE_NO_RIGHT")}));
     for (const fs::path& folder : {store.programs(), store.lists()}) fs::create_directory(folder);
 }
 
@@ -214,15 +215,16 @@ std::string faultOf(const fs::path& path, fs::file_type wanted) {
     std::error_code failure;
     if (fs::symlink_status(path, failure).type() == fs::file_type::not_found) return {};
     const fs::file_type kind = fs::status(path, failure).type();
-    if (kind == fs::file_type::not_found) return "its link leads nowhere";
-    if (kind == fs::file_type::none) return failure.message();
+    if (kind == fs::file_type::not_found) return phrase("REASON_LINK_NOWHERE");
+    if (kind == fs::file_type::none) return systemWords(failure);
     if (kind != wanted)
-        return wanted == fs::file_type::directory ? "it is no folder" : "it is no plain file";
+        return phrase(wanted == fs::file_type::directory ? "REASON_NOT_FOLDER"
+                                                         : "REASON_NOT_PLAIN");
     if (wanted == fs::file_type::directory) {
         const fs::directory_iterator opened(path, failure);
-        return failure ? failure.message() : std::string();
+        return failure ? systemWords(failure) : std::string();
     }
-    return std::ifstream(path) ? "" : "it can't be opened";
+    return std::ifstream(path) ? std::string() : phrase("REASON_CANT_OPEN");
 }
 
 }  // namespace
@@ -240,20 +242,19 @@ bool StoreFolders::exist() const {
 
 std::vector<std::string> StoreFolders::faults() const {
     std::vector<std::string> faults;
-    const auto look = [&](const char* what, const fs::path& path, fs::file_type wanted) {
+    const auto look = [&](const fs::path& path, fs::file_type wanted) {
+        const bool isFolder = wanted == fs::file_type::directory;
         const std::string why = faultOf(path, wanted);
         if (!why.empty())
-            faults.push_back("The " + std::string(what) + " " + path.string() +
-                             " can't be read: " + why + ".");
+            faults.push_back(
+                phrase(isFolder ? "FOLDER_CANT_READ" : "FILE_CANT_READ", {path.string(), why}));
         return why.empty();
     };
-    const auto folder = [&](const fs::path& path) {
-        return look("folder", path, fs::file_type::directory);
-    };
+    const auto folder = [&](const fs::path& path) { return look(path, fs::file_type::directory); };
     if (!folder(root)) return faults;
     for (const fs::path& items : {sessions(), formats()})
         if (folder(items)) folder(items / "deleted");
-    look("file", sessionList(), fs::file_type::regular);
+    look(sessionList(), fs::file_type::regular);
     return faults;
 }
 
@@ -262,16 +263,10 @@ std::vector<std::string> StoreFolders::losses() const {
         std::error_code failure;
         return fs::symlink_status(path, failure).type() == fs::file_type::not_found;
     };
-    if (isGone(root))
-        return {"The folder of the store, " + root.string() +
-                ", is not there any more: it was moved or deleted, or its drive is not connected. "
-                "Bring it back, or open another store."};
+    if (isGone(root)) return {phrase("STORE_LOST", {root.string()})};
     std::vector<std::string> losses;
     for (const fs::path& each : {sessions(), formats()})
-        if (isGone(each))
-            losses.push_back("The folder " + each.string() +
-                             " is not there any more. Bring it back, or open the store anew, which "
-                             "makes an empty one.");
+        if (isGone(each)) losses.push_back(phrase("STORE_FOLDER_LOST", {each.string()}));
     return losses;
 }
 
@@ -294,8 +289,8 @@ void makeSampleStore(wynconfig::WYNConfig& component, const StoreFolders& store)
         makePlace(store);
     } catch (const fs::filesystem_error& failure) {
         // Its own text names calls of the system.
-        throw std::runtime_error("The store " + store.root.string() +
-                                 " can't be made: " + failure.code().message() + ".");
+        throw std::runtime_error(
+            phrase("STORE_CANT_MAKE", {store.root.string(), systemWords(failure.code())}));
     }
     const auto view = std::make_shared<wynconfig::ScriptedView>();
     const InstalledView installed(view);

@@ -7,19 +7,29 @@
 #include <system_error>
 #include <utility>
 
+#include "texts/phrase.h"
+#include "texts/system_words.h"
+
 namespace host {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+[[noreturn]] void fail(const fs::path& path, const std::string& why) {
+    throw std::runtime_error(phrase("FILE_CANT_READ", {path.string(), why}));
+}
+
+}  // namespace
 
 std::string readFile(const fs::path& path) {
     // Opening a pipe or a device would wait for another program.
     std::error_code failure;
     if (!fs::is_regular_file(path, failure))
-        throw std::runtime_error(path.string() + " can't be read: " +
-                                 (failure ? failure.message() : "it is no plain file"));
+        fail(path, failure ? systemWords(failure) : phrase("REASON_NOT_PLAIN"));
     std::ifstream file(path, std::ios::binary);
     std::string content{std::istreambuf_iterator<char>(file), {}};
-    if (!file) throw std::runtime_error(path.string() + " can't be read");
+    if (!file) fail(path, phrase("REASON_UNREADABLE"));
     return content;
 }
 

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "sending/record_reader.h"
+#include "texts/phrase.h"
 #include "wynconfig/keys.h"
 
 namespace host {
@@ -52,18 +53,16 @@ std::optional<long> recordLimit(const PartFormat& format) {
 
 std::vector<std::string> remarksOn(const PartFormat& format) {
     std::vector<std::string> remarks;
-    const auto field = [&](const FieldLayout& layout, const char* values) {
+    const auto field = [&](const FieldLayout& layout, const char* remark) {
         if (layout.on && !fieldLength(layout))
-            remarks.push_back(format.name + ": the field length \"" + layout.length +
-                              "\" is no number from 1 up, so " + values + " go over as they are.");
+            remarks.push_back(phrase(remark, {format.name, layout.length}));
     };
-    field(format.part, "part numbers");
-    field(format.quantity, "quantities");
-    field(format.description, "descriptions");
-    field(format.vin, "VINs");
+    field(format.part, "REMARK_FIELD_PART");
+    field(format.quantity, "REMARK_FIELD_QUANTITY");
+    field(format.description, "REMARK_FIELD_DESCRIPTION");
+    field(format.vin, "REMARK_FIELD_VIN");
     if (!recordLimit(format))
-        remarks.push_back(format.name + ": the maximum of records \"" + format.maxRecords +
-                          "\" is no number from 1 up, so there is no limit.");
+        remarks.push_back(phrase("REMARK_MAXIMUM", {format.name, format.maxRecords}));
     return remarks;
 }
 

@@ -8,6 +8,8 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "texts/phrase.h"
+
 namespace host {
 
 namespace {
@@ -17,6 +19,10 @@ void append(std::vector<std::string>& sentences, std::vector<std::string> more) 
         if (std::find(sentences.begin(), sentences.end(), sentence) == sentences.end())
             sentences.push_back(std::move(sentence));
     }
+}
+
+std::string number(std::size_t count) {
+    return wholeText(static_cast<long long>(count));
 }
 
 /// Makes the plan of one sending.
@@ -29,10 +35,9 @@ class Planner {
         planFile();
         planProgram(formatName);
         append(m_plan.remarks, remarksOn(m_session));
-        if (m_list.parts.empty()) problem("The parts list is empty.");
+        if (m_list.parts.empty()) problem(phrase("SEND_LIST_EMPTY"));
         if (!m_plan.file && !m_plan.program && m_plan.problems.empty())
-            problem("The session " + m_session.name +
-                    " neither writes a file nor starts a program.");
+            problem(phrase("SEND_NOTHING_TO_DO", {m_session.name}));
         return std::move(m_plan);
     }
 
@@ -41,13 +46,11 @@ class Planner {
 
     void planFile() {
         if (m_session.fileFormat.empty()) {
-            if (m_session.writeFileOnly)
-                problem("The session writes a file only, but has no part format for it.");
+            if (m_session.writeFileOnly) problem(phrase("SEND_FILE_NO_FORMAT"));
             return;
         }
         if (m_session.fileName.empty() || m_session.fileFolder.empty()) {
-            problem(
-                "The session has a part format for a file, but not the file's name and folder.");
+            problem(phrase("SEND_FILE_NO_NAME"));
             return;
         }
         try {
@@ -63,12 +66,12 @@ class Planner {
         if (m_session.writeFileOnly || m_session.launchDisabled) return;
         CommandLine command = readCommandLine(m_session.programPath, m_session.commandLineArgs);
         if (command.program.empty()) {
-            m_plan.remarks.push_back("The session names no program, so none is started.");
+            m_plan.remarks.push_back(phrase("SEND_NO_PROGRAM"));
             return;
         }
         const std::vector<std::string>& names = m_session.formats;
         if (names.empty()) {
-            problem("The session has no part format for its program.");
+            problem(phrase("SEND_NO_FORMAT"));
             return;
         }
         const auto chosen = std::find(names.begin(), names.end(), formatName);
@@ -86,11 +89,9 @@ class Planner {
         Expansion expansion = expand(format, m_list, m_session.reverseList);
         append(m_plan.remarks, remarksOn(format));
         if (expansion.cutValues > 0)
-            append(m_plan.remarks, {formatName + ": " + std::to_string(expansion.cutValues) +
-                                    " value(s) are cut to their field length."});
+            append(m_plan.remarks, {phrase("SEND_CUT", {formatName, number(expansion.cutValues)})});
         if (expansion.pages > 1)
-            append(m_plan.remarks, {formatName + ": the list goes over in " +
-                                    std::to_string(expansion.pages) + " pages."});
+            append(m_plan.remarks, {phrase("SEND_PAGES", {formatName, number(expansion.pages)})});
         return expansion;
     }
 
@@ -103,44 +104,43 @@ class Planner {
 /// Raises `std::runtime_error` for a file that can't be written there.
 ListPlace foreseen(const ListFile& file, const ProgramStarter& starter) {
     ListPlace place = placeOf(file);
-    const auto refuse = [&](const std::string& why) {
-        throw std::runtime_error("The file " + file.path.string() + " can't be written: " + why);
+    const auto refuse = [&](const char* why) {
+        throw std::runtime_error(phrase("FILE_CANT_WRITE", {file.path.string(), phrase(why)}));
     };
     // The whole file is written anew beside the old one.
-    if (!starter.mayWrite(place.file.parent_path()))
-        refuse("you have no right to make files in its folder.");
-    if (place.isThere && !starter.mayWrite(place.file)) refuse("you have no right to change it.");
+    if (!starter.mayWrite(place.file.parent_path())) refuse("REASON_NO_RIGHT_IN_FOLDER");
+    if (place.isThere && !starter.mayWrite(place.file)) refuse("REASON_NO_RIGHT_TO_CHANGE");
     return place;
 }
 
 std::string adviceOn(const ListFile& file) {
     std::error_code failure;
-    return std::filesystem::exists(file.path.parent_path(), failure)
-               ? " Give the session another file."
-               : " Make the folder, or give the session another one.";
-}
-
-std::string seconds(std::chrono::milliseconds time) {
-    std::string text = std::to_string(static_cast<double>(time.count()) / 1000.0);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.')) text.pop_back();
-    return text;
+    return phrase(std::filesystem::exists(file.path.parent_path(), failure) ? "ADVICE_OTHER_FILE"
+                                                                            : "ADVICE_FOLDER");
 }
 
 std::string told(const FileStep& step) {
-    return "The list was " + std::string(step.file.append ? "appended to " : "written to ") +
-           step.file.path.string() + " (" + std::to_string(step.list.text.size()) + " bytes).";
+    return phrase(step.file.append ? "SENT_APPENDED" : "SENT_WRITTEN",
+                  {step.file.path.string(), bytesText(step.list)});
 }
 
 std::string told(const ProgramStep& step) {
-    const std::string handing = step.delay.count() == 0
-                                    ? "it gets the list at once"
-                                    : "it gets the list after " + seconds(step.delay) + " s";
-    return "Started " + step.command.program + "; " + handing + " (" +
-           std::to_string(step.list.text.size()) + " bytes).";
+    if (step.delay.count() == 0)
+        return phrase("SENT_STARTED_AT_ONCE", {step.command.program, bytesText(step.list)});
+    return phrase("SENT_STARTED_AFTER",
+                  {step.command.program, secondsText(step.delay), bytesText(step.list)});
 }
 
 }  // namespace
+
+std::string bytesText(const Expansion& list) {
+    return countedPhrase("BYTES", static_cast<long long>(list.text.size()));
+}
+
+std::string secondsText(std::chrono::milliseconds time) {
+    constexpr double kMillisecondsPerSecond = 1000;
+    return decimalText(static_cast<double>(time.count()) / kMillisecondsPerSecond);
+}
 
 Plan planSending(const Session& session, const std::string& formatName, const PartsList& list,
                  const FormatSource& formats) {
@@ -152,7 +152,7 @@ void foresee(Plan& plan, const ProgramStarter& starter) {
         try {
             plan.file->place = foreseen(plan.file->file, starter);
         } catch (const std::runtime_error& failure) {
-            plan.problems.push_back(failure.what() + adviceOn(plan.file->file));
+            plan.problems.push_back(std::string(failure.what()) + " " + adviceOn(plan.file->file));
         }
     }
     if (plan.program) append(plan.problems, {starter.obstacleTo(plan.program->command)});

@@ -66,6 +66,11 @@ class ProgramStarter {
 /// fail becomes a problem, so that nothing is done by halves. Changes nothing on the disk.
 void foresee(Plan& plan, const ProgramStarter& starter);
 
+/// How long a list is, such as "40 bytes".
+std::string bytesText(const Expansion& list);
+/// A time in seconds, without their name.
+std::string secondsText(std::chrono::milliseconds time);
+
 /// What came of it.
 struct SendingReport {
     std::vector<std::string> done;  ///< what was done, a sentence each

@@ -6,6 +6,7 @@
 
 #include "sending/record_reader.h"
 #include "sending/stored_number.h"
+#include "texts/phrase.h"
 #include "wynconfig/keys.h"
 
 namespace host {
@@ -63,9 +64,20 @@ WindowSearch storedWindowSearch(const wynconfig::Dataset& record) {
     return search;
 }
 
+std::string orientationText(const std::string& side) {
+    return phrase(side == words::kTop      ? "FACT_TOP"
+                  : side == words::kBottom ? "FACT_BOTTOM"
+                  : side == words::kRight  ? "FACT_RIGHT"
+                                           : "FACT_LEFT");
+}
+
 std::string searchText(const std::string& match, const std::string& text, bool caseSensitive) {
-    if (text.empty()) return "any";
-    return match + " \"" + text + "\", " + (caseSensitive ? "case counts" : "case does not count");
+    if (text.empty()) return phrase("FACT_ANY");
+    const char* key = match == words::kStartsWith ? "FACT_STARTS_WITH"
+                      : match == words::kMatches  ? "FACT_MATCHES"
+                                                  : "FACT_CONTAINS";
+    return phrase("JOIN_COMMA",
+                  {phrase(key, {text}), phrase(caseSensitive ? "FACT_CASE" : "FACT_NO_CASE")});
 }
 
 }  // namespace
@@ -100,22 +112,23 @@ milliseconds launchDelay(const Session& session) {
 std::vector<std::pair<std::string, std::string>> furtherFacts(const Session& session) {
     const WindowSearch& window = session.window;
     return {
-        {"Window title", searchText(window.titleMatch, window.title, window.titleCaseSensitive)},
-        {"Window class",
+        {phrase("FACT_WINDOW_TITLE"),
+         searchText(window.titleMatch, window.title, window.titleCaseSensitive)},
+        {phrase("FACT_WINDOW_CLASS"),
          searchText(window.classMatch, window.windowClass, window.classCaseSensitive)},
-        {"Window search delay", window.delay.empty() ? "none" : window.delay},
-        {"Orientation", session.orientation},
-        {"Automatic resize", session.autoResize ? "yes" : "no"},
+        {phrase("FACT_SEARCH_DELAY"), window.delay.empty() ? phrase("FACT_NONE") : window.delay},
+        {phrase("FACT_ORIENTATION"), orientationText(session.orientation)},
+        {phrase("FACT_AUTO_RESIZE"), phrase(session.autoResize ? "FACT_YES" : "FACT_NO")},
     };
 }
 
 std::vector<std::string> remarksOn(const Session& session) {
     const std::optional<double> seconds = storedNumber(session.launchDelay);
-    const std::string lead =
-        session.name + ": the program launch delay \"" + session.launchDelay + "\" ";
     if (session.launchDelay.empty()) return {};
-    if (!seconds || *seconds < 0) return {lead + "is no number from 0 up, so there is no delay."};
-    if (*seconds > kLongestDelaySeconds) return {lead + "is cut to an hour."};
+    if (!seconds || *seconds < 0)
+        return {phrase("REMARK_DELAY_NO_NUMBER", {session.name, session.launchDelay})};
+    if (*seconds > kLongestDelaySeconds)
+        return {phrase("REMARK_DELAY_CUT", {session.name, session.launchDelay})};
     return {};
 }
 

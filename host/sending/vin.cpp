@@ -2,6 +2,7 @@
 #include "sending/vin.h"
 
 #include "sending/characters.h"
+#include "texts/phrase.h"
 
 namespace host {
 
@@ -17,10 +18,10 @@ std::string vinHint(std::string_view vin) {
     if (vin.empty()) return {};
     const std::size_t bad = vin.find_first_not_of(kVinCharacters);
     if (bad != std::string_view::npos)
-        return "A VIN has no \"" + std::string(firstCharacters(vin.substr(bad), 1)) + "\".";
+        return phrase("VIN_BAD", {std::string(firstCharacters(vin.substr(bad), 1))});
     const std::size_t count = characterCount(vin);
     if (count == kVinLength) return {};
-    return "A VIN has 17 characters; this has " + std::to_string(count) + ".";
+    return phrase("VIN_LENGTH", {wholeText(static_cast<long long>(count))});
 }
 
 }  // namespace host

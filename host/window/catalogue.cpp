@@ -27,12 +27,18 @@
 #include "window/direction.h"
 #include "window/heading.h"
 #include "window/parts_table.h"
+#include "window/wording.h"
 
 namespace host {
 
 namespace {
 
 constexpr const char* kConnection = "catalogue";
+
+/// Of the columns, in their order.
+constexpr std::array<const char*, CatalogueModel::ColumnCount> kHeadings = {
+    "COLUMN_NUMBER", "COLUMN_DESCRIPTION", "COLUMN_GROUP",
+    "COLUMN_PRICE",  "COLUMN_STOCK",       "COLUMN_QUANTITY"};
 
 void run(QSqlQuery& query) {
     if (!query.exec())
@@ -116,11 +122,11 @@ class QuantityChange : public QUndoCommand {
 CatalogueModel::CatalogueModel(QObject* parent) : QSqlTableModel(parent, openCatalogue()) {
     setTable(QStringLiteral("part"));
     setEditStrategy(OnFieldChange);
-    const std::array<QString, ColumnCount> headings = {tr("Part number"), tr("Description"),
-                                                       tr("Group"),       tr("Price (EUR)"),
-                                                       tr("Stock"),       tr("Quantity")};
-    for (int column = 0; column < ColumnCount; ++column)
-        setHeaderData(column, Qt::Horizontal, headings[static_cast<std::size_t>(column)]);
+    worded(this, [this] {
+        for (int column = 0; column < ColumnCount; ++column)
+            setHeaderData(column, Qt::Horizontal,
+                          wording(kHeadings[static_cast<std::size_t>(column)]));
+    });
     if (!select())
         throw std::runtime_error("The catalogue can't be read: " +
                                  lastError().text().toStdString());
@@ -200,7 +206,7 @@ void CatalogueModel::put(const std::vector<Wanted>& wanted) {
 void CatalogueModel::clearQuantities() {
     std::vector<Wanted> none;
     for (int row = 0; row < rowCount(); ++row) none.push_back({row, 0});
-    change(tr("Clear list"), none);
+    change(plainWording("LIST_CLEAR"), none);
 }
 
 void CatalogueModel::restoreQuantities(const std::vector<PickedPart>& parts) {
@@ -309,24 +315,39 @@ CatalogueWidget::CatalogueWidget(QWidget* parent)
         tell();
         emit partsListChanged();
     });
-    tell();
+    worded(this, [this] { tell(); });
 }
 
 void CatalogueWidget::makeActions() {
     QUndoStack& history = m_parts->history();
-    m_undo = history.createUndoAction(this, tr("&Undo"));
+    m_undo = withTip(new QAction(this), "UNDO_TIP");
     m_undo->setObjectName(QStringLiteral("undo"));
     m_undo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
-    m_undo->setStatusTip(tr("Takes the last change of the parts list back"));
-    m_redo = history.createRedoAction(this, tr("&Redo"));
+    m_redo = withTip(new QAction(this), "REDO_TIP");
     m_redo->setObjectName(QStringLiteral("redo"));
     m_redo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+Z")));
-    m_redo->setStatusTip(tr("Makes the change again that was taken back last"));
+    connect(m_undo, &QAction::triggered, &history, &QUndoStack::undo);
+    connect(m_redo, &QAction::triggered, &history, &QUndoStack::redo);
+    // The toolkit's own actions would keep the words that they began with. The history ends with
+    // the widget, and tells so: then there are the actions alone.
+    const auto show = [undo = m_undo, redo = m_redo, &history] {
+        const QString undone = history.undoText();
+        const QString redone = history.redoText();
+        undo->setText(undone.isEmpty() ? wording("UNDO") : wording("UNDO_WHAT", {undone}));
+        redo->setText(redone.isEmpty() ? wording("REDO") : wording("REDO_WHAT", {redone}));
+        undo->setEnabled(history.canUndo());
+        redo->setEnabled(history.canRedo());
+    };
+    for (const auto changed : {&QUndoStack::undoTextChanged, &QUndoStack::redoTextChanged})
+        connect(&history, changed, m_redo, show);
+    for (const auto changed : {&QUndoStack::canUndoChanged, &QUndoStack::canRedoChanged})
+        connect(&history, changed, m_redo, show);
+    worded(m_redo, show);
     // Both have done their work by then: what was undone can be redone.
     connect(m_undo, &QAction::triggered, this,
-            [&] { emit told(tr("Undone: %1.").arg(history.redoText()), false); });
+            [&] { emit told(wording("UNDO_DONE", {history.redoText()}), false); });
     connect(m_redo, &QAction::triggered, this,
-            [&] { emit told(tr("Done again: %1.").arg(history.undoText()), false); });
+            [&] { emit told(wording("REDO_DONE", {history.undoText()}), false); });
 }
 
 PartsTable* CatalogueWidget::makeTable(QSortFilterProxyModel& rows) {
@@ -347,13 +368,19 @@ PartsTable* CatalogueWidget::makeTable(QSortFilterProxyModel& rows) {
     QHeaderView& header = *table->horizontalHeader();
     header.setHighlightSections(false);
     // Both tables get the same widths, so that their columns stand below each other.
-    const auto width = [&](const char* widest) {
-        return table->fontMetrics().horizontalAdvance(QString::fromUtf8(widest)) + 30;
-    };
-    header.resizeSection(CatalogueModel::PartNumber, width("00-0000-W"));
-    header.resizeSection(CatalogueModel::Price, width("Price (EUR)"));
-    header.resizeSection(CatalogueModel::Stock, width("Stock"));
-    header.resizeSection(CatalogueModel::Quantity, width("Quantity"));
+    worded(table, [table, &header] {
+        const auto fit = [&](int column, const QString& widest) {
+            const QString heading = wording(kHeadings[static_cast<std::size_t>(column)]);
+            const QFontMetrics metrics = table->fontMetrics();
+            header.resizeSection(column, std::max(metrics.horizontalAdvance(widest),
+                                                  metrics.horizontalAdvance(heading)) +
+                                             30);
+        };
+        fit(CatalogueModel::PartNumber, QStringLiteral("00-0000-W"));
+        for (const int column :
+             {CatalogueModel::Price, CatalogueModel::Stock, CatalogueModel::Quantity})
+            fit(column, money(0));
+    });
     header.setSectionResizeMode(CatalogueModel::Description, QHeaderView::Stretch);
     table->hideColumn(CatalogueModel::Group);
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -362,22 +389,23 @@ PartsTable* CatalogueWidget::makeTable(QSortFilterProxyModel& rows) {
 
 QWidget* CatalogueWidget::makeCatalogue() {
     m_search = new QLineEdit;
-    m_search->setPlaceholderText(tr("Part number or description"));
+    withHint(m_search, "CATALOGUE_SEARCH_HINT");
     m_search->setClearButtonEnabled(true);
-    auto* searchLabel = new QLabel(tr("Sea&rch:"));
+    auto* searchLabel = withText(new QLabel, "CATALOGUE_SEARCH");
     searchLabel->setBuddy(m_search);
     m_count = new QLabel;
     m_group = new QComboBox;
-    m_group->addItem(tr("All groups"));
+    m_group->addItem(QString());
+    worded(m_group, [this] { m_group->setItemText(0, wording("CATALOGUE_ALL_GROUPS")); });
     m_group->addItems(m_parts->groups());
-    auto* groupLabel = new QLabel(tr("&Group:"));
+    auto* groupLabel = withText(new QLabel, "CATALOGUE_GROUP");
     groupLabel->setBuddy(m_group);
     m_catalogueView = makeTable(*m_found);
     m_catalogueView->setSortingEnabled(true);
     m_catalogueView->sortByColumn(CatalogueModel::Description, Qt::AscendingOrder);
     m_catalogueView->selectRow(0);
     m_catalogueView->setObjectName(QStringLiteral("catalogue"));
-    QLabel* title = makeHeading(tr("Parts catalog&ue"), *m_catalogueView);
+    QLabel* title = makeHeading("CATALOGUE_TITLE", *m_catalogueView);
 
     auto* line = new QHBoxLayout;
     line->addWidget(searchLabel);
@@ -409,9 +437,9 @@ QWidget* CatalogueWidget::makeCatalogue() {
 QWidget* CatalogueWidget::makePartsList() {
     PartsTable* table = makeTable(*m_picked);
     table->setObjectName(QStringLiteral("partsList"));
-    QLabel* title = makeHeading(tr("Parts l&ist"), *table);
+    QLabel* title = makeHeading("LIST_TITLE", *table);
     m_total = new QLabel;
-    m_clear = new QPushButton(tr("Clear list"));
+    m_clear = withText(new QPushButton, "LIST_CLEAR");
     connect(m_clear, &QPushButton::clicked, this, &CatalogueWidget::clearPartsList);
 
     auto* line = new QHBoxLayout;
@@ -437,7 +465,7 @@ bool CatalogueWidget::eventFilter(QObject* watched, QEvent* event) {
 
 void CatalogueWidget::goToBest() {
     if (m_found->rowCount() == 0) {
-        emit told(tr("No part has this text. Shorten it, or choose all groups."), true);
+        emit told(wording("CATALOGUE_NONE"), true);
         return;
     }
     m_catalogueView->selectRow(0);
@@ -475,11 +503,9 @@ std::vector<PickedPart> CatalogueWidget::partsList() const {
 void CatalogueWidget::clearPartsList() {
     const int count = m_picked->rowCount();
     m_parts->clearQuantities();
-    emit told(count == 0
-                  ? tr("The parts list is empty already.")
-                  : tr("The parts list was cleared; parts that it held: %1. Undo brings them back.")
-                        .arg(count),
-              false);
+    emit told(
+        count == 0 ? wording("LIST_EMPTY_ALREADY") : wording("LIST_CLEARED", {numberText(count)}),
+        false);
 }
 
 void CatalogueWidget::restorePartsList(const std::vector<PickedPart>& parts) {
@@ -495,9 +521,10 @@ void CatalogueWidget::tell() {
         cents +=
             quantity * m_parts->index(row, CatalogueModel::Price).data(Qt::EditRole).toLongLong();
     }
-    m_count->setText(tr("%1 of %2 parts").arg(m_found->rowCount()).arg(m_parts->rowCount()));
-    m_total->setText(pieces == 0 ? tr("Tick a part, or type its quantity, to put it here.")
-                                 : tr("Pieces: %1, total: EUR %2").arg(pieces).arg(money(cents)));
+    m_count->setText(wording("CATALOGUE_SHOWN",
+                             {numberText(m_found->rowCount()), numberText(m_parts->rowCount())}));
+    m_total->setText(pieces == 0 ? wording("LIST_HINT")
+                                 : wording("LIST_TOTAL", {numberText(pieces), money(cents)}));
     m_clear->setEnabled(pieces > 0);
 }
 

@@ -14,6 +14,7 @@
 #include "window/action_buttons.h"
 #include "window/direction.h"
 #include "window/sentence_label.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -28,14 +29,12 @@ struct Column {
 constexpr int kItemRole = Qt::UserRole;  ///< number of the item; factory items have none
 
 QString wordFor(ItemKind kind) {
-    return kind == ItemKind::Session ? DatabasePanel::tr("session")
-                                     : DatabasePanel::tr("part format");
+    return wording(kind == ItemKind::Session ? "DATABASE_SESSION" : "DATABASE_FORMAT");
 }
 
 QString originOf(const wynconfig::ListedItem& item) {
     const auto at = QDateTime::fromString(QString::fromStdString(item.changedAt), Qt::ISODate);
-    return DatabasePanel::tr("%1, %2").arg(at.toLocalTime().toString("yyyy-MM-dd hh:mm"),
-                                           QString::fromStdString(item.changedBy));
+    return wording("JOIN_COMMA", {momentText(at), QString::fromStdString(item.changedBy)});
 }
 
 QTreeWidgetItem* addRow(QTreeWidget* list, const QString& name, ItemKind kind,
@@ -58,11 +57,10 @@ DatabasePanel::DatabasePanel(Workplace& workplace, const QList<QAction*>& action
       m_workplace(workplace),
       m_list(new QTreeWidget),
       m_place(new SentenceLabel),
-      m_again(new QPushButton(tr("Try again"))),
-      m_takeOwn(new QPushButton(tr("Use the database of this store"))) {
-    m_list->setAccessibleName(tr("Database"));
+      m_again(withText(new QPushButton, "DATABASE_AGAIN")),
+      m_takeOwn(withText(new QPushButton, "DATABASE_OWN")) {
+    withName(m_list, "DATABASE_TITLE");
     m_list->setColumnCount(Column::Count);
-    m_list->setHeaderLabels({tr("Name"), tr("Kind"), tr("Last change")});
     for (const int column : {Column::Name, Column::Origin})
         m_list->setItemDelegateForColumn(column, new DirectionDelegate(m_list));
     m_list->setRootIsDecorated(false);
@@ -80,6 +78,12 @@ DatabasePanel::DatabasePanel(Workplace& workplace, const QList<QAction*>& action
     column->addLayout(line, 1);
     column->addWidget(m_place);
     column->addLayout(makeWaysOn());
+    worded(this, [this] {
+        m_list->setHeaderLabels(
+            {wording("DATABASE_NAME"), wording("DATABASE_KIND"), wording("DATABASE_CHANGE")});
+        // It is not asked before somebody wants to see it.
+        if (m_wasAsked) refresh({});
+    });
 }
 
 QLayout* DatabasePanel::makeWaysOn() {
@@ -105,12 +109,13 @@ void DatabasePanel::offerWaysOn(bool isUnreachable) {
 }
 
 void DatabasePanel::refresh(const std::string& select) {
+    m_wasAsked = true;
     const auto before = selected();
     m_list->clear();
     m_items.clear();
     try {
         list();
-        m_place->tell(tr("Database: %1").arg(isolated(m_workplace.databaseText())));
+        m_place->tell(wording("DATABASE_PLACE", {isolated(m_workplace.databaseText())}));
         offerWaysOn(false);
     } catch (const std::runtime_error& error) {  // of the database, or of the store's folders
         m_list->clear();
@@ -142,7 +147,7 @@ void DatabasePanel::addItem(ItemKind kind, const wynconfig::ListedItem& item) {
 
 void DatabasePanel::addFactory(ItemKind kind, const std::string& name) {
     QTreeWidgetItem* row =
-        addRow(m_list, QString::fromStdString(name), kind, tr("factory item of the store"));
+        addRow(m_list, QString::fromStdString(name), kind, wording("DATABASE_FACTORY"));
     makePale(*row);
 }
 

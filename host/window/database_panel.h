@@ -55,6 +55,7 @@ class DatabasePanel : public QWidget {
     QPushButton* m_again;
     QPushButton* m_takeOwn;
     std::vector<SelectedItem> m_items;
+    bool m_wasAsked = false;  ///< the database
 };
 
 }  // namespace host

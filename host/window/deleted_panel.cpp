@@ -12,6 +12,7 @@
 #include "window/direction.h"
 #include "window/heading.h"
 #include "window/sentence_label.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -22,10 +23,16 @@ struct Column {
     enum { Name, Kind, Count };
 };
 
+QString kindWord(DeletedItem::Kind kind) {
+    return wording(kind == DeletedItem::Kind::Session ? "DELETED_SESSION" : "DELETED_FORMAT");
+}
+
 QTableWidget* makeTable() {
     auto* table = new QTableWidget(0, Column::Count);
     table->setObjectName(QStringLiteral("deletedItems"));
-    table->setHorizontalHeaderLabels({DeletedPanel::tr("Name"), DeletedPanel::tr("Kind")});
+    worded(table, [table] {
+        table->setHorizontalHeaderLabels({wording("DELETED_NAME"), wording("DELETED_KIND")});
+    });
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setItemDelegateForColumn(Column::Name, new DirectionDelegate(table));
@@ -47,22 +54,24 @@ DeletedPanel::DeletedPanel(const StoreFolders& store, QWidget* parent)
     : QWidget(parent),
       m_store(store),
       m_table(makeTable()),
-      m_restore(new QPushButton(tr("Res&tore"))),
+      m_restore(withTip(withText(new QPushButton, "DELETED_RESTORE"), "DELETED_RESTORE_TIP")),
       m_outcome(new SentenceLabel) {
     m_restore->setObjectName(QStringLiteral("restore"));
-    m_restore->setStatusTip(tr("Moves the selected item back into the store"));
     m_outcome->setObjectName(QStringLiteral("restored"));
     m_outcome->setWordWrap(true);
     auto* line = new QHBoxLayout;
     line->addWidget(m_outcome, 1);
     line->addWidget(m_restore, 0, Qt::AlignTop);
     auto* column = new QVBoxLayout(this);
-    column->addWidget(makeHeading(tr("D&eleted sessions and part formats"), *m_table));
+    column->addWidget(makeHeading("DELETED_TITLE", *m_table));
     column->addWidget(m_table, 1);
     column->addLayout(line);
     connect(m_restore, &QPushButton::clicked, this, &DeletedPanel::restore);
     connect(m_table, &QTableWidget::itemActivated, m_restore, &QPushButton::click);
-    readStore();
+    worded(this, [this] {
+        m_outcome->tell({});
+        readStore();
+    });
 }
 
 void DeletedPanel::showEvent(QShowEvent* event) {
@@ -83,12 +92,12 @@ void DeletedPanel::readStore() {
     for (int at = 0; at < m_table->rowCount(); ++at) {
         const DeletedItem& item = m_items[static_cast<std::size_t>(at)];
         m_table->setItem(at, Column::Name, new QTableWidgetItem(item.name));
-        m_table->setItem(at, Column::Kind, new QTableWidgetItem(wordsFor(item.kind)));
+        m_table->setItem(at, Column::Kind, new QTableWidgetItem(kindWord(item.kind)));
     }
     m_table->resizeColumnToContents(Column::Kind);
     m_table->setCurrentCell(std::clamp(row, 0, std::max(m_table->rowCount() - 1, 0)), Column::Name);
     m_restore->setEnabled(!m_items.empty());
-    const QString nothing = tr("Nothing lies here.");
+    const QString nothing = wording("DELETED_NOTHING");
     if (m_items.empty() && m_outcome->told().isEmpty()) m_outcome->tell(nothing);
     if (!m_items.empty() && m_outcome->told() == nothing) m_outcome->tell({});
 }
@@ -103,7 +112,10 @@ void DeletedPanel::restore() {
     };
     try {
         restoreItem(m_store, item);
-        tell(tr("%1 %2 is back.").arg(wordsFor(item.kind), isolated(item.name)), false);
+        tell(wording(item.kind == DeletedItem::Kind::Session ? "DELETED_SESSION_BACK"
+                                                             : "DELETED_FORMAT_BACK",
+                     {isolated(item.name)}),
+             false);
         readStore();
         emit restored();
     } catch (const std::exception& failure) {

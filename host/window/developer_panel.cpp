@@ -14,6 +14,7 @@
 #include "window/heading.h"
 #include "window/sentence_label.h"
 #include "window/text_box.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -33,6 +34,17 @@ const FileChange& lastOf(const std::vector<FileChange>& changes, const fs::path&
         [&](const FileChange& a, const FileChange& b) { return written(a) < written(b); });
 }
 
+const char* keyFor(FileChange::Kind kind) {
+    switch (kind) {
+        case FileChange::Kind::Added:
+            return "DEVELOPER_ADDED";
+        case FileChange::Kind::Deleted:
+            return "DEVELOPER_DELETED";
+        default:
+            return "DEVELOPER_CHANGED";
+    }
+}
+
 }  // namespace
 
 DeveloperPanel::DeveloperPanel(const QList<QAction*>& actions, QWidget* parent)
@@ -41,7 +53,9 @@ DeveloperPanel::DeveloperPanel(const QList<QAction*>& actions, QWidget* parent)
       m_changes(new SentenceLabel),
       m_text(new QPlainTextEdit) {
     m_result->setObjectName(QStringLiteral("result"));
-    m_result->tell(tr("No operation was called yet."));
+    worded(this, [this] {
+        if (!m_wasCalled) m_result->tell(wording("DEVELOPER_NONE"));
+    });
     m_result->letCopy();
     m_changes->setObjectName(QStringLiteral("changes"));
     m_changes->letCopy();
@@ -62,8 +76,7 @@ DeveloperPanel::DeveloperPanel(const QList<QAction*>& actions, QWidget* parent)
     auto* stored = new QWidget;
     auto* texts = new QVBoxLayout(stored);
     texts->setContentsMargins(0, 0, 0, 0);
-    texts->addWidget(
-        makeHeading(tr("Last operation, and the item file that changed last"), *m_text));
+    texts->addWidget(makeHeading("DEVELOPER_TITLE", *m_text));
     texts->addWidget(m_text, 1);
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->setObjectName(QStringLiteral("developerSplitter"));
@@ -86,11 +99,13 @@ void DeveloperPanel::show(const Outcome& outcome, const QString& more, const Sna
 }
 
 void DeveloperPanel::showResult(const Outcome& outcome, const QString& more) {
+    m_wasCalled = true;
     QStringList facts;
     const QString name = isolated(outcome.name);
-    if (outcome.result) facts << tr("Result %1").arg(*outcome.result);
-    if (!name.isEmpty()) facts << (outcome.result ? tr("name %1") : tr("Name %1")).arg(name);
-    if (outcome.result && name.isEmpty()) facts << tr("no name");
+    if (outcome.result) facts << wording("DEVELOPER_RESULT", {QString::number(*outcome.result)});
+    if (!name.isEmpty())
+        facts << wording(outcome.result ? "DEVELOPER_AND_NAME" : "DEVELOPER_NAME", {name});
+    if (outcome.result && name.isEmpty()) facts << wording("DEVELOPER_NO_NAME");
     QString text = facts.join(QStringLiteral(", "));
     if (!more.isEmpty()) text += (text.isEmpty() ? "" : ". ") + more;
     m_result->tell(text);
@@ -102,14 +117,15 @@ void DeveloperPanel::showChanges(const Snapshot& before, const Snapshot& after,
     m_changes->show();
     if (changes.empty()) {
         // The text stays: that file is still the one that changed last.
-        const QString lead = m_lastChange.isEmpty() ? QString() : "\n" + tr("Before: ");
-        m_changes->tell(tr("No file changed.") + lead + m_lastChange);
+        const QString earlier =
+            m_lastChange.isEmpty() ? QString() : "\n" + wording("DEVELOPER_BEFORE", {m_lastChange});
+        m_changes->tell(wording("DEVELOPER_UNCHANGED") + earlier);
         return;
     }
     const FileChange& last = lastOf(changes, root);
     QStringList told;
     const auto tell = [&](const FileChange& change) {
-        told << tr("%1 (%2)").arg(isolated(change.path), tr(wordFor(change.kind)));
+        told << wording(keyFor(change.kind), {isolated(change.path)});
     };
     tell(last);
     for (const FileChange& change : changes) {

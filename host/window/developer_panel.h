@@ -36,6 +36,7 @@ class DeveloperPanel : public QWidget {
     SentenceLabel* m_result;
     SentenceLabel* m_changes;
     QString m_lastChange;
+    bool m_wasCalled = false;  ///< an operation
     QPlainTextEdit* m_text;
 };
 

@@ -17,6 +17,7 @@
 #include "window/host_dialog.h"
 #include "window/sentence_label.h"
 #include "window/text_box.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -47,7 +48,7 @@ FirstSteps::FirstSteps(QAction* first, QAction* open, QWidget* parent)
     m_sentence->setWordWrap(true);
     setFocusProxy(m_first);
     QPushButton* other = buttonOf(open, "otherStore");
-    other->setText(tr("Open another store…"));
+    withText(other, "FIRST_OTHER_BUTTON");
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
     line->addWidget(m_sentence, 1);
@@ -60,46 +61,38 @@ void FirstSteps::look(const StoreFolders& store) {
     setVisible(store.losses().empty() && store.faults().empty() &&
                store.readableNames(ItemKind::Session).empty());
     const bool hasFormat = !store.readableNames(ItemKind::PartFormat).empty();
-    m_sentence->tell(hasFormat
-                         ? tr("This store has no session yet. A session says where your parts list "
-                              "goes, and by which part format it is laid out.")
-                         : tr("This store is empty. A part format says how your parts list is laid "
-                              "out, and a session where it goes."));
-    m_first->setText(hasFormat ? tr("Make the first session…")
-                               : tr("Make the first part format and session…"));
+    m_sentence->tell(wording(hasFormat ? "FIRST_NO_SESSION" : "FIRST_EMPTY"));
+    m_first->setText(wording(hasFormat ? "FIRST_SESSION" : "FIRST_FORMAT_BUTTON"));
 }
 
 std::optional<std::string> askForFirstFormat(QWidget* window) {
     QDialog dialog(window);
     dialog.setObjectName(kHostDialog);
-    dialog.setWindowTitle(QObject::tr("The first part format"));
+    dialog.setWindowTitle(wording("FIRST_TITLE"));
     const std::vector<PartFormat> formats = sampleFormats();
     auto* choice = new IdentifierBox;
     choice->setObjectName(QStringLiteral("format"));
     for (const PartFormat& each : formats) choice->addItem(QString::fromStdString(each.name));
-    auto* label = new QLabel(QObject::tr("&Part format:"));
+    auto* label = new QLabel(wording("FIRST_FORMAT"));
     label->setBuddy(choice);
-    QPlainTextEdit* example = makeTextBox(QObject::tr("What it makes of two parts"));
+    QPlainTextEdit* example = makeTextBox("FIRST_EXAMPLE");
     example->setObjectName(QStringLiteral("example"));
     setLines(*example, kExampleLines);
     example->setMinimumWidth(kExampleWidth);
-    auto* exampleLabel = new QLabel(QObject::tr("&What it makes of two parts:"));
+    auto* exampleLabel = new QLabel(wording("FIRST_EXAMPLE"));
     exampleLabel->setBuddy(example);
     const auto show = [&](int chosen) {
         example->setPlainText(exampleOf(formats.at(static_cast<std::size_t>(chosen))));
     };
     QObject::connect(choice, &QComboBox::currentIndexChanged, &dialog, show);
     show(0);
-    auto* note = new QLabel(QObject::tr(
-        "Choose how your parts list is to look. Then name the first session, which gets "
-        "the part format on its page of part formats; it can be changed there at any "
-        "time."));
+    auto* note = new QLabel(wording("FIRST_NOTE"));
     note->setWordWrap(true);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     QPushButton* go = buttons->button(QDialogButtonBox::Ok);
-    go->setText(QObject::tr("&Next"));
-    go->setObjectName(QStringLiteral("ok"));
+    worded(go, "FIRST_NEXT", "ok");
+    withText(buttons->button(QDialogButtonBox::Cancel), "DIALOG_CANCEL");
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     auto* line = new QHBoxLayout;

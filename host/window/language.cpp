@@ -6,6 +6,9 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include "texts/phrase.h"
+#include "window/wording.h"
+
 namespace host {
 
 namespace {
@@ -19,14 +22,33 @@ void translateQt(const std::string& tag) {
         QCoreApplication::installTranslator(translator);
 }
 
+/// How numbers and dates are written: as the user's system has it, where that is of the language.
+QLocale localeOf(const std::string& tag) {
+    const QLocale ofTag(QString::fromStdString(tag));
+    const QLocale system = QLocale::system();
+    return system.language() == ofTag.language() && system.script() == ofTag.script() ? system
+                                                                                      : ofTag;
+}
+
+std::string wholeNumber(long long number) {
+    return QLocale().toString(static_cast<qlonglong>(number)).toStdString();
+}
+
+std::string decimalNumber(double number) {
+    return QLocale().toString(number, 'g', QLocale::FloatingPointShortest).toStdString();
+}
+
 }  // namespace
 
 std::shared_ptr<wynconfig::ResourceManager> useLanguage(const std::string& resources,
                                                         const std::string& language) {
     auto texts = wynconfig::makeBundleResourceManager(resources, language);
     const wynconfig::Language shown = wynconfig::bundleLanguage(resources, language);
+    usePhrases(hostTextFolder(resources), language, {wholeNumber, decimalNumber});
+    QLocale::setDefault(localeOf(shown.tag));
     translateQt(shown.tag);
     QApplication::setLayoutDirection(shown.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    emit LanguageNews::instance().changed();
     return texts;
 }
 

@@ -8,8 +8,8 @@
 
 namespace host {
 
-/// Sets the language of Qt's own words (such as Yes and No) and the side from which all windows are
-/// read, and gives the component's texts in that language.
+/// Sets the language of the host's texts, of Qt's own words, of numbers and dates, and the side
+/// from which all windows are read, and gives the component's texts in that language.
 /// @param resources  folder of the texts
 /// @param language   such as "de"; empty: the user's
 /// Raises `wynconfig::Error` when the folder has no texts.

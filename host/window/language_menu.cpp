@@ -3,9 +3,10 @@
 
 #include <QActionGroup>
 #include <QMenu>
-#include <QMessageBox>
 #include <exception>
 
+#include "window/store_dialogs.h"
+#include "window/wording.h"
 #include "window/workplace.h"
 #include "wynconfig/resource_manager.h"
 
@@ -19,19 +20,17 @@ void change(Workplace& workplace, QWidget* parent, const wynconfig::Language& la
             const Tell& tell) {
     try {
         workplace.setLanguage(language.tag);
-        tell(QObject::tr("From now on the dialogs are in %1.")
-                 .arg(QString::fromStdString(language.name)),
-             false);
+        tell(wording("LANGUAGE_CHANGED", {QString::fromStdString(language.name)}), false);
     } catch (const std::exception& failure) {
         tell(QString::fromUtf8(failure.what()), true);
-        QMessageBox::critical(parent, parent->windowTitle(), QString::fromUtf8(failure.what()));
+        tellFailure(parent, QString::fromUtf8(failure.what()));
     }
 }
 
 }  // namespace
 
 QMenu* makeLanguageMenu(Workplace& workplace, QWidget* parent, const Tell& tell) {
-    auto* menu = new QMenu(QObject::tr("&Language of the dialogs"), parent);
+    auto* menu = withTitle(new QMenu(parent), "MENU_LANGUAGE");
     auto* group = new QActionGroup(menu);
     const std::string& resources = workplace.resources();
     const std::string users = wynconfig::bundleLanguage(resources, workplace.language()).tag;
@@ -39,7 +38,7 @@ QMenu* makeLanguageMenu(Workplace& workplace, QWidget* parent, const Tell& tell)
         QAction* action = menu->addAction(QString::fromStdString(each.name));
         action->setCheckable(true);
         action->setChecked(each.tag == users);
-        action->setStatusTip(QObject::tr("Reads the texts of this language anew"));
+        withTip(action, "MENU_LANGUAGE_TIP");
         group->addAction(action);
         QObject::connect(action, &QAction::triggered, parent, [&workplace, parent, each, tell] {
             change(workplace, parent, each, tell);

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSplitter>
@@ -14,6 +15,7 @@
 #include <QStatusTipEvent>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <initializer_list>
 #include <utility>
 
 #include "window/catalogue.h"
@@ -30,6 +32,7 @@
 #include "window/session_panel.h"
 #include "window/store_dialogs.h"
 #include "window/store_watch.h"
+#include "window/wording.h"
 #include "wynconfig/qt_view.h"
 
 namespace host {
@@ -44,7 +47,10 @@ MainWindow::MainWindow(Workplace& workplace, Remembered* remembered)
       m_place(new ElidedLabel(Qt::ElideMiddle)),
       m_result(new ResultLine),
       m_faults(new SentenceLabel) {
-    setWindowTitle(tr("Parts Catalogue"));
+    worded(this, [this] {
+        setLocale(QLocale());
+        setWindowTitle(wording("WINDOW_TITLE"));
+    });
     auto* splitter = new QSplitter;
     splitter->setObjectName(QStringLiteral("windowSplitter"));
     splitter->addWidget(m_catalogue);
@@ -73,14 +79,21 @@ MainWindow::MainWindow(Workplace& workplace, Remembered* remembered)
     for (QLineEdit* each : findChildren<QLineEdit*>()) each->installEventFilter(this);
     wynconfig::clarify(*this);
     if (m_remembered) restore();
+    // The folders are told of by their faults as well.
+    connect(&LanguageNews::instance(), &LanguageNews::changed, this, &MainWindow::showStore);
 }
 
 QWidget* MainWindow::makePages() {
     m_pages = new QTabWidget;
-    m_pages->addTab(m_send, tr("Se&nd"));
-    m_pages->addTab(m_sessions, tr("Sessi&ons"));
-    m_pages->addTab(m_deleted, tr("&Deleted items"));
-    m_pages->addTab(m_sessions->developerPage(), tr("For developers"));
+    for (QWidget* each : std::initializer_list<QWidget*>{m_send, m_sessions, m_deleted,
+                                                         m_sessions->developerPage()})
+        m_pages->addTab(each, QString());
+    worded(m_pages, [this] {
+        m_pages->setTabText(0, wording("PAGE_SEND"));
+        m_pages->setTabText(1, wording("PAGE_SESSIONS"));
+        m_pages->setTabText(2, wording("PAGE_DELETED"));
+        m_pages->setTabText(3, wording("PAGE_DEVELOPERS"));
+    });
     addActions(m_sessions->operationActions(Area::Developers));
     connect(m_sessions, &SessionPanel::developersAsked, this,
             [this] { m_pages->setCurrentWidget(m_sessions->developerPage()); });
@@ -169,7 +182,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::showPlace() {
-    m_place->tell(tr("Store: %1").arg(isolated(m_workplace.store().root.string())));
+    m_place->tell(wording("STORE_PLACE", {isolated(m_workplace.store().root.string())}));
 }
 
 void MainWindow::showStore() {
@@ -229,12 +242,11 @@ bool MainWindow::readAnew() {
     if (m_isLost && !wasLost)
         m_result->tell(m_faults->text(), true);
     else if (wasLost && !m_isLost)
-        m_result->tell(tr("The folders of the store are there again."), false);
+        m_result->tell(wording("STORE_BACK"), false);
     else if (!m_isLost && now != chosen && !chosen.isEmpty())
         m_result->tell(now.isEmpty()
-                           ? tr("The session %1 is not there any more.").arg(isolated(chosen))
-                           : tr("The session %1 is not there any more; %2 is chosen now.")
-                                 .arg(isolated(chosen), isolated(now)),
+                           ? wording("SESSION_GONE", {isolated(chosen)})
+                           : wording("SESSION_GONE_OTHER", {isolated(chosen), isolated(now)}),
                        true);
     else
         return false;
@@ -243,9 +255,9 @@ bool MainWindow::readAnew() {
 
 void MainWindow::makeStoreMenu() {
     QList<QAction*> actions = m_sessions->operationActions(Area::Store);
-    QMenu* store = menuBar()->addMenu(tr("&Store"));
+    QMenu* store = withTitle(menuBar()->addMenu(QString()), "MENU_STORE");
     store->addAction(actions.takeFirst());  // opens another one
-    m_recent = store->addMenu(tr("&Recent stores"));
+    m_recent = withTitle(store->addMenu(QString()), "MENU_RECENT");
     m_recent->setObjectName(QStringLiteral("recentStores"));
     connect(m_recent, &QMenu::aboutToShow, this, &MainWindow::listRecentStores);
     listRecentStores();
@@ -253,11 +265,11 @@ void MainWindow::makeStoreMenu() {
     const auto read = [this] {
         const bool hasTold = readAnew();
         m_sessions->refreshAll();
-        if (!hasTold && !m_isLost) m_result->tell(tr("The store was read anew."), false);
+        if (!hasTold && !m_isLost) m_result->tell(wording("STORE_READ"), false);
     };
-    QAction* anew = store->addAction(tr("Read the store a&new"), Qt::Key_F5, this, read);
+    QAction* anew = withText(store->addAction(QString(), Qt::Key_F5, this, read), "MENU_READ_ANEW");
     anew->setObjectName(QStringLiteral("readAnew"));
-    anew->setStatusTip(tr("Shows what others have changed in the meantime"));
+    withTip(anew, "MENU_READ_ANEW_TIP");
 }
 
 void MainWindow::listRecentStores() {
@@ -273,16 +285,22 @@ void MainWindow::listRecentStores() {
 }
 
 void MainWindow::makeMenus() {
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
-    QMenu* parts = menuBar()->addMenu(tr("&Parts"));
-    parts->addAction(tr("&Search"), QKeySequence::Find, m_catalogue, &CatalogueWidget::goToSearch);
+    const auto add = [this](const char* key) {
+        return withTitle(menuBar()->addMenu(QString()), key);
+    };
+    QMenu* file = add("MENU_FILE");
+    withText(file->addAction(QString(), QKeySequence::Quit, this, &QWidget::close), "MENU_QUIT");
+    QMenu* parts = add("MENU_PARTS");
+    withText(
+        parts->addAction(QString(), QKeySequence::Find, m_catalogue, &CatalogueWidget::goToSearch),
+        "MENU_SEARCH");
     parts->addActions({m_catalogue->undoAction(), m_catalogue->redoAction()});
-    parts->addAction(tr("&Clear list"), m_catalogue, &CatalogueWidget::clearPartsList);
+    withText(parts->addAction(QString(), m_catalogue, &CatalogueWidget::clearPartsList),
+             "LIST_CLEAR_MENU");
     parts->addAction(m_send->sendAction());
     makeStoreMenu();
-    menuBar()->addMenu(tr("Data&base"))->addActions(m_sessions->operationActions(Area::Database));
-    QMenu* tools = menuBar()->addMenu(tr("Too&ls"));
+    add("MENU_DATABASE")->addActions(m_sessions->operationActions(Area::Database));
+    QMenu* tools = add("MENU_TOOLS");
     tools->addActions(m_sessions->operationActions(Area::Tools));
     tools->addMenu(
         makeLanguageMenu(m_workplace, this, [this](const QString& sentence, bool isFailure) {

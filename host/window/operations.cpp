@@ -7,6 +7,7 @@
 
 #include "installed_view.h"
 #include "sample/sample_formats.h"
+#include "texts/phrase.h"
 #include "window/first_steps.h"
 #include "window/refused_dialog.h"
 #include "window/store_dialogs.h"
@@ -18,14 +19,12 @@ namespace {
 
 using Needs = Operation::Needs;
 
-constexpr const char* kCancelled = "Nothing was done.";
-
 /// What the user is told of an operation in memory.
 Outcome told(const wynconfig::MemoryResult& result) {
     Outcome outcome{result.result, result.name, {}, result.xml};
     for (const std::string& format : result.leftOut)
-        outcome.text += "The part format " + format + " is damaged and was left out. ";
-    if (result.result == 0) outcome.text += "Stored in the database.";
+        outcome.text += phrase("DONE_LEFT_OUT", {format}) + " ";
+    if (result.result == 0) outcome.text += phrase("DONE_STORED");
     return outcome;
 }
 
@@ -33,8 +32,7 @@ Outcome told(const wynconfig::MemoryResult& result) {
 Outcome settle(Workplace& workplace, QWidget* window) {
     while (true) {
         const auto decision = askAboutRefusal(window, *workplace.refused);
-        if (!decision)
-            return {1, {}, "Not stored. The edit is kept: Database, Refused edit.", {}, true};
+        if (!decision) return {1, {}, phrase("DONE_NOT_STORED"), {}, true};
         try {
             wynconfig::MemorySessions& memory = workplace.inMemory();
             const wynconfig::MemoryResult result =
@@ -65,15 +63,14 @@ Outcome onDatabase(Workplace& workplace, const Selection& selection, Call call) 
 Outcome opened(Workplace& workplace, const std::filesystem::path& root) {
     std::error_code failure;
     if (!std::filesystem::is_directory(root, failure))
-        throw std::runtime_error("The folder " + root.string() +
-                                 " is not there. The store that is open stays so.");
+        throw std::runtime_error(phrase("STORE_NOT_THERE", {root.string()}));
     workplace.openStore(root);
-    return {{}, {}, "The store " + root.string() + " is open now."};
+    return {{}, {}, phrase("DONE_OPEN", {root.string()})};
 }
 
 Outcome openStore(Workplace& workplace, const Selection& selection) {
     const auto root = askForStore(selection.window, workplace.store().root);
-    return root ? opened(workplace, *root) : Outcome{{}, {}, kCancelled};
+    return root ? opened(workplace, *root) : Outcome{{}, {}, phrase("DONE_NOTHING")};
 }
 
 Outcome addSession(Workplace& workplace, const Selection&) {
@@ -86,7 +83,7 @@ Outcome addSession(Workplace& workplace, const Selection&) {
 Outcome takeFirstSteps(Workplace& workplace, const Selection& selection) {
     if (workplace.store().names(wynconfig::ItemKind::PartFormat).empty()) {
         const auto format = askForFirstFormat(selection.window);
-        if (!format) return {{}, {}, kCancelled};
+        if (!format) return {{}, {}, phrase("DONE_NOTHING")};
         const auto view = std::make_shared<wynconfig::ScriptedView>();
         const InstalledView installed(view);
         makeSampleFormat(workplace.onFiles(), view->user(), *format);
@@ -119,12 +116,12 @@ Outcome configureOfDatabase(Workplace& workplace, const Selection& selection) {
 
 Outcome takeOver(Workplace& workplace, const Selection& selection) {
     const auto wanted = askForTakeOver(selection.window);
-    if (!wanted) return {{}, {}, kCancelled};
+    if (!wanted) return {{}, {}, phrase("DONE_NOTHING")};
     Outcome outcome = onDatabase(workplace, selection, [&](wynconfig::MemorySessions& memory) {
         return memory.takeOver(wanted->root.string() + "/", wanted->session, wanted->name);
     });
     if (outcome.result == 1 && outcome.text.empty()) {
-        outcome.text = "The session, or one of its part formats, is not in that store.";
+        outcome.text = phrase("DONE_NOT_IN_STORE");
         outcome.failed = true;
     }
     return outcome;
@@ -132,9 +129,9 @@ Outcome takeOver(Workplace& workplace, const Selection& selection) {
 
 Outcome removeFromDatabase(Workplace& workplace, const Selection& selection) {
     const auto& [kind, item] = *selection.database;
-    if (!askToRemove(selection.window, item.name)) return {{}, {}, kCancelled};
+    if (!askToRemove(selection.window, item.name)) return {{}, {}, phrase("DONE_NOTHING")};
     workplace.inMemory().remove(kind, item);
-    return {{}, {}, item.name + " was removed from the database."};
+    return {{}, {}, phrase("DONE_REMOVED", {item.name})};
 }
 
 Outcome settleRefusedEdit(Workplace& workplace, const Selection& selection) {
@@ -144,20 +141,20 @@ Outcome settleRefusedEdit(Workplace& workplace, const Selection& selection) {
 Outcome showHeld(Workplace& workplace, const Selection&) {
     Outcome outcome;
     outcome.shown = workplace.component().GetDatasetSessionData();
-    std::size_t count = 0;
+    long long count = 0;
     for (const std::string& format : workplace.component().GetDatasetFormatsData()) {
         if (format.empty()) continue;  // stands for none
         outcome.shown += "\n" + format;
         ++count;
     }
-    outcome.text = "In memory: a session, and part formats: " + std::to_string(count) + ".";
+    outcome.text = phrase("DEVELOPER_HELD", {wholeText(count)});
     return outcome;
 }
 
 Outcome pickFromList(Workplace& workplace, const Selection&) {
     Outcome outcome;
     outcome.name = workplace.onFiles().showSessionManagerDlg(workplace.sessionList());
-    outcome.text = outcome.name.empty() ? "No session was picked." : "This session was picked.";
+    outcome.text = phrase(outcome.name.empty() ? "DONE_PICKED_NONE" : "DONE_PICKED");
     return outcome;
 }
 
@@ -165,7 +162,7 @@ Outcome editList(Workplace& workplace, const Selection&) {
     const std::string list =
         workplace.onFiles().showConfigurableSessionManagerDlg(workplace.sessionList());
     workplace.keepSessionList(list);
-    return {{}, {}, "My session list: " + (list.empty() ? "empty" : list)};
+    return {{}, {}, list.empty() ? phrase("DONE_LIST_EMPTY") : phrase("DONE_LIST", {list})};
 }
 
 }  // namespace
@@ -173,8 +170,8 @@ Outcome editList(Workplace& workplace, const Selection&) {
 Operation openingOf(const std::filesystem::path& root) {
     return {"open-recent",
             Area::Store,
-            "Open a recent store",
-            "Works on a store that was open before",
+            "OPEN_RECENT",
+            "OPEN_RECENT_TIP",
             "",
             Needs::Nothing,
             false,
@@ -183,46 +180,36 @@ Operation openingOf(const std::filesystem::path& root) {
 
 const std::vector<Operation>& operations() {
     static const std::vector<Operation> all = {
-        {"open-store", Area::Store, "&Open another store…", "Works on the store of another folder",
-         "Ctrl+O", Needs::Nothing, false, openStore},
-        {"add", Area::Store, "&Add session…", "Makes a new session and opens it", "Ctrl+N",
-         Needs::Nothing, true, addSession},
-        {"configure", Area::Store, "&Configure session…", "Opens the selected session",
-         "Ctrl+Return", Needs::Session, true, configureSession},
-        {"maintain", Area::Store, "&Maintain sessions…",
-         "Picks, makes, edits and deletes sessions of the store", "Ctrl+M", Needs::Nothing, true,
-         maintainSessions},
+        {"open-store", Area::Store, "OPEN_STORE", "OPEN_STORE_TIP", "Ctrl+O", Needs::Nothing, false,
+         openStore},
+        {"add", Area::Store, "ADD_SESSION", "ADD_SESSION_TIP", "Ctrl+N", Needs::Nothing, true,
+         addSession},
+        {"configure", Area::Store, "CONFIGURE_SESSION", "CONFIGURE_SESSION_TIP", "Ctrl+Return",
+         Needs::Session, true, configureSession},
+        {"maintain", Area::Store, "MAINTAIN_SESSIONS", "MAINTAIN_SESSIONS_TIP", "Ctrl+M",
+         Needs::Nothing, true, maintainSessions},
 
-        {"add-to-database", Area::Database, "&Add session…",
-         "Makes a new session that is kept in the database", "Ctrl+Shift+N", Needs::Nothing, true,
-         addToDatabase},
-        {"configure-of-database", Area::Database, "&Configure session…",
-         "Opens the selected session of the database", "Ctrl+Shift+Return", Needs::DatabaseSession,
-         true, configureOfDatabase},
-        {"take-over", Area::Database, "Ta&ke over session…",
-         "Takes a session and its part formats over from another store", "Ctrl+T", Needs::Nothing,
-         true, takeOver},
-        {"remove-from-database", Area::Database, "Remo&ve…",
-         "Removes the selected session or part format from the database", "Ctrl+Del",
-         Needs::DatabaseItem, true, removeFromDatabase},
-        {"refused", Area::Database, "Re&fused edit…",
-         "Opens the last edit that the database refused", "", Needs::RefusedEdit, false,
-         settleRefusedEdit},
+        {"add-to-database", Area::Database, "DATABASE_ADD", "DATABASE_ADD_TIP", "Ctrl+Shift+N",
+         Needs::Nothing, true, addToDatabase},
+        {"configure-of-database", Area::Database, "DATABASE_CONFIGURE", "DATABASE_CONFIGURE_TIP",
+         "Ctrl+Shift+Return", Needs::DatabaseSession, true, configureOfDatabase},
+        {"take-over", Area::Database, "TAKE_OVER", "TAKE_OVER_TIP", "Ctrl+T", Needs::Nothing, true,
+         takeOver},
+        {"remove-from-database", Area::Database, "DATABASE_REMOVE", "DATABASE_REMOVE_TIP",
+         "Ctrl+Del", Needs::DatabaseItem, true, removeFromDatabase},
+        {"refused", Area::Database, "REFUSED_EDIT", "REFUSED_EDIT_TIP", "", Needs::RefusedEdit,
+         false, settleRefusedEdit},
 
-        {"pick", Area::Tools, "&Pick from my session list…",
-         "Picks a session from the list of this workplace", "Ctrl+L", Needs::Nothing, false,
+        {"pick", Area::Tools, "PICK_SESSION", "PICK_SESSION_TIP", "Ctrl+L", Needs::Nothing, false,
          pickFromList},
-        {"edit-list", Area::Tools, "&Edit my session list…",
-         "Changes the list of this workplace, and the sessions in it", "Ctrl+Shift+L",
-         Needs::Nothing, false, editList},
+        {"edit-list", Area::Tools, "EDIT_LIST", "EDIT_LIST_TIP", "Ctrl+Shift+L", Needs::Nothing,
+         false, editList},
 
-        {"first", Area::FirstSteps, "Make the first session…",
-         "Makes the first part format and the first session of a store", "", Needs::Nothing, false,
+        {"first", Area::FirstSteps, "FIRST_SESSION", "FIRST_SESSION_TIP", "", Needs::Nothing, false,
          takeFirstSteps},
 
-        {"held", Area::Developers, "Show what is held in memory",
-         "Shows the session and part formats of the last work in memory", "Ctrl+H", Needs::Nothing,
-         true, showHeld},
+        {"held", Area::Developers, "SHOW_HELD", "SHOW_HELD_TIP", "Ctrl+H", Needs::Nothing, true,
+         showHeld},
     };
     return all;
 }

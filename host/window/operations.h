@@ -35,8 +35,8 @@ struct Operation {
     enum class Needs { Nothing, Session, DatabaseSession, DatabaseItem, RefusedEdit };
     const char* id;  ///< for code that looks it up
     Area area;
-    const char* caption;   ///< with its mnemonic
-    const char* tip;       ///< one sentence for the status bar
+    const char* caption;   ///< key of its text, which marks a key
+    const char* tip;       ///< key of one sentence for the status bar
     const char* shortcut;  ///< key sequence; empty: none
     Needs needs;           ///< what must be there for it to be offered
     bool button;           ///< has a button besides its place in the menu

@@ -5,6 +5,7 @@
 #include <QSortFilterProxyModel>
 
 #include "window/catalogue.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -58,7 +59,7 @@ void PartsTable::typeDigit(int digit) {
 
 void PartsTable::put(int pieces, int entry) {
     if (pieces > CatalogueModel::kMostPieces) {
-        emit told(tr("A part can have %1 pieces at most.").arg(CatalogueModel::kMostPieces), true);
+        emit told(wording("LIST_MOST", {numberText(CatalogueModel::kMostPieces)}), true);
         return;
     }
     if (pieces < 0) return;

@@ -8,7 +8,9 @@
 #include <QTimer>
 #include <stdexcept>
 
+#include "texts/phrase.h"
 #include "window/direction.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -25,23 +27,17 @@ QString nameOf(const QProcess& process) {
 QString obstacleSeen(const QString& program) {
     // One without a folder is looked for as the system does.
     if (!program.contains(u'/'))
-        return QStandardPaths::findExecutable(program).isEmpty()
-                   ? ProcessStarter::tr("it is not on this computer")
-                   : QString();
+        return QStandardPaths::findExecutable(program).isEmpty() ? wording("PROGRAM_NOT_HERE")
+                                                                 : QString();
     const QFileInfo file(program);
-    if (!file.exists()) return ProcessStarter::tr("it is not there");
-    if (file.isDir()) return ProcessStarter::tr("it is a folder");
-    if (!file.isExecutable())
-        return ProcessStarter::tr("you have no right to run it, or it is no program");
+    if (!file.exists()) return wording("PROGRAM_NOT_THERE");
+    if (file.isDir()) return wording("PROGRAM_IS_FOLDER");
+    if (!file.isExecutable()) return wording("PROGRAM_NO_RIGHT");
     return {};
 }
 
 std::string cantStart(const std::string& program, const QString& why) {
-    return ProcessStarter::tr(
-               "The program %1 can't be started: %2. Give the session another one, "
-               "or have it put right.")
-        .arg(QString::fromStdString(program), why)
-        .toStdString();
+    return phrase("PROGRAM_CANT_START", {program, why.toStdString()});
 }
 
 }  // namespace
@@ -78,8 +74,7 @@ void ProcessStarter::start(const ProgramStep& step) {
         // The words of the system name its calls, which help nobody here.
         const std::string seen = obstacleTo(step.command);
         throw std::runtime_error(
-            seen.empty() ? cantStart(step.command.program, tr("this computer can't run it"))
-                         : seen);
+            seen.empty() ? cantStart(step.command.program, wording("PROGRAM_CANT_RUN")) : seen);
     }
     m_waiting[process] = QByteArray::fromStdString(step.list.text);
     connect(process, &QProcess::finished, process, &QObject::deleteLater);
@@ -98,19 +93,17 @@ void ProcessStarter::handOver(QProcess* process) {
     process->write(m_waiting.at(process));
     process->closeWriteChannel();
     m_waiting.erase(process);
-    emit told(tr("%1 got the list.").arg(nameOf(*process)), false);
+    emit told(wording("PROGRAM_GOT", {nameOf(*process)}), false);
 }
 
 void ProcessStarter::ended(QProcess* process, int code) {
     if (m_waiting.erase(process) > 0)
-        emit told(tr("%1 ended before it got the list.").arg(nameOf(*process)), true);
+        emit told(wording("PROGRAM_ENDED_EARLY", {nameOf(*process)}), true);
     else if (process->exitStatus() == QProcess::CrashExit)
-        emit told(tr("%1 crashed.").arg(nameOf(*process)), true);
+        emit told(wording("PROGRAM_CRASHED", {nameOf(*process)}), true);
     else
-        emit told(code == 0 ? tr("%1 has finished.").arg(nameOf(*process))
-                            : tr("%1 has finished with a failure (its code is %2).")
-                                  .arg(nameOf(*process))
-                                  .arg(code),
+        emit told(code == 0 ? wording("PROGRAM_FINISHED", {nameOf(*process)})
+                            : wording("PROGRAM_FAILED", {nameOf(*process), numberText(code)}),
                   code != 0);
 }
 

@@ -1,6 +1,7 @@
 // The dialog that comes up when the database refused an edit.
 #include "window/refused_dialog.h"
 
+#include <QDateTime>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
@@ -15,6 +16,7 @@
 #include "window/direction.h"
 #include "window/host_dialog.h"
 #include "window/text_box.h"
+#include "window/wording.h"
 #include "wynconfig/dataset.h"
 #include "wynconfig/error.h"
 
@@ -52,6 +54,29 @@ QString textsOf(const wynconfig::MemoryEdit& edit) {
     return text;
 }
 
+/// What another workstation did to the item that an edit wanted to change.
+QString sentenceOn(const wynconfig::ItemConflict& conflict) {
+    using Act = wynconfig::ItemChange::Act;
+    const wynconfig::ItemChange& change = conflict.change;
+    const bool isSession = change.kind == wynconfig::ItemKind::Session;
+    const QString name = isolated(wynconfig::upperName(change.name));
+    if (change.act == Act::Need) return wording("REFUSED_FORMAT_NEEDED", {name});
+    if (!conflict.present)
+        return wording(isSession ? "REFUSED_SESSION_GONE" : "REFUSED_FORMAT_GONE", {name});
+    const auto at = QDateTime::fromString(toQt(conflict.present->changedAt), Qt::ISODate);
+    const QStringList facts = {name, toQt(conflict.present->changedBy), isolated(momentText(at))};
+    if (change.act == Act::Insert)
+        return wording(isSession ? "REFUSED_SESSION_THERE" : "REFUSED_FORMAT_THERE", facts);
+    return wording(isSession ? "REFUSED_SESSION_CHANGED" : "REFUSED_FORMAT_CHANGED", facts);
+}
+
+QString reasonOf(const wynconfig::RefusedEdit& refused) {
+    if (refused.conflicts().empty()) return toQt(refused.what());
+    QStringList lines = {wording("REFUSED_FASTER")};
+    for (const wynconfig::ItemConflict& each : refused.conflicts()) lines << sentenceOn(each);
+    return lines.join(u'\n');
+}
+
 QLabel* makeText(const QString& text) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
@@ -75,23 +100,21 @@ std::optional<RefusalDecision> askAboutRefusal(QWidget* window,
                                                const wynconfig::RefusedEdit& refused) {
     QDialog dialog(window);
     makeHostDialog(dialog);
-    dialog.setWindowTitle(QObject::tr("The edit was not stored"));
+    dialog.setWindowTitle(wording("REFUSED_TITLE"));
     dialog.resize(kWidth, kHeight);
     auto* name = new IdentifierEdit(toQt(refused.edit().session.name + " 2"));
     name->setObjectName("name");
-    auto* nameLabel = new QLabel(QObject::tr("Another &name:"));
+    auto* nameLabel = new QLabel(wording("REFUSED_NAME"));
     nameLabel->setBuddy(name);
     auto* texts = makeTexts(refused.edit());
-    auto* textsLabel = new QLabel(QObject::tr("&Your edit:"));
+    auto* textsLabel = new QLabel(wording("REFUSED_YOURS"));
     textsLabel->setBuddy(texts);
 
     auto* buttons = new QDialogButtonBox;
-    QPushButton* save =
-        buttons->addButton(QObject::tr("&Save under this name"), QDialogButtonBox::AcceptRole);
-    QPushButton* again =
-        buttons->addButton(QObject::tr("&Try again"), QDialogButtonBox::ActionRole);
+    QPushButton* save = buttons->addButton(wording("REFUSED_SAVE"), QDialogButtonBox::AcceptRole);
+    QPushButton* again = buttons->addButton(wording("REFUSED_AGAIN"), QDialogButtonBox::ActionRole);
     QPushButton* leave =
-        buttons->addButton(QObject::tr("&Reload the database"), QDialogButtonBox::RejectRole);
+        buttons->addButton(wording("REFUSED_RELOAD"), QDialogButtonBox::RejectRole);
     // An edit on which others were faster would only be refused again.
     again->setVisible(refused.conflicts().empty());
     save->setDefault(true);
@@ -113,10 +136,8 @@ std::optional<RefusalDecision> askAboutRefusal(QWidget* window,
     line->addWidget(nameLabel);
     line->addWidget(name, 1);
     auto* column = new QVBoxLayout(&dialog);
-    column->addWidget(makeText(toQt(refused.what())));
-    column->addWidget(makeText(QObject::tr(
-        "Your edit is kept until the catalogue is closed. Save it under another name now, or "
-        "reload the database and come back by the menu Database, Refused edit.")));
+    column->addWidget(makeText(reasonOf(refused)));
+    column->addWidget(makeText(wording("REFUSED_KEPT")));
     column->addWidget(textsLabel);
     column->addWidget(texts, 1);
     column->addLayout(line);

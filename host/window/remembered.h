@@ -24,7 +24,7 @@ class Remembered {
     /// @param file  made, with its folder, when something is kept
     explicit Remembered(const std::filesystem::path& file);
 
-    /// Language of the dialogs; empty: the user's.
+    /// Language of the windows; empty: the user's.
     std::string language() const;
     void keepLanguage(const std::string& language);
 

@@ -7,13 +7,14 @@
 #include <QStyle>
 
 #include "window/elided_label.h"
+#include "window/wording.h"
 
 namespace host {
 
 ResultLine::ResultLine(QWidget* parent)
     : QWidget(parent), m_sign(new QLabel), m_sentence(new ElidedLabel(Qt::ElideRight)) {
     m_sign->setObjectName(QStringLiteral("failureSign"));
-    m_sign->setAccessibleName(tr("Failure"));
+    withName(m_sign, "RESULT_FAILURE");
     m_sentence->setObjectName(QStringLiteral("lastResult"));
     const int size = m_sentence->fontMetrics().height();
     m_sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
@@ -30,7 +31,8 @@ void ResultLine::tell(const QString& sentence, bool isFailure) {
     m_sign->setVisible(isFailure);
     // On one line, whatever it was made for.
     m_sentence->tell(sentence.simplified());
-    if (isFailure) m_sentence->setAccessibleName(tr("Failure: %1").arg(m_sentence->told()));
+    if (isFailure)
+        m_sentence->setAccessibleName(wording("RESULT_FAILURE_OF", {m_sentence->told()}));
     // Also when it is the same sentence again.
     for (const auto kind : {QAccessible::NameChanged, QAccessible::Alert}) {
         QAccessibleEvent announcement(m_sentence, kind);

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
@@ -21,9 +22,11 @@
 #include "sample/store_items.h"
 #include "sending/vin.h"
 #include "sending/visible_text.h"
+#include "texts/phrase.h"
 #include "window/direction.h"
 #include "window/heading.h"
 #include "window/text_box.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -32,9 +35,11 @@ namespace {
 constexpr int kPlanLines = 8;
 constexpr int kOutcomeLines = 5;
 constexpr int kMostOutcomes = 500;
+const QString kBelow = QStringLiteral("  ");  ///< before a line that belongs to the one above
 
-QLabel* makeLabel(const QString& text, QWidget& buddy) {
-    auto* label = new QLabel(text);
+/// @param key  of its text
+QLabel* makeLabel(const char* key, QWidget& buddy) {
+    auto* label = withText(new QLabel, key);
     label->setBuddy(&buddy);
     return label;
 }
@@ -47,51 +52,47 @@ QString previewOf(const Expansion& list) {
     return fromText(visibleText(list.text));
 }
 
-/// What becomes of a file that is written.
-QString fateOf(const FileStep& step, const QString& bytes) {
-    if (!step.place->isThere) return SendPanel::tr("  is made, with %1 bytes").arg(bytes);
-    const QString fate =
-        step.file.append ? SendPanel::tr("  gets %1 bytes behind the %2 that it holds")
-                         : SendPanel::tr("  is overwritten: %1 bytes replace the %2 that it holds");
-    return fate.arg(bytes, QString::number(step.place->size));
+/// What becomes of a file, below the line that names it.
+QString fateOf(const FileStep& step, bool happens) {
+    const QString bytes = fromText(bytesText(step.list));
+    const QString format = isolated(step.formatName);
+    if (!happens || !step.place) return wording("PLAN_FILE_WOULD", {bytes, format});
+    if (!step.place->isThere) return wording("PLAN_FILE_MADE", {bytes, format});
+    const auto size = static_cast<long long>(step.place->size);
+    return wording(step.file.append ? "PLAN_FILE_APPENDED" : "PLAN_FILE_REPLACED",
+                   {bytes, fromText(countedPhrase("BYTES", size)), format});
 }
 
 /// @param happens  whether it comes to that
 QStringList linesOf(const FileStep& step, bool happens) {
-    const QString bytes = QString::number(step.list.text.size());
-    const QString fate = happens && step.place ? fateOf(step, bytes)
-                                               : SendPanel::tr("  would get %1 bytes").arg(bytes);
-    return {SendPanel::tr("File: %1").arg(isolated(step.file.path.string())),
-            SendPanel::tr("%1, laid out by %2").arg(fate, isolated(step.formatName))};
+    return {wording("PLAN_FILE", {isolated(step.file.path.string())}),
+            kBelow + fateOf(step, happens)};
 }
 
 QStringList linesOf(const ProgramStep& step, bool happens) {
-    constexpr double kMillisecondsPerSecond = 1000;
-    const double seconds = static_cast<double>(step.delay.count()) / kMillisecondsPerSecond;
-    const QString when =
-        seconds > 0 ? SendPanel::tr("after %1 s").arg(seconds) : SendPanel::tr("at once");
-    const QString fate =
-        happens ? SendPanel::tr("  is started and gets %1 bytes %2, laid out by %3")
-                : SendPanel::tr("  would be started and get %1 bytes %2, laid out by %3");
-    return {SendPanel::tr("Program: %1").arg(isolated(textOf(step.command))),
-            fate.arg(QString::number(step.list.text.size()), when, isolated(step.formatName))};
+    const QString when = step.delay.count() > 0
+                             ? wording("PLAN_AFTER", {fromText(secondsText(step.delay))})
+                             : wording("PLAN_AT_ONCE");
+    return {wording("PLAN_PROGRAM", {isolated(textOf(step.command))}),
+            kBelow + wording(happens ? "PLAN_STARTED" : "PLAN_STARTED_WOULD",
+                             {fromText(bytesText(step.list)), when, isolated(step.formatName)})};
 }
 
 QString factsOf(const Session& session) {
     QStringList lines;
     for (const auto& [label, value] : furtherFacts(session))
-        lines << SendPanel::tr("%1: %2").arg(fromText(label), fromText(value));
-    lines << QString()
-          << SendPanel::tr("This catalogue looks for no windows: it only shows these.");
+        lines << wording("JOIN_COLON", {fromText(label), fromText(value)});
+    lines << QString() << wording("SEND_FACTS_END");
     return lines.join(u'\n');
 }
 
 }  // namespace
 
 SendPanel::SendPanel(const StoreFolders& store, QWidget* parent)
-    : QWidget(parent), m_store(store), m_sendAction(new QAction(tr("S&end list"), this)) {
+    : QWidget(parent),
+      m_store(store),
+      m_sendAction(withTip(withText(new QAction(this), "SEND_ACTION"), "SEND_TIP")) {
     m_sendAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
-    m_sendAction->setStatusTip(tr("Sends the parts list as the chosen session says"));
     connect(m_sendAction, &QAction::triggered, this, &SendPanel::send);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(makeChoices());
@@ -104,6 +105,10 @@ SendPanel::SendPanel(const StoreFolders& store, QWidget* parent)
                 emit told(sentence, isFailure);
             });
     readStore();
+    connect(&LanguageNews::instance(), &LanguageNews::changed, this, [this] {
+        readSession();
+        refresh();
+    });
 }
 
 QWidget* SendPanel::makeChoices() {
@@ -111,10 +116,10 @@ QWidget* SendPanel::makeChoices() {
     m_sessions->setObjectName(QStringLiteral("session"));
     m_formats = new IdentifierBox;
     m_formats->setObjectName(QStringLiteral("partFormat"));
-    m_formats->setToolTip(tr("Lays the list out for the program"));
+    worded(m_formats, [this] { m_formats->setToolTip(wording("SEND_FORMAT_TIP")); });
     m_vin = new IdentifierEdit;
     m_vin->setObjectName(QStringLiteral("vin"));
-    m_vin->setPlaceholderText(tr("17 characters, or none"));
+    withHint(m_vin, "SEND_VIN_HINT");
     m_vin->setClearButtonEnabled(true);
     m_vinHint = new QLabel;
     m_vinHint->setObjectName(QStringLiteral("vinHint"));
@@ -129,13 +134,13 @@ QWidget* SendPanel::makeChoices() {
     auto* grid = new QGridLayout(widget);
     grid->setContentsMargins(0, 0, 0, 0);
     int row = 0;
-    const auto add = [&](const QString& label, QWidget& field) {
+    const auto add = [&](const char* label, QWidget& field) {
         grid->addWidget(makeLabel(label, field), row, 0);
         grid->addWidget(&field, row++, 1);
     };
-    add(tr("S&ession:"), *m_sessions);
-    add(tr("Part form&at:"), *m_formats);
-    add(tr("&VIN:"), *m_vin);
+    add("SEND_SESSION", *m_sessions);
+    add("SEND_FORMAT", *m_formats);
+    add("SEND_VIN", *m_vin);
     grid->addWidget(m_vinHint, row, 1);
     grid->setColumnStretch(1, 1);
 
@@ -152,47 +157,49 @@ QWidget* SendPanel::makeChoices() {
 }
 
 QWidget* SendPanel::makePreview() {
-    const auto add = [this](const QString& title, const QString& name) {
+    const auto add = [this](const char* title, const char* name) {
         QPlainTextEdit* box = makeTextBox(name);
-        m_preview->addTab(box, title);
+        const int page = m_preview->addTab(box, QString());
+        worded(box, [this, page, title] { m_preview->setTabText(page, wording(title)); });
         return box;
     };
     m_preview = new QTabWidget;
     m_preview->setDocumentMode(true);
-    m_programList = add(tr("For the progra&m"), tr("List for the program"));
+    m_programList = add("SEND_FOR_PROGRAM", "SEND_FOR_PROGRAM_NAME");
     m_programList->setObjectName(QStringLiteral("programList"));
-    m_programList->setPlaceholderText(tr("No program gets the list."));
-    m_fileList = add(tr("For t&he file"), tr("List for the file"));
+    withHint(m_programList, "SEND_FOR_PROGRAM_NONE");
+    m_fileList = add("SEND_FOR_FILE", "SEND_FOR_FILE_NAME");
     m_fileList->setObjectName(QStringLiteral("fileList"));
-    m_fileList->setPlaceholderText(tr("The session writes no file."));
-    m_facts = add(tr("Onl&y shown"), tr("Settings that are only shown"));
+    withHint(m_fileList, "SEND_FOR_FILE_NONE");
+    m_facts = add("SEND_FACTS", "SEND_FACTS_NAME");
     m_facts->setObjectName(QStringLiteral("facts"));
     letLinesBreak(*m_facts);
     return m_preview;
 }
 
 QWidget* SendPanel::makePlan() {
-    m_plan = makeSentenceBox(tr("What sending will do"));
+    m_plan = makeSentenceBox("SEND_PLAN");
     m_plan->setObjectName(QStringLiteral("plan"));
     setLines(*m_plan, kPlanLines);
-    m_outcome = makeSentenceBox(tr("What came of it"));
+    m_outcome = makeSentenceBox("SEND_OUTCOME");
     m_outcome->setObjectName(QStringLiteral("outcome"));
-    m_outcome->setPlaceholderText(tr("Nothing was sent yet."));
+    withHint(m_outcome, "SEND_OUTCOME_NONE");
     m_outcome->setMaximumBlockCount(kMostOutcomes);
     setLines(*m_outcome, kOutcomeLines);
-    m_send = new QPushButton(tr("Send lis&t"));
+    m_send = withTip(withText(new QPushButton, "SEND_BUTTON"), "SEND_TIP");
     m_send->setObjectName(QStringLiteral("send"));
-    m_send->setStatusTip(m_sendAction->statusTip());
-    m_send->setToolTip(m_sendAction->shortcut().toString(QKeySequence::NativeText));
+    worded(m_send, [this] {
+        m_send->setToolTip(m_sendAction->shortcut().toString(QKeySequence::NativeText));
+    });
     connect(m_send, &QPushButton::clicked, m_sendAction, &QAction::trigger);
 
     auto* widget = new QWidget;
     auto* column = new QVBoxLayout(widget);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(makeLabel(tr("&What sending will do:"), *m_plan));
+    column->addWidget(makeLabel("SEND_PLAN", *m_plan));
     column->addWidget(m_plan);
     auto* line = new QHBoxLayout;
-    line->addWidget(makeLabel(tr("What &came of it:"), *m_outcome), 1, Qt::AlignBottom);
+    line->addWidget(makeLabel("SEND_OUTCOME", *m_outcome), 1, Qt::AlignBottom);
     line->addWidget(m_send);
     column->addLayout(line);
     column->addWidget(m_outcome);
@@ -241,9 +248,9 @@ void SendPanel::readSession() {
     m_session.reset();
     try {
         if (m_sessions->currentIndex() < 0)
-            throw std::runtime_error(m_store.faults().empty() && m_store.losses().empty()
-                                         ? "The store holds no session."
-                                         : "No session of the store can be read.");
+            throw std::runtime_error(phrase(m_store.faults().empty() && m_store.losses().empty()
+                                                ? "SEND_NO_SESSION"
+                                                : "SEND_NO_READABLE_SESSION"));
         m_session = loadSession(m_store, m_sessions->currentText().toStdString());
     } catch (const std::exception& failure) {
         m_unreadable = failure.what();
@@ -309,11 +316,11 @@ void SendPanel::showPlan(const Plan& plan) {
     QStringList lines;
     const QStringList known = identifiersOf(plan);
     const bool happens = plan.problems.empty();
-    if (!happens) lines << tr("Nothing will be sent:");
+    if (!happens) lines << wording("PLAN_NOTHING");
     for (const std::string& problem : plan.problems) lines << isolatedIn(fromText(problem), known);
-    lines << (plan.file ? linesOf(*plan.file, happens) : QStringList(tr("No file is written.")));
+    lines << (plan.file ? linesOf(*plan.file, happens) : QStringList(wording("PLAN_NO_FILE")));
     lines << (plan.program ? linesOf(*plan.program, happens)
-                           : QStringList(tr("No program is started.")));
+                           : QStringList(wording("PLAN_NO_PROGRAM")));
     for (const std::string& remark : plan.remarks) lines << isolatedIn(fromText(remark), known);
     showText(*m_plan, lines.join(u'\n'));
 }
@@ -324,8 +331,8 @@ void SendPanel::setSent(std::optional<std::vector<PickedPart>> parts) {
 }
 
 void SendPanel::note(const QString& sentences) {
-    m_outcome->appendPlainText(tr("%1 %2").arg(
-        isolated(QTime::currentTime().toString(QStringLiteral("hh:mm"))), sentences));
+    const QString now = QLocale().toString(QTime::currentTime(), QLocale::ShortFormat);
+    m_outcome->appendPlainText(wording("SEND_NOTED", {isolated(now), sentences}));
     // The newest stays in sight, also for somebody who had looked back.
     m_outcome->verticalScrollBar()->setValue(m_outcome->verticalScrollBar()->maximum());
 }
@@ -339,9 +346,9 @@ void SendPanel::send() {
     const QStringList known = identifiersOf(now);
     for (const std::string& sentence : report.done) lines << isolatedIn(fromText(sentence), known);
     if (!report.failure.empty())
-        lines << (report.done.empty() ? tr("Nothing was sent. %1") : tr("But: %1"))
-                     .arg(isolatedIn(fromText(report.failure), known));
-    note(tr("%1: %2").arg(isolated(m_sessions->currentText()), lines.join(u' ')));
+        lines << wording(report.done.empty() ? "SENT_NOTHING" : "SENT_BUT",
+                         {isolatedIn(fromText(report.failure), known)});
+    note(wording("JOIN_COLON", {isolated(m_sessions->currentText()), lines.join(u' ')}));
     refresh();  // the file is there by now, or holds more
     if (report.failure.empty()) setSent(m_list.parts);
     emit told(lines.join(u' '), !report.failure.empty());

@@ -8,6 +8,7 @@
 #include <QMenu>
 
 #include "window/direction.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -50,7 +51,7 @@ void SentenceLabel::mouseReleaseEvent(QMouseEvent* event) {
 void SentenceLabel::contextMenuEvent(QContextMenuEvent* event) {
     if (textInteractionFlags() == Qt::NoTextInteraction) return event->ignore();
     QMenu menu(this);
-    QAction* copying = menu.addAction(tr("&Copy"), QKeySequence::Copy, this,
+    QAction* copying = menu.addAction(wording("COPY"), QKeySequence::Copy, this,
                                       [this] { copy(QClipboard::Clipboard); });
     copying->setEnabled(hasSelectedText());
     menu.exec(event->globalPos());

@@ -4,7 +4,6 @@
 #include <QAction>
 #include <QHBoxLayout>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
@@ -18,6 +17,8 @@
 #include "window/database_panel.h"
 #include "window/developer_panel.h"
 #include "window/direction.h"
+#include "window/store_dialogs.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -25,7 +26,7 @@ namespace {
 
 /// What an operation is called in a sentence.
 QString nameOf(const Operation& operation) {
-    return QString::fromUtf8(operation.caption).remove(u'&').remove(QChar(0x2026));  // ellipsis
+    return plainWording(operation.caption);
 }
 
 }  // namespace
@@ -43,9 +44,8 @@ SessionPanel::SessionPanel(Workplace& workplace, QWidget* parent)
 
 void SessionPanel::makeActions() {
     for (const Operation& operation : operations()) {
-        auto* action = new QAction(QString::fromUtf8(operation.caption), this);
+        auto* action = withTip(withText(new QAction(this), operation.caption), operation.tip);
         action->setObjectName(operation.id);
-        action->setStatusTip(QString::fromUtf8(operation.tip));
         action->setShortcut(QKeySequence(QString::fromUtf8(operation.shortcut)));
         connect(action, &QAction::triggered, this, [this, &operation] { trigger(operation); });
         m_actions << action;
@@ -72,11 +72,15 @@ QList<QAction*> SessionPanel::buttonActions(Area area) const {
 
 QWidget* SessionPanel::makeLists() {
     m_lists = new QTabWidget;
-    m_lists->addTab(makeSessions(), tr("S&essions of the store"));
+    m_lists->addTab(makeSessions(), QString());
     m_database = new DatabasePanel(m_workplace, buttonActions(Area::Database),
                                    findChild<QAction*>("configure-of-database"));
     connect(m_database, &DatabasePanel::selectionChanged, this, &SessionPanel::enableActions);
-    m_lists->addTab(m_database, tr("Database"));
+    m_lists->addTab(m_database, QString());
+    worded(m_lists, [this] {
+        m_lists->setTabText(0, wording("SESSIONS_TITLE"));
+        m_lists->setTabText(1, wording("DATABASE_TITLE"));
+    });
     // A database that can't be reached takes seconds: it is asked when somebody wants to see it.
     connect(m_lists, &QTabWidget::currentChanged, this, [this] { listDatabase({}); });
     return m_lists;
@@ -85,7 +89,7 @@ QWidget* SessionPanel::makeLists() {
 QWidget* SessionPanel::makeSessions() {
     m_sessions = new QListWidget;
     m_sessions->setItemDelegate(new DirectionDelegate(m_sessions));
-    m_sessions->setAccessibleName(tr("Sessions of the store"));
+    withName(m_sessions, "SESSIONS_TITLE");
     connect(m_sessions, &QListWidget::currentRowChanged, this, &SessionPanel::enableActions);
     connect(m_sessions, &QListWidget::currentTextChanged, this, &SessionPanel::sessionSelected);
     connect(m_sessions, &QListWidget::itemActivated, findChild<QAction*>("configure"),
@@ -189,8 +193,8 @@ void SessionPanel::trigger(const Operation& operation) {
         // What is listed may be what made it fail.
         listDatabase({});
         const QString why = QString::fromUtf8(failure.what());
-        emit told(tr("%1: %2").arg(nameOf(operation), why), true);
-        QMessageBox::critical(this, window()->windowTitle(), why);
+        emit told(wording("JOIN_COLON", {nameOf(operation), why}), true);
+        tellFailure(window(), why);
     }
 }
 
@@ -230,10 +234,11 @@ Outcome SessionPanel::perform(const Operation& operation) {
 void SessionPanel::tell(const Operation& operation, const Outcome& outcome, const QString& more) {
     const QString name = isolated(outcome.name);
     const QString done = !more.isEmpty()       ? more
-                         : outcome.result == 0 ? tr("confirmed.")
-                                               : tr("not confirmed.");
-    const QString lead = name.isEmpty() ? nameOf(operation) : nameOf(operation) + ", " + name;
-    emit told(tr("%1: %2").arg(lead, done), outcome.failed);
+                         : outcome.result == 0 ? wording("DONE_CONFIRMED")
+                                               : wording("DONE_NOT_CONFIRMED");
+    const QString lead =
+        name.isEmpty() ? nameOf(operation) : wording("JOIN_COMMA", {nameOf(operation), name});
+    emit told(wording("JOIN_COLON", {lead, done}), outcome.failed);
 }
 
 }  // namespace host

@@ -12,6 +12,7 @@
 #include "window/host_dialog.h"
 #include "window/language.h"
 #include "window/store_dialogs.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -28,14 +29,14 @@ using Way = std::pair<const char*, QString>;
 /// @return the object name of its button; "quit", also when the box was closed
 QString ask(const std::string& why, const QString& advice, const QString& place,
             const std::vector<Way>& ways) {
-    QMessageBox box(QMessageBox::Warning, QObject::tr("Parts Catalogue"),
+    QMessageBox box(QMessageBox::Warning, wording("WINDOW_TITLE"),
                     isolatedIn(QString::fromUtf8(why), {place}));
     box.setObjectName(kHostDialog);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(advice);
     for (const auto& [name, caption] : ways)
         box.addButton(caption, QMessageBox::AcceptRole)->setObjectName(QString::fromUtf8(name));
-    QPushButton* quit = box.addButton(QObject::tr("&Quit"), QMessageBox::RejectRole);
+    QPushButton* quit = box.addButton(wording("QUIT_QUIT"), QMessageBox::RejectRole);
     quit->setObjectName(QStringLiteral("quit"));
     box.setEscapeButton(quit);
     box.exec();
@@ -50,21 +51,17 @@ std::shared_ptr<wynconfig::ResourceManager> findTexts(std::string& resources,
         try {
             return useLanguage(resources, language);
         } catch (const std::exception& failure) {
-            std::vector<Way> ways = {{"folder", QObject::tr("&Choose their folder…")}};
-            if (language != kEnglish) ways.emplace_back("english", QObject::tr("Take &English"));
-            const QString chosen =
-                ask(failure.what(),
-                    QObject::tr(
-                        "Without its texts the catalogue can't show its dialogs. Choose the folder "
-                        "in which they lie; it holds files such as en.xlf."),
-                    QString::fromStdString(resources), ways);
+            std::vector<Way> ways = {{"folder", wording("START_TEXTS_FOLDER")}};
+            if (language != kEnglish) ways.emplace_back("english", wording("START_ENGLISH"));
+            const QString chosen = ask(failure.what(), wording("START_TEXTS"),
+                                       QString::fromStdString(resources), ways);
             if (chosen == "quit") return nullptr;
             if (chosen == "english") {
                 language = kEnglish;
                 continue;
             }
             const QString folder = QFileDialog::getExistingDirectory(
-                nullptr, QObject::tr("Folder of the texts"), QString::fromStdString(resources));
+                nullptr, wording("START_TEXTS_TITLE"), QString::fromStdString(resources));
             if (!folder.isEmpty()) resources = folder.toStdString();
         }
     }
@@ -77,14 +74,9 @@ std::optional<StoreFolders> findStore(wynconfig::WYNConfig& component, fs::path 
             if (!store.exist()) makeSampleStore(component, store);
             return store;
         } catch (const std::exception& failure) {
-            const QString chosen = ask(
-                failure.what(),
-                QObject::tr(
-                    "Choose a folder that holds a store, or an empty one for a new store; or put "
-                    "right what is in the way, and try again."),
-                QString::fromStdString(root.string()),
-                {{"folder", QObject::tr("&Choose another folder…")},
-                 {"again", QObject::tr("&Try again")}});
+            const QString chosen =
+                ask(failure.what(), wording("START_STORE"), QString::fromStdString(root.string()),
+                    {{"folder", wording("START_STORE_FOLDER")}, {"again", wording("START_AGAIN")}});
             if (chosen == "quit") return std::nullopt;
             if (chosen == "folder") root = askForStore(nullptr, root).value_or(root);
         }
@@ -92,7 +84,7 @@ std::optional<StoreFolders> findStore(wynconfig::WYNConfig& component, fs::path 
 }
 
 void tellBadStart(const std::string& why) {
-    ask(why, QObject::tr("The catalogue can't come up."), {}, {});
+    ask(why, wording("START_CANT"), {}, {});
 }
 
 }  // namespace host

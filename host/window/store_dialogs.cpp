@@ -17,6 +17,7 @@
 #include "window/direction.h"
 #include "window/host_dialog.h"
 #include "window/sentence_label.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -27,10 +28,6 @@ namespace {
 constexpr int kFieldWidth = 380;
 constexpr int kNoteLines = 3;  ///< room for them, so that nothing jumps
 
-QString tr(const char* text) {
-    return QObject::tr(text);
-}
-
 /// A form with a box for the folder of a store, and OK and Cancel below.
 class StoreForm {
   public:
@@ -40,21 +37,22 @@ class StoreForm {
         dialog.setWindowTitle(title);
         folder->setObjectName("storeFolder");
         folder->setMinimumWidth(kFieldWidth);
-        auto* browse = new QPushButton(tr("&Browse…"));
+        auto* browse = new QPushButton(wording("DIALOG_BROWSE"));
         auto* line = new QHBoxLayout;
         line->addWidget(folder);
         line->addWidget(browse);
-        auto* label = new QLabel(tr("&Folder of the store:"));
+        auto* label = new QLabel(wording("STORE_FOLDER"));
         label->setBuddy(folder);
         fields->addRow(label, line);
         QObject::connect(browse, &QPushButton::clicked, &dialog, [this] {
             const QString path = QFileDialog::getExistingDirectory(
-                &dialog, tr("Folder of the store"), folder->text());
+                &dialog, wording("STORE_FOLDER_TITLE"), folder->text());
             if (!path.isEmpty()) folder->setText(path);
         });
         m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
         ok()->setText(okCaption);
         ok()->setObjectName("ok");
+        withText(m_buttons->button(QDialogButtonBox::Cancel), "DIALOG_CANCEL");
         QObject::connect(m_buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
         QObject::connect(m_buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     }
@@ -85,26 +83,24 @@ Judgement judgedFolder(const StoreFolders& store) {
     using wynconfig::ItemKind;
     const bool mayWrite = QFileInfo(QString::fromStdString(store.root.string())).isWritable();
     if (store.exist()) {
-        const QString held = tr("This folder holds a store; sessions: %1, part formats: %2.")
-                                 .arg(store.readableNames(ItemKind::Session).size())
-                                 .arg(store.readableNames(ItemKind::PartFormat).size());
-        return {mayWrite ? held : tr("%1 You have no right to change it.").arg(held), true};
+        const auto count = [&](ItemKind kind) {
+            return numberText(static_cast<qlonglong>(store.readableNames(kind).size()));
+        };
+        return {wording(mayWrite ? "FOLDER_STORE" : "FOLDER_STORE_READ_ONLY",
+                        {count(ItemKind::Session), count(ItemKind::PartFormat)}),
+                true};
     }
-    if (!mayWrite)
-        return {tr("This folder holds no store, and you have no right to make one there."), false};
+    if (!mayWrite) return {wording("FOLDER_NO_RIGHT"), false};
     std::error_code ignored;
-    return {fs::is_empty(store.root, ignored)
-                ? tr("A new store will be made there.")
-                : tr("This folder holds other files, but no store. A new store will be made among "
-                     "them."),
-            true};
+    const bool isEmpty = fs::is_empty(store.root, ignored);
+    return {wording(isEmpty ? "FOLDER_EMPTY" : "FOLDER_OTHER_FILES"), true};
 }
 
 Judgement judged(const fs::path& path) {
-    if (path.empty()) return {tr("Enter the folder, or browse for it."), false};
+    if (path.empty()) return {wording("FOLDER_ENTER"), false};
     std::error_code failure;
     const fs::file_type kind = fs::status(path, failure).type();
-    if (kind == fs::file_type::not_found) return {tr("There is no such folder."), false};
+    if (kind == fs::file_type::not_found) return {wording("FOLDER_NONE"), false};
     const StoreFolders store(path);
     const std::vector<std::string> faults = store.faults();
     if (!faults.empty()) return {QString::fromStdString(faults.front()), false};
@@ -114,7 +110,7 @@ Judgement judged(const fs::path& path) {
 }  // namespace
 
 std::optional<fs::path> askForStore(QWidget* window, const fs::path& now) {
-    StoreForm form(window, tr("Open another store"), tr("&Open"));
+    StoreForm form(window, wording("OPEN_TITLE"), wording("OPEN_OK"));
     auto* note = new SentenceLabel;
     note->setObjectName("storeNote");
     note->setWordWrap(true);
@@ -133,13 +129,13 @@ std::optional<fs::path> askForStore(QWidget* window, const fs::path& now) {
 }
 
 std::optional<TakeOver> askForTakeOver(QWidget* window) {
-    StoreForm form(window, tr("Take over a session from another store"), tr("&Take over"));
+    StoreForm form(window, wording("TAKE_OVER_TITLE"), wording("TAKE_OVER_OK"));
     auto* session = new IdentifierBox;
     session->setObjectName("session");
     auto* name = new IdentifierEdit;
     name->setObjectName("name");
-    form.fields->addRow(tr("&Session:"), session);
-    form.fields->addRow(tr("Keep it in the database &as:"), name);
+    form.fields->addRow(wording("TAKE_OVER_SESSION"), session);
+    form.fields->addRow(wording("TAKE_OVER_NAME"), name);
     QObject::connect(form.folder, &QLineEdit::textChanged, &form.dialog, [&] {
         session->clear();
         for (const std::string& each :
@@ -158,22 +154,30 @@ std::optional<TakeOver> askForTakeOver(QWidget* window) {
 }
 
 bool askToRemove(QWidget* window, const std::string& name) {
-    const QString text = tr("Remove %1 from the database?").arg(isolated(name));
-    QMessageBox box(QMessageBox::Question, tr("Parts Catalogue"), text,
+    const QString text = wording("REMOVE_QUESTION", {isolated(name)});
+    QMessageBox box(QMessageBox::Question, wording("WINDOW_TITLE"), text,
                     QMessageBox::Yes | QMessageBox::No, window);
     makeHostDialog(box);
-    box.button(QMessageBox::Yes)->setObjectName("yes");
+    worded(box.button(QMessageBox::Yes), "DIALOG_YES", "yes");
+    worded(box.button(QMessageBox::No), "DIALOG_NO", "no");
     box.setTextFormat(Qt::PlainText);
     return runHostDialog(box) == QMessageBox::Yes;
 }
 
-bool askToQuit(QWidget* window) {
-    QMessageBox box(QMessageBox::Question, tr("Parts Catalogue"),
-                    tr("The parts list was not sent. Quit all the same?"), QMessageBox::NoButton,
-                    window);
+void tellFailure(QWidget* window, const QString& why) {
+    QMessageBox box(QMessageBox::Critical, wording("WINDOW_TITLE"), why, QMessageBox::Ok, window);
     makeHostDialog(box);
-    QPushButton* quit = box.addButton(tr("&Quit"), QMessageBox::AcceptRole);
-    QPushButton* stay = box.addButton(tr("&Stay"), QMessageBox::RejectRole);
+    box.setTextFormat(Qt::PlainText);
+    worded(box.button(QMessageBox::Ok), "DIALOG_OK", "ok");
+    runHostDialog(box);
+}
+
+bool askToQuit(QWidget* window) {
+    QMessageBox box(QMessageBox::Question, wording("WINDOW_TITLE"), wording("QUIT_QUESTION"),
+                    QMessageBox::NoButton, window);
+    makeHostDialog(box);
+    QPushButton* quit = box.addButton(wording("QUIT_QUIT"), QMessageBox::AcceptRole);
+    QPushButton* stay = box.addButton(wording("QUIT_STAY"), QMessageBox::RejectRole);
     quit->setObjectName("quit");
     stay->setObjectName("stay");
     box.setDefaultButton(stay);

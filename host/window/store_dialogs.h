@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+class QString;
 class QWidget;
 
 namespace host {
@@ -22,6 +23,9 @@ struct TakeOver {
 std::optional<TakeOver> askForTakeOver(QWidget* window);
 
 bool askToRemove(QWidget* window, const std::string& name);
+
+/// Says why something could not be done.
+void tellFailure(QWidget* window, const QString& why);
 
 /// Asks whether to quit with a parts list that was not sent, and will not be there again.
 bool askToQuit(QWidget* window);

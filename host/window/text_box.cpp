@@ -14,6 +14,7 @@
 #include <QTextOption>
 
 #include "window/direction.h"
+#include "window/wording.h"
 
 namespace host {
 
@@ -59,25 +60,24 @@ class SentenceBox : public QPlainTextEdit {
     }
 };
 
-QPlainTextEdit* makeReadOnly(QPlainTextEdit* box, const QString& name) {
+QPlainTextEdit* makeReadOnly(QPlainTextEdit* box, const char* name) {
     box->setReadOnly(true);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box->setTabChangesFocus(true);
     box->setLineWrapMode(QPlainTextEdit::NoWrap);
     box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    box->setAccessibleName(name);
-    return box;
+    return withName(box, name);
 }
 
 }  // namespace
 
-QPlainTextEdit* makeTextBox(const QString& name) {
+QPlainTextEdit* makeTextBox(const char* name) {
     QPlainTextEdit* box = makeReadOnly(new ListBox, name);
     readLeftToRight(*box);
     return box;
 }
 
-QPlainTextEdit* makeSentenceBox(const QString& name) {
+QPlainTextEdit* makeSentenceBox(const char* name) {
     return makeReadOnly(new SentenceBox, name);
 }
 

@@ -7,12 +7,12 @@ namespace host {
 
 /// A read-only box in a font of fixed width, in which the names of control characters stand out in
 /// colour. The tab key leaves it.
-/// @param name  for screen readers
-QPlainTextEdit* makeTextBox(const QString& name);
+/// @param name  key of the text for screen readers
+QPlainTextEdit* makeTextBox(const char* name);
 
 /// The same for sentences with identifiers in them, which are copied without the marks of their
 /// direction.
-QPlainTextEdit* makeSentenceBox(const QString& name);
+QPlainTextEdit* makeSentenceBox(const char* name);
 
 /// Has lines run from left to right, whatever letter they begin with: what programs read.
 void readLeftToRight(QPlainTextEdit& box);

@@ -47,7 +47,7 @@ class Workplace {
     void keepSessionList(const std::string& list) const;
 
     const std::string& resources() const { return m_resources; }
-    /// Sets the language of the component's texts. Raises `wynconfig::Error`.
+    /// Sets the language of all texts. Raises `wynconfig::Error`.
     /// @param language  such as "en"; empty: the user's
     void setLanguage(const std::string& language);
     /// The language that was set last; empty: the user's.

@@ -9,8 +9,7 @@ import unittest
 from xml.etree import ElementTree
 
 SPACE = "{urn:oasis:names:tc:xliff:document:1.2}"
-FOLDER = pathlib.Path(os.environ["SOURCE"]) / "resources"
-FILES = sorted(FOLDER.glob("*.xlf"))
+SOURCE = pathlib.Path(os.environ["SOURCE"])
 # The attributes of each element, in this order, and its children.
 FORM = {
     "xliff": ("version", "file "),
@@ -59,19 +58,19 @@ def notes_of(unit, tag):
     return notes
 
 
-class TextFiles(unittest.TestCase):
+class FilesOf:
+    """The files of one folder."""
     maxDiff = None
+    FOLDER = None
 
     @classmethod
     def setUpClass(cls):
-        cls.roots = {file.stem: ElementTree.parse(file).getroot() for file in FILES}
+        cls.files = sorted((SOURCE / cls.FOLDER).glob("*.xlf"))
+        cls.roots = {file.stem: ElementTree.parse(file).getroot() for file in cls.files}
         cls.english = units_of(cls.roots["en"])
 
-    def test_there_are_nine(self):
-        self.assertEqual(len(FILES), 9)
-
     def test_each_is_well_formed(self):
-        subprocess.run(["xmllint", "--noout", *FILES], check=True)
+        subprocess.run(["xmllint", "--noout", *self.files], check=True)
 
     def test_each_has_the_form(self):
         for tag, root in self.roots.items():
@@ -116,6 +115,29 @@ class TextFiles(unittest.TestCase):
             ):
                 self.assertEqual(group.find(f"{SPACE}note").text, english.find(f"{SPACE}note").text)
 
+    def test_each_stands_in_one_layout(self):
+        for file in self.files:
+            lines = file.read_text(encoding="utf-8").splitlines()
+            with self.subTest(file=file.name):
+                self.assertEqual(lines[0], '<?xml version="1.0" encoding="UTF-8"?>')
+                depth = 0
+                for number, line in enumerate(lines[1:], 2):
+                    opened = len(re.findall(r"<[a-z]", line))
+                    closed = line.count("</")
+                    indent = 2 * (depth - max(0, closed - opened))
+                    self.assertEqual(len(line) - len(line.lstrip()), indent, number)
+                    self.assertEqual(line, line.rstrip(), number)
+                    depth += opened - closed
+                    if "<source>" not in line and "<target>" not in line:
+                        self.assertLessEqual(len(line), 100, number)
+
+
+class ComponentFiles(FilesOf, unittest.TestCase):
+    FOLDER = "resources"
+
+    def test_there_are_nine(self):
+        self.assertEqual(len(self.files), 9)
+
     def test_a_message_that_is_joined_has_notes_that_show_it_in_its_language(self):
         for tag, root in self.roots.items():
             units = units_of(root)
@@ -130,21 +152,23 @@ class TextFiles(unittest.TestCase):
                     shown = plain(note.text).replace("\u00a0", " ")
                     self.assertIn(text.replace("\u00a0", " "), shown, (tag, key))
 
-    def test_each_stands_in_one_layout(self):
-        for file in FILES:
-            lines = file.read_text(encoding="utf-8").splitlines()
-            with self.subTest(file=file.name):
-                self.assertEqual(lines[0], '<?xml version="1.0" encoding="UTF-8"?>')
-                depth = 0
-                for number, line in enumerate(lines[1:], 2):
-                    opened = len(re.findall(r"<[a-z]", line))
-                    closed = line.count("</")
-                    indent = 2 * (depth - max(0, closed - opened))
-                    self.assertEqual(len(line) - len(line.lstrip()), indent, number)
-                    self.assertEqual(line, line.rstrip(), number)
-                    depth += opened - closed
-                    if "<source>" not in line and "<target>" not in line:
-                        self.assertLessEqual(len(line), 100, number)
+
+class HostFiles(FilesOf, unittest.TestCase):
+    FOLDER = "host/resources"
+
+    def test_each_unit_has_a_note(self):
+        for key, (_, unit) in self.english.items():
+            self.assertIsNotNone(unit.find(f"{SPACE}note"), key)
+
+    def test_each_has_the_places_of_english(self):
+        for tag, root in self.roots.items():
+            for key, (_, unit) in units_of(root).items():
+                target = unit.find(f"{SPACE}target")
+                if target is None:
+                    continue
+                places = [sorted(re.findall("%.", each)) for each in
+                          (unit.find(f"{SPACE}source").text, target.text)]
+                self.assertEqual(places[1], places[0], (tag, key))
 
 
 if __name__ == "__main__":

@@ -21,10 +21,10 @@
 #include "window/catalogue.h"
 #include "window/direction.h"
 #include "window/host_dialog.h"
+#include "window/language.h"
 #include "window/main_window.h"
 #include "window/sentence_label.h"
 #include "window/workplace.h"
-#include "wynconfig/resource_manager.h"
 
 namespace host {
 
@@ -43,7 +43,10 @@ class HostWindow : public testing::Test {
     }
 
     void SetUp() override {
-        component.InitResourceManager(wynconfig::makeBundleResourceManager(WYNCONFIG_RESOURCES));
+        // Also where an earlier test changed it. The side is that of the test.
+        const Qt::LayoutDirection side = QApplication::layoutDirection();
+        component.InitResourceManager(useLanguage(WYNCONFIG_RESOURCES, "en"));
+        QApplication::setLayoutDirection(side);
         makeSampleStore(component, store);
         window = std::make_unique<MainWindow>(workplace);
         window->show();

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Turns the English texts into those of a pseudo-language, to test with: letters with accents, and
 about 40 % more of them, so that a text that is not translated or has no room shows. What stands in
-angle brackets, marks and line ends stay, and so does all punctuation.
+angle brackets, marks, places of values and line ends stay, and so does all punctuation.
 
 pseudo_texts.py ENGLISH PSEUDO: reads the one file and writes the other, whose name is the locale.
 """
@@ -18,7 +18,7 @@ ACCENTS = {
     ord(plain): accented * (2 if plain in TWICE else 1)
     for plain, accented in zip(PLAIN, ACCENTED, strict=True)
 }
-KEPT = re.compile(r"(<[^>]*>|&.|\n)")
+KEPT = re.compile(r"(<[^>]*>|&.|%\d|\n)")
 
 
 def pseudo(text):

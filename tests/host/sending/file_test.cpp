@@ -167,9 +167,9 @@ TEST_F(ListFileTest, StaysAsItWasWhenTheDiskIsFull) {
     full.failOn(wynconfig::FaultyFileSystem::Operation::Save);
     wynconfig::setFileSystem(&full);
     for (const bool append : {false, true}) {
-        EXPECT_EQ(
-            raisedBy({at("list.txt"), append}),
-            "The file " + at("list.txt").string() + " can't be written: No space left on device.");
+        EXPECT_EQ(raisedBy({at("list.txt"), append}),
+                  "The file " + at("list.txt").string() +
+                      " can't be written: there is no space left on the disk.");
         EXPECT_EQ(content(at("list.txt")), "old");
     }
     EXPECT_EQ(full.count(wynconfig::FaultyFileSystem::Operation::Save), 2U);

@@ -116,10 +116,10 @@ TEST_F(HostFaults, GoAsSoonAsTheStoreCanBeRead) {
 TEST_F(HostFaults, OfRightsAreTold) {
     wynconfig::asOrdinaryUser({folder.path(), store.root.string(), store.sessions().string()}, [&] {
         fs::permissions(store.sessions(), fs::perms::none);
-        EXPECT_EQ(shown(), sentence("folder", store.sessions(), "Permission denied"));
+        EXPECT_EQ(shown(), sentence("folder", store.sessions(), "you have no right to do so"));
         EXPECT_EQ(widget<QComboBox>("session").count(), 0);
         fs::permissions(store.root, fs::perms::none);
-        EXPECT_EQ(shown(), sentence("folder", store.root, "Permission denied"));
+        EXPECT_EQ(shown(), sentence("folder", store.root, "you have no right to do so"));
         EXPECT_TRUE(store.exist());
         for (const fs::path& each : {store.root, store.sessions()})
             fs::permissions(each, fs::perms::owner_all);

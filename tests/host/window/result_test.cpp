@@ -132,7 +132,7 @@ TEST_F(HostResult, OfAClearedListIsTold) {
 TEST_F(HostResult, OfAnotherLanguageIsTold) {
     for (QAction* each : window->findChildren<QAction*>())
         if (each->text() == "English") each->trigger();
-    EXPECT_EQ(result(), "From now on the dialogs are in English.");
+    EXPECT_EQ(result(), "From now on the language is English.");
 }
 
 TEST_F(HostResult, IsNotCoveredByTips) {

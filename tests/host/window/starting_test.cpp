@@ -95,8 +95,8 @@ TEST_F(HostStarting, TriesAgainWhenTheUserHasPutItRight) {
     answer("again", [&](QDialog&) { fs::remove(blocked); });
     const auto found = findStore(component, blocked / "store");
     ASSERT_TRUE(found.has_value());
-    const std::string sentence =
-        "The store " + (blocked / "store").string() + " can't be made: Not a directory.";
+    const std::string sentence = "The store " + (blocked / "store").string() +
+                                 " can't be made: a folder of its path is a file.";
     EXPECT_EQ(seen, (std::vector<std::string>{sentence, sentence}));
 }
 

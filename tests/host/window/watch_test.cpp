@@ -108,7 +108,7 @@ TEST_F(HostWatch, PreviewFollowsTheFolderOfTheFileAndThatOfTheProgram) {
     EXPECT_TRUE(comes([&] { return plans("  is made, with"); }));
     std::ofstream(store.lists() / "other.csv") << "other";
     fs::rename(store.lists() / "other.csv", store.lists() / "web-shop.csv");
-    EXPECT_TRUE(comes([&] { return plans("replace the 5 that"); }));
+    EXPECT_TRUE(comes([&] { return plans("replace the 5 bytes that"); }));
     choose("session", "DEALER ORDER DESK");
     fs::remove(store.programs() / "order desk");
     EXPECT_TRUE(comes([&] { return plans("it is not there"); }));

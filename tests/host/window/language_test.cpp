@@ -1,0 +1,141 @@
+// The host's windows in other languages: nothing stays in the one before when the language changes,
+// and numbers and times follow.
+#include "window/language.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QLocale>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTextEdit>
+#include <QTreeWidget>
+
+#include "sending/sending.h"
+#include "support/host_window.h"
+
+#include "support/languages.h"
+#include "window/session_panel.h"
+#include "window/wording.h"
+
+namespace host {
+namespace {
+
+/// What of a text is neither a value nor a key: letters of the plain alphabet are left there only
+/// where a text was not translated.
+QString lettersLeft(QString text) {
+    static const QRegularExpression marked("\u2066[^\u2069]*\u2069");
+    static const QRegularExpression kept("&.|‹[A-Z0-9]+›|\"[^\"]*\"|/tmp/.*");
+    text.remove(marked).remove(kept);
+    static const QRegularExpression word("[A-Za-z]{2,}");
+    return word.match(text).captured();
+}
+
+class HostLanguage : public HostWindow {
+  protected:
+    void TearDown() override {
+        window.reset();
+        useLanguage(WYNCONFIG_RESOURCES, "en");
+    }
+
+    /// Everything that is shown or told somewhere in the window, also on pages in the back, but for
+    /// what is stored: parts, names and paths.
+    QStringList shownTexts() const {
+        QStringList texts = {window->windowTitle()};
+        for (const QWidget* each : window->findChildren<QWidget*>())
+            texts << each->accessibleName() << each->toolTip() << each->statusTip();
+        for (const auto* each : window->findChildren<QLabel*>()) texts << each->text();
+        for (const auto* each : window->findChildren<QAbstractButton*>()) texts << each->text();
+        for (const auto* each : window->findChildren<QAction*>())
+            texts << each->text() << each->statusTip();
+        for (const auto* each : window->findChildren<QMenu*>()) texts << each->title();
+        for (const auto* each : window->findChildren<QLineEdit*>())
+            texts << each->placeholderText();
+        for (const auto* each : window->findChildren<QTabWidget*>())
+            for (int page = 0; page < each->count(); ++page) texts << each->tabText(page);
+        for (const auto* each : window->findChildren<QPlainTextEdit*>()) {
+            texts << each->placeholderText();
+            if (each->objectName() == "plan" || each->objectName() == "facts")
+                texts << each->toPlainText();
+        }
+        for (const auto* each : window->findChildren<QHeaderView*>())
+            for (int column = 0; column < each->count(); ++column)
+                texts << each->model()->headerData(column, Qt::Horizontal).toString();
+        texts.removeAll(QString());
+        return texts;
+    }
+
+    /// Changes to the language as its menu does.
+    void change(const std::string& resources, const std::string& tag) {
+        component.InitResourceManager(useLanguage(resources, tag));
+        QCoreApplication::processEvents();
+    }
+
+    /// Takes the texts of a language that has a file.
+    static void usePhrasesOf(const char* tag) { useLanguage(WYNCONFIG_RESOURCES, tag); }
+
+    void prepare() const {
+        pick("10-0120", 2);
+        choose("session", "WORKSHOP COUNTER");
+    }
+};
+
+TEST_F(HostLanguage, LeavesNoTextInTheOneBefore) {
+    prepare();
+    change(WYNCONFIG_PSEUDO_RESOURCES, wynconfig::kPseudoLanguage);
+    // Names of keys, of the language menu's languages, and what the toolkit says by itself.
+    const QRegularExpression kept(
+        "^(Ctrl|Shift|F1|F5|Del|Return|Alt|Tab).*|^(Deutsch|English|Español|Français|Italiano|"
+        "Português)$|Scroll (Left|Right)$|.*[A-Z]{4,}.*|VIN.*|EUR.*");
+    int seen = 0;
+    for (const QString& text : shownTexts()) {
+        ++seen;
+        for (const QString& line : text.split('\n')) {
+            if (kept.match(withoutMarks(line).remove('&')).hasMatch()) continue;
+            EXPECT_EQ(lettersLeft(line).toStdString(), "") << line.toStdString();
+        }
+    }
+    EXPECT_GT(seen, 150);
+}
+
+TEST_F(HostLanguage, ComesBackWhole) {
+    prepare();
+    const QStringList before = shownTexts();
+    change(WYNCONFIG_PSEUDO_RESOURCES, wynconfig::kPseudoLanguage);
+    EXPECT_NE(shownTexts(), before);
+    change(WYNCONFIG_RESOURCES, "en");
+    EXPECT_EQ(shownTexts(), before);
+}
+
+TEST_F(HostLanguage, IsThatOfAWindowMadeLater) {
+    prepare();
+    change(WYNCONFIG_PSEUDO_RESOURCES, wynconfig::kPseudoLanguage);
+    QStringList changed = shownTexts();
+    window.reset();
+    window = std::make_unique<MainWindow>(workplace);
+    window->show();
+    QCoreApplication::processEvents();
+    prepare();
+    QStringList made = shownTexts();
+    changed.sort();
+    made.sort();
+    EXPECT_EQ(made, changed);
+}
+
+TEST_F(HostLanguage, WritesNumbersItsOwnWay) {
+    usePhrasesOf("de");
+    EXPECT_EQ(numberText(12345).toStdString(), "12.345");
+    EXPECT_EQ(wording("PLAN_AFTER",
+                      {QString::fromStdString(secondsText(std::chrono::milliseconds(2500)))})
+                  .contains("2,5"),
+              true);
+    usePhrasesOf("fr");
+    EXPECT_EQ(numberText(12345), QLocale(QLocale::French).toString(12345));
+}
+
+}  // namespace
+}  // namespace host
