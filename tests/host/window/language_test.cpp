@@ -11,9 +11,13 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
+#include <QMenuBar>
 #include <QRegularExpression>
+#include <QTabBar>
 #include <QTextEdit>
 #include <QTreeWidget>
+#include <functional>
+#include <map>
 
 #include "sending/sending.h"
 #include "support/host_window.h"
@@ -21,6 +25,7 @@
 #include "support/languages.h"
 #include "window/session_panel.h"
 #include "window/wording.h"
+#include "wynconfig/mnemonic.h"
 
 namespace host {
 namespace {
@@ -135,6 +140,108 @@ TEST_F(HostLanguage, WritesNumbersItsOwnWay) {
               true);
     usePhrasesOf("fr");
     EXPECT_EQ(numberText(12345), QLocale(QLocale::French).toString(12345));
+}
+
+/// What a person reads and presses at once, in every language.
+class HostInEveryLanguage : public HostLanguage {
+  protected:
+    /// Does this on each page, in a window of the size of a small screen.
+    void lookAtEach(const std::function<void(const std::string& place)>& look) {
+        pick("10-0120", 2);
+        window->resize(1366, 768);
+        std::size_t looked = 0;
+        for (const std::string& tag : wynconfig::shippedLanguages()) {
+            change(WYNCONFIG_RESOURCES, tag);
+            for (int page = 0; page < PageCount; ++page) {
+                pages().setCurrentIndex(page);
+                QCoreApplication::processEvents();
+                look(tag + ", page " + std::to_string(page));
+                ++looked;
+            }
+        }
+        EXPECT_EQ(looked, 9U * PageCount);
+    }
+
+    /// The key that a caption marks; none where there is no mark.
+    static QChar markIn(const QString& caption) {
+        const std::string key = wynconfig::mnemonicOf(caption.toStdString());
+        return key.empty() ? QChar() : QString::fromStdString(key).front();
+    }
+
+    /// The captions whose keys the window knows by now.
+    QStringList captions() const {
+        QStringList all;
+        for (const QAction* each : window->menuBar()->actions()) all << each->text();
+        for (const auto* each : window->findChildren<QLabel*>())
+            if (each->isVisible() && each->buddy()) all << each->text();
+        for (const auto* each : window->findChildren<QAbstractButton*>())
+            if (each->isVisible()) all << each->text();
+        for (const auto* each : window->findChildren<QTabWidget*>())
+            for (int page = 0; each->isVisible() && page < each->count(); ++page)
+                all << each->tabText(page);
+        return all;
+    }
+};
+
+TEST_F(HostInEveryLanguage, MarksNoKeyTwice) {
+    const auto expectEachOnce = [](const QStringList& captions) {
+        std::map<QChar, std::string> seen;
+        for (const QString& caption : captions) {
+            const QChar mark = markIn(caption);
+            if (mark.isNull()) continue;
+            const auto [other, isNew] = seen.emplace(mark, caption.toStdString());
+            EXPECT_TRUE(isNew) << caption.toStdString() << " and " << other->second;
+        }
+    };
+    lookAtEach([&](const std::string& place) {
+        SCOPED_TRACE(place);
+        expectEachOnce(captions());
+        for (const auto* menu : window->findChildren<QMenu*>()) {
+            QStringList entries;
+            for (const QAction* each : menu->actions()) entries << each->text();
+            if (menu->objectName() != "recentStores") expectEachOnce(entries);
+        }
+    });
+}
+
+TEST_F(HostInEveryLanguage, HasRoomForItsTexts) {
+    std::size_t seen = 0;
+    lookAtEach([&](const std::string& place) {
+        SCOPED_TRACE(place);
+        EXPECT_LE(window->width(), 1366);
+        EXPECT_LE(window->height(), 768);
+        for (const auto* each : window->findChildren<QAbstractButton*>()) {
+            if (!each->isVisible() || each->text().isEmpty()) continue;
+            EXPECT_GE(each->width(), each->minimumSizeHint().width()) << each->text().toStdString();
+            ++seen;
+        }
+        for (const auto* each : window->findChildren<QLabel*>()) {
+            // One that gives way is whole in its tool tip.
+            if (!each->isVisible() || each->text().isEmpty() || !each->toolTip().isEmpty())
+                continue;
+            EXPECT_GE(each->width(), each->minimumSizeHint().width()) << each->text().toStdString();
+            EXPECT_GE(each->height(), each->minimumSizeHint().height())
+                << each->text().toStdString();
+            ++seen;
+        }
+        for (const auto* each : window->findChildren<QTabBar*>()) {
+            if (!each->isVisible()) continue;
+            for (int tab = 0; tab < each->count(); ++tab)
+                EXPECT_TRUE(each->rect().contains(each->tabRect(tab)))
+                    << each->tabText(tab).toStdString();
+            ++seen;
+        }
+        for (const auto* each : window->findChildren<QHeaderView*>()) {
+            if (!each->isVisible() || each->orientation() != Qt::Horizontal) continue;
+            for (int column = 0; column < each->count(); ++column) {
+                if (each->isSectionHidden(column)) continue;
+                const QString text = each->model()->headerData(column, Qt::Horizontal).toString();
+                EXPECT_GE(each->sectionSize(column), each->fontMetrics().horizontalAdvance(text))
+                    << text.toStdString();
+            }
+        }
+    });
+    EXPECT_GT(seen, 300U);
 }
 
 }  // namespace
