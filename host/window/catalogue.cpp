@@ -439,6 +439,7 @@ QWidget* CatalogueWidget::makePartsList() {
     table->setObjectName(QStringLiteral("partsList"));
     QLabel* title = makeHeading("LIST_TITLE", *table);
     m_total = new QLabel;
+    m_total->setObjectName(QStringLiteral("total"));
     m_clear = withText(new QPushButton, "LIST_CLEAR");
     connect(m_clear, &QPushButton::clicked, this, &CatalogueWidget::clearPartsList);
 

@@ -40,11 +40,15 @@ std::string decimalNumber(double number) {
 
 }  // namespace
 
+void useOwnLanguage(const std::string& resources, const std::string& language) {
+    usePhrases(hostTextFolder(resources), language, {wholeNumber, decimalNumber});
+}
+
 std::shared_ptr<wynconfig::ResourceManager> useLanguage(const std::string& resources,
                                                         const std::string& language) {
     auto texts = wynconfig::makeBundleResourceManager(resources, language);
     const wynconfig::Language shown = wynconfig::bundleLanguage(resources, language);
-    usePhrases(hostTextFolder(resources), language, {wholeNumber, decimalNumber});
+    useOwnLanguage(resources, language);
     QLocale::setDefault(localeOf(shown.tag));
     translateQt(shown.tag);
     QApplication::setLayoutDirection(shown.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);

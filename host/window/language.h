@@ -16,4 +16,8 @@ namespace host {
 std::shared_ptr<wynconfig::ResourceManager> useLanguage(const std::string& resources,
                                                         const std::string& language);
 
+/// Sets the language of the host's texts alone, to tell in it that those of the component are
+/// missing. Raises `wynconfig::Error` when there are none of the host's either.
+void useOwnLanguage(const std::string& resources, const std::string& language);
+
 }  // namespace host

@@ -49,6 +49,7 @@ std::shared_ptr<wynconfig::ResourceManager> findTexts(std::string& resources,
                                                       std::string& language) {
     while (true) {
         try {
+            useOwnLanguage(resources, language);
             return useLanguage(resources, language);
         } catch (const std::exception& failure) {
             std::vector<Way> ways = {{"folder", wording("START_TEXTS_FOLDER")}};

@@ -165,15 +165,68 @@ class HostFiles(FilesOf, unittest.TestCase):
         for key, (_, unit) in self.english.items():
             self.assertIsNotNone(unit.find(f"{SPACE}note"), key)
 
-    def test_each_has_the_places_of_english(self):
+    def texts(self):
+        """Each text of another language: its tag, its key, the English text, and itself."""
         for tag, root in self.roots.items():
             for key, (_, unit) in units_of(root).items():
                 target = unit.find(f"{SPACE}target")
-                if target is None:
-                    continue
-                places = [sorted(re.findall("%.", each)) for each in
-                          (unit.find(f"{SPACE}source").text, target.text)]
-                self.assertEqual(places[1], places[0], (tag, key))
+                if target is not None:
+                    yield tag, key, unit.find(f"{SPACE}source").text, target.text
+
+    def test_each_has_the_places_of_english(self):
+        for tag, key, english, text in self.texts():
+            places = [sorted(re.findall("%.", each)) for each in (english, text)]
+            self.assertEqual(places[1], places[0], (tag, key))
+
+    def test_each_ends_as_english(self):
+        for tag, key, english, text in self.texts():
+            ends = [each[-1] if each[-1] in ".:?…" else "" for each in
+                    (english, text.translate(str.maketrans("。：？؟", ".:??")))]
+            self.assertEqual(ends[1], ends[0], (tag, key, text))
+
+    def test_each_has_no_blanks_to_spare_and_is_not_much_longer(self):
+        for tag, key, english, text in self.texts():
+            self.assertEqual(text, text.strip(), (tag, key))
+            self.assertNotRegex(text, "\\s\\s|[\t\n]", (tag, key))
+            self.assertLessEqual(len(text), len(english) * 3 / 2 + 16, (tag, key, text))
+
+    def test_each_is_translated_throughout(self):
+        for tag, key, english, text in self.texts():
+            # What stands alike in two languages is short: a name, a loan, or places alone.
+            if text.replace("&", "") == english.replace("&", ""):
+                self.assertLess(len(re.sub("%.", "", english)), 16, (tag, key))
+
+    def test_those_that_mark_a_key_are_the_same(self):
+        # A language with too few letters leaves these without.
+        optional = {"SEND_FACTS", "SEND_FOR_FILE", "SEND_FOR_PROGRAM", "DELETED_TITLE",
+                    "SESSIONS_TITLE", "CATALOGUE_GROUP"}
+        for tag, key, english, text in self.texts():
+            self.assertLessEqual(text.count("&"), 1, (tag, key))
+            if key not in optional:
+                self.assertEqual("&" in text, "&" in english, (tag, key))
+
+    def test_captions_are_quoted_in_the_guide_as_they_are_seen(self):
+        named = {
+            "GUIDE_SEND_TEXT": ["PAGE_SEND", "SEND_BUTTON"],
+            "GUIDE_SESSIONS_TEXT": ["PAGE_SESSIONS", "MENU_STORE"],
+            "GUIDE_FORMATS_TEXT": ["MORAM_CONFIG_TAB_PART_FORMAT", "BUTTON_NEW"],
+            "GUIDE_FILE": ["BUTTON_TALLYVANE"],
+            "GUIDE_FILE_TEXT": ["BUTTON_TALLYVANE", "TVW_CONFIG_CHK_WRITE_FILE_ONLY"],
+            "GUIDE_DELAYS_TEXT": ["BUTTON_ADVANCED"],
+            "GUIDE_LANGUAGES_TEXT": ["MENU_TOOLS"],
+            "DONE_NOT_STORED": ["MENU_DATABASE", "REFUSED_EDIT"],
+            "REFUSED_KEPT": ["MENU_DATABASE", "REFUSED_EDIT"],
+        }
+        for tag, root in self.roots.items():
+            dialogs = ElementTree.parse(SOURCE / "resources" / f"{tag}.xlf").getroot()
+            kind = "source" if tag == "en" else "target"
+            texts = {key: unit.find(SPACE + kind).text
+                     for each in (dialogs, root) for key, (_, unit) in units_of(each).items()}
+            for key, captions in named.items():
+                for caption in captions:
+                    seen = re.sub(r"\(&\w\)", "", texts[caption]).replace("&", "").rstrip("…")
+                    plain_text = re.sub("[\u200e\u200f\u2066-\u2069]", "", texts[key])
+                    self.assertIn(seen.strip("\u200f"), plain_text, (tag, key, caption))
 
 
 if __name__ == "__main__":

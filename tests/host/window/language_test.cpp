@@ -6,16 +6,13 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
-#include <QGroupBox>
+#include <QDateTime>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QTabBar>
-#include <QTextEdit>
-#include <QTreeWidget>
 #include <functional>
 #include <map>
 
@@ -23,7 +20,7 @@
 #include "support/host_window.h"
 
 #include "support/languages.h"
-#include "window/session_panel.h"
+#include "window/refused_dialog.h"
 #include "window/wording.h"
 #include "wynconfig/mnemonic.h"
 
@@ -80,9 +77,6 @@ class HostLanguage : public HostWindow {
         QCoreApplication::processEvents();
     }
 
-    /// Takes the texts of a language that has a file.
-    static void usePhrasesOf(const char* tag) { useLanguage(WYNCONFIG_RESOURCES, tag); }
-
     void prepare() const {
         pick("10-0120", 2);
         choose("session", "WORKSHOP COUNTER");
@@ -132,14 +126,52 @@ TEST_F(HostLanguage, IsThatOfAWindowMadeLater) {
 }
 
 TEST_F(HostLanguage, WritesNumbersItsOwnWay) {
-    usePhrasesOf("de");
+    change(WYNCONFIG_RESOURCES, "de");
     EXPECT_EQ(numberText(12345).toStdString(), "12.345");
-    EXPECT_EQ(wording("PLAN_AFTER",
-                      {QString::fromStdString(secondsText(std::chrono::milliseconds(2500)))})
-                  .contains("2,5"),
-              true);
-    usePhrasesOf("fr");
-    EXPECT_EQ(numberText(12345), QLocale(QLocale::French).toString(12345));
+    EXPECT_EQ(secondsText(std::chrono::milliseconds(2500)), "2,5");
+    pick("50-0242", 5);
+    const auto& table = widget<QAbstractItemView>("partsList");
+    const QModelIndex price = table.model()->index(0, CatalogueModel::Price);
+    EXPECT_EQ(price.data().toString().toStdString(), "324,00");
+    EXPECT_EQ(widget<QLabel>("total").text().toStdString(), "Stück: 5, gesamt: 1.620,00 EUR");
+    change(WYNCONFIG_RESOURCES, "en");
+    EXPECT_EQ(price.data().toString().toStdString(), "324.00");
+    EXPECT_EQ(widget<QLabel>("total").text().toStdString(), "Pieces: 5, total: EUR 1,620.00");
+}
+
+TEST_F(HostLanguage, WritesMomentsItsOwnWay) {
+    const QDateTime moment(QDate(2025, 11, 30), QTime(14, 5));
+    change(WYNCONFIG_RESOURCES, "de");
+    EXPECT_EQ(momentText(moment).toStdString(), "30.11.25 14:05");
+    change(WYNCONFIG_RESOURCES, "en");
+    EXPECT_EQ(momentText(moment).toStdString().substr(0, 8), "11/30/25");
+}
+
+TEST_F(HostLanguage, TellsOfAFasterWorkstationInItsWords) {
+    change(WYNCONFIG_RESOURCES, "de");
+    wynconfig::ItemConflict conflict;
+    conflict.change = {wynconfig::ItemChange::Act::Update, wynconfig::ItemKind::Session, "desk"};
+    conflict.present.emplace();
+    conflict.present->changedBy = "ben@office";
+    conflict.present->changedAt =
+        QDateTime(QDate(2025, 11, 30), QTime(14, 5)).toUTC().toString(Qt::ISODate).toStdString();
+    wynconfig::MemoryEdit edit;
+    edit.session.name = "DESK";
+    const wynconfig::RefusedEdit refused("English", edit, {conflict});
+    QString told;
+    QTimer::singleShot(0, window.get(), [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        for (const auto* each : dialog->findChildren<QLabel*>()) told += each->text() + '\n';
+        dialog->reject();
+    });
+    EXPECT_FALSE(askAboutRefusal(window.get(), refused).has_value());
+    told = withoutMarks(told);
+    EXPECT_TRUE(
+        told.contains("Die Sitzung DESK wurde inzwischen von ben@office am 30.11.25 14:05 "
+                      "geändert."))
+        << told.toStdString();
+    EXPECT_FALSE(told.contains("English"));
 }
 
 /// What a person reads and presses at once, in every language.

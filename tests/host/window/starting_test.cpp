@@ -137,6 +137,17 @@ TEST_F(HostStarting, AsksForTheFolderOfTheTexts) {
     EXPECT_EQ(fs::weakly_canonical(resources), fs::weakly_canonical(WYNCONFIG_RESOURCES));
 }
 
+TEST_F(HostStarting, SpeaksItsLanguageAlsoWhereTheTextsOfTheDialogsAreMissing) {
+    std::string resources = folder / "nowhere";
+    std::string language = "de";
+    std::string caption;
+    answer("quit", [&](QDialog& box) {
+        caption = box.findChild<QPushButton*>("english")->text().remove('&').toStdString();
+    });
+    EXPECT_EQ(findTexts(resources, language), nullptr);
+    EXPECT_EQ(caption, "Englisch nehmen");
+}
+
 TEST_F(HostStarting, SaysWhyNothingComesUp) {
     answer("quit");
     tellBadStart("The catalogue can't be opened.");
