@@ -110,6 +110,10 @@ class FilesOf:
             for key, (_, unit) in units_of(root).items():
                 self.assertEqual(unit.find(f"{SPACE}target") is None, tag == "en", (tag, key))
 
+    def test_each_unit_has_a_note(self):
+        for key, (_, unit) in self.english.items():
+            self.assertIsNotNone(unit.find(f"{SPACE}note"), key)
+
     def test_the_notes_of_english_stand_in_each(self):
         for tag, root in self.roots.items():
             for key, (_, unit) in units_of(root).items():
@@ -160,10 +164,6 @@ class ComponentFiles(FilesOf, unittest.TestCase):
 
 class HostFiles(FilesOf, unittest.TestCase):
     FOLDER = "host/resources"
-
-    def test_each_unit_has_a_note(self):
-        for key, (_, unit) in self.english.items():
-            self.assertIsNotNone(unit.find(f"{SPACE}note"), key)
 
     def texts(self):
         """Each text of another language: its tag, its key, the English text, and itself."""
