@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 
 namespace wynconfig::native {
 
@@ -48,8 +49,10 @@ bool mayMoveCaret(UINT message) {
 
 EditPiece::EditPiece(Edit& edit, Stage& stage, const Standing& standing)
     : Piece(edit, stage), m_edit(edit) {
-    make(standing.parent, WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
+    make(standing.parent, WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL | sideOfBox(stage.mirrored()),
+         WS_EX_CLIENTEDGE);
     send(EM_SETLIMITTEXT, 0x7FFFFFFE);
+    followDirection(window());
 }
 
 Room EditPiece::measured(const Measure& measure) const {
@@ -70,7 +73,9 @@ std::size_t EditPiece::caret() const {
 }
 
 void EditPiece::commanded(UINT code) {
-    if (code == EN_CHANGE && !stage().showing()) reportText();
+    if (code != EN_CHANGE) return;
+    followDirection(window());
+    if (!stage().showing()) reportText();
 }
 
 void EditPiece::reportText() {
@@ -197,7 +202,8 @@ void ComboPiece::fill() {
     send(CB_RESETCONTENT);
     send(CB_INITSTORAGE, items.size(), static_cast<LPARAM>(items.size()) * kUsualBytes);
     for (const std::string& each : items)
-        send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(each).c_str()));
+        send(CB_ADDSTRING, 0,
+             reinterpret_cast<LPARAM>(embedded(toWide(each), stage().mirrored()).c_str()));
 }
 
 void ComboPiece::showContent() {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig::native {
@@ -25,7 +26,7 @@ class CaptionedPiece : public Piece {
         : Piece(control, stage), m_captioned(control) {}
     void showContent() override { showWords(toWideCaption(m_captioned.caption())); }
     void showWords(const std::wstring& words) {
-        if (showText(window(), words)) forgetRoom();
+        if (showText(window(), embedded(words, stage().mirrored()))) forgetRoom();
     }
     SIZE textSize(const Measure& measure) const { return measure.text(textOf(window())); }
 
@@ -118,7 +119,7 @@ class OptionPiece : public CaptionedPiece {
 
 /// The arrow keys choose the option before or behind this one within the same frame.
 bool OptionPiece::takeKey(WPARAM key) {
-    const bool mirrored = (::GetWindowLongPtrW(window(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+    const bool mirrored = stage().mirrored();
     int step = 0;
     if (key == VK_UP || key == (mirrored ? VK_RIGHT : VK_LEFT)) step = -1;
     if (key == VK_DOWN || key == (mirrored ? VK_LEFT : VK_RIGHT)) step = 1;

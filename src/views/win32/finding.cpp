@@ -6,6 +6,7 @@
 
 #include "views/win32/access.h"
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 #include "views/win32/fonts.h"
 #include "views/win32/module.h"
 #include "wynconfig/view.h"
@@ -35,8 +36,11 @@ void move(HWND window, const Place& place) {
 
 }  // namespace
 
-FilterLine::FilterLine(HWND parent)
-    : m_window(makeHidden(parent, WC_EDITW, ES_AUTOHSCROLL, WS_EX_CLIENTEDGE)) {}
+FilterLine::FilterLine(HWND parent, bool mirrored)
+    : m_window(
+          makeHidden(parent, WC_EDITW, ES_AUTOHSCROLL | sideOfBox(mirrored), WS_EX_CLIENTEDGE)) {
+    followDirection(m_window);
+}
 
 std::wstring FilterLine::text() const {
     return textOf(m_window);

@@ -12,7 +12,7 @@ namespace wynconfig::native {
 /// list shows. It is no place of the Tab key. Its parent hears of it by WM_COMMAND, as of any box.
 class FilterLine {
   public:
-    explicit FilterLine(HWND parent);
+    FilterLine(HWND parent, bool mirrored);
 
     HWND window() const { return m_window; }
     std::wstring text() const;

@@ -73,6 +73,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     bool showing() const override { return m_syncing; }
     Fonts& fonts() override { return m_fonts; }
     int dpi() const override { return m_dpi; }
+    bool mirrored() const override { return m_mirrored; }
     void showLater(Piece& piece) override;
     void takeFocusTo(Piece& piece) override;
     void focusCame(Piece& piece) override;

@@ -7,6 +7,7 @@
 #include "platform/forms/empty_list.h"
 #include "platform/text/text.h"
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig::native {
@@ -30,15 +31,14 @@ ListPiece::ListPiece(ListView& list, Stage& stage, const Standing& standing)
       m_list(list),
       m_label(standing.labelledBy),
       m_acts(standing.acts),
-      m_filter(standing.parent) {
+      m_filter(standing.parent, stage.mirrored()) {
     make(standing.parent, WC_LISTVIEWW,
          WS_TABSTOP | WS_CLIPCHILDREN | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL |
              LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | LVS_NOCOLUMNHEADER,
          WS_EX_CLIENTEDGE);
     // Not every system draws in a buffer from right to left.
-    const bool mirrored = (::GetWindowLongPtrW(window(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
     const DWORD look =
-        LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | (mirrored ? 0 : LVS_EX_DOUBLEBUFFER);
+        LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | (stage.mirrored() ? 0 : LVS_EX_DOUBLEBUFFER);
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, look, static_cast<LPARAM>(look));
     LVCOLUMNW column{};
     send(LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
@@ -189,7 +189,8 @@ LRESULT ListPiece::notified(NMHDR& what) {
 void ListPiece::tellText(NMLVDISPINFOW& wanted) const {
     const std::size_t number = m_shown.numberAt(wanted.item.iItem);
     if (!(wanted.item.mask & LVIF_TEXT) || number == 0) return;
-    ::lstrcpynW(wanted.item.pszText, m_rows[number - 1].text.c_str(), wanted.item.cchTextMax);
+    const std::wstring text = embedded(m_rows[number - 1].text, stage().mirrored());
+    ::lstrcpynW(wanted.item.pszText, text.c_str(), wanted.item.cchTextMax);
 }
 
 /// Rows may have fonts of their own.
@@ -362,6 +363,7 @@ void ListPiece::reveal(std::size_t number) {
 
 void ListPiece::lookFor(const std::wstring& text) {
     const std::size_t kept = selected();
+    followDirection(m_filter.window());
     m_lookedFor = UCase(fromWide(text));
     m_moving = true;
     select(0);

@@ -32,6 +32,8 @@ class Stage {
     virtual bool showing() const = 0;
     virtual Fonts& fonts() = 0;
     virtual int dpi() const = 0;
+    /// Whether the window runs from right to left.
+    virtual bool mirrored() const = 0;
     /// Has a piece shown again, as soon as what moved it is done.
     virtual void showLater(Piece& piece) = 0;
     /// Gives a piece the focus; its control hears of it first.

@@ -67,6 +67,18 @@ TEST_F(NativeAccess, NamesBoxesByTheirLabels) {
     });
 }
 
+TEST_F(NativeAccess, TurnsAnArrowWithTheWindow) {
+    form.lblAll.setCaption("الكل");
+    form.lblChosen.setCaption("المختار");
+    form.btnNew.setCaption("جديد");
+    form.btnDelete.setCaption("حذف");
+    form.btnCancel.setCaption("إلغاء");
+    show([&](User&) {
+        ASSERT_TRUE(isMirrored(front()));
+        EXPECT_EQ(native::fromWide(told.nameOf(windowOf(form.btnAdd))), "الكل ← المختار");
+    });
+}
+
 TEST_F(NativeAccess, NamesTheLineAboveALongList) {
     show([&](User&) {
         const HWND line = ::GetWindow(windowOf(form.lstAll), GW_HWNDPREV);

@@ -3,6 +3,7 @@
 
 #include "views/win32/box_pieces.h"
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 #include "views/win32/list_piece.h"
 #include "views/win32/tab_pieces.h"
 #include "wynconfig/mnemonic.h"
@@ -41,7 +42,7 @@ void lookAt(const ListPiece& list, Sight& sight) {
 void lookAtCombo(HWND combo, Sight& sight) {
     for (const std::string& each : itemsIn(combo)) sight.rows.push_back({{}, each});
     sight.selected = static_cast<std::size_t>(::SendMessageW(combo, CB_GETCURSEL, 0, 0) + 1);
-    sight.text = fromWide(textOf(combo));
+    sight.text = fromWide(unembedded(textOf(combo)));
 }
 
 void lookAt(const TabsPiece& tabs, Sight& sight) {
@@ -56,7 +57,7 @@ void lookAt(const TabsPiece& tabs, Sight& sight) {
 
 /// A label that reads no marks shows its text as it stands.
 void lookAtCaption(HWND window, ControlKind kind, Sight& sight) {
-    const std::string caption = fromWide(textOf(window));
+    const std::string caption = fromWide(unembedded(textOf(window)));
     const bool noMarks =
         kind == ControlKind::Label && (::GetWindowLongPtrW(window, GWL_STYLE) & SS_NOPREFIX) != 0;
     sight.caption = noMarks ? caption : plainCaption(caption);
@@ -99,7 +100,7 @@ bool looksInactive(const FormWindow& window, HWND box) {
 std::vector<std::string> rowsIn(HWND list) {
     std::vector<std::string> rows;
     const int count = static_cast<int>(::SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
-    for (int i = 0; i < count; ++i) rows.push_back(fromWide(rowText(list, i)));
+    for (int i = 0; i < count; ++i) rows.push_back(fromWide(unembedded(rowText(list, i))));
     return rows;
 }
 
@@ -110,7 +111,7 @@ std::vector<std::string> itemsIn(HWND combo) {
         const auto units = static_cast<std::size_t>(::SendMessageW(combo, CB_GETLBTEXTLEN, i, 0));
         std::wstring text(units + 1, L'\0');
         ::SendMessageW(combo, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text.data()));
-        items.push_back(fromWide(text.c_str()));
+        items.push_back(fromWide(unembedded(text.c_str())));
     }
     return items;
 }
