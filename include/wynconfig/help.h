@@ -42,9 +42,10 @@ struct WYNCONFIG_API HelpPage {
 ///                     buttons that move rows
 WYNCONFIG_API HelpPage helpPage(Form& form, bool rightToLeft = false);
 
-/// The name by which a person knows a control: its own caption, else that of its label, or of the
-/// frame around it; of a button that moves rows between two lists, the lists' labels with an arrow
-/// between them. Words without the mark of a key; empty when there is none of these.
+/// The name by which a person knows a control: its own caption, else that of its label, the word
+/// that the layout has for it, or the caption of the frame around it; of a button that moves rows
+/// between two lists, the lists' labels with an arrow between them. Words without the mark of a
+/// key; empty when there is none of these.
 WYNCONFIG_API std::string spokenName(const Layout& body, const Control& control,
                                      bool rightToLeft = false);
 

@@ -3,6 +3,7 @@
 /// tabs that name the controls. No pixels.
 #pragma once
 
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -50,6 +51,9 @@ struct WYNCONFIG_API Layout {
     Label* from = nullptr;   ///< of a button that moves rows: the label of the list they leave
     Label* into = nullptr;   ///< and that of the list they go to
     bool behindBox = false;  ///< of a Titled: its children stand behind the box
+    /// What no caption on the screen names is spoken of by this word, a key for `viewWord`: the
+    /// control, or of a Field with options all of them together. Empty where a caption does.
+    std::string_view spoken = {};
 };
 
 /// A dialog's layout and the buttons behind its Enter and Escape keys.
@@ -147,6 +151,13 @@ inline Layout growing(Layout node) {
 inline Layout acting(Layout list, const ListActs& acts) {
     list.acts = acts;
     return list;
+}
+
+/// The same node, with a word for who hears the dialog where no caption is on the screen.
+/// @param word  see `Layout::spoken`; has to last
+inline Layout spokenAs(Layout node, std::string_view word) {
+    node.spoken = word;
+    return node;
 }
 
 }  // namespace layout

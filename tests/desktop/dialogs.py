@@ -97,8 +97,8 @@ def off(controls):
 
 
 def frame(name, *controls):
-    """The same in a frame with a name."""
-    return [each._replace(group=name) for each in flat(controls)]
+    """The same in a frame with a name; what stands in one within it stays there."""
+    return [each._replace(group=each.group or name) for each in flat(controls)]
 
 
 def flat(controls):
@@ -130,9 +130,9 @@ def choose(menu, entry):
 
 def field(name, flag, enabled):
     """The frame of one field in the part format editor."""
+    chosen = "Left" if enabled and name != "<Quantity>" else "Right"
     settings = [box("Field Length"), label("Alignment"),
-                options("Left" if enabled and name != "<Quantity>" else "Right", "Left", "Right"),
-                box("Pad character")]
+                frame("Alignment", options(chosen, "Left", "Right")), box("Pad character")]
     return frame(name, ticked(check(flag)) if enabled else check(flag),
                  settings if enabled else off(settings))
 
@@ -145,7 +145,7 @@ def editor(*formatted):
     return [
         box("Part Format Name"),
         frame("Parts Format", box("Header"), box("Record"), box("Separator"), box("Trailer"),
-              rows("Parts Format", "<Part #>", "<Quantity>", "<Description>", "<PageHeader>",
+              rows("Tokens", "<Part #>", "<Quantity>", "<Description>", "<PageHeader>",
                    "<PageFooter>", "<TAB>", "<SPACE>", "<CR>", "<LF>", "<ESCAPE>")),
         [field(f"<{name}>", f"Format <{name}>", name in formatted)
          for name in ("Part#", "Quantity", "Description", "VIN")],
@@ -282,7 +282,8 @@ WINDOWS = {
     "the file to write": Window(
         TALLYVANE, TO_WRITER + [(SESSION, click("Tallyvane"))], "File Name", [
             choice("Part Format", "FIXED WIDTH"), box("File Name"), box("File Folder"),
-            button("Browse"), options("Append", "Append", "Overwrite"), check("Write File Only"),
+            button("Browse"), frame("If the file exists", options("Append", "Append", "Overwrite")),
+            check("Write File Only"),
             buttons("OK", "Cancel")]),
     "a new part format": Window(
         FORMAT_EDITOR, TO_FORMATS + [(SESSION, click("New"))], "Part Format Name", editor()),

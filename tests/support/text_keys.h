@@ -133,8 +133,10 @@ inline const std::vector<std::string>& allKeys() {
         "VIEW_EMPTY",
         "VIEW_EMPTY_MOVE",
         "VIEW_EMPTY_PRESS",
+        "VIEW_FILE_ACTION",
         "VIEW_FILTER",
         "VIEW_NO_MATCH",
+        "VIEW_TOKENS",
     };
     return keys;
 }

@@ -26,8 +26,8 @@ FormLayout frmTallyvaneConfig::declareLayout() {
     using namespace layout;
     return {column({field(lblPartFormat, cboPartFormat), field(lblFileName, txtFileName),
                     field(lblFileFolder, txtFileFolder, {single(btnBrowseFolder)}),
-                    below(rdoAppend, {single(rdoOverWrite)}), below(chkWriteFileOnly), stretch(),
-                    buttons({&btnOk, &btnCancel})}),
+                    spokenAs(below(rdoAppend, {single(rdoOverWrite)}), "VIEW_FILE_ACTION"),
+                    below(chkWriteFileOnly), stretch(), buttons({&btnOk, &btnCancel})}),
             &btnOk, &btnCancel};
 }
 

@@ -5,6 +5,7 @@
 
 #include "wynconfig/form.h"
 #include "wynconfig/mnemonic.h"
+#include "wynconfig/view.h"
 
 namespace wynconfig {
 
@@ -48,6 +49,7 @@ std::string spokenName(const Layout& body, const Control& control, bool rightToL
         return wordsOf(node->from) + (rightToLeft ? " ← " : " → ") + wordsOf(node->into);
     std::string name = wordsOf(&control);
     if (name.empty() && node) name = wordsOf(node->label);
+    if (name.empty() && node && !node->spoken.empty()) name = viewWord(std::string(node->spoken));
     if (name.empty()) name = wordsOf(frame);
     return name;
 }

@@ -32,6 +32,8 @@ std::string englishWord(const std::string& key) {
         {"VIEW_EMPTY", "Nothing here yet."},
         {"VIEW_EMPTY_PRESS", "Nothing here yet. Begin with “%1”."},
         {"VIEW_EMPTY_MOVE", "Nothing here yet. Select a row under “%1”, then press “%2”."},
+        {"VIEW_FILE_ACTION", "If the file exists"},
+        {"VIEW_TOKENS", "Tokens"},
     };
     const auto found = words.find(key);
     return found == words.end() ? std::string() : std::string(found->second);

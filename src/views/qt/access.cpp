@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "views/qt/form_window.h"
+#include "views/qt/waiting.h"
 #include "views/qt/widgets.h"
 
 namespace wynconfig::desktop {
@@ -68,6 +69,10 @@ class ButtonAccess : public QAccessibleWidget {
 };
 
 QAccessibleInterface* accessOf(const QString&, QObject* object) {
+    if (auto* set = dynamic_cast<OptionSet*>(object))
+        return new QAccessibleWidget(set, QAccessible::Grouping);
+    if (auto* panel = dynamic_cast<ProgressPanel*>(object))
+        return new QAccessibleWidget(panel, QAccessible::AlertMessage);
     auto* button = qobject_cast<QAbstractButton*>(object);
     if (!button || !dynamic_cast<FormWindow*>(button->window())) return nullptr;
     if (dynamic_cast<OptionBox*>(button)) return new ButtonAccess(button, QAccessible::RadioButton);
@@ -78,7 +83,7 @@ QAccessibleInterface* accessOf(const QString&, QObject* object) {
 
 }  // namespace
 
-void speakOfButtons() {
+void correctSpeech() {
     QAccessible::installFactory(accessOf);
 }
 

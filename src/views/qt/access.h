@@ -5,7 +5,9 @@
 namespace wynconfig::desktop {
 
 /// From here on the buttons, check boxes and options of forms are spoken of as what they are, and
-/// an action on one gives it the focus first, as a click does. May be called again.
-void speakOfButtons();
+/// an action on one gives it the focus first, as a click does; options that stand together are a
+/// group, and the panel that tells how far work has come is read as it comes up. May be called
+/// again.
+void correctSpeech();
 
 }  // namespace wynconfig::desktop

@@ -14,6 +14,7 @@
 
 #include "views/qt/colours.h"
 #include "views/qt/convert.h"
+#include "views/qt/help.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/error.h"
 #include "wynconfig/keyboard.h"
@@ -55,8 +56,9 @@ void Binding::showBackground() {
     showColours();
 }
 
-void Binding::setRefused(bool refused) {
+void Binding::setRefused(bool refused, const QString& why) {
     if (std::exchange(m_isRefused, refused) != refused) showColours();
+    tellRefusal(*focusWidget(), refused ? why : QString());
 }
 
 void Binding::showColours() {

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 #include <memory>
+#include <string_view>
 
 #include "platform/forms/door.h"
 #include "wynconfig/controls.h"
@@ -27,8 +28,9 @@ class Binding {
     void show();
     /// The dialog came up with the focus here: what is typed takes the place of what is there.
     virtual void offerContent() {}
-    /// Marks what was refused, or takes the mark away.
-    void setRefused(bool refused);
+    /// Marks what was refused, for the ear by what the person was told of it, or takes the mark
+    /// away.
+    void setRefused(bool refused, const QString& why = {});
 
     bool dirty = true;
 
@@ -58,6 +60,7 @@ struct Standing {
     const CaptionedControl* labelledBy = nullptr;  ///< the label in front of or above it
     const Control* labels = nullptr;               ///< of a label: what it stands at
     ListActs acts = {};                            ///< of a list
+    std::string_view spoken = {};                  ///< see `Layout::spoken`
 };
 
 /// Makes the widget for a control, as a child of `parent`, and ties the two together.

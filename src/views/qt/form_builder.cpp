@@ -24,12 +24,6 @@ void keepUp(QLayout* layout, const std::vector<Layout>& nodes) {
     if (!anyGrowsDown(nodes)) layout->setAlignment(Qt::AlignTop);
 }
 
-bool holds(const Layout& node, const Control& control) {
-    return node.control == &control ||
-           std::any_of(node.children.begin(), node.children.end(),
-                       [&](const Layout& each) { return holds(each, control); });
-}
-
 const CaptionedControl* captioned(const Control* control) {
     return dynamic_cast<const CaptionedControl*>(control);
 }
@@ -95,7 +89,7 @@ QWidget* FormBuilder::make(Control& control, const Place& place, const Standing&
         policy.setRetainSizeWhenHidden(true);
         widget->setSizePolicy(policy);
     }
-    nameBox(widget, control, standing.labelledBy ? standing.labelledBy : place.frame);
+    if (isBox(control)) nameBox(widget, standing, place);
     return widget;
 }
 
@@ -107,7 +101,8 @@ QLabel* FormBuilder::makeLabel(const Layout& node, const Place& place) {
 
 QWidget* FormBuilder::makeLabelled(const Layout& node, const Place& place) {
     QWidget* widget =
-        make(*node.control, place, {.labelledBy = captioned(node.label), .acts = node.acts});
+        make(*node.control, place,
+             {.labelledBy = captioned(node.label), .acts = node.acts, .spoken = node.spoken});
     // Also of an option or a value, so that a screen reader knows what it is of.
     if (node.label) m_buddies.at(node.control)->setBuddy(widget);
     return widget;
@@ -133,8 +128,11 @@ QLayout* FormBuilder::withHelp(QWidget* widget, const Layout& node, const Place&
     return stack;
 }
 
-void FormBuilder::nameBox(QWidget* box, const Control& control, const CaptionedControl* label) {
-    if (isBox(control) && label) m_built.spokenNames.push_back({box, label});
+void FormBuilder::nameBox(QWidget* box, const Standing& standing, const Place& place) {
+    const CaptionedControl* caption = standing.labelledBy;
+    if (!caption && standing.spoken.empty()) caption = place.frame;
+    if (caption || !standing.spoken.empty())
+        m_built.spokenNames.push_back({box, caption, standing.spoken});
 }
 
 void FormBuilder::fill(QBoxLayout* box, const std::vector<Layout>& nodes, const Place& place) {
@@ -235,7 +233,7 @@ void FormBuilder::addTabs(QBoxLayout* box, const Layout& node, const Place& plac
 }
 
 void FormBuilder::addSingle(QBoxLayout* box, const Layout& node, const Place& place) {
-    QWidget* widget = make(*node.control, place, {.acts = node.acts});
+    QWidget* widget = make(*node.control, place, {.acts = node.acts, .spoken = node.spoken});
     if (QLayout* list = withHelp(widget, node, place))
         box->addLayout(list, node.grows ? 1 : 0);
     else
@@ -303,13 +301,11 @@ QGridLayout* FormBuilder::addFields(QBoxLayout* box, const std::vector<Layout>& 
     return grid;
 }
 
-void FormBuilder::rememberOptions(const Layout& field) {
-    if (!field.label) return;
-    for (const auto& binding : m_built.bindings) {
-        const Control& control = binding->control();
-        const bool inField = control.kind() == ControlKind::OptionButton && holds(field, control);
-        if (inField) m_built.labelledOptions.push_back({binding->widget(), captioned(field.label)});
-    }
+QWidget* FormBuilder::makeOptionSet(const Layout& field, const Place& place) {
+    auto* set = new OptionSet(place.parent);
+    const CaptionedControl* const label = captioned(field.label);
+    if (label || !field.spoken.empty()) m_built.spokenNames.push_back({set, label, field.spoken});
+    return set;
 }
 
 void FormBuilder::addField(QGridLayout* grid, int row, const Layout& node, const Place& place) {
@@ -321,7 +317,10 @@ void FormBuilder::addField(QGridLayout* grid, int row, const Layout& node, const
     if (node.label)
         grid->addWidget(makeLabel(node, place), row, kLabels,
                         tall ? Qt::AlignTop : Qt::AlignVCenter);
-    QWidget* widget = makeLabelled(node, place);
+    const bool isSet = node.control->kind() == ControlKind::OptionButton && !node.children.empty();
+    const Place inside = {isSet ? makeOptionSet(node, place) : place.parent, place.frame};
+    QWidget* widget = makeLabelled(node, inside);
+    if (isSet && node.label) m_buddies.at(node.control)->setBuddy(inside.parent);
     if (node.children.empty()) {
         grid->addWidget(widget, row, kBoxes, 1, 2);
         return;
@@ -334,12 +333,17 @@ void FormBuilder::addField(QGridLayout* grid, int row, const Layout& node, const
         fill(line, node.children, place);
     } else {
         // Options and the like stay together instead of going to the two ends of the row.
-        grid->addLayout(line, row, kBoxes, 1, 2);
+        if (isSet) {
+            line->setContentsMargins(0, 0, 0, 0);
+            inside.parent->setLayout(line);
+            grid->addWidget(inside.parent, row, kBoxes, 1, 2);
+        } else {
+            grid->addLayout(line, row, kBoxes, 1, 2);
+        }
         line->addWidget(widget);
-        fill(line, node.children, place);
+        fill(line, node.children, inside);
         if (!ownWidth) line->addStretch(1);
     }
-    rememberOptions(node);
 }
 
 void FormBuilder::rememberButtons(const std::vector<Layout>& nodes) {

@@ -15,16 +15,11 @@
 
 namespace wynconfig::desktop {
 
-/// A widget that is spoken of by the caption of another control, for screen readers.
+/// A widget that is spoken of by the caption of another control, or by a word, for screen readers.
 struct SpokenName {
     QWidget* widget;
-    const CaptionedControl* caption;
-};
-
-/// Options behind a label, which a screen reader hears of with each of them.
-struct LabelledOption {
-    QWidget* option;
-    const CaptionedControl* label;
+    const CaptionedControl* caption;  ///< null: by the word
+    std::string_view word;            ///< see `Layout::spoken`
 };
 
 /// A button that moves rows between two lists, which go by their labels.
@@ -48,7 +43,6 @@ struct BuiltForm {
     /// Where the Tab key can stop, in its order.
     std::vector<Control*> tabOrder;
     std::vector<SpokenName> spokenNames;
-    std::vector<LabelledOption> labelledOptions;
     std::vector<Mover> movers;
     std::vector<ListHelp> listHelps;
     std::vector<std::vector<QPushButton*>> buttonRows;  ///< buttons that are to be equally wide
@@ -78,7 +72,7 @@ class FormBuilder {
     QWidget* makeLabelled(const Layout& node, const Place& place);
     /// A list with what helps a person in it; null for what is no list.
     QLayout* withHelp(QWidget* widget, const Layout& node, const Place& place);
-    void nameBox(QWidget* box, const Control& control, const CaptionedControl* label);
+    void nameBox(QWidget* box, const Standing& standing, const Place& place);
     void fill(QBoxLayout* box, const std::vector<Layout>& nodes, const Place& place);
     void add(QBoxLayout* box, const Layout& node, const Place& place);
     void addStack(QBoxLayout* box, const Layout& node, const Place& place);
@@ -89,7 +83,8 @@ class FormBuilder {
     void addTitled(QBoxLayout* box, const Layout& node, const Place& place);
     void addBeside(QGridLayout* grid, int row, int column, const Layout& node, const Place& place);
     QGridLayout* addFields(QBoxLayout* box, const std::vector<Layout>& run, const Place& place);
-    void rememberOptions(const Layout& field);
+    /// What the options of a field stand in, so that they are heard of together.
+    QWidget* makeOptionSet(const Layout& field, const Place& place);
     void addField(QGridLayout* grid, int row, const Layout& node, const Place& place);
     void rememberButtons(const std::vector<Layout>& nodes);
     void orderTabStops(const Layout& body);

@@ -19,6 +19,7 @@
 #include "views/qt/help.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/qt_view.h"
+#include "wynconfig/view.h"
 
 namespace wynconfig::desktop {
 
@@ -193,13 +194,9 @@ void FormWindow::measureAnew() {
 
 void FormWindow::showSpokenNames() {
     for (const SpokenName& each : m_built.spokenNames) {
-        const QString name = toQtPlain(each.caption->caption());
+        const QString name = each.caption ? toQtPlain(each.caption->caption())
+                                          : toQt(viewWord(std::string(each.word)));
         if (each.widget->accessibleName() != name) each.widget->setAccessibleName(name);
-    }
-    for (const LabelledOption& each : m_built.labelledOptions) {
-        const QString label = toQtPlain(each.label->caption());
-        if (each.option->accessibleDescription() != label)
-            each.option->setAccessibleDescription(label);
     }
 }
 
@@ -311,17 +308,18 @@ void FormWindow::pullTo(const QSize& size) {
     }
 }
 
-void FormWindow::markRefused() {
+void FormWindow::markRefused(const std::string& why) {
     m_refusal.told();
+    m_whyRefused = toQt(why).simplified();
     QMetaObject::invokeMethod(
         this, [this] { m_refusal.actEnded(); }, Qt::QueuedConnection);
 }
 
 void FormWindow::showRefused() {
     const Control* const marked = m_refusal.marked();
-    if (marked == m_refused) return;
-    for (const Control* each : {std::exchange(m_refused, marked), marked})
-        if (each) binding(*each)->setRefused(each == marked);
+    if (m_refused && m_refused != marked) binding(*m_refused)->setRefused(false);
+    if (marked) binding(*marked)->setRefused(true, m_whyRefused);
+    m_refused = marked;
 }
 
 void FormWindow::focusMoved(Control& control) {

@@ -48,7 +48,8 @@ class FormWindow : public QDialog, private FormObserver {
         m_door([&](const UserInput&) { work(); });
     }
     /// A box told the person of a failure: what the form turns to next is what was refused.
-    void markRefused();
+    /// @param why  what it told
+    void markRefused(const std::string& why);
     /// Gives a control's widget the focus, also while another program has the keyboard.
     void takeFocusTo(QWidget& widget, Qt::FocusReason reason = Qt::OtherFocusReason);
     /// Leaves the form the way that changes the least: by its cancel button, else by the frame.
@@ -121,6 +122,7 @@ class FormWindow : public QDialog, private FormObserver {
     bool m_syncPending = false;
     bool m_syncing = false;
     Refusal m_refusal;
+    QString m_whyRefused;
     const Control* m_refused = nullptr;  ///< what bears its mark on the screen
 };
 

@@ -69,6 +69,11 @@ void provideHelp(QWidget& widget, const std::string& help) {
     widget.setAccessibleDescription(text);
 }
 
+void tellRefusal(QWidget& widget, const QString& why) {
+    const QString told = why.isEmpty() ? widget.property(kTold).toString() : why;
+    if (widget.accessibleDescription() != told) widget.setAccessibleDescription(told);
+}
+
 HelpWindow::HelpWindow(QWidget& dialog) : QDialog(&dialog), m_text(new QTextEdit) {
     setObjectName(QStringLiteral("help"));
     setAttribute(Qt::WA_QuitOnClose, false);

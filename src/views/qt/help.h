@@ -14,8 +14,12 @@ namespace wynconfig::desktop {
 bool asksForHelp(const QEvent& event);
 
 /// Has a widget tell this when it is asked: as a tool tip, unless it has one that names it, as what
-/// stands behind "What's this?", and, unless a label describes it, to a screen reader.
+/// stands behind "What's this?", and, unless something else describes it, to a screen reader.
 void provideHelp(QWidget& widget, const std::string& help);
+
+/// Tells a screen reader why what is in a widget was refused, in place of its help; and the help
+/// again when that is empty.
+void tellRefusal(QWidget& widget, const QString& why);
 
 /// Shows the help of a dialog beside it. Escape closes it, and so does the dialog.
 class HelpWindow : public QDialog {

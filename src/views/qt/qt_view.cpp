@@ -116,7 +116,7 @@ class Desktop : public QtView {
   public:
     Desktop() : m_person(m_screen) {
         provideApplication();
-        desktop::speakOfButtons();
+        desktop::correctSpeech();
     }
 
     void joinThread() override { provideApplication(); }
@@ -250,7 +250,7 @@ int Desktop::showMessage(const MessageRequest& wanted) {
     giveOwner(box);
     runDialog(box, "box", [&] { m_person.answer(box, wanted); });
     FormWindow* const window = m_screen.top();
-    if (window && (wanted.style & boxstyle::Critical)) window->markRefused();
+    if (window && (wanted.style & boxstyle::Critical)) window->markRefused(wanted.text);
     return desktop::answerOf(box);
 }
 

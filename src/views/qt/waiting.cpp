@@ -59,6 +59,7 @@ void ProgressPanel::tell(const Progress& progress) {
     setWindowTitle(m_title->text());
     setAccessibleName(m_title->text());
     m_text->setText(toQt(progress.text));
+    setAccessibleDescription(m_text->text());
     m_bar->setAccessibleName(m_text->text());
     m_bar->setMaximum(inBar(progress.all));
     m_bar->setValue(inBar(progress.done));

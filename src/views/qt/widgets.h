@@ -57,6 +57,12 @@ class OptionBox : public QRadioButton {
     bool m_inClick = false;
 };
 
+/// Options that stand together, of which a screen reader tells by the name of them all.
+class OptionSet : public QWidget {
+  public:
+    using QWidget::QWidget;
+};
+
 /// A check box that knows what turns it.
 class TickBox : public QCheckBox {
   public:

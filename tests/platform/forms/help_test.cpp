@@ -83,6 +83,15 @@ TEST_F(FormHelp, TurnsTheArrowWhereTheWindowRunsTheOtherWay) {
     EXPECT_EQ(spokenName(form.layout().body, form.btnMove, true), "From ← Into");
 }
 
+TEST_F(FormHelp, HasAWordForWhatNoCaptionOnTheScreenNames) {
+    using namespace layout;
+    const Layout body =
+        group(form.frmSide, {spokenAs(single(form.txtFree), "VIEW_TOKENS"),
+                             spokenAs(field(form.lblName, form.txtName), "VIEW_TOKENS")});
+    EXPECT_EQ(spokenName(body, form.txtFree), "Tokens");
+    EXPECT_EQ(spokenName(body, form.txtName), "Name");
+}
+
 TEST_F(FormHelp, LeavesOutWhatIsHidden) {
     form.txtName.setVisible(false);
     form.rdoLeft.setVisible(false);

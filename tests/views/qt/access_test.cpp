@@ -138,8 +138,11 @@ TEST_P(Access, LabelsAreTiedToWhatTheyStandAt) {
     const std::function<void(const Layout&)> check = [&](const Layout& node) {
         for (const Layout& child : node.children) check(child);
         if (!node.label) return;
-        const auto found = QAccessible::queryAccessibleInterface(widgetOf(*node.control))
-                               ->relations(QAccessible::Label);
+        QWidget* widget = widgetOf(*node.control);
+        // Options have it together.
+        if (node.control->kind() == ControlKind::OptionButton) widget = widget->parentWidget();
+        const auto found =
+            QAccessible::queryAccessibleInterface(widget)->relations(QAccessible::Label);
         const bool tied = std::any_of(found.begin(), found.end(), [&](const auto& each) {
             return each.first->object() == widgetOf(*node.label);
         });
@@ -154,23 +157,34 @@ TEST_P(Access, LabelsAreTiedToWhatTheyStandAt) {
     EXPECT_GT(ties, 25);
 }
 
-TEST_P(Access, OptionsAreSpokenOfByTheirFrameOrTheirLabel) {
-    showEach([](User&, Form& form) {
+TEST_P(Access, OptionsStandInAGroupOfTheirName) {
+    const std::map<std::string, QString> groups = {
+        {"rdoTop", "Orientation"},           {"btnClassMatches", "Window Class"},
+        {"rdoPartLeft", "Alignment"},        {"rdoVINRight", "Alignment"},
+        {"rdoAppend", "If the file exists"}, {"rdoOverWrite", "If the file exists"}};
+    std::size_t found = 0;
+    showEach([&](User&, Form& form) {
         for (Control* each : controlsOf(form.layout().body)) {
             if (each->kind() != ControlKind::OptionButton) continue;
-            const Frame* frame = static_cast<OptionButton*>(each)->frame();
-            if (!frame) continue;
-            bool named = false;
-            for (QWidget* around = widgetOf(*each); around; around = around->parentWidget()) {
-                if (around == widgetOf(*frame)) named = !nameOf(around).isEmpty();
-            }
-            EXPECT_TRUE(named) << each->name();
+            QAccessibleInterface* around =
+                QAccessible::queryAccessibleInterface(widgetOf(*each))->parent();
+            while (around && around->role() != QAccessible::Grouping) around = around->parent();
+            ASSERT_NE(around, nullptr) << each->name();
+            const QString name = around->text(QAccessible::Name);
+            EXPECT_FALSE(name.isEmpty()) << each->name();
+            const auto known = groups.find(std::string(each->name()));
+            if (known == groups.end()) continue;
+            EXPECT_EQ(name, known->second) << each->name();
+            ++found;
         }
+    });
+    EXPECT_EQ(found, groups.size());
+}
+
+TEST_P(Access, TheListOfTokensIsCalledSo) {
+    showEach([](User&, Form& form) {
         if (form.name() != "frmPartNumberFormat") return;
-        for (const char* name : {"rdoPartLeft", "rdoPartRight", "rdoVINRight"}) {
-            EXPECT_EQ(window()->findChild<QWidget*>(name)->accessibleDescription(), "Alignment")
-                << name;
-        }
+        EXPECT_EQ(nameOf(window()->findChild<QWidget*>("lstSpecialSymbols2")), "Tokens");
     });
 }
 

@@ -12,6 +12,7 @@
 #include <memory>
 #include <vector>
 
+#include "support/access_events.h"
 #include "support/test_form.h"
 #include "views/qt/waiting.h"
 #include "wynconfig/qt_view.h"
@@ -170,6 +171,21 @@ TEST_F(WaitingTest, TheBarIsSpokenOf) {
     EXPECT_EQ(spoken->text(QAccessible::Name), "Updating sessions: 5 of 20");
     ASSERT_NE(spoken->valueInterface(), nullptr);
     EXPECT_EQ(spoken->valueInterface()->currentValue().toInt(), 5);
+    view->showProgress(stage(Stage::Ends));
+}
+
+TEST_F(WaitingTest, TheBarIsAnnouncedAndThenHowFarItIs) {
+    const AccessEvents events;
+    view->showProgress(stage(Stage::Begins));
+    view->showProgress(lasting("Updating sessions: 5 of 20", 5, 20));
+    EXPECT_EQ(events.of(QAccessible::Alert), std::vector<std::string>{"Please Wait"});
+    const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(panel());
+    EXPECT_EQ(spoken->role(), QAccessible::AlertMessage) << "which is read as it comes up";
+    EXPECT_EQ(spoken->text(QAccessible::Description), "Updating sessions: 5 of 20");
+    view->showProgress(lasting("Updating sessions: 9 of 20", 9, 20));
+    EXPECT_TRUE(events.has(QAccessible::ValueChanged, "Updating sessions: 9 of 20: 9"));
+    EXPECT_TRUE(events.has(QAccessible::NameChanged, "Updating sessions: 9 of 20"));
+    EXPECT_EQ(events.of(QAccessible::Alert).size(), 1U);
     view->showProgress(stage(Stage::Ends));
 }
 
