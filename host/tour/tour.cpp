@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
 #include <stdexcept>
 #include <utility>
 
@@ -34,14 +35,15 @@ void clearStore(const StoreFolders& store) {
     fs::remove_all(store.root);
 }
 
-/// Removes the pictures of an earlier tour.
+/// Removes what an earlier tour has seen and heard.
 void clearPictures(const fs::path& folder) {
     std::vector<fs::path> old;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
         const std::string name = entry.path().filename().string();
         const std::size_t number = name.find_first_not_of("0123456789");
+        const fs::path kind = entry.path().extension();
         if (number != 0 && number != std::string::npos && name[number] == '-' &&
-            entry.path().extension() == ".png")
+            (kind == ".png" || kind == ".txt"))
             old.push_back(entry.path());
     }
     for (const fs::path& path : old) fs::remove(path);
@@ -244,9 +246,7 @@ void Tour::awaitHostDialog(const std::string& pictureName, const char* button,
         }
         if (act) act(*dialog);
         QCoreApplication::processEvents();
-        const fs::path path = nextPicture(pictureName);
-        expect(dialog->grab().save(QString::fromStdString(path.string()), "PNG"),
-               path.string() + " can't be written");
+        takeOwn(*dialog, pictureName);
         dialog->findChild<QPushButton*>(button)->click();
     });
 }
@@ -273,14 +273,29 @@ void Tour::shown(const std::string& name) {
 }
 
 void Tour::picture(const std::string& name) {
-    m_view->savePicture(nextPicture(name).string());
+    const fs::path path = nextPicture(name);
+    m_view->savePicture(path.string());
+    writeSpoken(path, m_view->spokenTree());
 }
 
 void Tour::hostPicture(const std::string& name) {
     QCoreApplication::processEvents();
+    takeOwn(*m_window, name);
+}
+
+void Tour::takeOwn(QWidget& window, const std::string& name) {
     const fs::path path = nextPicture(name);
-    expect(m_window->grab().save(QString::fromStdString(path.string()), "PNG"),
+    expect(window.grab().save(QString::fromStdString(path.string()), "PNG"),
            path.string() + " can't be written");
+    writeSpoken(path, wynconfig::spokenTree(window));
+}
+
+void Tour::writeSpoken(fs::path picture, const std::string& tree) {
+    const fs::path path = picture.replace_extension(".txt");
+    std::ofstream file(path, std::ios::binary);
+    file << tree;
+    file.close();
+    expect(static_cast<bool>(file), path.string() + " can't be written");
 }
 
 void Tour::expectRecord(const std::string& path, Rows rows) {

@@ -22,6 +22,7 @@
 #include "wynconfig/resource_manager.h"
 
 class QDialog;
+class QWidget;
 
 namespace host {
 
@@ -91,7 +92,7 @@ class Tour {
     void expectQuestion(const std::string& pictureName, const std::string& textKey, int button);
     /// Announces a browse dialog: its picture's name, and the path to pick.
     void expectBrowse(const std::string& pictureName, const std::string& path);
-    /// Takes a picture of the dialog on top.
+    /// Takes a picture of the dialog on top, and keeps what a screen reader finds in it.
     void picture(const std::string& name);
     /// Takes a picture of the host's window.
     void hostPicture(const std::string& name);
@@ -125,6 +126,10 @@ class Tour {
   private:
     void shown(const std::string& name);
     std::filesystem::path nextPicture(const std::string& name);
+    /// Takes a picture of a window of the host's own.
+    void takeOwn(QWidget& window, const std::string& name);
+    /// Puts what a screen reader finds beside the picture of the same window.
+    void writeSpoken(std::filesystem::path picture, const std::string& tree);
     void walk(const TourStep& step, std::size_t number);
     void announceBox(const std::string& pictureName, const std::string& textKey,
                      const std::string& besides, int button);

@@ -28,6 +28,9 @@ class WYNCONFIG_API QtView : public View {
     /// Saves a picture of the window on top, as PNG; raises `UserError` when that fails.
     /// @param path  UTF-8
     virtual void savePicture(const std::string& path) = 0;
+    /// What a screen reader finds in the window on top, see `spokenTree`; raises `UserError` when
+    /// there is none.
+    virtual std::string spokenTree() = 0;
     /// Is called when a form or box has come up on the screen, with its name (of a box "box", of a
     /// browse dialog "browse"), before the user acts on it.
     virtual void onShown(std::function<void(const std::string& name)> watcher) = 0;
@@ -55,5 +58,13 @@ WYNCONFIG_API std::shared_ptr<QtView> makeQtView();
 /// stay as they are. Touches nothing of the `QApplication`. Once is enough for a window.
 /// @param window  a window, not a widget in it
 WYNCONFIG_API void clarify(QWidget& window);
+
+/// What a screen reader finds in a window, as text for tests to look at: a line for each element
+/// that can be seen, two blanks further in than the one that holds it. A line has the role, by Qt's
+/// word for it, and the name in quotes; then, where there is such, the content behind "=", the
+/// labels that it goes by, the description in round brackets, and the states in square ones.
+/// @param window  a window, or a widget in it
+/// @return UTF-8, with a line end behind each line
+WYNCONFIG_API std::string spokenTree(QWidget& window);
 
 }  // namespace wynconfig

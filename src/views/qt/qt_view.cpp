@@ -133,6 +133,7 @@ class Desktop : public QtView {
     }
     void dismissUser() override { m_driven = false; }
     void savePicture(const std::string& path) override;
+    std::string spokenTree() override;
     void setOwner(QWidget* window) override {
         m_ownerWidget = window ? window->window() : nullptr;
         m_ownerNumber = 0;
@@ -154,6 +155,9 @@ class Desktop : public QtView {
     /// The window of a form, or null.
     FormWindow* windowOf(const Form* form) const;
     QWidget* parentFor(const Form* owner) const;
+    /// The window on top, as it is by now. Raises `UserError` when there is none.
+    /// @param wanted  what for, at the end of a sentence
+    QWidget& onTop(const std::string& wanted);
     /// Something has left the screen.
     void leftScreen();
     /// Has a window that came up without a parent belong to the window of another toolkit.
@@ -304,12 +308,19 @@ void Desktop::showProgress(const Progress& progress) {
     if (m_driven) m_person.watch(progress.stage, m_waiting.panel());
 }
 
-void Desktop::savePicture(const std::string& path) {
-    if (m_screen.windows.empty()) throw UserError("there is no window to take a picture of");
+QWidget& Desktop::onTop(const std::string& wanted) {
+    if (m_screen.windows.empty()) throw UserError("there is no window " + wanted);
     if (FormWindow* window = m_screen.top()) window->sync();
-    QWidget& top = *m_screen.windows.back();
-    if (!top.grab().save(desktop::toQt(path), "PNG"))
+    return *m_screen.windows.back();
+}
+
+void Desktop::savePicture(const std::string& path) {
+    if (!onTop("to take a picture of").grab().save(desktop::toQt(path), "PNG"))
         throw UserError("no picture could be saved to " + path);
+}
+
+std::string Desktop::spokenTree() {
+    return wynconfig::spokenTree(onTop("to be read"));
 }
 
 }  // namespace
