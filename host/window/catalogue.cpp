@@ -37,8 +37,8 @@ constexpr const char* kConnection = "catalogue";
 
 /// Of the columns, in their order.
 constexpr std::array<const char*, CatalogueModel::ColumnCount> kHeadings = {
-    "COLUMN_NUMBER", "COLUMN_DESCRIPTION", "COLUMN_GROUP",
-    "COLUMN_PRICE",  "COLUMN_STOCK",       "COLUMN_QUANTITY"};
+    "COLUMN_NUMBER", "COLUMN_DESCRIPTION", "COLUMN_PRICE",
+    "COLUMN_STOCK",  "COLUMN_QUANTITY",    "COLUMN_GROUP"};
 
 void run(QSqlQuery& query) {
     if (!query.exec())
@@ -56,15 +56,15 @@ QSqlDatabase openCatalogue() {
     QSqlQuery query(database);
     query.prepare(
         QStringLiteral("CREATE TABLE part (number TEXT PRIMARY KEY, description TEXT, "
-                       "part_group TEXT, cents INTEGER, stock INTEGER, quantity INTEGER)"));
+                       "cents INTEGER, stock INTEGER, quantity INTEGER, part_group TEXT)"));
     run(query);
-    query.prepare(QStringLiteral("INSERT INTO part VALUES (?, ?, ?, ?, ?, 0)"));
+    query.prepare(QStringLiteral("INSERT INTO part VALUES (?, ?, ?, ?, 0, ?)"));
     for (const CataloguePart& part : catalogueParts()) {
         query.addBindValue(part.number);
         query.addBindValue(part.description);
-        query.addBindValue(part.group);
         query.addBindValue(part.cents);
         query.addBindValue(part.stock);
+        query.addBindValue(part.group);
         run(query);
     }
     return database;
@@ -72,6 +72,12 @@ QSqlDatabase openCatalogue() {
 
 QString money(qlonglong cents) {
     return QLocale().toString(static_cast<double>(cents) / 100.0, 'f', 2);
+}
+
+/// Whether a column stands in the tables. The others are not there at all, rather than hidden: a
+/// screen reader would read them.
+bool isShown(int column) {
+    return column != CatalogueModel::Group;
 }
 
 /// Edits a quantity in a spin box.
@@ -138,6 +144,8 @@ QVariant CatalogueModel::headerData(int section, Qt::Orientation orientation, in
     if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal)
         return QVariant::fromValue((section < Price ? Qt::AlignLeft : Qt::AlignRight) |
                                    Qt::AlignVCenter);
+    // A screen reader would read the numbers of rows out, which nobody sees.
+    if (role == Qt::DisplayRole && orientation == Qt::Vertical) return {};
     return QSqlTableModel::headerData(section, orientation, role);
 }
 
@@ -161,7 +169,7 @@ QVariant CatalogueModel::data(const QModelIndex& index, int role) const {
     const int column = index.column();
     if (role == Qt::CheckStateRole && column == PartNumber)
         return quantity(index.row()) > 0 ? Qt::Checked : Qt::Unchecked;
-    if (role == Qt::TextAlignmentRole && column >= Price)
+    if (role == Qt::TextAlignmentRole && column >= Price && column <= Quantity)
         return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
     if (role == Qt::DisplayRole && column == Price)
         return money(QSqlTableModel::data(index, Qt::EditRole).toLongLong());
@@ -283,6 +291,14 @@ bool FoundParts::filterAcceptsRow(int row, const QModelIndex& parent) const {
            QSortFilterProxyModel::filterAcceptsRow(row, parent);
 }
 
+bool FoundParts::filterAcceptsColumn(int column, const QModelIndex&) const {
+    return isShown(column);
+}
+
+bool PickedParts::filterAcceptsColumn(int column, const QModelIndex&) const {
+    return isShown(column);
+}
+
 bool PickedParts::filterAcceptsRow(int row, const QModelIndex&) const {
     return static_cast<const CatalogueModel*>(sourceModel())->quantity(row) > 0;
 }
@@ -382,7 +398,6 @@ PartsTable* CatalogueWidget::makeTable(QSortFilterProxyModel& rows) {
             fit(column, money(0));
     });
     header.setSectionResizeMode(CatalogueModel::Description, QHeaderView::Stretch);
-    table->hideColumn(CatalogueModel::Group);
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     return table;
 }

@@ -26,7 +26,7 @@ class CatalogueModel : public QSqlTableModel {
     Q_OBJECT
 
   public:
-    enum Column { PartNumber, Description, Group, Price, Stock, Quantity, ColumnCount };
+    enum Column { PartNumber, Description, Price, Stock, Quantity, Group, ColumnCount };
 
     static constexpr int kMostPieces = 999;  ///< of one part
 
@@ -88,6 +88,7 @@ class FoundParts : public QSortFilterProxyModel {
 
   protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+    bool filterAcceptsColumn(int column, const QModelIndex& parent) const override;
     bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
   private:
@@ -111,6 +112,7 @@ class PickedParts : public QSortFilterProxyModel {
 
   protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+    bool filterAcceptsColumn(int column, const QModelIndex& parent) const override;
 };
 
 /// Search box and catalogue above, the parts list below.

@@ -93,6 +93,8 @@ void DeletedPanel::readStore() {
         const DeletedItem& item = m_items[static_cast<std::size_t>(at)];
         m_table->setItem(at, Column::Name, new QTableWidgetItem(item.name));
         m_table->setItem(at, Column::Kind, new QTableWidgetItem(kindWord(item.kind)));
+        // A screen reader would read the numbers of rows out, which nobody sees.
+        m_table->setVerticalHeaderItem(at, new QTableWidgetItem);
     }
     m_table->resizeColumnToContents(Column::Kind);
     m_table->setCurrentCell(std::clamp(row, 0, std::max(m_table->rowCount() - 1, 0)), Column::Name);

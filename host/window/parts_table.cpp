@@ -1,6 +1,7 @@
 // What the keys do to quantities.
 #include "window/parts_table.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QSortFilterProxyModel>
 
@@ -36,16 +37,20 @@ void PartsTable::keyPressEvent(QKeyEvent* event) {
 bool PartsTable::enter(const QKeyEvent& event) {
     const QChar key = event.text().size() == 1 ? event.text().front() : QChar();
     const bool isDelete = event.key() == Qt::Key_Delete;
+    const bool isTick = event.key() == Qt::Key_Space;
     const bool isMore = key == u'+';
     const bool isLess = key == u'-' || key == QChar(0x2212);
-    if (!key.isDigit() && !isDelete && !isMore && !isLess) return false;
+    if (!key.isDigit() && !isDelete && !isTick && !isMore && !isLess) return false;
     if (!begin()) return true;
     if (key.isDigit()) {
         typeDigit(key.digitValue());
         return true;
     }
     m_digits.clear();
-    put(isDelete ? 0 : pieces() + (isMore ? 1 : -1), 0);
+    if (isTick)
+        put(pieces() > 0 ? 0 : 1, 0);
+    else
+        put(isDelete ? 0 : pieces() + (isMore ? 1 : -1), 0);
     return true;
 }
 
@@ -63,6 +68,7 @@ void PartsTable::put(int pieces, int entry) {
         return;
     }
     if (pieces < 0) return;
+    const bool wasTicked = this->pieces() > 0;
     m_isPutting = true;
     parts().enter(m_part.row(), pieces, entry);
     // Its row may have gone, come back, or moved to where it is sorted.
@@ -73,6 +79,19 @@ void PartsTable::put(int pieces, int entry) {
         scrollTo(currentIndex());
     }
     m_isPutting = false;
+    if (wasTicked != (this->pieces() > 0)) announceTick();
+}
+
+void PartsTable::announceTick() {
+    const QModelIndex shown = m_rows.mapFromSource(m_part);
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(this);
+    if (!shown.isValid() || !table || !table->tableInterface()) return;
+    const QAccessibleInterface* cell = table->tableInterface()->cellAt(shown.row(), 0);
+    QAccessible::State turned;
+    turned.checked = true;
+    QAccessibleStateChangeEvent event(this, turned);
+    event.setChild(table->indexOfChild(cell));
+    QAccessible::updateAccessibility(&event);
 }
 
 bool PartsTable::begin() {

@@ -12,9 +12,9 @@ namespace host {
 class CatalogueModel;
 
 /// Shows rows of a `CatalogueModel` through a proxy. Digits are the quantity of the current part,
-/// plus and minus one piece more or less, Delete none. Keys that follow each other mean the same
-/// part, also where it left the table in between: who presses minus once too often changes no other
-/// one.
+/// plus and minus one piece more or less, Delete none; the space bar turns its tick. Keys that
+/// follow each other mean the same part, also where it left the table in between: who presses minus
+/// once too often changes no other one.
 class PartsTable : public QTableView {
     Q_OBJECT
 
@@ -37,6 +37,8 @@ class PartsTable : public QTableView {
     bool enter(const QKeyEvent& event);
     void typeDigit(int digit);
     void put(int pieces, int entry);
+    /// Says that the tick of the part that keys mean was turned.
+    void announceTick();
     /// Whether there is a part that keys mean; begins a new entry where the last one has ended.
     bool begin();
     void end();
