@@ -185,6 +185,13 @@ WYNCONFIG_API ListActs actsOf(const Layout& body, const ListView& list);
 /// @param act   one of the buttons of `ListActs`
 WYNCONFIG_API Button* buttonFor(const Layout& body, const ListView& list, Button* ListActs::*act);
 
+/// The buttons that act on the rows of a list, in the order of the layout: those that stand beside
+/// it, and those that move its rows into another one.
+WYNCONFIG_API std::vector<Button*> buttonsOf(const Layout& body, const ListView& list);
+
+/// The button that moves a row from one list into another; null when there is none.
+WYNCONFIG_API Button* moverOf(const Layout& body, const ListView& from, const ListView& into);
+
 /// Whether a control is of a kind that can have the focus.
 WYNCONFIG_API bool takesFocus(const Control& control);
 

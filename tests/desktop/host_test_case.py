@@ -135,6 +135,12 @@ class HostTestCase(unittest.TestCase):
             lambda: self.list(title, name, lambda node: row in node.rows()).row(row)))
         self.list(title, name, lambda node: node.selected() == [row])
 
+    def drag_row(self, title, name, row, onto):
+        """Takes a row of a list along with the mouse, and puts it down on another list."""
+        taken = self._at_rest(
+            lambda: self.list(title, name, lambda node: row in node.rows()).row(row))
+        self.person.drag(taken, self.list(title, onto))
+
     def click_session(self, row):
         """Goes to the host's list of sessions, and selects one of them."""
         self.click(HOST, SESSIONS)

@@ -35,6 +35,18 @@ class Mouse(HostTestCase):
                      and "enabled" not in box.states)
         self.click(ADVANCED, "OK")
 
+    def test_takes_part_formats_from_one_list_to_the_other(self):
+        available, selected = "Available Part Formats", "Selected Part Formats"
+        self.open_session()
+        self.click(SESSION, "Part Number Format")
+        before = self.list(SESSION, selected).rows()
+        self.drag_row(SESSION, available, "SHELF LABEL", onto=selected)
+        self.list(SESSION, selected, lambda node: node.rows() == [*before, "SHELF LABEL"])
+        self.drag_row(SESSION, selected, before[0], onto=available)
+        self.list(SESSION, selected, lambda node: node.rows() == [*before[1:], "SHELF LABEL"])
+        self.person.press("Escape")
+        self.quit_host()
+
     def test_changes_a_session_and_closes_it_by_its_frame(self):
         before = self.store.sessions()
         self.open_session()

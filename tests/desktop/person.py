@@ -28,6 +28,18 @@ class Person:
         _call("mousemove", str(x + across), str(y + height // 2),
               "click", "--repeat", str(times), "--delay", "40", "1")
 
+    def drag(self, node, onto):
+        """Takes an object along with the mouse, and lets go over another one."""
+        def middle(of):
+            x, y, width, height = of.extents
+            return x + width // 2, y + height // 2
+        (x, y), (to_x, to_y) = middle(node), middle(onto)
+        # In steps, by which a press with a move turns into a drag, and a window hears of it.
+        steps = [(x + (to_x - x) * step // 10, y + (to_y - y) * step // 10) for step in range(11)]
+        moves = [each for place in steps
+                 for each in ("mousemove", str(place[0]), str(place[1]), "sleep", "0.05")]
+        _call(*moves[:5], "mousedown", "1", *moves[5:], *moves[-5:], "mouseup", "1")
+
 
 def _call(*arguments):
     subprocess.run(["xdotool", *arguments], check=True, timeout=SECONDS,

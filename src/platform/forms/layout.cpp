@@ -42,6 +42,19 @@ const Layout* nodeOf(const Layout& node, const Control& control) {
     return nullptr;
 }
 
+/// Gathers the buttons that move rows out of the list of a label.
+void collectMovers(const Layout& node, const Control* from, std::vector<const Layout*>& into) {
+    if (from && node.into && node.from == from) into.push_back(&node);
+    for (const Layout& child : node.children) collectMovers(child, from, into);
+}
+
+std::vector<const Layout*> moversFrom(const Layout& body, const ListView& list) {
+    std::vector<const Layout*> movers;
+    const Layout* node = nodeOf(body, list);
+    if (node) collectMovers(body, node->label, movers);
+    return movers;
+}
+
 bool isOption(const Control& control) {
     return control.kind() == ControlKind::OptionButton;
 }
@@ -89,6 +102,27 @@ ListActs actsOf(const Layout& body, const ListView& list) {
 Button* buttonFor(const Layout& body, const ListView& list, Button* ListActs::*act) {
     Button* button = actsOf(body, list).*act;
     return button && list.selectedNumber() > 0 && isUsable(body, *button) ? button : nullptr;
+}
+
+std::vector<Button*> buttonsOf(const Layout& body, const ListView& list) {
+    std::vector<Button*> buttons;
+    const Layout* node = nodeOf(body, list);
+    if (!node) return buttons;
+    for (const Layout& child : node->children) {
+        if (child.control && child.control->kind() == ControlKind::Button)
+            buttons.push_back(static_cast<Button*>(child.control));
+    }
+    for (const Layout* each : moversFrom(body, list))
+        buttons.push_back(static_cast<Button*>(each->control));
+    return buttons;
+}
+
+Button* moverOf(const Layout& body, const ListView& from, const ListView& into) {
+    const Layout* target = nodeOf(body, into);
+    for (const Layout* each : moversFrom(body, from)) {
+        if (target && each->into == target->label) return static_cast<Button*>(each->control);
+    }
+    return nullptr;
 }
 
 bool takesFocus(const Control& control) {

@@ -208,9 +208,9 @@ class ListBinding : public ActingBinding {
     void showHeading() {
         const std::vector<ListColumn>& columns = m_list.columns();
         const QString heading = columns.empty() ? QString() : toQt(columns.front().text);
-        // Under a label of its own the list would say the same twice.
+        // Under a label of its own the list would say the same twice, for the eye as for the ear.
         rowList().setHeaderHidden(m_headed || heading.isEmpty());
-        rowList().rows().setHeading(heading);
+        rowList().rows().setHeading(m_headed ? QString() : heading);
         if (!columns.empty()) rowList().setWidthHint(toPixels(columns.front().width));
     }
 

@@ -1,7 +1,9 @@
 // The window of one form: shows what the form's controls are, and runs until the form unloads.
 #include "views/qt/form_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLayout>
@@ -17,6 +19,7 @@
 #include "views/qt/convert.h"
 #include "views/qt/finding.h"
 #include "views/qt/help.h"
+#include "views/qt/list_menu.h"
 #include "views/qt/widgets.h"
 #include "wynconfig/qt_view.h"
 #include "wynconfig/view.h"
@@ -81,13 +84,35 @@ void FormWindow::watch() {
             m_byWidget[area->viewport()] = &binding->control();
             area->viewport()->installEventFilter(this);
         }
-        if (auto* list = dynamic_cast<RowList*>(binding->widget()))
-            list->doubleClicked = [this, &rows = static_cast<ListView&>(binding->control())] {
-                const KeyAct act = m_form ? actOfDoubleClick(*m_form, rows) : KeyAct{};
-                obey(act);
-                return static_cast<bool>(act);
-            };
+        if (auto* rows = dynamic_cast<RowList*>(binding->widget()))
+            tieRows(static_cast<ListView&>(binding->control()), *rows);
     }
+}
+
+void FormWindow::tieRows(ListView& list, RowList& rows) {
+    rows.doubleClicked = [this, &list] {
+        const KeyAct act = m_form ? actOfDoubleClick(*m_form, list) : KeyAct{};
+        obey(act);
+        return static_cast<bool>(act);
+    };
+    const Layout& body = m_form->layout().body;
+    for (Control* each : controlsOf(body)) {
+        if (each->kind() != ControlKind::ListView) continue;
+        const auto& other = static_cast<const ListView&>(*each);
+        if (moverOf(body, list, other)) rows.letRowsGo();
+        if (moverOf(body, other, list)) rows.takeRows();
+    }
+    const auto mover = [this, &list](const RowList& from) -> Button* {
+        const auto found = m_byWidget.find(&from);
+        if (!m_form || found == m_byWidget.end()) return nullptr;
+        const Layout& whole = m_form->layout().body;
+        Button* button = moverOf(whole, static_cast<const ListView&>(*found->second), list);
+        return button && isUsable(whole, *button) ? button : nullptr;
+    };
+    rows.takes = [mover](const RowList& from) { return mover(from) != nullptr; };
+    rows.putDown = [this, mover](const RowList& from) {
+        if (Button* button = mover(from)) pressLater(*button);
+    };
 }
 
 void FormWindow::markDefaultButton() {
@@ -462,6 +487,39 @@ bool FormWindow::takeKey(const QKeyEvent& key) {
     return static_cast<bool>(act);
 }
 
+bool FormWindow::offerMenu(QObject* watched, const QPoint* at) {
+    auto* rows = dynamic_cast<RowList*>(watched);
+    if (!rows) rows = dynamic_cast<RowList*>(watched->parent());
+    const auto found = m_byWidget.find(rows);
+    if (!rows || !m_form || found == m_byWidget.end() || QApplication::activePopupWidget())
+        return false;
+    auto* menu =
+        new ListMenu(*m_form, static_cast<ListView&>(*found->second), isRightToLeft(), this);
+    if (menu->isEmpty()) {
+        delete menu;
+        return false;
+    }
+    menu->setFont(rows->font());
+    menu->chosen = [this](Button& button) { pressLater(button); };
+    menu->popup(at ? *at : rows->placeOfMenu());
+    return true;
+}
+
+bool FormWindow::takeMenuKey(QObject* watched, const QKeyEvent& key) {
+    const bool asks = key.key() == Qt::Key_Menu ||
+                      (key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier);
+    return asks && offerMenu(watched, nullptr);
+}
+
+void FormWindow::pressLater(Button& button) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, &button] {
+            if (m_form) obey({KeyAct::Kind::Press, &button});
+        },
+        Qt::QueuedConnection);
+}
+
 void FormWindow::obey(const KeyAct& act) {
     if (act.kind == KeyAct::Kind::Help) return showHelp();
     const bool moves = act.takesFocus || act.kind == KeyAct::Kind::Focus;
@@ -498,7 +556,14 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
         auto* const filter = dynamic_cast<FilterLine*>(watched);
-        if (filter ? takeKeyIn(*filter, key) : takeFindKey(key) || takeKey(key)) return true;
+        if (filter ? takeKeyIn(*filter, key)
+                   : takeFindKey(key) || takeMenuKey(watched, key) || takeKey(key))
+            return true;
+    }
+    if (event->type() == QEvent::ContextMenu) {
+        const auto& asked = static_cast<const QContextMenuEvent&>(*event);
+        const bool byMouse = asked.reason() == QContextMenuEvent::Mouse;
+        if (offerMenu(watched, byMouse ? &asked.globalPos() : nullptr)) return true;
     }
     if (event->type() == QEvent::Shortcut &&
         followKey(watched, static_cast<const QShortcutEvent&>(*event)))

@@ -21,6 +21,7 @@ class QShortcutEvent;
 namespace wynconfig::desktop {
 
 class HelpWindow;
+class RowList;
 class ScrolledContent;
 
 class FormWindow : public QDialog, private FormObserver {
@@ -96,6 +97,13 @@ class FormWindow : public QDialog, private FormObserver {
     bool takeFindKey(const QKeyEvent& key);
     /// Answers a key that was pressed in such a line; false when that is for the line.
     bool takeKeyIn(FilterLine& filter, const QKeyEvent& key);
+    /// Ties a list to what its rows can be taken to by the mouse.
+    void tieRows(ListView& list, RowList& rows);
+    /// Offers what the buttons of a list do; false where it has none, or another menu is open.
+    bool offerMenu(QObject* watched, const QPoint* at);
+    bool takeMenuKey(QObject* watched, const QKeyEvent& key);
+    /// Presses a button as soon as the event is over in which the person asked for it.
+    void pressLater(Button& button);
     /// Has the form answer a key; false when it has no use for it.
     bool takeKey(const QKeyEvent& key);
     /// The key that a control marks in its caption was pressed. False: Qt shall deal with it.

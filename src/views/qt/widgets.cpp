@@ -1,6 +1,7 @@
 // Qt's widgets where the dialogs need them to behave a little differently.
 #include "views/qt/widgets.h"
 
+#include <QDrag>
 #include <QFocusEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -310,6 +311,11 @@ int RowModel::rowCount(const QModelIndex& parent) const {
     return m_shown.count();
 }
 
+Qt::ItemFlags RowModel::flags(const QModelIndex& index) const {
+    // Whether the mouse takes any along is for the list to say.
+    return QAbstractListModel::flags(index) | Qt::ItemIsDragEnabled;
+}
+
 QVariant RowModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     const Row& row = m_rows[numberAt(index.row()) - 1];
@@ -345,6 +351,16 @@ class RowPainter : public QStyledItemDelegate {
 };
 
 }  // namespace
+
+TakenRow::TakenRow(const RowList& from) : m_from(&from) {}
+
+const RowList* TakenRow::from() const {
+    return static_cast<const RowList*>(m_from.data());
+}
+
+QStringList TakenRow::formats() const {
+    return {QStringLiteral("application/x-wynconfig-row")};
+}
 
 RowList::RowList(QWidget* parent) : QTreeView(parent) {
     setModel(&m_rows);
@@ -415,7 +431,51 @@ void RowList::focusInEvent(QFocusEvent* event) {
         selectionModel()->setCurrentIndex(m_rows.index(0), QItemSelectionModel::NoUpdate);
 }
 
+QPoint RowList::placeOfMenu() const {
+    const QModelIndex index = m_rows.index(std::max(m_rows.placeOf(selected()), 0));
+    const QRect row = visualRect(index) & viewport()->rect();
+    const QPoint corner = isRightToLeft() ? row.bottomRight() : row.bottomLeft();
+    return viewport()->mapToGlobal(row.isEmpty() ? viewport()->rect().topLeft() : corner);
+}
+
+/// The row is taken as it is picked by a click, so that it is the one that buttons mean.
+void RowList::startDrag(Qt::DropActions) {
+    m_pressing = false;
+    const QModelIndex index = currentIndex();
+    pickCurrent();
+    if (!index.isValid() || selected() == 0) return;
+    auto* drag = new QDrag(this);
+    drag->setMimeData(new TakenRow(*this));
+    const QRect place = visualRect(index);
+    drag->setPixmap(viewport()->grab(place));
+    drag->exec(Qt::CopyAction);
+}
+
+void RowList::weigh(QDropEvent& event) const {
+    const auto* row = dynamic_cast<const TakenRow*>(event.mimeData());
+    const bool fits = row && row->from() && takes && takes(*row->from());
+    event.setDropAction(fits ? Qt::CopyAction : Qt::IgnoreAction);
+    event.setAccepted(fits);
+}
+
+void RowList::dragEnterEvent(QDragEnterEvent* event) {
+    weigh(*event);
+}
+
+void RowList::dragMoveEvent(QDragMoveEvent* event) {
+    weigh(*event);
+}
+
+void RowList::dropEvent(QDropEvent* event) {
+    weigh(*event);
+    if (event->isAccepted() && putDown)
+        putDown(*static_cast<const TakenRow*>(event->mimeData())->from());
+}
+
 void RowList::mousePressEvent(QMouseEvent* event) {
+    // A pick that does something at once is for the left button; of other lists the right one asks
+    // for what can be done with a row.
+    if (event->button() != Qt::LeftButton && m_deliberate) return event->ignore();
     m_pressing =
         event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid();
     QTreeView::mousePressEvent(event);

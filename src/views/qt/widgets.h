@@ -6,6 +6,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
+#include <QPointer>
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QStringListModel>
@@ -161,6 +163,7 @@ class RowModel : public QAbstractListModel {
     void reveal(std::size_t number);
     void setHeading(const QString& heading);
     int rowCount(const QModelIndex& parent = {}) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
@@ -176,6 +179,20 @@ class RowModel : public QAbstractListModel {
     ShownRows m_shown;
     QString m_filter;
     QString m_heading;
+};
+
+class RowList;
+
+/// A row that the mouse has picked up, for the lists of the same program.
+class TakenRow : public QMimeData {
+  public:
+    explicit TakenRow(const RowList& from);
+    /// Where it comes from; null once that has gone.
+    const RowList* from() const;
+    QStringList formats() const override;
+
+  private:
+    QPointer<const QWidget> m_from;
 };
 
 /// A list of one column. Tells of each row that the person picks, also of the selected one when it
@@ -206,6 +223,12 @@ class RowList : public QTreeView {
     void setDeliberate() { m_deliberate = true; }
     /// Goes to a row as an arrow key does.
     void goTo(std::size_t number);
+    /// Where a menu comes up that a key asks for: at the selected row, else at the first one.
+    QPoint placeOfMenu() const;
+    /// From here on the mouse takes rows along that it picks up.
+    void letRowsGo() { setDragEnabled(true); }
+    /// From here on rows can be put down here.
+    void takeRows() { setAcceptDrops(true); }
     void keyboardSearch(const QString&) override {}
 
     /// Gets the number of the row, from 1.
@@ -216,6 +239,10 @@ class RowList : public QTreeView {
     std::function<bool()> doubleClicked;
     /// The person went up from the first row. False: there is nowhere to go.
     std::function<bool()> leftUpwards;
+    /// Whether a row of another list can be put down here now.
+    std::function<bool(const RowList& from)> takes;
+    /// The person put the selected row of another list down here.
+    std::function<void(const RowList& from)> putDown;
     Typing typing;
 
     QSize sizeHint() const override;
@@ -232,8 +259,13 @@ class RowList : public QTreeView {
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     bool viewportEvent(QEvent* event) override;
+    void startDrag(Qt::DropActions actions) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
+    void weigh(QDropEvent& event) const;
     int heightFor(int rows) const;
     bool picksCurrent(const QKeyEvent& event) const;
     bool leavesUpwards(const QKeyEvent& event) const;
