@@ -198,12 +198,16 @@ class ListBinding : public ActingBinding {
         if (number > 0) rowList().goTo(number);
     }
     void showContent() override {
-        if (m_list.revision() != m_shownRevision) {
+        const std::size_t marked = rowList().marked();
+        const bool isAnew = m_list.revision() != m_shownRevision;
+        if (isAnew) {
             m_shownRevision = m_list.revision();
             showHeading();
             rowList().rows().setRows(m_list.rows());
         }
         rowList().showSelected(m_list.selectedNumber());
+        // Where the selected row has gone, keys go on from its place.
+        if (isAnew) rowList().mark(marked);
     }
     void showHeading() {
         const std::vector<ListColumn>& columns = m_list.columns();

@@ -431,6 +431,13 @@ void RowList::focusInEvent(QFocusEvent* event) {
         selectionModel()->setCurrentIndex(m_rows.index(0), QItemSelectionModel::NoUpdate);
 }
 
+void RowList::mark(std::size_t number) {
+    if (number == 0 || selected() > 0) return;
+    const std::size_t last = m_rows.numberAt(m_rows.rowCount() - 1);
+    const QModelIndex index = m_rows.index(m_rows.placeOf(std::min(number, last)));
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+}
+
 QPoint RowList::placeOfMenu() const {
     const QModelIndex index = m_rows.index(std::max(m_rows.placeOf(selected()), 0));
     const QRect row = visualRect(index) & viewport()->rect();

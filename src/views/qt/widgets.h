@@ -223,6 +223,9 @@ class RowList : public QTreeView {
     void setDeliberate() { m_deliberate = true; }
     /// Goes to a row as an arrow key does.
     void goTo(std::size_t number);
+    /// While no row is selected the keyboard is at this one, or at the last one where there are
+    /// fewer.
+    void mark(std::size_t number);
     /// Where a menu comes up that a key asks for: at the selected row, else at the first one.
     QPoint placeOfMenu() const;
     /// From here on the mouse takes rows along that it picks up.

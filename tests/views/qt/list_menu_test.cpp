@@ -170,6 +170,23 @@ TEST_P(TokenMenu, TheRightButtonWritesNoToken) {
     });
 }
 
+TEST_P(ListMenus, KeysGoOnWhereARowWasRemoved) {
+    putFullSession("DESK", {"CSV", "TAB", "ZIP"});
+    openLists([&](User& u) {
+        u.pick("lstSelectedFormats2", "TAB");
+        u.pressDelete();
+        EXPECT_EQ(u.see("lstSelectedFormats2").selected, 0U) << "none is selected by itself";
+        u.formTitle();
+        EXPECT_EQ(rowListOf("lstSelectedFormats2").marked(), 2U);
+        QTest::keyClick(&rowListOf("lstSelectedFormats2"), Qt::Key_Down);
+        EXPECT_EQ(u.see("lstSelectedFormats2").selected, 2U);
+        u.pressDelete();
+        EXPECT_EQ(selectedFormats(u), Texts{"CSV"});
+        u.formTitle();
+        EXPECT_EQ(rowListOf("lstSelectedFormats2").marked(), 1U);
+    });
+}
+
 /// Puts the row of one list down on another one. False: that does not take it.
 bool dropOn(const RowList& from, RowList& onto) {
     const desktop::TakenRow row(from);
