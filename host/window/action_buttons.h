@@ -1,9 +1,11 @@
-// A column of buttons, one per action.
+// A column of buttons, one per action, and the menus of lists that have buttons beside them.
 #pragma once
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QKeySequence>
 #include <QList>
+#include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -26,6 +28,34 @@ inline QVBoxLayout* makeActionButtons(const QList<QAction*>& actions) {
     }
     buttons->addStretch();
     return buttons;
+}
+
+/// Has a list offer in its menu what buttons beside it do, as they can be used then.
+inline void offerButtons(QAbstractItemView& list, const QList<QPushButton*>& buttons) {
+    list.setContextMenuPolicy(Qt::CustomContextMenu);
+    const auto offer = [&list, buttons](const QPoint& at) {
+        auto* menu = new QMenu(&list);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        for (QPushButton* each : buttons) {
+            QAction* entry = menu->addAction(each->text());
+            entry->setEnabled(each->isEnabled());
+            // The menu has closed by then.
+            QObject::connect(entry, &QAction::triggered, each, &QPushButton::click,
+                             Qt::QueuedConnection);
+        }
+        menu->popup(list.viewport()->mapToGlobal(at));
+    };
+    QObject::connect(&list, &QWidget::customContextMenuRequested, &list, offer);
+}
+
+/// The same of a column of buttons.
+inline void offerButtons(QAbstractItemView& list, const QLayout& column) {
+    QList<QPushButton*> buttons;
+    for (int i = 0; i < column.count(); ++i) {
+        if (auto* button = qobject_cast<QPushButton*>(column.itemAt(i)->widget()))
+            buttons << button;
+    }
+    offerButtons(list, buttons);
 }
 
 }  // namespace host

@@ -24,6 +24,7 @@
 #include <utility>
 
 #include "sample/parts.h"
+#include "window/action_buttons.h"
 #include "window/direction.h"
 #include "window/heading.h"
 #include "window/parts_table.h"
@@ -457,6 +458,7 @@ QWidget* CatalogueWidget::makePartsList() {
     m_total->setObjectName(QStringLiteral("total"));
     m_clear = withText(new QPushButton, "LIST_CLEAR");
     connect(m_clear, &QPushButton::clicked, this, &CatalogueWidget::clearPartsList);
+    offerButtons(*table, {m_clear});
 
     auto* line = new QHBoxLayout;
     line->addWidget(m_total, 1);

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <stdexcept>
@@ -70,10 +71,16 @@ DatabasePanel::DatabasePanel(Workplace& workplace, const QList<QAction*>& action
     m_place->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     connect(m_list, &QTreeWidget::currentItemChanged, this, &DatabasePanel::selectionChanged);
     connect(m_list, &QTreeWidget::itemActivated, configure, &QAction::trigger);
+    for (QAction* each : actions) {
+        if (each->objectName() != QStringLiteral("remove-from-database")) continue;
+        new QShortcut(QKeySequence::Delete, m_list, each, &QAction::trigger, Qt::WidgetShortcut);
+    }
 
     auto* line = new QHBoxLayout;
     line->addWidget(m_list, 1);
-    line->addLayout(makeActionButtons(actions));
+    QLayout* buttons = makeActionButtons(actions);
+    line->addLayout(buttons);
+    offerButtons(*m_list, *buttons);
     auto* column = new QVBoxLayout(this);
     column->addLayout(line, 1);
     column->addWidget(m_place);

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <exception>
 
+#include "window/action_buttons.h"
 #include "window/direction.h"
 #include "window/heading.h"
 #include "window/sentence_label.h"
@@ -68,6 +69,7 @@ DeletedPanel::DeletedPanel(const StoreFolders& store, QWidget* parent)
     column->addLayout(line);
     connect(m_restore, &QPushButton::clicked, this, &DeletedPanel::restore);
     connect(m_table, &QTableWidget::itemActivated, m_restore, &QPushButton::click);
+    offerButtons(*m_table, {m_restore});
     worded(this, [this] {
         m_outcome->tell({});
         readStore();

@@ -97,7 +97,9 @@ QWidget* SessionPanel::makeSessions() {
     auto* widget = new QWidget;
     auto* line = new QHBoxLayout(widget);
     line->addWidget(m_sessions, 1);
-    line->addLayout(makeActionButtons(buttonActions(Area::Store)));
+    QLayout* buttons = makeActionButtons(buttonActions(Area::Store));
+    line->addLayout(buttons);
+    offerButtons(*m_sessions, *buttons);
     return widget;
 }
 
