@@ -100,7 +100,7 @@ std::string UCase(std::string_view text) {
             continue;
         }
         const Character character = characterAt(text, at);
-        const std::int32_t upper = character.code < 0 ? character.code : upperOf(character.code);
+        const std::int32_t upper = upperOf(character.code);  // a broken byte has no other
         if (upper == character.code) {
             result.append(text.substr(at, character.length));
         } else {
