@@ -30,6 +30,14 @@ class Stranger : public FaultyFileSystem {
     void makeExactly(const std::string& path) { createFolder(path); }
     void erase(const std::string& path) { removeFile(path); }
     std::string readExactly(const std::string& path) { return readFile(path); }
+    bool canList(const std::string& folder) {
+        std::vector<Entry> entries;
+        return entriesOf(folder, entries);
+    }
+    bool isStamped(const std::string& folder) {
+        Stamp stamp;
+        return stampOf(folder, stamp);
+    }
     bool isSettled(const std::string& folder) {
         Stamp stamp;
         EXPECT_TRUE(stampOf(folder, stamp));

@@ -210,6 +210,17 @@ TEST_P(AnyFileSystem, listsPlainItemFilesAlone) {
     EXPECT_EQ(files->listItems(root + "q.VLA\\"), Names{"INNER.vla"});
 }
 
+TEST_P(AnyFileSystem, tellsAMissingFolderFromAnEmptyOne) {
+    stranger->makeExactly(root + "EMPTY");
+    stranger->write(root + "FILE", "x");
+    EXPECT_TRUE(stranger->canList(root + "EMPTY"));
+    EXPECT_TRUE(stranger->isStamped(root + "EMPTY"));
+    for (const char* name : {"NONE", "FILE"}) {
+        EXPECT_FALSE(stranger->canList(root + name)) << name;
+        EXPECT_FALSE(stranger->isStamped(root + name)) << name;
+    }
+}
+
 TEST_P(AnyFileSystem, listsNothingInAFolderThatIsNotThere) {
     stranger->write(root + "FILE", "x");
     EXPECT_TRUE(files->listItems(root + "NONE\\").empty());
@@ -265,6 +276,24 @@ TEST_P(AnyFileSystem, refusesNamesThatAreTooLong) {
     }
 }
 
+TEST_P(AnyFileSystem, refusesPathsThatAreTooLong) {
+    if (kOnWindows && GetParam() == FilesOn::Disk) GTEST_SKIP() << "there they may be longer";
+    constexpr std::size_t most = 4095;
+    std::string path = root;
+    while (most - path.size() > 200) {
+        path += std::string(100, 'd');
+        files->makeFolder(path);
+        path += '/';
+    }
+    const std::string longest = path + std::string(most - path.size(), 'd');
+    files->makeFolder(longest);
+    EXPECT_TRUE(files->folderExists(longest));
+    const Error error = raisedBy([&] { files->makeFolder(longest + 'd'); });
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_TRUE(holds(error.description(), "File name too long")) << error.description();
+    EXPECT_FALSE(files->folderExists(longest + 'd'));
+}
+
 TEST_P(AnyFileSystem, refusesContentThatItWouldNotReadBack) {
     files->save(at("BIG.vla"), "old");
     const std::string big((std::size_t{64} << 20) + 1, 'x');
@@ -305,6 +334,12 @@ TEST_P(AnyFileSystem, takesOnlyFoldersForFolders) {
     EXPECT_FALSE(files->folderExists(root + "MORA"));
 }
 
+TEST_P(AnyFileSystem, takesNoFolderForALink) {
+    files->makeFolder(root + "A");
+    EXPECT_NO_THROW(files->refuseLink(root + "A\\"));
+    EXPECT_NO_THROW(files->refuseLink(root + "NONE\\"));
+}
+
 TEST_P(AnyFileSystem, takesEitherSeparator) {
     files->makeFolder(root + "A");
     files->makeFolder(root + "A\\B\\");
@@ -312,6 +347,14 @@ TEST_P(AnyFileSystem, takesEitherSeparator) {
     EXPECT_EQ(files->read({root + "A/B\\", "X.vla"}), "x");
     EXPECT_EQ(files->read({root + "\\A\\\\B\\", "X.vla"}), "x");
     EXPECT_EQ(files->read({root + ".\\A\\..\\A\\B\\", "X.vla"}), "x");
+}
+
+TEST_P(AnyFileSystem, goesUpNoFurtherThanToTheTop) {
+    files->save(at("A.vla"), "x");
+    std::string up;
+    for (int i = 0; i < 20; ++i) up += "..\\";
+    const std::string below = fs::path(root).relative_path().generic_string();
+    EXPECT_EQ(files->read({root + up + below, "A.vla"}), "x");
 }
 
 TEST_P(AnyFileSystem, makesOneFolderAtATime) {
@@ -386,6 +429,7 @@ TEST_P(AnyFileSystem, takesAnEmptyFolderForTheWorkingFolder) {
     EXPECT_TRUE(files->existsExactly("HERE.vla"));
     EXPECT_TRUE(files->existsExactly(".\\HERE.vla"));
     EXPECT_FALSE(files->existsExactly("here.vla"));
+    EXPECT_EQ(files->find({"..\\", "HERE.vla"}), "");
     files->makeFolder("Sub\\");
     files->save({"SUB\\", "A.vla"}, "y");
     EXPECT_TRUE(files->existsExactly("Sub\\A.vla"));
@@ -421,6 +465,32 @@ TEST_P(AnyFileSystem, seesWhatOthersChange) {
     EXPECT_TRUE(files->folderExists(root + "SUB"));
 }
 
+TEST_P(AnyFileSystem, seesWhatOthersChangeTwice) {
+    EXPECT_EQ(files->find(at("ONE.VLA")), "");
+    stranger->makeExactly(root + "first");
+    stranger->write(root + "one.vla", "x");
+    EXPECT_EQ(files->find(at("ONE.VLA")), "one.vla");
+    stranger->makeExactly(root + "second");
+    stranger->erase(root + "one.vla");
+    EXPECT_TRUE(files->folderExists(root + "SECOND"));
+    stranger->write(root + "two.vla", "x");
+    EXPECT_EQ(files->find(at("TWO.VLA")), "two.vla");
+    stranger->erase(root + "two.vla");
+    stranger->write(root + "three.vla", "x");
+    EXPECT_EQ(files->find(at("THREE.VLA")), "three.vla");
+}
+
+TEST_P(AnyFileSystem, makesNoFolderWhereOthersMadeSomething) {
+    stranger->makeExactly(root + "FOLDER");
+    stranger->write(root + "FILE", "x");
+    for (const char* name : {"FOLDER", "FILE"}) {
+        const Error error = raisedBy([&] { stranger->makeExactly(root + name); });
+        EXPECT_EQ(error.number(), errc::FileAccess);
+        EXPECT_TRUE(holds(error.description(), "can't be made")) << error.description();
+    }
+    EXPECT_EQ(stranger->names(root), (Names{"FILE", "FOLDER"}));
+}
+
 TEST_P(AnyFileSystem, readsAFolderOnceForManyLookUps) {
     for (int i = 0; i < 20; ++i) files->save(at("Item " + std::to_string(i) + ".vla"), "x");
     std::this_thread::sleep_for(std::chrono::milliseconds(60));
@@ -444,6 +514,14 @@ TEST_P(AnyFileSystem, needsNoListForExactNames) {
     counted.save(at("EXACT.vla"), "y");
     counted.remove(at("EXACT.vla"));
     EXPECT_EQ(counted.count(Operation::List), 0U);
+}
+
+TEST(Memory, tellsItsTopFromTheWorkingFolder) {
+    const auto memory = makeMemoryFileSystem();
+    memory->save({"/", "TOP.vla"}, "x");
+    memory->save({"", "HERE.vla"}, "x");
+    EXPECT_EQ(memory->listItems("/"), Names{"TOP.vla"});
+    EXPECT_EQ(memory->listItems(""), Names{"HERE.vla"});
 }
 
 // ---------------------------------------------------------------------------------------------
