@@ -11,6 +11,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "platform/files/faulty_file_system.h"
@@ -38,6 +39,8 @@ class Stranger : public FaultyFileSystem {
         Stamp stamp;
         return stampOf(folder, stamp);
     }
+    bool hasVersion(const std::string& path) { return versionOf(path).has_value(); }
+    std::errc whyNot(const std::string& folder) { return whyNoFolder(folder); }
     bool isSettled(const std::string& folder) {
         Stamp stamp;
         EXPECT_TRUE(stampOf(folder, stamp));

@@ -152,6 +152,12 @@ extern "C" int stat(const char* path, struct stat* info) noexcept {
     return result;
 }
 
+extern "C" int fstat(int file, struct stat* info) noexcept {
+    const int result = static_cast<int>(syscall(SYS_fstat, file, info));
+    if (result == 0 && wynconfig::saveCalls.claimNoLength) info->st_size = 0;
+    return result;
+}
+
 extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
     if (clock == CLOCK_REALTIME && wynconfig::saveCalls.now) {
         *time = *wynconfig::saveCalls.now;

@@ -16,6 +16,7 @@ struct SaveCalls {
     int failingSync = 0;          ///< the sync of this number, from 1, fails; 0: none
     std::string failingName;      ///< a rename to this name fails
     bool failingListing = false;  ///< the disk fails behind the first names of a folder
+    bool claimNoLength = false;   ///< a file that is open tells no length of its own
     std::string unseenName;       ///< nobody can tell what lies at a name that holds this
     int makeError = 0;            ///< no new file can be made, but fails like this; 0: each can
     int lockError = 0;            ///< every lock fails like this; 0: none

@@ -480,6 +480,21 @@ TEST_P(AnyFileSystem, seesWhatOthersChangeTwice) {
     EXPECT_EQ(files->find(at("THREE.VLA")), "three.vla");
 }
 
+TEST_P(AnyFileSystem, tellsThePlainFileThatItHasAVersionOf) {
+    stranger->makeExactly(root + "FOLDER");
+    stranger->write(root + "FILE", "x");
+    EXPECT_TRUE(stranger->hasVersion(root + "FILE"));
+    EXPECT_FALSE(stranger->hasVersion(root + "FOLDER"));
+    EXPECT_FALSE(stranger->hasVersion(root + "NONE"));
+}
+
+TEST_P(AnyFileSystem, tellsOfAFileThatOthersRemovedFirst) {
+    for (const char* name : {"NONE", "NONE/A.vla"}) {
+        const Error error = raisedBy([&] { stranger->erase(root + name); });
+        EXPECT_EQ(error.number(), errc::FileNotFound) << name;
+    }
+}
+
 TEST_P(AnyFileSystem, makesNoFolderWhereOthersMadeSomething) {
     stranger->makeExactly(root + "FOLDER");
     stranger->write(root + "FILE", "x");

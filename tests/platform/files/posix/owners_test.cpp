@@ -148,6 +148,12 @@ TEST_F(Owners, areToldOnceWhereTheGroupIsLost) {
     EXPECT_EQ(raisedByOther({}, batch), "");
 }
 
+TEST_F(Owners, areToldByAFailureOfItsOwnWhereTheGroupIsLost) {
+    putOwned("A.vla", 0666);
+    saveCalls.ownerError = EINVAL;
+    EXPECT_THROW(files->save(at("A.vla"), "new"), GroupLost);
+}
+
 TEST_F(Owners, areToldWithWhyTheGroupIsLost) {
     putOwned("A.vla", 0666);
     saveCalls.ownerError = EINVAL;  // as where the group has no meaning

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstddef>
@@ -128,9 +129,24 @@ TEST_F(Disk, savesAtExactPathsAsSafely) {
     EXPECT_EQ(saveCalls.log, (Names{"sync file", "rename", "sync folder"}));
     EXPECT_TRUE(fs::is_symlink(root + "link"));
     EXPECT_EQ(contentOf("other"), "new");
+}
+
+TEST_F(Disk, savesAtExactPathsInThePlaceOfLinksThatLeadNowhere) {
+    fs::create_symlink("nowhere", root + "dangling");
+    files->saveExactly(root + "dangling", "new");
+    EXPECT_FALSE(fs::is_symlink(root + "dangling"));
+    EXPECT_EQ(contentOf("dangling"), "new");
+    fs::create_symlink("loop", root + "loop");
+    const Error loop = raisedBy([&] { files->saveExactly(root + "loop", "new"); });
+    EXPECT_EQ(loop.description(),
+              "The file " + root + "loop can't be written: Too many levels of symbolic links.");
+    EXPECT_TRUE(fs::is_symlink(root + "loop"));
+}
+
+TEST_F(Disk, savesAtNoExactPathOfAPipe) {
     ASSERT_EQ(mkfifo((root + "pipe").c_str(), 0600), 0);
     EXPECT_EQ(raisedBy([&] { files->saveExactly(root + "pipe", "x"); }).number(), errc::FileAccess);
-    EXPECT_EQ(names(), (std::set<std::string>{"link", "other", "pipe"}));
+    EXPECT_EQ(names(), std::set<std::string>{"pipe"});
 }
 
 TEST_F(Disk, tellsWhatIsNoPlainFile) {
@@ -257,6 +273,18 @@ TEST_F(Disk, leavesWriteProtectedFilesAlone) {
     EXPECT_EQ(names(), (std::set<std::string>{"A.vla", "B.vla"}));
 }
 
+TEST_F(Disk, tellsWhyAFileCantBeDeleted) {
+    put("A.vla", "x");
+    Error error{0, ""};
+    fs::permissions(root, fs::perms{0555});
+    asOrdinaryUser({}, [&] { error = raisedBy([&] { files->remove(at("A.vla")); }); });
+    fs::permissions(root, fs::perms{0755});
+    EXPECT_EQ(error.number(), errc::FileAccess);
+    EXPECT_EQ(error.description(),
+              "The file " + root + "A.vla can't be deleted: Permission denied.");
+    EXPECT_EQ(contentOf("A.vla"), "x");
+}
+
 TEST_F(Disk, takesNoFolderForEmptyThatItCantOpen) {
     put("A.vla", "x");
     const std::string unreadable = "folder " + folder.path() + " can't be read";
@@ -366,6 +394,19 @@ TEST_F(Disk, tellsWhyThereIsNoFolderToSaveIn) {
     }
 }
 
+TEST_F(Disk, tellsAFileInTheWayWhateverFailedBefore) {
+    put("FILE", "x");
+    errno = EIO;
+    EXPECT_EQ(Stranger{*files}.whyNot(root + "FILE"), std::errc::not_a_directory);
+}
+
+TEST_F(Disk, makesFoldersWithTheModeOfNewOnes) {
+    const mode_t mask = umask(0027);
+    files->makeFolder(root + "A");
+    umask(mask);
+    EXPECT_EQ(modeOf("A"), 0750U);
+}
+
 TEST_F(Disk, tellsAFolderThatItsUserMayNotSearchFromAMissingOne) {
     fs::permissions(root, fs::perms{0755});
     fs::create_directories(root + "shut/SUB");
@@ -404,6 +445,18 @@ TEST_F(Disk, leavesOutALinkThatLeadsWhereItsUserMayNotLook) {
 TEST_F(Disk, readsFilesThatClaimNoLength) {
     const std::string status = files->read({"/proc/self/", "status"});
     EXPECT_TRUE(holds(status, "Pid:")) << status;
+}
+
+TEST_F(Disk, readsFilesThatClaimNoLengthUpToTheBound) {
+    put("MOST.vla", "");
+    saveCalls.claimNoLength = true;
+    for (const std::size_t size : {kMaxItemSize - 1, kMaxItemSize}) {
+        fs::resize_file(root + "MOST.vla", size);
+        EXPECT_EQ(files->read(at("MOST.vla")).size(), size);
+    }
+    fs::resize_file(root + "MOST.vla", kMaxItemSize + 1);
+    const Error error = raisedBy([&] { files->read(at("MOST.vla")); });
+    EXPECT_TRUE(holds(error.description(), "it is too large")) << error.description();
 }
 
 TEST_F(Disk, listsNoNameThatItCouldNotFind) {
