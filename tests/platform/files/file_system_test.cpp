@@ -622,6 +622,19 @@ TEST_F(UnderACoarseClock, readsAFolderEachTimeWhoseTimeNobodyTells) {
     EXPECT_EQ(files.find({"", "B.VLA"}), "b.vla");
 }
 
+TEST_F(UnderACoarseClock, keepsNoIndexBehindASaveWhoseTimeNobodyTells) {
+    EXPECT_EQ(files.find({"", "A.VLA"}), "");
+    files.duringSave = [&] {
+        stranger.write("a.vla", "x");
+        files.tellsTime = false;
+    };
+    files.save({"", "OWN.vla"}, "x");
+    files.duringSave = [] {};
+    files.tellsTime = true;
+    files.save({"", "A.VLA"}, "y");
+    EXPECT_EQ(memory->listItems(""), (Names{"a.vla", "OWN.vla"}));
+}
+
 TEST_F(UnderACoarseClock, savesNewFilesByTheIndexAtHand) {
     for (int i = 0; i < 100; ++i) {
         files.save({"", "New " + std::to_string(i) + ".vla"}, "x");
