@@ -187,6 +187,27 @@ std::vector<std::string> keysThatMeetInTheStandardHash(int count) {
     return keys;
 }
 
+TEST(RecordKeys, ThatMeetInTheIndexAreToldApart) {
+    // In a full index of 128 places all begin at its last one, and go on around its end.
+    constexpr std::uint64_t last = 127;
+    std::vector<std::string> keys;
+    for (int i = 0; keys.size() < 96; ++i) {
+        const std::string key = std::to_string(i);
+        if ((keyHash(processHashKey(), key) & last) == last) keys.push_back(key);
+    }
+    Dataset record;
+    for (const std::string& key : keys) record.AddRow({key, "of " + key});
+    for (const std::string& key : keys) EXPECT_EQ(record.GetRow(key)[1], "of " + key);
+    for (std::size_t i = 0; i < keys.size(); i += 3) record.DeleteRow(keys[i]);
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (i % 3 == 0) {
+            EXPECT_EQ(raisedBy([&] { record.GetRow(keys[i]); }).number(), errc::NoSuchKey);
+        } else {
+            EXPECT_EQ(record.GetRow(keys[i])[1], "of " + keys[i]);
+        }
+    }
+}
+
 TEST(RecordKeys, ThatMeetInTheStandardHashPartInARecord) {
     const auto keys = keysThatMeetInTheStandardHash(10'000);
     for (const std::string& key : keys)
