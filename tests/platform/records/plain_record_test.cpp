@@ -97,6 +97,7 @@ TEST(PlainRecord, IsWhatTheParserMakesOfItWhateverByteIsAnother) {
     };
     for (std::size_t at = 0; at <= xml.size(); ++at) {
         hold(xml.substr(0, at));
+        hold(xml.substr(0, at) + "</dataset>\n");
         hold(xml.substr(0, at) + xml.substr(std::min(at + 1, xml.size())));
         for (int byte = 0; byte < 256; ++byte) {
             const std::string one(1, static_cast<char>(byte));
