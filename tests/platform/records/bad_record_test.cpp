@@ -172,6 +172,16 @@ TEST_F(RecordFile, ReadsOverUnknownAttributesAndElements) {
     EXPECT_EQ(record.GetRow("a")[1], "bc");
 }
 
+TEST_F(RecordFile, LoadsTwoColumnsAndNothingElseForOne) {
+    load(
+        "<dataset><history>no</history><column>Key</column><column>Value</column>"
+        "<column>More</column><row key=\"a\">b</row></dataset>");
+    EXPECT_EQ(record.GetRow("a")[1], "b");
+    record.Save(file);
+    EXPECT_NE(memory->read(file).find("  <column>Key</column>\n  <column>Value</column>\n  <row "),
+              std::string::npos);
+}
+
 TEST_F(RecordFile, LoadsWithoutTypeNameKeyAndColumns) {
     load("<dataset/>");
     EXPECT_EQ(record.Type(), "");
@@ -194,6 +204,14 @@ TEST_F(RecordFile, LoadsCdataReferencesAndComments) {
 TEST_F(RecordFile, LoadsEscapesInSmallLettersAndLeavesThoseOfNothing) {
     load("<dataset><row key=\"a\">_x00e9_ _xD83D_ _xdcff_ _x00g0_</row></dataset>");
     EXPECT_EQ(record.GetRow("a")[1], "é _xD83D_ \xFF _x00g0_");
+}
+
+TEST_F(RecordFile, LoadsEscapesUpToWhereTheyStandForNothing) {
+    load("<dataset><row key=\"a\">_xD7FF_ _xE000_ _xDC80_</row></dataset>");
+    EXPECT_EQ(record.GetRow("a")[1], "\uD7FF \uE000 \x80");
+    const std::string nothing = "_xD800_ _xDBFF_ _xDC7F_ _xDD00_ _xDFFF_";
+    load("<dataset><row key=\"a\">" + nothing + "</row></dataset>");
+    EXPECT_EQ(record.GetRow("a")[1], nothing);
 }
 
 TEST_F(RecordFile, LoadsWithLineEndsOfAnotherSystem) {
