@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QTabBar>
+#include <QTextEdit>
 #include <functional>
 #include <map>
 
@@ -20,7 +21,9 @@
 #include "support/host_window.h"
 
 #include "support/languages.h"
+#include "window/first_steps.h"
 #include "window/refused_dialog.h"
+#include "window/store_dialogs.h"
 #include "window/wording.h"
 #include "wynconfig/mnemonic.h"
 
@@ -46,25 +49,26 @@ class HostLanguage : public HostWindow {
 
     /// Everything that is shown or told somewhere in the window, also on pages in the back, but for
     /// what is stored: parts, names and paths.
-    QStringList shownTexts() const {
-        QStringList texts = {window->windowTitle()};
-        for (const QWidget* each : window->findChildren<QWidget*>())
+    QStringList shownTexts() const { return textsOf(*window); }
+
+    static QStringList textsOf(const QWidget& shown) {
+        QStringList texts = {shown.windowTitle()};
+        for (const QWidget* each : shown.findChildren<QWidget*>())
             texts << each->accessibleName() << each->toolTip() << each->statusTip();
-        for (const auto* each : window->findChildren<QLabel*>()) texts << each->text();
-        for (const auto* each : window->findChildren<QAbstractButton*>()) texts << each->text();
-        for (const auto* each : window->findChildren<QAction*>())
+        for (const auto* each : shown.findChildren<QLabel*>()) texts << each->text();
+        for (const auto* each : shown.findChildren<QAbstractButton*>()) texts << each->text();
+        for (const auto* each : shown.findChildren<QAction*>())
             texts << each->text() << each->statusTip();
-        for (const auto* each : window->findChildren<QMenu*>()) texts << each->title();
-        for (const auto* each : window->findChildren<QLineEdit*>())
-            texts << each->placeholderText();
-        for (const auto* each : window->findChildren<QTabWidget*>())
+        for (const auto* each : shown.findChildren<QMenu*>()) texts << each->title();
+        for (const auto* each : shown.findChildren<QLineEdit*>()) texts << each->placeholderText();
+        for (const auto* each : shown.findChildren<QTabWidget*>())
             for (int page = 0; page < each->count(); ++page) texts << each->tabText(page);
-        for (const auto* each : window->findChildren<QPlainTextEdit*>()) {
+        for (const auto* each : shown.findChildren<QPlainTextEdit*>()) {
             texts << each->placeholderText();
             if (each->objectName() == "plan" || each->objectName() == "facts")
                 texts << each->toPlainText();
         }
-        for (const auto* each : window->findChildren<QHeaderView*>())
+        for (const auto* each : shown.findChildren<QHeaderView*>())
             for (int column = 0; column < each->count(); ++column)
                 texts << each->model()->headerData(column, Qt::Horizontal).toString();
         texts.removeAll(QString());
@@ -77,6 +81,62 @@ class HostLanguage : public HostWindow {
         QCoreApplication::processEvents();
     }
 
+    /// Looks for what is in no other language.
+    static void expectNoneLeft(const QStringList& texts) {
+        // Names of keys, of languages, what the toolkit says by itself, and what is stored.
+        const QRegularExpression kept(
+            "^(Ctrl|Shift|F1|F5|Del|Return|Alt|Tab).*|^(Deutsch|English|Español|Français|Italiano|"
+            "Português)$|Scroll (Left|Right)$|.*[A-Z]{4,}.*|VIN.*|EUR.*");
+        for (const QString& text : texts) {
+            for (const QString& line : text.split('\n')) {
+                if (kept.match(withoutMarks(line).remove('&')).hasMatch()) continue;
+                EXPECT_EQ(lettersLeft(line).toStdString(), "") << line.toStdString();
+            }
+        }
+    }
+
+    /// The dialogs of the host's own, by their names.
+    std::map<std::string, std::function<void()>> dialogs() const {
+        return {{"open", [this] { askForStore(window.get(), store.root); }},
+                {"take over", [this] { askForTakeOver(window.get()); }},
+                {"remove", [this] { askToRemove(window.get(), "DESK"); }},
+                {"quit", [this] { askToQuit(window.get()); }},
+                {"failure", [this] { tellFailure(window.get(), "/tmp/a"); }},
+                {"first format", [this] { askForFirstFormat(window.get()); }},
+                {"guide", [this] { trigger("guide"); }},
+                {"about", [this] { trigger("about"); }},
+                {"refusal", [this] {
+                     wynconfig::MemoryEdit edit;
+                     edit.session.name = "DESK";
+                     askAboutRefusal(window.get(), wynconfig::RefusedEdit("/tmp/a", edit));
+                 }}};
+    }
+
+    /// Shows each of them, and does this while it is there.
+    void lookAtDialogs(const std::function<void(const std::string& name, QDialog&)>& look) const {
+        for (const auto& [name, show] : dialogs()) {
+            bool seen = false;
+            const auto lookOnce = [&] {
+                for (QWidget* each : QApplication::topLevelWidgets()) {
+                    auto* dialog = qobject_cast<QDialog*>(each);
+                    if (!dialog || !dialog->isVisible() || seen) continue;
+                    seen = true;
+                    look(name, *dialog);
+                    dialog->reject();
+                }
+            };
+            QTimer::singleShot(0, window.get(), lookOnce);
+            show();
+            lookOnce();  // one that does not wait for its answer
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(seen) << name;
+        }
+    }
+
+    void trigger(const char* action) const {
+        window->findChild<QAction*>(QString::fromUtf8(action))->trigger();
+    }
+
     void prepare() const {
         pick("10-0120", 2);
         choose("session", "WORKSHOP COUNTER");
@@ -86,19 +146,21 @@ class HostLanguage : public HostWindow {
 TEST_F(HostLanguage, LeavesNoTextInTheOneBefore) {
     prepare();
     change(WYNCONFIG_PSEUDO_RESOURCES, wynconfig::kPseudoLanguage);
-    // Names of keys, of the language menu's languages, and what the toolkit says by itself.
-    const QRegularExpression kept(
-        "^(Ctrl|Shift|F1|F5|Del|Return|Alt|Tab).*|^(Deutsch|English|Español|Français|Italiano|"
-        "Português)$|Scroll (Left|Right)$|.*[A-Z]{4,}.*|VIN.*|EUR.*");
-    int seen = 0;
-    for (const QString& text : shownTexts()) {
-        ++seen;
-        for (const QString& line : text.split('\n')) {
-            if (kept.match(withoutMarks(line).remove('&')).hasMatch()) continue;
-            EXPECT_EQ(lettersLeft(line).toStdString(), "") << line.toStdString();
-        }
-    }
-    EXPECT_GT(seen, 150);
+    const QStringList texts = shownTexts();
+    expectNoneLeft(texts);
+    EXPECT_GT(texts.size(), 150);
+}
+
+TEST_F(HostLanguage, IsThatOfEachDialog) {
+    change(WYNCONFIG_PSEUDO_RESOURCES, wynconfig::kPseudoLanguage);
+    lookAtDialogs([](const std::string& name, QDialog& dialog) {
+        SCOPED_TRACE(name);
+        QStringList texts = textsOf(dialog);
+        if (const auto* guide = dialog.findChild<QTextEdit*>(); guide && name == "guide")
+            texts << guide->toPlainText();
+        EXPECT_GT(texts.size(), 2);
+        expectNoneLeft(texts);
+    });
 }
 
 TEST_F(HostLanguage, ComesBackWhole) {
@@ -236,44 +298,69 @@ TEST_F(HostInEveryLanguage, MarksNoKeyTwice) {
     });
 }
 
+/// @return how many texts there were
+std::size_t expectRoom(const QWidget& shown) {
+    std::size_t seen = 0;
+    for (const auto* each : shown.findChildren<QAbstractButton*>()) {
+        if (!each->isVisible() || each->text().isEmpty()) continue;
+        EXPECT_GE(each->width(), each->minimumSizeHint().width()) << each->text().toStdString();
+        ++seen;
+    }
+    for (const auto* each : shown.findChildren<QLabel*>()) {
+        // One that gives way is whole in its tool tip.
+        if (!each->isVisible() || each->text().isEmpty() || !each->toolTip().isEmpty()) continue;
+        EXPECT_GE(each->width(), each->minimumSizeHint().width()) << each->text().toStdString();
+        EXPECT_GE(each->height(), each->hasHeightForWidth() ? each->heightForWidth(each->width())
+                                                            : each->minimumSizeHint().height())
+            << each->text().toStdString();
+        ++seen;
+    }
+    for (const auto* each : shown.findChildren<QTabBar*>()) {
+        if (!each->isVisible()) continue;
+        for (int tab = 0; tab < each->count(); ++tab)
+            EXPECT_TRUE(each->rect().contains(each->tabRect(tab)))
+                << each->tabText(tab).toStdString();
+        ++seen;
+    }
+    return seen;
+}
+
+void expectRoomForHeads(const QWidget& shown) {
+    for (const auto* each : shown.findChildren<QHeaderView*>()) {
+        if (!each->isVisible() || each->orientation() != Qt::Horizontal) continue;
+        for (int column = 0; column < each->count(); ++column) {
+            if (each->isSectionHidden(column)) continue;
+            const QString text = each->model()->headerData(column, Qt::Horizontal).toString();
+            EXPECT_GE(each->sectionSize(column), each->fontMetrics().horizontalAdvance(text))
+                << text.toStdString();
+        }
+    }
+}
+
 TEST_F(HostInEveryLanguage, HasRoomForItsTexts) {
     std::size_t seen = 0;
     lookAtEach([&](const std::string& place) {
         SCOPED_TRACE(place);
         EXPECT_LE(window->width(), 1366);
         EXPECT_LE(window->height(), 768);
-        for (const auto* each : window->findChildren<QAbstractButton*>()) {
-            if (!each->isVisible() || each->text().isEmpty()) continue;
-            EXPECT_GE(each->width(), each->minimumSizeHint().width()) << each->text().toStdString();
-            ++seen;
-        }
-        for (const auto* each : window->findChildren<QLabel*>()) {
-            // One that gives way is whole in its tool tip.
-            if (!each->isVisible() || each->text().isEmpty() || !each->toolTip().isEmpty())
-                continue;
-            EXPECT_GE(each->width(), each->minimumSizeHint().width()) << each->text().toStdString();
-            EXPECT_GE(each->height(), each->minimumSizeHint().height())
-                << each->text().toStdString();
-            ++seen;
-        }
-        for (const auto* each : window->findChildren<QTabBar*>()) {
-            if (!each->isVisible()) continue;
-            for (int tab = 0; tab < each->count(); ++tab)
-                EXPECT_TRUE(each->rect().contains(each->tabRect(tab)))
-                    << each->tabText(tab).toStdString();
-            ++seen;
-        }
-        for (const auto* each : window->findChildren<QHeaderView*>()) {
-            if (!each->isVisible() || each->orientation() != Qt::Horizontal) continue;
-            for (int column = 0; column < each->count(); ++column) {
-                if (each->isSectionHidden(column)) continue;
-                const QString text = each->model()->headerData(column, Qt::Horizontal).toString();
-                EXPECT_GE(each->sectionSize(column), each->fontMetrics().horizontalAdvance(text))
-                    << text.toStdString();
-            }
-        }
+        seen += expectRoom(*window);
+        expectRoomForHeads(*window);
     });
     EXPECT_GT(seen, 300U);
+}
+
+TEST_F(HostInEveryLanguage, HasRoomForTheTextsOfItsDialogs) {
+    std::size_t seen = 0;
+    for (const std::string& tag : wynconfig::shippedLanguages()) {
+        change(WYNCONFIG_RESOURCES, tag);
+        lookAtDialogs([&](const std::string& name, QDialog& dialog) {
+            SCOPED_TRACE(tag + ", " + name);
+            EXPECT_LE(dialog.width(), 1024);
+            EXPECT_LE(dialog.height(), 700);
+            seen += expectRoom(dialog);
+        });
+    }
+    EXPECT_GT(seen, 9U * 25);
 }
 
 }  // namespace
