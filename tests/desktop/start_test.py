@@ -62,7 +62,7 @@ class BadStart(HostTestCase):
         with open(blocked, "w", encoding="utf-8") as file:
             file.write("in the way")
         told = self.refused("Escape", "--store", os.path.join(blocked, "store"))
-        self.assertIn("can't be made: Not a directory.", told)
+        self.assertIn("can't be made: a folder of its path is a file.", told)
         self.assertIn("Choose a folder", told)
 
     def test_tells_that_the_texts_are_missing(self):
