@@ -190,9 +190,20 @@ LRESULT ComboPiece::received(UINT message, WPARAM w, LPARAM l) {
         if (message == WM_KILLFOCUS) typing.stop();
         return Piece::received(message, w, l);
     }
-    if (!letter.empty() && inReach())
-        stage().obey(actOfLetter(m_combo.form(), m_combo, typing.ahead(), letter));
+    if (!letter.empty() && inReach()) takeLetter(letter);
     return 0;
+}
+
+void ComboPiece::takeLetter(const std::string& letter) {
+    if (!isOpen())
+        return stage().obey(actOfLetter(m_combo.form(), m_combo, typing.ahead(), letter));
+    // Items that are not on the screen yet can't be gone to.
+    if (m_combo.revision() != m_shownRevision) return;
+    const std::vector<std::string>& items = m_combo.items();
+    const auto textOf = [&](std::size_t item) -> std::string_view { return items[item - 1]; };
+    const auto current = static_cast<std::size_t>(send(CB_GETCURSEL) + 1);
+    const std::size_t found = typing.ahead().next(letter, items.size(), textOf, current);
+    if (found > 0) send(CB_SETCURSEL, found - 1);
 }
 
 /// The room for thousands of items is made at once.

@@ -35,7 +35,7 @@ class EditPiece : public Piece {
     bool m_reporting = false;
 };
 
-/// A drop-down list. What is chosen while it is open counts when it closes.
+/// A drop-down list. What is chosen or found by letters while it is open counts when it closes.
 class ComboPiece : public Piece {
   public:
     ComboPiece(ComboBox& combo, Stage& stage, const Standing& standing);
@@ -51,6 +51,7 @@ class ComboPiece : public Piece {
     LRESULT received(UINT message, WPARAM w, LPARAM l) override;
     bool isOpen() const { return send(CB_GETDROPPEDSTATE) != 0; }
     void reportChoice();
+    void takeLetter(const std::string& letter);
 
     ComboBox& m_combo;
     std::size_t m_shownRevision = static_cast<std::size_t>(-1);

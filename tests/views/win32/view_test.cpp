@@ -11,6 +11,8 @@
 #include "support/all_dialogs.h"
 #include "support/native_desk.h"
 #include "support/raised.h"
+#include "views/win32/form_window.h"
+#include "views/win32/person/hands.h"
 #include "wynconfig/error.h"
 
 namespace wynconfig {
@@ -310,6 +312,23 @@ TEST_F(NativeView, ADropDownListOfThousandsShowsFifteenItems) {
         EXPECT_EQ(::SendMessageW(box, CB_GETCOUNT, 0, 0), 10000);
         EXPECT_EQ(::SendMessageW(box, CB_GETMINVISIBLE, 0, 0), 15);
         person.choose("cboKind", "KIND 9999");
+        person.click("btnOK");
+    });
+    choices.Show();
+}
+
+TEST_F(NativeView, AnOpenDropDownListIsSearchedByLetters) {
+    Choices choices;
+    user.onForm("frmChoices", [&](User& person) {
+        native::FormWindow& window = *native::FormWindow::of(front());
+        const HWND box = window.piece(choices.cboKind)->window();
+        person.focus("cboKind");
+        ::SendMessageW(box, CB_SHOWDROPDOWN, TRUE, 0);
+        native::typeLetters(window, L"kind 77");
+        EXPECT_EQ(::SendMessageW(box, CB_GETCURSEL, 0, 0), 76);
+        EXPECT_EQ(choices.cboKind.selectedIndex(), -1) << "nothing is chosen yet";
+        native::keyClick(window, VK_RETURN);
+        EXPECT_EQ(choices.cboKind.text(), "KIND 77");
         person.click("btnOK");
     });
     choices.Show();
