@@ -622,6 +622,16 @@ TEST_F(UnderACoarseClock, readsAFolderEachTimeWhoseTimeNobodyTells) {
     EXPECT_EQ(files.find({"", "B.VLA"}), "b.vla");
 }
 
+TEST_F(UnderACoarseClock, entersNoRemovalInAnIndexThatOthersOutdated) {
+    files.save({"", "OWN.vla"}, "x");
+    EXPECT_EQ(files.find({"", "A.VLA"}), "");
+    stranger.write("a.vla", "x");
+    files.time = 2;
+    files.remove({"", "OWN.vla"});
+    files.save({"", "A.VLA"}, "y");
+    EXPECT_EQ(memory->listItems(""), Names{"a.vla"});
+}
+
 TEST_F(UnderACoarseClock, keepsNoIndexBehindASaveWhoseTimeNobodyTells) {
     EXPECT_EQ(files.find({"", "A.VLA"}), "");
     files.duringSave = [&] {
