@@ -4,10 +4,12 @@
 
 #include <chrono>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "platform/files/faulty_file_system.h"
 #include "support/file_system_kit.h"
 #include "support/meanwhile.h"
 
@@ -216,6 +218,35 @@ TEST_F(OvertakenOnDisk, aFileThatWentWithItsFolderIsAFailure) {
         raisedBy([&] { batch.commit([](const std::vector<ItemPath>&) { FAIL(); }); });
     EXPECT_TRUE(holds(error.description(), root + "X/A.vla can't be written"))
         << error.description();
+}
+
+/// Files of which no state is settled, so that each has to be read to be told from another.
+class Unsettled : public FaultyFileSystem {
+  public:
+    using FaultyFileSystem::FaultyFileSystem;
+
+  protected:
+    std::optional<Version> versionOf(const std::string& path) override {
+        std::optional<Version> version = FaultyFileSystem::versionOf(path);
+        if (version) version->settled = false;
+        return version;
+    }
+};
+
+TEST(OvertakenInMemory, isAFileThatCantBeReadOnceMore) {
+    const auto memory = makeMemoryFileSystem();
+    Unsettled disk{*memory};
+    const ItemPath path{"", "A.vla"};
+    disk.save(path, "old");
+    SaveBatch batch{disk};
+    disk.save(path, disk.read(path) + " ours");
+    disk.failOn(Operation::Read, "A", 0, 1);
+    Names overtaken;
+    batch.commit([&](const std::vector<ItemPath>& paths) {
+        for (const ItemPath& each : paths) overtaken.push_back(each.name);
+    });
+    EXPECT_EQ(overtaken, Names{"A.vla"});
+    EXPECT_EQ(memory->read(path), "old");
 }
 
 }  // namespace
