@@ -30,8 +30,6 @@ def texts_of(tag):
     texts = {}
     for folder in ("resources", "host/resources"):
         file = SOURCE / folder / f"{tag}.xlf"
-        if not file.exists():
-            continue  # the test of the files knows which ones there have to be
         root = ElementTree.parse(file).getroot()
         for unit in root.iter(f"{SPACE}trans-unit"):
             texts[unit.get("id")] = plain(unit.find(SPACE + kind).text)
@@ -103,7 +101,7 @@ class Glossary(unittest.TestCase):
         for tag in LANGUAGES.values():
             texts = texts_of(tag)
             for key, text in english.items():
-                for term in terms_in(text, known) if key in texts else ():
+                for term in terms_in(text, known):
                     used.add(term)
                     form = form_of(known[term][tag], tag)
                     if re.search(form, texts[key], re.IGNORECASE):

@@ -74,6 +74,9 @@ class FilesOf:
         cls.roots = {file.stem: ElementTree.parse(file).getroot() for file in cls.files}
         cls.english = units_of(cls.roots["en"])
 
+    def test_there_are_nine(self):
+        self.assertEqual(len(self.files), 9)
+
     def test_each_is_well_formed(self):
         subprocess.run(["xmllint", "--noout", *self.files], check=True)
 
@@ -143,9 +146,6 @@ class FilesOf:
 
 class ComponentFiles(FilesOf, unittest.TestCase):
     FOLDER = "resources"
-
-    def test_there_are_nine(self):
-        self.assertEqual(len(self.files), 9)
 
     def test_a_message_that_is_joined_has_notes_that_show_it_in_its_language(self):
         for tag, root in self.roots.items():
