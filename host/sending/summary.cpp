@@ -35,13 +35,16 @@ std::string fieldOf(const FieldLayout& layout) {
 }
 
 /// A setting below the name of what it belongs to.
-std::string line(const std::string& label, const std::string& value) {
-    return "  " + phrase("JOIN_COLON", {label, value});
+std::string lineOf(const std::string& label, const std::string& value, const ValueMark& mark) {
+    return "  " + phrase("JOIN_COLON", {label, mark ? mark(value) : value});
 }
 
 }  // namespace
 
-std::vector<std::string> summaryOf(const Session& session) {
+std::vector<std::string> summaryOf(const Session& session, const ValueMark& mark) {
+    const auto line = [&](const std::string& label, const std::string& value) {
+        return lineOf(label, value, mark);
+    };
     std::vector<std::string> lines = {
         phrase("SUMMARY_SESSION", {session.name}),
         line(phrase("SUMMARY_PROGRAM"), orNone(session.programPath)),
@@ -56,7 +59,10 @@ std::vector<std::string> summaryOf(const Session& session) {
     return lines;
 }
 
-std::vector<std::string> summaryOf(const PartFormat& format) {
+std::vector<std::string> summaryOf(const PartFormat& format, const ValueMark& mark) {
+    const auto line = [&](const std::string& label, const std::string& value) {
+        return lineOf(label, value, mark);
+    };
     return {
         phrase("SUMMARY_FORMAT", {format.name}),
         line(phrase("SUMMARY_HEADER"), orNone(format.header)),

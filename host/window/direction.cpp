@@ -40,8 +40,12 @@ QString isolatedIn(const QString& sentence, QStringList identifiers) {
                           isolated(QStringLiteral("\\1")));
 }
 
+QString apart(const QString& value) {
+    return between(kFirstStrongIsolate, value);
+}
+
 QString withoutMarks(QString text) {
-    text.remove(kLeftToRightIsolate).remove(kPopIsolate);
+    text.remove(kLeftToRightIsolate).remove(kFirstStrongIsolate).remove(kPopIsolate);
     return text;
 }
 

@@ -20,6 +20,10 @@ QString isolated(const std::string& identifier);
 /// A sentence made elsewhere, in which these identifiers stand as `isolated` shows them.
 QString isolatedIn(const QString& sentence, QStringList identifiers);
 
+/// A value of any kind as it stands in a line that is shown: apart from the text around it, in the
+/// direction of its first letter.
+QString apart(const QString& value);
+
 /// A text without the marks.
 QString withoutMarks(QString text);
 

@@ -4,7 +4,6 @@
 #include <QDateTime>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QObject>
@@ -40,7 +39,8 @@ QString summary(const wynconfig::ItemText& item, Read read) {
         wynconfig::Dataset record;
         record.Load(document);
         QStringList lines;
-        for (const std::string& line : summaryOf(read(record))) lines << toQt(line);
+        const auto mark = [](const std::string& value) { return apart(toQt(value)).toStdString(); };
+        for (const std::string& line : summaryOf(read(record), mark)) lines << toQt(line);
         return lines.join(u'\n');
     } catch (const wynconfig::Error&) {
         return toQt(item.name);
@@ -85,12 +85,8 @@ QLabel* makeText(const QString& text) {
 }
 
 QPlainTextEdit* makeTexts(const wynconfig::MemoryEdit& edit) {
-    auto* texts = new QPlainTextEdit(textsOf(edit));
-    texts->setReadOnly(true);
-    texts->setTabChangesFocus(true);
-    texts->setLineWrapMode(QPlainTextEdit::NoWrap);
-    texts->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    readLeftToRight(*texts);
+    QPlainTextEdit* texts = makeSentenceBox("REFUSED_YOURS");
+    texts->setPlainText(textsOf(edit));
     return texts;
 }
 

@@ -60,5 +60,16 @@ TEST(Summary, OfAPartFormatTellsItsTemplatesAndFields) {
         EXPECT_TRUE(has(lines, line)) << line;
 }
 
+TEST(Summary, SetsItsValuesApartWhereItIsTold) {
+    PartFormat format;
+    format.name = "LABELS";
+    format.header = "<CR><LF>";
+    const auto lines =
+        summaryOf(format, [](const std::string& value) { return "[" + value + "]"; });
+    EXPECT_EQ(lines.at(0), "Part format LABELS");
+    EXPECT_EQ(lines.at(1), "  Header: [<CR><LF>]");
+    EXPECT_EQ(lines.at(2), "  Record: [none]");
+}
+
 }  // namespace
 }  // namespace host

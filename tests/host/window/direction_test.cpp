@@ -55,6 +55,15 @@ TEST_F(HostIdentifiers, RunLeftToRightInTheirMarks) {
     EXPECT_TRUE(isolated(QString()).isEmpty());
 }
 
+TEST_F(HostIdentifiers, ThatAreValuesRunAsTheyBegin) {
+    for (const char* each : {"<CR><LF>", "--of-anna"}) {
+        const QString marked = apart(QString::fromUtf8(each));
+        EXPECT_TRUE(runsLeftToRight(marked, 2, marked.size() - 2)) << each;
+        EXPECT_EQ(withoutMarks(marked).toStdString(), each);
+    }
+    EXPECT_TRUE(apart(QString()).isEmpty());
+}
+
 TEST_F(HostIdentifiers, AreFoundInSentencesTheLongestFirst) {
     EXPECT_EQ(isolatedIn("The file /a/b.c of /a is (b).", {"/a", "", "/a/b.c", "(b)"}),
               "The file " + isolated(QString("/a/b.c")) + " of " + isolated(QString("/a")) +
