@@ -54,6 +54,9 @@ struct WYNCONFIG_API Layout {
     /// What no caption on the screen names is spoken of by this word, a key for `viewWord`: the
     /// control, or of a Field with options all of them together. Empty where a caption does.
     std::string_view spoken = {};
+    /// Of a box for text: how many characters of usual width what goes in there has as a rule. A
+    /// view may keep a box for few of them narrow, and give one for many more room; 0: no rule.
+    int chars = 0;
 };
 
 /// A dialog's layout and the buttons behind its Enter and Escape keys.
@@ -153,7 +156,16 @@ inline Layout acting(Layout list, const ListActs& acts) {
     return list;
 }
 
+/// The same box, for texts of a length that is known as a rule.
+/// @param box    a box for text, or a field of one
+/// @param chars  see `Layout::chars`
+inline Layout sized(Layout box, int chars) {
+    box.chars = chars;
+    return box;
+}
+
 /// The same node, with a word for who hears the dialog where no caption is on the screen.
+/// @param node  of a control, or a field with options
 /// @param word  see `Layout::spoken`; has to last
 inline Layout spokenAs(Layout node, std::string_view word) {
     node.spoken = word;

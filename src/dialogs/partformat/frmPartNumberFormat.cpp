@@ -68,8 +68,9 @@ void FieldGroup::addFields(Fields& table, const partformat::FieldKeys& keys,
 
 Layout FieldGroup::declareLayout() {
     using namespace layout;
+    constexpr int kLength = 6;
     return group(frame,
-                 {single(check), field(lengthLabel, length),
+                 {single(check), sized(field(lengthLabel, length), kLength),
                   field(alignmentLabel, left, {single(right), stretch()}), field(padLabel, pad)});
 }
 
@@ -113,6 +114,7 @@ Fields frmPartNumberFormat::fieldTable() {
 
 FormLayout frmPartNumberFormat::declareLayout() {
     using namespace layout;
+    constexpr int kCount = 8;
     return {
         column(
             {field(lblFormatName, txtFormatName),
@@ -124,7 +126,8 @@ FormLayout frmPartNumberFormat::declareLayout() {
                                   "VIEW_TOKENS")})}),
              row({growing(Part.declareLayout()), growing(Qty.declareLayout())}),
              row({growing(Desc.declareLayout()), growing(VIN.declareLayout())}),
-             field(lblMaxRecords, txtMaxRecords, {stretch()}), buttons({&btnOk, &btnCancel})}),
+             sized(field(lblMaxRecords, txtMaxRecords, {stretch()}), kCount),
+             buttons({&btnOk, &btnCancel})}),
         &btnOk, &btnCancel};
 }
 

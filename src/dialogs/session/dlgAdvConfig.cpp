@@ -19,6 +19,7 @@ dlgAdvConfig::dlgAdvConfig() : HelpedForm("dlgAdvConfig") {
 
 FormLayout dlgAdvConfig::declareLayout() {
     using namespace layout;
+    constexpr int kDelay = 8;
     return {
         column({group(FrameWindowTitle, {single(txtWindowTitle),
                                          row({single(btnTitleContains), single(btnTitleStartsWith),
@@ -26,9 +27,10 @@ FormLayout dlgAdvConfig::declareLayout() {
                 group(FrameClassTitle, {single(txtWindowClass),
                                         row({single(btnClassContains), single(btnClassStartsWith),
                                              single(btnClassMatches), stretch()})}),
-                group(Frame1, {single(chkDisableProgramLaunch),
-                               field(lblProgramLaunchDelay, txtProgramLaunchDelay),
-                               field(lblWindowTitleClassDelay, txtWindowTitleClassDelay)}),
+                group(Frame1,
+                      {single(chkDisableProgramLaunch),
+                       sized(field(lblProgramLaunchDelay, txtProgramLaunchDelay), kDelay),
+                       sized(field(lblWindowTitleClassDelay, txtWindowTitleClassDelay), kDelay)}),
                 stretch(), buttons({&OKButton, &CancelButton})}),
         &OKButton, &CancelButton};
 }

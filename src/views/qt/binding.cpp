@@ -121,8 +121,9 @@ class ActingBinding : public Binding {
 /// stands survives there as long as nobody touches it.
 class EditBinding : public ActingBinding {
   public:
-    EditBinding(Edit& edit, QWidget* parent, Door& door)
+    EditBinding(Edit& edit, QWidget* parent, Door& door, const Standing& standing)
         : ActingBinding(edit, new TextBox(parent), door), m_edit(edit) {
+        if (standing.chars > 0) box().setChars(standing.chars);
         QObject::connect(&box(), &QLineEdit::textChanged, &box(), [this] { reportText(); });
         QObject::connect(&box(), &QLineEdit::cursorPositionChanged, &box(),
                          [this] { reportCaret(); });
@@ -414,7 +415,8 @@ std::unique_ptr<Binding> bind(Control& control, QWidget* parent, Door& door,
                               const Standing& standing) {
     switch (control.kind()) {
         case ControlKind::Edit:
-            return std::make_unique<EditBinding>(static_cast<Edit&>(control), parent, door);
+            return std::make_unique<EditBinding>(static_cast<Edit&>(control), parent, door,
+                                                 standing);
         case ControlKind::ListView:
             return std::make_unique<ListBinding>(static_cast<ListView&>(control), parent, door,
                                                  standing);

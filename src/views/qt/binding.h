@@ -61,6 +61,7 @@ struct Standing {
     const Control* labels = nullptr;               ///< of a label: what it stands at
     ListActs acts = {};                            ///< of a list
     std::string_view spoken = {};                  ///< see `Layout::spoken`
+    int chars = 0;                                 ///< see `Layout::chars`
 };
 
 /// Makes the widget for a control, as a child of `parent`, and ties the two together.

@@ -100,9 +100,11 @@ QLabel* FormBuilder::makeLabel(const Layout& node, const Place& place) {
 }
 
 QWidget* FormBuilder::makeLabelled(const Layout& node, const Place& place) {
-    QWidget* widget =
-        make(*node.control, place,
-             {.labelledBy = captioned(node.label), .acts = node.acts, .spoken = node.spoken});
+    QWidget* widget = make(*node.control, place,
+                           {.labelledBy = captioned(node.label),
+                            .acts = node.acts,
+                            .spoken = node.spoken,
+                            .chars = node.chars});
     // Also of an option or a value, so that a screen reader knows what it is of.
     if (node.label) m_buddies.at(node.control)->setBuddy(widget);
     return widget;
@@ -322,7 +324,10 @@ void FormBuilder::addField(QGridLayout* grid, int row, const Layout& node, const
     QWidget* widget = makeLabelled(node, inside);
     if (isSet && node.label) m_buddies.at(node.control)->setBuddy(inside.parent);
     if (node.children.empty()) {
-        grid->addWidget(widget, row, kBoxes, 1, 2);
+        const bool isNarrow =
+            node.chars > 0 && widget->sizePolicy().horizontalPolicy() == QSizePolicy::Fixed;
+        const Qt::Alignment side = isNarrow ? Qt::AlignLeft : Qt::Alignment();
+        grid->addWidget(widget, row, kBoxes, 1, 2, side);
         return;
     }
     auto* line = new QHBoxLayout;

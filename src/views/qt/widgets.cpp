@@ -56,7 +56,17 @@ void TextBox::followDirection() {
 QSize TextBox::sizeHint() const {
     // Paths and templates are longer than what Qt makes room for.
     const QSize usual = QLineEdit::sizeHint();
+    if (m_chars > 0) {
+        constexpr int kCharsOfQt = 17;
+        const int edges = usual.width() - kCharsOfQt * fontMetrics().horizontalAdvance(u'x');
+        return {charsWide(fontMetrics(), m_chars) + edges, usual.height()};
+    }
     return {std::max(usual.width(), charsWide(fontMetrics(), kUsualChars)), usual.height()};
+}
+
+void TextBox::setChars(int chars) {
+    m_chars = chars;
+    if (chars < kUsualChars) setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void TextBox::restore(int start, int length) {

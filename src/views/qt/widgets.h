@@ -32,6 +32,8 @@ class TextBox : public QLineEdit {
     /// Has the text run in its own direction, as paths and names do in a window that runs the other
     /// way. It stands where those of the other boxes do.
     void followDirection();
+    /// From here on it has room for so many characters; for few it is no wider than that.
+    void setChars(int chars);
     QSize sizeHint() const override;
 
   protected:
@@ -41,6 +43,8 @@ class TextBox : public QLineEdit {
 
   private:
     void restore(int start, int length);
+
+    int m_chars = 0;
 };
 
 /// An option that a click never turns off. It does not exclude others: the models do. The arrow

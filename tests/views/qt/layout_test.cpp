@@ -231,6 +231,23 @@ TEST_P(EachDialog, HasLabelsOverTheirListsAndNotOverTheButtonsBesideThem) {
     EXPECT_EQ(lists.size(), 4U);
 }
 
+TEST_P(EachDialog, HasNarrowBoxesForFewCharacters) {
+    putFormat("CSV");
+    frmPartNumberFormat form;
+    form.init("CSV");
+    user().onForm("frmPartNumberFormat", [&](User& u) {
+        const QWidget& length = *widget<QWidget>("txtPartFieldLength");
+        const QWidget& pad = *widget<QWidget>("txtPartPad");
+        const QFontMetrics metrics = length.fontMetrics();
+        EXPECT_GT(length.width(), metrics.horizontalAdvance("1234"));
+        EXPECT_LT(length.width(), pad.width() / 2);
+        EXPECT_LT(widget<QWidget>("txtMaxRecords")->width(), pad.width() / 2);
+        EXPECT_EQ(length.x(), pad.x()) << "they begin alike";
+        u.closeByFrame();
+    });
+    form.Show();
+}
+
 TEST_P(EachDialog, TellsInOneLineWhereAnArrowMovesRows) {
     frmMORAMConfig form;
     user().onForm("frmMORAMConfig", [&](User& u) {
