@@ -4,12 +4,14 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "views/qt/colours.h"
@@ -360,14 +362,18 @@ class LabelBinding : public Binding {
 class FrameBinding : public Binding {
   public:
     FrameBinding(Frame& frame, QWidget* parent)
-        : Binding(frame, new QGroupBox(parent)), m_frame(frame) {}
+        : Binding(frame, new FrameBox(parent)), m_frame(frame) {}
 
   private:
     void showContent() override {
         static_cast<QGroupBox*>(widget())->setTitle(toQtCaption(m_frame.caption()));
         widget()->setAccessibleName(toQtPlain(m_frame.caption()));
+        QLayout* const inside = widget()->layout();
+        if (!m_edges) m_edges = inside->contentsMargins();
+        inside->setContentsMargins(m_frame.caption().empty() ? QMargins() : *m_edges);
     }
     Frame& m_frame;
+    std::optional<QMargins> m_edges;  ///< those of a frame with a caption
 };
 
 /// The bar tells only what the person wants; the model decides, and only then the page changes.

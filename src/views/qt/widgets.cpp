@@ -69,6 +69,10 @@ void TextBox::setChars(int chars) {
     if (chars < kUsualChars) setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
+void FrameBox::paintEvent(QPaintEvent* event) {
+    if (!title().isEmpty()) QGroupBox::paintEvent(event);
+}
+
 void TextBox::restore(int start, int length) {
     if (length > 0)
         setSelection(start, length);

@@ -4,6 +4,7 @@
 #include <QAbstractListModel>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -45,6 +46,16 @@ class TextBox : public QLineEdit {
     void restore(int start, int length);
 
     int m_chars = 0;
+};
+
+/// A frame around other widgets, of which nothing is seen while it has no caption: an outline that
+/// says nothing would only take room.
+class FrameBox : public QGroupBox {
+  public:
+    using QGroupBox::QGroupBox;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 /// An option that a click never turns off. It does not exclude others: the models do. The arrow

@@ -248,6 +248,27 @@ TEST_P(EachDialog, HasNarrowBoxesForFewCharacters) {
     form.Show();
 }
 
+TEST_P(EachDialog, HasNoOutlineAroundWhatHasNoCaption) {
+    frmAddMORAMConfig form;
+    form.init("NEW");
+    user().onForm("frmAddMORAMConfig", [&](User& u) {
+        auto& frame = *widget<QWidget>("frmSession");
+        const auto colours = [&] {
+            u.formTitle();
+            const QImage picture = frame.grab().toImage();
+            std::set<QRgb> found;
+            for (int x = 0; x < picture.width(); ++x)
+                found.insert(picture.pixel(x, picture.height() - 2));
+            return found.size();
+        };
+        EXPECT_EQ(colours(), 1U);
+        form.frmSession.setCaption("Session");
+        EXPECT_GT(colours(), 1U);
+        u.closeByFrame();
+    });
+    form.Show();
+}
+
 TEST_P(EachDialog, TellsInOneLineWhereAnArrowMovesRows) {
     frmMORAMConfig form;
     user().onForm("frmMORAMConfig", [&](User& u) {
