@@ -51,12 +51,27 @@ class ListBox : public QPlainTextEdit {
     ControlNames m_names{*this};
 };
 
+/// Its lines begin on the side from which the window is read, which the toolkit leaves to the left.
 class SentenceBox : public QPlainTextEdit {
+  public:
+    SentenceBox() { align(); }
+
   protected:
+    void changeEvent(QEvent* event) override {
+        QPlainTextEdit::changeEvent(event);
+        if (event->type() == QEvent::LayoutDirectionChange) align();
+    }
     QMimeData* createMimeDataFromSelection() const override {
         auto* copied = new QMimeData;
         copied->setText(withoutMarks(textCursor().selection().toPlainText()));
         return copied;
+    }
+
+  private:
+    void align() {
+        QTextOption option = document()->defaultTextOption();
+        option.setAlignment(isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
+        document()->setDefaultTextOption(option);
     }
 };
 

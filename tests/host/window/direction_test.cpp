@@ -148,6 +148,17 @@ TEST_P(HostDirection, OfABoxIsThatOfItsChoice) {
     EXPECT_EQ(box.itemText(0), kMixed);
 }
 
+TEST_P(HostDirection, OfBoxesOfSentencesIsTheSideOnWhichTheirLinesBegin) {
+    const bool rightToLeft = GetParam() == Qt::RightToLeft;
+    for (const char* each : {"plan", "outcome"}) {
+        const QTextOption option = widget<QPlainTextEdit>(each).document()->defaultTextOption();
+        EXPECT_EQ(option.alignment() == Qt::AlignRight, rightToLeft) << each;
+    }
+    QApplication::setLayoutDirection(rightToLeft ? Qt::LeftToRight : Qt::RightToLeft);
+    const QTextOption option = widget<QPlainTextEdit>("plan").document()->defaultTextOption();
+    EXPECT_NE(option.alignment() == Qt::AlignRight, rightToLeft);
+}
+
 TEST_P(HostDirection, OfPathsAndNamesHoldsInSentences) {
     const QString root = isolated(store.root.string());
     EXPECT_EQ(widget<QLabel>("store").text(), "Store: " + root);
