@@ -81,7 +81,7 @@ QStringList linesOf(const ProgramStep& step, bool happens) {
 QString factsOf(const Session& session) {
     QStringList lines;
     for (const auto& [label, value] : furtherFacts(session))
-        lines << wording("JOIN_COLON", {fromText(label), fromText(value)});
+        lines << wording("JOIN_COLON", {fromText(label), apart(fromText(value))});
     lines << QString() << wording("SEND_FACTS_END");
     return lines.join(u'\n');
 }
@@ -157,21 +157,20 @@ QWidget* SendPanel::makeChoices() {
 }
 
 QWidget* SendPanel::makePreview() {
-    const auto add = [this](const char* title, const char* name) {
-        QPlainTextEdit* box = makeTextBox(name);
+    const auto add = [this](const char* title, QPlainTextEdit* box) {
         const int page = m_preview->addTab(box, QString());
         worded(box, [this, page, title] { m_preview->setTabText(page, wording(title)); });
         return box;
     };
     m_preview = new QTabWidget;
     m_preview->setDocumentMode(true);
-    m_programList = add("SEND_FOR_PROGRAM", "SEND_FOR_PROGRAM_NAME");
+    m_programList = add("SEND_FOR_PROGRAM", makeTextBox("SEND_FOR_PROGRAM_NAME"));
     m_programList->setObjectName(QStringLiteral("programList"));
     withHint(m_programList, "SEND_FOR_PROGRAM_NONE");
-    m_fileList = add("SEND_FOR_FILE", "SEND_FOR_FILE_NAME");
+    m_fileList = add("SEND_FOR_FILE", makeTextBox("SEND_FOR_FILE_NAME"));
     m_fileList->setObjectName(QStringLiteral("fileList"));
     withHint(m_fileList, "SEND_FOR_FILE_NONE");
-    m_facts = add("SEND_FACTS", "SEND_FACTS_NAME");
+    m_facts = add("SEND_FACTS", makeSentenceBox("SEND_FACTS_NAME"));
     m_facts->setObjectName(QStringLiteral("facts"));
     letLinesBreak(*m_facts);
     return m_preview;

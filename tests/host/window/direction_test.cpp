@@ -150,7 +150,7 @@ TEST_P(HostDirection, OfABoxIsThatOfItsChoice) {
 
 TEST_P(HostDirection, OfBoxesOfSentencesIsTheSideOnWhichTheirLinesBegin) {
     const bool rightToLeft = GetParam() == Qt::RightToLeft;
-    for (const char* each : {"plan", "outcome"}) {
+    for (const char* each : {"plan", "outcome", "facts"}) {
         const QTextOption option = widget<QPlainTextEdit>(each).document()->defaultTextOption();
         EXPECT_EQ(option.alignment() == Qt::AlignRight, rightToLeft) << each;
     }
