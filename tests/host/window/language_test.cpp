@@ -114,11 +114,12 @@ class HostLanguage : public HostWindow {
 
     /// Shows each of them, and does this while it is there.
     void lookAtDialogs(const std::function<void(const std::string& name, QDialog&)>& look) const {
-        for (const auto& [name, show] : dialogs()) {
+        for (const auto& each : dialogs()) {
+            const std::string& name = each.first;
             bool seen = false;
             const auto lookOnce = [&] {
-                for (QWidget* each : QApplication::topLevelWidgets()) {
-                    auto* dialog = qobject_cast<QDialog*>(each);
+                for (QWidget* shown : QApplication::topLevelWidgets()) {
+                    auto* dialog = qobject_cast<QDialog*>(shown);
                     if (!dialog || !dialog->isVisible() || seen) continue;
                     seen = true;
                     look(name, *dialog);
@@ -126,7 +127,7 @@ class HostLanguage : public HostWindow {
                 }
             };
             QTimer::singleShot(0, window.get(), lookOnce);
-            show();
+            each.second();
             lookOnce();  // one that does not wait for its answer
             QCoreApplication::processEvents();
             EXPECT_TRUE(seen) << name;
