@@ -489,7 +489,7 @@ bool FormWindow::takeKey(const QKeyEvent& key) {
 
 bool FormWindow::offerMenu(QObject* watched, const QPoint* at) {
     auto* rows = dynamic_cast<RowList*>(watched);
-    if (!rows) rows = dynamic_cast<RowList*>(watched->parent());
+    if (!rows && watched) rows = dynamic_cast<RowList*>(watched->parent());
     const auto found = m_byWidget.find(rows);
     if (!rows || !m_form || found == m_byWidget.end() || QApplication::activePopupWidget())
         return false;

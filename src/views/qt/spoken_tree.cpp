@@ -69,7 +69,7 @@ QString lineOf(QAccessibleInterface& element) {
     return line;
 }
 
-void list(QAccessibleInterface& element, int depth, QString& all) {
+void list(QAccessibleInterface& element, qsizetype depth, QString& all) {
     all += QString(2 * depth, u' ') + lineOf(element) + u'\n';
     for (int i = 0; i < element.childCount(); ++i) {
         QAccessibleInterface* child = element.child(i);
