@@ -34,7 +34,8 @@ namespace {
 /// where a text was not translated.
 QString lettersLeft(QString text) {
     static const QRegularExpression marked("\u2066[^\u2069]*\u2069");
-    static const QRegularExpression kept("&.|‹[A-Z0-9]+›|\"[^\"]*\"|/tmp/.*");
+    // A path goes to the end of what is told.
+    static const QRegularExpression kept("&.|‹[A-Z0-9]+›|\"[^\"]*\"|(?<!\\w)/\\w.*");
     text.remove(marked).remove(kept);
     static const QRegularExpression word("[A-Za-z]{2,}");
     return word.match(text).captured();
