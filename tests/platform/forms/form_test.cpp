@@ -68,6 +68,7 @@ class Sample : public Form {
     Log log;
     bool loadFails = false;
     bool unloadFails = false;
+    bool closesAtOnce = false;
     std::function<void()> onLoad;
 
   protected:
@@ -81,7 +82,10 @@ class Sample : public Form {
         Unload();
         if (unloadFails) throw Error(errc::InvalidCall, "no unload");
     }
-    void Form_Activate() override { log.push_back("activate"); }
+    void Form_Activate() override {
+        log.push_back("activate");
+        if (closesAtOnce) Unload();
+    }
     void Form_Resize() override { log.push_back("resize"); }
     FormLayout declareLayout() override {
         using namespace layout;
@@ -297,6 +301,35 @@ TEST_P(Forms, MayShowOneAnother) {
     form.Show();
     EXPECT_EQ(user().forms(), (Log{"Sample", "Sample"}));
     EXPECT_FALSE(inner.loaded());
+}
+
+TEST_P(Forms, AreNoLongerOnTopOnceTheyAreClosed) {
+    Sample inner;
+    form.act.Click = [&] { inner.Show(); };
+    user().onForm("Sample", [&](User& u) {
+        u.type("first", "outer");
+        u.onForm("Sample", [](User& nested) {
+            nested.type("first", "inner");
+            nested.click("ok");
+            EXPECT_EQ(nested.formName(), "Sample");
+            EXPECT_EQ(nested.see("first").text, "outer");
+        });
+        u.click("act");
+        u.click("ok");
+        EXPECT_EQ(u.formName(), "");
+        EXPECT_THROW(u.see("first"), UserError);
+    });
+    form.Show();
+}
+
+TEST_P(Forms, ThatCloseBeforeTheyComeUpAreNotShown) {
+    form.closesAtOnce = true;
+    form.Show();
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(user().forms(), (Log{}));
+    EXPECT_EQ(user().formName(), "");
+    form.closesAtOnce = false;
+    show([](User& u) { u.click("ok"); });
 }
 
 TEST_P(Forms, GoneFormsLeaveNoTrace) {

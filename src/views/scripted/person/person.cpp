@@ -25,6 +25,7 @@ std::size_t rowOf(const ListView& list, const std::string& text) {
 }  // namespace
 
 void ScriptedView::Person::meet(Form& form) {
+    if (!form.loaded()) return;
     m_forms.push_back(&form);
     if (!form.focused()) press(FormKey::Tab);
     formCameUp(std::string(form.name()));
@@ -38,10 +39,16 @@ void ScriptedView::Person::leaveOpen(Form& form) {
     if (form.loaded()) m_input.closeByFrame(form);
 }
 
+Form* ScriptedView::Person::onScreen() const {
+    const auto top = std::find_if(m_forms.rbegin(), m_forms.rend(),
+                                  [](const Form* each) { return each->loaded(); });
+    return top == m_forms.rend() ? nullptr : *top;
+}
+
 Form& ScriptedView::Person::top() const {
-    if (m_forms.empty() || !m_forms.back()->loaded())
-        throw UserError("there is no form on the screen");
-    return *m_forms.back();
+    Form* const form = onScreen();
+    if (!form) throw UserError("there is no form on the screen");
+    return *form;
 }
 
 Control& ScriptedView::Person::usable(std::string_view name) const {
@@ -78,7 +85,8 @@ bool ScriptedView::Person::press(FormKey key) {
 }
 
 std::string ScriptedView::Person::formName() const {
-    return m_forms.empty() ? std::string() : std::string(m_forms.back()->name());
+    const Form* const form = onScreen();
+    return form ? std::string(form->name()) : std::string();
 }
 
 std::string ScriptedView::Person::formTitle() const {

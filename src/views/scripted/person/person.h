@@ -52,6 +52,10 @@ class WYNCONFIG_INSIDE ScriptedView::Person : public User {
     std::vector<std::string> readHelp() override;
 
   private:
+    /// The form on top; null when there is none. One that has closed is gone, though its script may
+    /// still run.
+    Form* onScreen() const;
+    /// The same, where there has to be one.
     Form& top() const;
     /// A control that can be seen and used now.
     Control& usable(std::string_view name) const;
@@ -63,7 +67,7 @@ class WYNCONFIG_INSIDE ScriptedView::Person : public User {
     void leaveOpen(Form& form);
 
     UserInput m_input;
-    std::vector<Form*> m_forms;
+    std::vector<Form*> m_forms;  ///< that came up, the last one on top; some may have closed
 };
 
 }  // namespace wynconfig
