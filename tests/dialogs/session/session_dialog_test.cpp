@@ -1,5 +1,6 @@
 // The session dialog itself: opening, captions, tabs, its fixed size, and browsing for a program.
 #include <fstream>
+#include <set>
 
 #include "support/caption_tables.h"
 #include "support/file_system_kit.h"
@@ -367,6 +368,20 @@ TEST_P(SessionDialog, OnlyTheControlsOfTheTabOnTopAreInTheTabOrder) {
         u.changeTab("SSTab2", 0);
         expectStops(u, kLaunchStops, true);
         expectStops(u, kFormatStops, false);
+    });
+}
+
+TEST_P(SessionDialog, WhatTakesNoFocusIsNotInTheTabOrder) {
+    open("DESK", [this](User& u) {
+        std::set<std::string> expected{kLaunchStops.begin(), kLaunchStops.end()};
+        expected.insert({"lstAvailableFormats", "lstSelectedFormats2", "SSTab2", "btnOK",
+                         "btnCancel", "btnApply"});
+        std::set<std::string> stops;
+        for (const Control* each : dialog().controls()) {
+            const std::string name{each->name()};
+            if (u.see(name).tabStop) stops.insert(name);
+        }
+        EXPECT_EQ(stops, expected);
     });
 }
 

@@ -1,6 +1,9 @@
 // What a person would see of a control: told by the control itself.
 #include "views/scripted/person/sight.h"
 
+#include <algorithm>
+
+#include "wynconfig/keyboard.h"
 #include "wynconfig/mnemonic.h"
 
 namespace wynconfig::scripted {
@@ -37,6 +40,12 @@ void lookAtContent(Form& form, const Control& control, Sight& sight) {
     }
 }
 
+/// Whether the Tab key stops at a control: never at a label or a frame, whatever its switch says.
+bool isStop(Form& form, const Control& control) {
+    const std::vector<Control*> order = tabOrder(form.layout().body);
+    return control.tabStop() && std::find(order.begin(), order.end(), &control) != order.end();
+}
+
 }  // namespace
 
 bool isThere(Form& form, const Control& control) {
@@ -48,7 +57,7 @@ Sight look(Form& form, const Control& control) {
     sight.focus = control.hasFocus();
     sight.enabled = control.enabled();
     sight.visible = isThere(form, control);
-    sight.tabStop = control.tabStop();
+    sight.tabStop = isStop(form, control);
     sight.background = control.background();
     lookAtContent(form, control, sight);
     return sight;
