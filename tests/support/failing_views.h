@@ -43,19 +43,19 @@ class NoChooser : public ScriptedView {
     std::string browse(const BrowseRequest&) override { throw std::runtime_error("no chooser"); }
 };
 
-/// A view in front of a person, whose lists fail on demand: each change of one is carried out, and
-/// then fails to be painted.
-class FailingLists : public ScriptedView, public FormObserver {
+/// A view in front of a person, whose lists fail on demand, or another kind of control: each change
+/// of one is carried out, and then fails to be painted.
+class FailingPaint : public ScriptedView, public FormObserver {
   public:
-    std::string failing;  ///< name of the form whose lists fail; empty: none
+    std::string failing;  ///< name of the form whose controls fail; empty: none
+    ControlKind kind = ControlKind::ListView;
 
     void showModal(Form& form) override {
         form.observe(this);
         ScriptedView::showModal(form);
     }
     void changed(Control* control) override {
-        if (control && control->form().name() == failing &&
-            control->kind() == ControlKind::ListView)
+        if (control && control->form().name() == failing && control->kind() == kind)
             throw Error(errc::InvalidCall, "no paint");
     }
     void focusMoved(Control&) override {}

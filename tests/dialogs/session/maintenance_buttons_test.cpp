@@ -650,7 +650,7 @@ class MaintenanceListFailures : public MaintenanceButtons {
   protected:
     void SetUp() override {
         MaintenanceButtons::SetUp();
-        m_failing = std::make_shared<FailingLists>();
+        m_failing = std::make_shared<FailingPaint>();
         installView(m_failing);
     }
     void TearDown() override {
@@ -680,7 +680,7 @@ class MaintenanceListFailures : public MaintenanceButtons {
     bool focused = false;
 
   private:
-    std::shared_ptr<FailingLists> m_failing;
+    std::shared_ptr<FailingPaint> m_failing;
 };
 INSTANTIATE_TEST_SUITE_P(Views, MaintenanceListFailures, ::testing::Values("Scripted"));
 

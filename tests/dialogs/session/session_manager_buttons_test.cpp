@@ -538,7 +538,7 @@ class SessionManagerListFailures : public SessionManagerButtons {
   protected:
     void SetUp() override {
         SessionManagerButtons::SetUp();
-        m_failing = std::make_shared<FailingLists>();
+        m_failing = std::make_shared<FailingPaint>();
         installView(m_failing);
     }
     void TearDown() override {
@@ -567,7 +567,7 @@ class SessionManagerListFailures : public SessionManagerButtons {
     bool focused = false;
 
   private:
-    std::shared_ptr<FailingLists> m_failing;
+    std::shared_ptr<FailingPaint> m_failing;
 };
 INSTANTIATE_TEST_SUITE_P(Views, SessionManagerListFailures, ::testing::Values("Scripted"));
 
