@@ -1,5 +1,8 @@
 // What applying a session refuses, in which order and with which box, and what becomes of steps
 // that fail.
+#include <memory>
+
+#include "support/failing_views.h"
 #include "support/session_dialog_desk.h"
 #include "support/session_keys.h"
 
@@ -619,6 +622,46 @@ TEST_P(ApplyFailures, InMemoryAFactoryFormatThatCannotBeReadIsToldByItsOwnTag) {
     EXPECT_EQ(result(), 0);
     EXPECT_EQ(ConfigGlobalModule::g_PartFormats.Count(), 0U);
     EXPECT_EQ(ConfigGlobalModule::g_Session->GetRow("FORMAT1")[1], "CSV");
+}
+
+/// A dialog whose title bar fails to go, which only a view of its own can bring about.
+class LeavingFailures : public FullSessionDesk {
+  protected:
+    void SetUp() override {
+        FullSessionDesk::SetUp();
+        m_failing = std::make_shared<FailingPaint>();
+        m_failing->kind = ControlKind::FormCaption;
+        installView(m_failing);
+    }
+    void TearDown() override {
+        EXPECT_NO_THROW(m_failing->user().finish());
+        FullSessionDesk::TearDown();
+    }
+    /// Presses a button that closes the dialog, and expects one failure box of this procedure.
+    long leaveBy(const std::string& button, const std::string& procedure) {
+        m_failing->user().onBox([&](const SeenBox& box) {
+            EXPECT_EQ(box.text, failureText("UnifrmMORAMConfig:" + procedure, "no paint"));
+            return answer::Ok;
+        });
+        m_failing->user().onForm("frmMORAMConfig", [&](User& u) {
+            m_failing->failing = "frmMORAMConfig";
+            u.click(button);
+        });
+        std::string name = "DESK";
+        return component.showMORAMConfigDlg(name);
+    }
+
+  private:
+    std::shared_ptr<FailingPaint> m_failing;
+};
+INSTANTIATE_TEST_SUITE_P(Views, LeavingFailures, ::testing::Values("Scripted"));
+
+TEST_P(LeavingFailures, OkTellsThatTheDialogCouldNotBeLeftCleanlyAndItsResultStands) {
+    EXPECT_EQ(leaveBy("btnOK", "btnOK_Click"), 0);
+}
+
+TEST_P(LeavingFailures, CancelTellsItByItsOwnTag) {
+    EXPECT_EQ(leaveBy("btnCancel", "btnCancel_Click"), 1);
 }
 
 }  // namespace

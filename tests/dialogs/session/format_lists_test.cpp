@@ -1,4 +1,7 @@
 // The lists of part formats: what they show, and how a format moves between them.
+#include <memory>
+
+#include "support/failing_views.h"
 #include "support/format_desk.h"
 
 namespace wynconfig {
@@ -329,6 +332,88 @@ TEST_P(FormatLists, TheFormatTabCanBeWorkedByTheKeyboard) {
         u.pressEnter();
         EXPECT_EQ(selectedNames(u), (Names{"B", "A"}));
     });
+}
+
+/// What comes of lists that fail to be painted, which only a view of its own can bring about.
+class FormatListFailures : public FormatLists {
+  protected:
+    void SetUp() override {
+        FormatLists::SetUp();
+        m_failing = std::make_shared<FailingPaint>();
+        installView(m_failing);
+        for (const char* name : {"CSV", "PLAIN"}) putFormat(name);
+        putFullSession("DESK", {"CSV", "PLAIN"});
+    }
+    void TearDown() override {
+        EXPECT_NO_THROW(m_failing->user().finish());
+        FormatLists::TearDown();
+    }
+    /// Presses a button for a format of a list, while each change of the lists fails.
+    /// @return the texts of the boxes that came up
+    Names pressWhileFailing(const std::string& list, const std::string& format,
+                            const std::string& button, std::size_t boxes) {
+        for (std::size_t i = 0; i < boxes; ++i) m_failing->user().onBox(answer::Yes);
+        m_failing->user().onForm("frmMORAMConfig", [&](User& u) {
+            u.changeTab("SSTab2", 1);
+            u.pick(list, format);
+            m_failing->failing = "frmMORAMConfig";
+            u.click(button);
+            m_failing->failing.clear();
+            left = selectedNames(u);
+            u.click("btnCancel");
+        });
+        std::string name = "DESK";
+        component.showMORAMConfigDlg(name);
+        Names told;
+        for (const SeenBox& box : m_failing->user().boxes()) told.push_back(box.text);
+        return told;
+    }
+    static std::string told(const std::string& procedure) {
+        return failureText("UnifrmMORAMConfig:" + procedure, "no paint");
+    }
+
+    Names left;  ///< the selected formats behind it
+
+  private:
+    std::shared_ptr<FailingPaint> m_failing;
+};
+INSTANTIATE_TEST_SUITE_P(Views, FormatListFailures, ::testing::Values("Scripted"));
+
+TEST_P(FormatListFailures, AddTellsTheRowAndTheRefresh) {
+    changeSession("DESK", {{"FormatCount", "1"}});
+    EXPECT_EQ(pressWhileFailing("lstAvailableFormats", "PLAIN", "btnAdd", 2),
+              Names(2, told("btnAdd_Click")));
+    EXPECT_EQ(left, (Names{"CSV", "PLAIN"}));
+}
+
+TEST_P(FormatListFailures, AddOfAFormatAlreadySelectedDoesNotEvenRefresh) {
+    EXPECT_EQ(pressWhileFailing("lstAvailableFormats", "CSV", "btnAdd", 0), Names{});
+}
+
+TEST_P(FormatListFailures, RemoveTellsTheRowAndTheRefresh) {
+    EXPECT_EQ(pressWhileFailing("lstSelectedFormats2", "CSV", "btnRemove", 2),
+              Names(2, told("btnRemove_Click")));
+    EXPECT_EQ(left, Names{"PLAIN"});
+}
+
+TEST_P(FormatListFailures, DeletionTellsTheSelectedRowByItsOwnTagAndGoesOn) {
+    const Names expected{"{MORAM_CONFIG_MSG_DELETE_CONFIG}",  //
+                         told("UpdateLstSelectedFormats"),   told("UpdateLstSelectedFormats"),
+                         told("loadAvailableFormats"),       told("loadAvailableFormats"),
+                         told("loadAvailableFormats")};
+    EXPECT_EQ(pressWhileFailing("lstAvailableFormats", "PLAIN", "btnDelete", expected.size()),
+              expected)
+        << "behind the question: the row and the refresh, then clearing, one row and the refresh";
+    EXPECT_EQ(left, Names{"CSV"});
+    EXPECT_EQ(formatsOf("DESK"), Names{"CSV"});
+}
+
+TEST_P(FormatListFailures, DeletionOfAFormatThatIsNotSelectedDoesNotRefreshTheSelectedOnes) {
+    changeSession("DESK", {{"FormatCount", "1"}});
+    EXPECT_EQ(pressWhileFailing("lstAvailableFormats", "PLAIN", "btnDelete", 4),
+              (Names{"{MORAM_CONFIG_MSG_DELETE_CONFIG}", told("loadAvailableFormats"),
+                     told("loadAvailableFormats"), told("loadAvailableFormats")}));
+    EXPECT_EQ(left, Names{"CSV"});
 }
 
 }  // namespace
