@@ -109,9 +109,11 @@ void frmMORAMMaintenance::btnRemove_Click() {
     OnError on{"frmMORAMMaintenance:btnRemove_Click"};
     const ListRow* selected = lstAvailableMORAMs2.selectedItem();
     if (!selected) return;
+    // The host is at work while the question is asked, and the rows may be others behind it.
+    const std::string name = UCase(selected->text);
     if (!m_messages.ask(on, "MORAM_MAINT_MSG_DELETE_CONFIG", "MORAM_CONFIG_MSG_ARE_YOU_SURE"))
         return;
-    moveToDeleted(on, g_SessionFolder, UCase(selected->text));
+    moveToDeleted(on, g_SessionFolder, name);
     selected = lstAvailableMORAMs2.selectedItem();
     if (!selected) return;
     const std::string key = selected->key;

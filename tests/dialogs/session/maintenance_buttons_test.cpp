@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/session/frmMORAMMaintenance.h"
 #include "support/dialog_checks.h"
 #include "support/failing_views.h"
 #include "support/session_list_desk.h"
@@ -379,6 +380,22 @@ TEST_P(MaintenanceButtons, NoLeavesFileAndListAsTheyWere) {
     });
     EXPECT_EQ(sessionText("B"), before);
     EXPECT_FALSE(memory->folderExists(deletedFolder));
+}
+
+TEST_P(MaintenanceButtons, TheSessionAskedForIsDeletedWhateverBecomesOfTheListMeanwhile) {
+    frmMORAMMaintenance form;
+    user().onBox([&](const SeenBox&) {
+        form.lstAvailableMORAMs2.remove("A");
+        return answer::Yes;
+    });
+    announceMaintenance([](User& u) {
+        kRows.act(u, "B", "btnDelete");
+        EXPECT_EQ(kRows.names(u), Names{"C"});
+        u.click("btnCancel");
+    });
+    form.Show();
+    EXPECT_EQ(sessionFiles(), (Names{"A.vla", "C.vla"}));
+    EXPECT_TRUE(isKeptAside("B"));
 }
 
 TEST_P(MaintenanceButtons, WithNothingSelectedNeitherEditNorDeleteDoesAnything) {
