@@ -13,6 +13,11 @@ class dlgSingleEntry : public HelpedForm {
 
     /// The upper-cased, untrimmed text; empty until the dialog has been unloaded.
     const std::string& TextBox() const { return m_Text; }
+    /// The title of the window, in place of the prompt's own one.
+    void setCaption(const std::string& caption) {
+        Form::setCaption(caption);
+        UniCaption1.setCaption(caption);
+    }
     void setTextBox(const std::string& vNewValue) { txtTextBox.setText(vNewValue); }
     void setLabel(const std::string& vNewValue) { lblLabel.setCaption(vNewValue); }
     /// 0 OK, 1 Cancel or closed by the frame.

@@ -148,6 +148,19 @@ TEST_P(FormatFiles, ThePromptForANewNameShowsTheOldOne) {
     open("", [](User& u) { act(u, "csv", "btnRename"); });
 }
 
+TEST_P(FormatFiles, ThePromptKeepsTitleAndLabelWhereItsButtonsHaveNoText) {
+    putFullFormat("CSV");
+    texts->missing = {"BUTTON_CANCEL"};
+    user().onForm("dlgSingleEntry", [](User& u) {
+        EXPECT_EQ(u.formTitle(), "{DIALOG_CAPTION}");
+        EXPECT_EQ(u.see("lblLabel").caption, "{DIALOG_LABEL}");
+        EXPECT_EQ(u.see("OKButton").caption, "OK");
+        EXPECT_EQ(u.see("CancelButton").caption, "Cancel");
+        u.click("CancelButton");
+    });
+    open("", [](User& u) { act(u, "CSV", "btnRename"); });
+}
+
 TEST_P(FormatFiles, ThePromptsTextsThatCannotBeFetchedAreToldOneByOne) {
     putFullFormat("CSV");
     texts->missing = {"DIALOG_CAPTION", "DIALOG_LABEL"};
