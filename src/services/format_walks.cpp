@@ -42,10 +42,7 @@ bool isOnlyFormatOfASession(const std::string& format, std::string& session) {
 void carryFormatThroughSessions(const std::string& oldName, const std::string& newName) {
     if (g_DatasetMode) return;
     OnError on{"UnifrmMORAMConfig:UpdatePartNumberFormatsInAllMORAMs"};
-    const auto carry = [&](const ItemPath& file, Dataset& record) {
-        carryFormatThroughRecord(record, oldName, newName);
-        on([&] { record.Save(file); });
-    };
+    const auto carry = [&](Dataset& record) { carryFormatThroughRecord(record, oldName, newName); };
     rewriteSessions(g_SessionFolder, on, carry, updatingSessions, savingSessions);
 }
 

@@ -14,8 +14,9 @@ bool isOnlyFormatOfASession(const std::string& format, std::string& session);
 
 /// Carries a new name, or with an empty one the deletion, through every session file, each of which
 /// is written anew. All files are written with one flush of the disk, each wholly old or wholly new
-/// at any moment. Of what another program saves meanwhile nothing is lost, and what it deletes
-/// stays deleted. In the in-memory mode nothing happens.
+/// at any moment; those before a failure are in place by the time that it is told. Of what another
+/// program saves meanwhile nothing is lost, and what it deletes stays deleted. In the in-memory
+/// mode nothing happens.
 void carryFormatThroughSessions(const std::string& oldName, const std::string& newName);
 
 /// The same for one record, in memory. A row that can't be read ends it, in silence.

@@ -1,6 +1,8 @@
 // The one walk that writes the sessions of a store anew.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -49,10 +51,79 @@ inline std::vector<ItemPath> sessionFiles(const std::string& folder) {
     return files;
 }
 
+/// Writes sessions anew in one batch. Before anybody is told of a failure, what was saved by then
+/// is put in place: whoever is told finds it done, and may call any operation.
+template <class Guard, class Change>
+class SessionRewriting {
+  public:
+    /// Arguments are those of `rewriteSessions`, and outlive this object.
+    SessionRewriting(Guard& guard, Change& change, Working::Wording updating)
+        : m_guard(guard), m_change(change), m_updating(updating) {}
+
+    void run(const std::vector<ItemPath>& files, Working::Wording saving) {
+        walk(files);
+        Working work(saving, files.size() - std::min(m_placed, files.size() - 1));
+        m_isCommitting = true;
+        m_guard([&] {
+            m_batch.commit([this](const std::vector<ItemPath>& overtaken) { walk(overtaken); },
+                           [&] { work.step(); });
+        });
+    }
+
+  private:
+    void walk(const std::vector<ItemPath>& files) {
+        Working work(m_updating, files.size());
+        const auto guard = [this](const auto& statement) { this->guarded(statement); };
+        walkSessions(files, m_record, guard, [&](const ItemPath& file, Dataset& session) {
+            m_change(session);
+            guard([&] { session.Save(file); });
+            work.step();
+        });
+    }
+    template <class Statement>
+    void guarded(const Statement& statement) {
+        bool isToGoOn = false;
+        m_guard([&] {
+            try {
+                statement();
+            } catch (...) {
+                isToGoOn = !m_isCommitting;
+                if (isToGoOn) settle();
+                throw;
+            }
+        });
+        if (isToGoOn) m_batch.goOn();
+    }
+    /// Puts in place what was saved by now. The record stays as it is.
+    void settle() {
+        m_isCommitting = true;
+        m_guard([this] {
+            const auto again = [this](const std::vector<ItemPath>& overtaken) {
+                Document held;
+                m_record.Save(held);
+                walk(overtaken);
+                m_record.Load(held, 0);
+            };
+            m_batch.settle(again, [this] { ++m_placed; });
+        });
+        m_isCommitting = false;
+    }
+
+    Guard& m_guard;
+    Change& m_change;
+    Working::Wording m_updating;
+    Dataset m_record;
+    SaveBatch m_batch{fileSystem()};
+    bool m_isCommitting = false;
+    std::size_t m_placed = 0;  ///< how many files are in place before the end
+};
+
 /// Goes through all sessions of a folder and writes them anew: all files with one flush of the
-/// disk, each wholly old or wholly new at any moment. What another program saved meanwhile is
-/// loaded and changed once more before it is replaced, and what it deleted stays deleted.
-/// @param guard, change  as for `walkSessions`
+/// disk, each wholly old or wholly new at any moment; a failure costs one more, since those before
+/// it are in place by the time that it is told. What another program saved meanwhile is loaded and
+/// changed once more before it is replaced, and what it deleted stays deleted.
+/// @param guard   as for `walkSessions`
+/// @param change  is given a session's record, which is saved behind it
 /// @param updating, saving  tell a person who waits what is being done
 template <class Guard, class Change>
 void rewriteSessions(const std::string& folder, Guard&& guard, Change&& change,
@@ -60,19 +131,7 @@ void rewriteSessions(const std::string& folder, Guard&& guard, Change&& change,
     const Working wait;
     std::vector<ItemPath> files;
     guard([&] { files = sessionFiles(folder); });
-    if (files.empty()) return;
-    SaveBatch batch(fileSystem());
-    Dataset record;
-    const auto walk = [&](const std::vector<ItemPath>& some) {
-        Working work(updating, some.size());
-        walkSessions(some, record, guard, [&](const ItemPath& file, Dataset& session) {
-            change(file, session);
-            work.step();
-        });
-    };
-    walk(files);
-    Working work(saving, files.size());
-    guard([&] { batch.commit(walk, [&] { work.step(); }); });
+    if (!files.empty()) SessionRewriting(guard, change, updating).run(files, saving);
 }
 
 }  // namespace wynconfig

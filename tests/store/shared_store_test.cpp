@@ -61,12 +61,10 @@ class SharedStore : public OnEveryFileSystem {
                 told.push_back(error.description());
             }
         };
-        rewriteSessions(store.folder(ItemKind::Session), telling,
-                        [&](const ItemPath& file, Dataset& record) {
-                            ++carried;
-                            telling([&] { session::carryFormat(record, "OLD", "NEW"); });
-                            telling([&] { record.Save(file); });
-                        });
+        rewriteSessions(store.folder(ItemKind::Session), telling, [&](Dataset& record) {
+            ++carried;
+            telling([&] { session::carryFormat(record, "OLD", "NEW"); });
+        });
     }
 
     Meanwhile disk{*files};
@@ -137,6 +135,16 @@ TEST_P(SharedStore, ASessionThatOthersMendedMeanwhileIsCarriedAsMended) {
     carry();
     EXPECT_EQ(told.size(), 1U) << "it was spoilt when it was loaded first";
     EXPECT_EQ(seen("B"), "NEW mended");
+}
+
+TEST_P(SharedStore, WhatOthersSavedBeforeAFailureIsKeptAndNotTakenForTheFailedOne) {
+    stranger->write(sessions + "B.vla", "no record");
+    disk.afterRead = onceAt("B.vla", [this] { putSession("A", "OLD", "theirs"); });
+    carry();
+    EXPECT_EQ(told.size(), 1U);
+    EXPECT_EQ(seen("A"), "NEW theirs");
+    EXPECT_EQ(seen("B"), "NEW ") << "the record that was loaded before it";
+    EXPECT_EQ(seen("C"), "NEW ");
 }
 
 TEST_P(SharedStore, ARenameKeepsWhatOthersSavedMeanwhile) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "platform/files/paths.h"
 #include "platform/text/text.h"
@@ -206,7 +207,9 @@ void SaveBatch::commit(const Again& again, const std::function<void()>& placing)
     for (int round = 1;; ++round) {
         std::vector<ItemPath> overtaken;
         try {
-            m_files.commitBatch(again && round < kMostRounds ? &overtaken : nullptr, placing);
+            auto unsaved =
+                m_files.commitBatch(again && round < kMostRounds ? &overtaken : nullptr, placing);
+            m_unsaved.merge(unsaved);
         } catch (const GroupLost& failure) {
             if (!lost) lost = failure;
         } catch (const Error& failure) {
@@ -219,6 +222,18 @@ void SaveBatch::commit(const Again& again, const std::function<void()>& placing)
     m_leads = false;
     if (first) throw *first;
     if (lost) throw *lost;
+}
+
+void SaveBatch::settle(const Again& again, const std::function<void()>& placing) {
+    m_isSettled = m_leads;
+    commit(again, placing);
+}
+
+void SaveBatch::goOn() {
+    if (!std::exchange(m_isSettled, false)) return;
+    m_files.beginBatch();
+    m_files.m_read = std::exchange(m_unsaved, {});
+    m_leads = true;
 }
 
 void FileSystem::beginBatch() {
@@ -236,17 +251,22 @@ void FileSystem::endBatch() {
 /// Ends the batch and puts its files in place.
 /// @param overtaken  out, unless null: files that are left as they are, since somebody else changed
 /// them; filled also when a failure of another file is raised.
-void FileSystem::commitBatch(std::vector<ItemPath>* overtaken,
-                             const std::function<void()>& placing) {
-    const std::map<std::string, FileRead> read = std::move(m_read);
+/// @return what was read of files that were not to be put in place
+std::map<std::string, FileSystem::FileRead> FileSystem::commitBatch(
+    std::vector<ItemPath>* overtaken, const std::function<void()>& placing) {
+    std::map<std::string, FileRead> read = std::move(m_read);
     endBatch();
     commitStaged([&](const std::string& file) {
         if (placing) placing();
-        const auto found = overtaken ? read.find(file) : read.end();
-        if (found == read.end() || isAsRead(file, found->second)) return true;
+        const auto found = read.find(file);
+        if (found == read.end()) return true;
+        found->second.isSaved = true;
+        if (!overtaken || isAsRead(file, found->second)) return true;
         overtaken->push_back(found->second.path);
         return false;
     });
+    std::erase_if(read, [](const auto& each) { return each.second.isSaved; });
+    return read;
 }
 
 /// Reads a file, and notes how it was, so that the commit can tell whether it still is.

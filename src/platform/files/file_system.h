@@ -194,7 +194,8 @@ class FileSystem {
     struct FileRead {
         ItemPath path;  ///< as it was given
         Version version;
-        std::string text;  ///< empty for a settled version, which tells enough
+        std::string text;      ///< empty for a settled version, which tells enough
+        bool isSaved = false;  ///< a new one was to be put in place
     };
     using Question = bool (FileSystem::*)(const std::string& path);
 
@@ -212,7 +213,8 @@ class FileSystem {
     bool isAsRead(const std::string& file, const FileRead& read);
     void beginBatch();
     void endBatch();
-    void commitBatch(std::vector<ItemPath>* overtaken, const std::function<void()>& placing);
+    std::map<std::string, FileRead> commitBatch(std::vector<ItemPath>* overtaken,
+                                                const std::function<void()>& placing);
 
     const Index* indexOf(const std::string& folder, Trust trust);
     bool hasCurrentIndex(const std::string& folder);
@@ -257,9 +259,18 @@ class SaveBatch {
     /// @param placing  is called for each file that is about to be put in place; must not raise
     void commit(const Again& again = nullptr, const std::function<void()>& placing = nullptr);
 
+    /// The same for what was saved by now, in the midst of it: until `goOn` each `save` goes
+    /// through at once, and another batch is one of its own.
+    void settle(const Again& again = nullptr, const std::function<void()>& placing = nullptr);
+    /// Has saves wait again, behind `settle`. Files that were read before it and not saved yet
+    /// count as they were read then.
+    void goOn();
+
   private:
     FileSystem& m_files;
-    bool m_leads;  ///< false once it has ended, and for one that joined another
+    bool m_leads;              ///< false once it has ended, and for one that joined another
+    bool m_isSettled = false;  ///< between `settle` and `goOn`
+    std::map<std::string, FileSystem::FileRead> m_unsaved;  ///< what was read before `settle`
 };
 
 /// The disk.

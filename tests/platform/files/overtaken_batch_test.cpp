@@ -66,6 +66,22 @@ TEST_P(Overtaken, filesAreReadAndSavedOnceMore) {
     EXPECT_EQ(stranger->names(root), (Names{"A.vla", "B.vla", "C.vla"}));
 }
 
+TEST_P(Overtaken, filesAreNoticedThatWereReadBeforeTheBatchWasSettled) {
+    SaveBatch batch{disk};
+    append("A.vla");
+    disk.read(at("B.vla"));
+    batch.settle();
+    stranger->write(root + "B.vla", "theirs");
+    batch.goOn();
+    disk.save(at("B.vla"), "ours");
+    Names overtaken;
+    batch.commit([&](const std::vector<ItemPath>& some) {
+        for (const ItemPath& path : some) overtaken.push_back(path.name);
+    });
+    EXPECT_EQ(overtaken, Names{"B.vla"});
+    EXPECT_EQ(contentOf("A.vla") + contentOf("B.vla"), "old ourstheirs");
+}
+
 TEST_P(Overtaken, filesAreNoticedUpToTheMomentOfTheirReplacement) {
     disk.beforeReplacing = onceAt("C.vla", [this] { stranger->write(root + "C.vla", "theirs"); });
     appendToAll();

@@ -166,6 +166,41 @@ TEST_P(Batch, joinsTheOneThatIsOpen) {
     EXPECT_EQ(contents({"A.vla"}), "outer ");
 }
 
+TEST_P(Batch, canBeSettledInTheMidstOfIt) {
+    SaveBatch batch{*files};
+    files->save(at("A.vla"), "before");
+    batch.settle();
+    EXPECT_EQ(contents({"A.vla"}), "before ");
+    files->save(at("B.vla"), "at once");
+    EXPECT_EQ(contents({"B.vla"}), "at once ");
+    {
+        SaveBatch between{*files};
+        files->save(at("B.vla"), "by itself");
+        EXPECT_EQ(contents({"B.vla"}), "at once ");
+        between.commit();
+    }
+    EXPECT_EQ(contents({"B.vla"}), "by itself ");
+    batch.goOn();
+    files->save(at("C.vla"), "behind");
+    EXPECT_EQ(contents({"C.vla"}), "old ");
+    batch.commit();
+    EXPECT_EQ(contents({"A.vla", "B.vla", "C.vla"}), "before by itself behind ");
+    batch.goOn();
+    files->save(at("A.vla"), "over");
+    EXPECT_EQ(contents({"A.vla"}), "over ");
+}
+
+TEST_P(Batch, isNotSettledByOneThatJoinedIt) {
+    SaveBatch outer{*files};
+    files->save(at("A.vla"), "new");
+    SaveBatch inner{*files};
+    inner.settle();
+    EXPECT_EQ(contents({"A.vla"}), "old ");
+    inner.goOn();
+    outer.commit();
+    EXPECT_EQ(contents({"A.vla"}), "new ");
+}
+
 TEST_P(Batch, savesInSeveralFolders) {
     for (const char* name : {"X", "Y", "Z"}) files->makeFolder(root + name);
     SaveBatch batch{*files};

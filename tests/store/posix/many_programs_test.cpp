@@ -167,10 +167,7 @@ class ManyPrograms : public OnTheDisk {
         saveFormat(to);
         const auto raising = [](const auto& statement) { statement(); };
         rewriteSessions(store.folder(ItemKind::Session), raising,
-                        [&](const ItemPath& file, Dataset& record) {
-                            session::carryFormat(record, from, to);
-                            record.Save(file);
-                        });
+                        [&](Dataset& record) { session::carryFormat(record, from, to); });
         fileSystem().remove(ItemPath::item(store.folder(ItemKind::PartFormat), from));
     }
     /// How many sessions of a program name a part format that is not there.
