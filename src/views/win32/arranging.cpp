@@ -89,6 +89,12 @@ bool anyGrows(const std::vector<Layout>& nodes) {
     return std::any_of(nodes.begin(), nodes.end(), [](const Layout& each) { return each.grows; });
 }
 
+/// How much of the width that there is a box takes: one for few characters no more than it needs.
+int widthOfBox(const Layout& node, const Room& own, int room) {
+    const bool isNarrow = node.chars > 0 && own.least.width == own.wanted.width;
+    return isNarrow ? std::min(own.wanted.width, room) : room;
+}
+
 /// Whether a row has lists with buttons beside them, which are to be equally wide.
 bool hasAttendedLists(const std::vector<Layout>& nodes) {
     return std::any_of(nodes.begin(), nodes.end(), [](const Layout& each) {
@@ -374,7 +380,8 @@ void Arranging::putField(const Layout& node, const Place& place, const Columns& 
     int width = room;
     const int behind = inRow(node.children).wanted.width;
     if (box && !endsInStretch(node.children))
-        width = node.children.empty() ? room : room - columns.behind - m_gaps.between;
+        width = widthOfBox(node, own,
+                           node.children.empty() ? room : room - columns.behind - m_gaps.between);
     else if (!node.children.empty())
         width = std::min(own.wanted.width, std::max(own.least.width, room - behind));
     putAlone(*node.control, {left, place.y, width, place.height});
@@ -394,7 +401,8 @@ void Arranging::putTitled(const Layout& node, const Place& place) {
     m_ground.put(*node.label, {x, place.y, width, label.height});
     const int own =
         growsDown(node) ? line.height : std::min(line.height, roomOf(*node.control).wanted.height);
-    m_ground.put(*node.control, {line.x, line.y, line.width, own});
+    m_ground.put(*node.control,
+                 {line.x, line.y, widthOfBox(node, roomOf(*node.control), width), own});
     if (attendants == 0) return;
     putStack(node.children, {node.behindBox ? x + width + m_gaps.between : place.x, line.y,
                              attendants, line.height});
@@ -403,6 +411,7 @@ void Arranging::putTitled(const Layout& node, const Place& place) {
 /// A button between lists is as wide as high, whatever room there is.
 void Arranging::putSingle(const Layout& node, const Place& place) {
     Place at = place;
+    if (isBox(*node.control)) at.width = widthOfBox(node, roomOf(*node.control), place.width);
     if (node.into) {
         at.width = std::min(place.width, roomOf(*node.control).wanted.width);
         at.x += (place.width - at.width) / 2;

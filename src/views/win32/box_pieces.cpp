@@ -48,7 +48,7 @@ bool mayMoveCaret(UINT message) {
 }  // namespace
 
 EditPiece::EditPiece(Edit& edit, Stage& stage, const Standing& standing)
-    : Piece(edit, stage), m_edit(edit) {
+    : Piece(edit, stage), m_edit(edit), m_chars(standing.chars) {
     make(standing.parent, WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL | sideOfBox(stage.mirrored()),
          WS_EX_CLIENTEDGE);
     send(EM_SETLIMITTEXT, 0x7FFFFFFE);
@@ -58,8 +58,11 @@ EditPiece::EditPiece(Edit& edit, Stage& stage, const Standing& standing)
 Room EditPiece::measured(const Measure& measure) const {
     const int frame = scale(8);
     const int height = measure.lineHeight() + frame;
-    return {{measure.chars(kLeastText) + frame, height},
-            {measure.chars(kUsualText) + frame, height}};
+    // The caret stands behind what was typed.
+    const int wanted = m_chars > 0 ? m_chars + 1 : kUsualText;
+    // One for few characters is never wider than that, and so never narrower either.
+    const int least = wanted < kUsualText ? wanted : kLeastText;
+    return {{measure.chars(least) + frame, height}, {measure.chars(wanted) + frame, height}};
 }
 
 std::size_t EditPiece::caretUnits() const {

@@ -31,6 +31,7 @@ class EditPiece : public Piece {
     void reportCaret();
 
     Edit& m_edit;
+    int m_chars;  ///< see `Layout::chars`
     std::string m_shown;
     bool m_reporting = false;
 };

@@ -106,6 +106,7 @@ void FormWindow::build(const Layout& node, HWND parent) {
     if (node.control) {
         Standing standing{.parent = parent, .labelledBy = captioned(node.label), .acts = node.acts};
         standing.movesRows = node.into != nullptr;
+        standing.chars = node.chars;
         add(*node.control, standing);
     }
     if (attendantsFirst) return;

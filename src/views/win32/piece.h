@@ -56,6 +56,7 @@ struct Standing {
     ListActs acts = {};                            ///< of a list
     bool isDefault = false;                        ///< of a button
     bool movesRows = false;                        ///< of a button between two lists
+    int chars = 0;                                 ///< see `Layout::chars`
 };
 
 class Piece {
