@@ -6,6 +6,7 @@
 
 #include "views/win32/convert.h"
 #include "views/win32/direction.h"
+#include "views/win32/outline.h"
 #include "wynconfig/form.h"
 
 namespace wynconfig::native {
@@ -178,9 +179,24 @@ class FramePiece : public CaptionedPiece {
     FramePiece(Frame& frame, Stage& stage, const Standing& standing)
         : CaptionedPiece(frame, stage) {
         make(standing.parent, WC_BUTTONW, BS_GROUPBOX, WS_EX_TRANSPARENT);
+        hideOutline(window());
     }
     Room measured(const Measure& measure) const override {
-        return fixed(static_cast<int>(textSize(measure).cx) + scale(24), 0);
+        const bool titled = ::GetWindowTextLengthW(window()) > 0;
+        return fixed(titled ? static_cast<int>(textSize(measure).cx) + scale(24) : 0, 0);
+    }
+
+  private:
+    /// An outline that says nothing would only take room.
+    void showContent() override {
+        const bool wasTitled = ::GetWindowTextLengthW(window()) > 0;
+        CaptionedPiece::showContent();
+        const bool titled = ::GetWindowTextLengthW(window()) > 0;
+        if (titled == wasTitled) return;
+        if (titled)
+            showOutline(window());
+        else
+            hideOutline(window());
     }
 };
 

@@ -18,10 +18,9 @@ Insets FormWindow::insetsOf(const Control& control) const {
     const int gap = scaled(8, m_dpi);
     if (control.kind() == ControlKind::Tabs) return static_cast<const TabsPiece*>(around)->insets();
     if (control.kind() == ControlKind::Container) return {gap, gap, gap, gap};
-    const bool titled = ::GetWindowTextLengthW(around->window()) > 0;
-    const int line = Measure(around->font()).lineHeight();
-    // The line of a frame runs through the middle of its title.
-    const int top = titled ? line + scaled(6, m_dpi) : line / 2 + gap;
+    // A frame without a title has no outline to stand apart from.
+    if (::GetWindowTextLengthW(around->window()) == 0) return {};
+    const int top = Measure(around->font()).lineHeight() + scaled(6, m_dpi);
     return {gap + scaled(2, m_dpi), top, gap + scaled(2, m_dpi), gap + scaled(1, m_dpi)};
 }
 

@@ -1,6 +1,7 @@
 // How wide native windows have their boxes, and what of their frames is seen.
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 
 #include "support/native_desk.h"
@@ -84,6 +85,62 @@ TEST_F(NativeBoxes, AreAsWideAsWhatGoesIn) {
         const auto first = static_cast<short>(LOWORD(::SendMessageW(box, EM_POSFROMCHAR, 0, 0)));
         EXPECT_GE(first, 0);
         EXPECT_LT(last + (last - first) / 4, inside.right) << "all of it is seen";
+    });
+}
+
+/// A frame around boxes, beside one that has no frame.
+class FramedForm : public TestForm {
+  public:
+    FramedForm() : TestForm("frmFramed") {
+        btnOK.Click = [this] { Unload(); };
+    }
+    Frame frame{*this, "frame", ""};
+    Edit txtIn{*this, "txtIn"};
+    Edit txtLow{*this, "txtLow"};
+    Edit txtOut{*this, "txtOut"};
+    Button btnOK{*this, "btnOK", "OK"};
+
+  protected:
+    FormLayout declareLayout() override {
+        using namespace layout;
+        return {column({group(frame, {single(txtIn), single(txtLow)}), single(txtOut),
+                        buttons({&btnOK})}),
+                &btnOK, nullptr};
+    }
+};
+
+class NativeFrames : public NativeDesk<FramedForm> {
+  protected:
+    /// How many colours are on the screen at the frame's left edge, between what stands in it.
+    std::size_t coloursOfItsEdge() {
+        ::RedrawWindow(front(), nullptr, nullptr,
+                       RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        RECT gap{placeOf(form.frame).left, placeOf(form.txtIn).bottom, 0, placeOf(form.txtLow).top};
+        ::MapWindowPoints(nullptr, front(), reinterpret_cast<POINT*>(&gap), 2);
+        EXPECT_GT(gap.bottom, gap.top);
+        const HDC dc = ::GetDC(front());
+        std::set<COLORREF> found;
+        for (LONG x = gap.left; x < gap.left + 5; ++x)
+            found.insert(::GetPixel(dc, x, (gap.top + gap.bottom) / 2));
+        ::ReleaseDC(front(), dc);
+        return found.size();
+    }
+};
+
+TEST_F(NativeFrames, HaveNoOutlineWithoutACaption) {
+    show([&](User& u) {
+        u.formTitle();
+        EXPECT_EQ(placeOf(form.txtIn).left, placeOf(form.txtOut).left);
+        EXPECT_EQ(coloursOfItsEdge(), 1U);
+        EXPECT_TRUE(u.see("frame").visible);
+        form.frame.setCaption("Framed");
+        u.formTitle();
+        EXPECT_GT(placeOf(form.txtIn).left, placeOf(form.txtOut).left);
+        EXPECT_GT(coloursOfItsEdge(), 1U);
+        form.frame.setCaption("");
+        u.formTitle();
+        EXPECT_EQ(placeOf(form.txtIn).left, placeOf(form.txtOut).left);
+        EXPECT_EQ(coloursOfItsEdge(), 1U);
     });
 }
 
