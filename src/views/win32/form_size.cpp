@@ -103,6 +103,7 @@ void FormWindow::arrangeNow() {
     Arranging(m_form->layout().body, *this, gaps())
         .arrange({margin - static_cast<int>(m_corner.x), margin - static_cast<int>(m_corner.y),
                   size.width - 2 * margin, size.height - 2 * margin});
+    for (OptionSet& each : m_optionSets) each.settle();
 }
 
 void FormWindow::sized(int width, int height) {

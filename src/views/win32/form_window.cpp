@@ -103,6 +103,8 @@ void FormWindow::build(const Layout& node, HWND parent) {
     const bool attendantsFirst = node.kind == Layout::Kind::Titled && !node.behindBox;
     if (attendantsFirst) buildChildren(parent);
     if (node.label) add(*node.label, {.parent = parent, .labels = node.control});
+    const bool isSet = OptionSet::isIn(node);
+    if (isSet) m_optionSets.emplace_back(parent, node);
     if (node.control) {
         Standing standing{.parent = parent, .labelledBy = captioned(node.label), .acts = node.acts};
         standing.movesRows = node.into != nullptr;
@@ -121,7 +123,18 @@ void FormWindow::build(const Layout& node, HWND parent) {
         case Layout::Kind::Pane:
             return buildChildren(m_pieces.back()->window());
         default:
-            return buildChildren(parent);
+            buildChildren(parent);
+            if (isSet) gather(node);
+            return;
+    }
+}
+
+void FormWindow::gather(const Layout& field) {
+    OptionSet& set = m_optionSets.back();
+    set.take(*piece(*field.control));
+    for (const Layout& each : field.children) {
+        if (each.control && each.control->kind() == ControlKind::OptionButton)
+            set.take(*piece(*each.control));
     }
 }
 
@@ -285,6 +298,7 @@ void FormWindow::showAll() {
     for (const auto& each : m_pieces) {
         if (!isSeen(body, each->control())) each->showVisible(false);
     }
+    for (OptionSet& each : m_optionSets) each.settle();
     markDefaultButton();
 }
 
@@ -295,6 +309,7 @@ void FormWindow::showForm() {
 
 void FormWindow::showNames() {
     const Layout& body = m_form->layout().body;
+    for (OptionSet& each : m_optionSets) each.tellName();
     for (SpokenName& each : m_spokenNames) {
         const HWND window = each.piece->window();
         const std::wstring name = toWide(spokenName(body, each.piece->control(), m_mirrored));

@@ -16,6 +16,7 @@
 #include "views/win32/fonts.h"
 #include "views/win32/help.h"
 #include "views/win32/modality.h"
+#include "views/win32/option_set.h"
 #include "views/win32/piece.h"
 #include "wynconfig/form.h"
 #include "wynconfig/keyboard.h"
@@ -88,6 +89,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     bool received(UINT message, WPARAM w, LPARAM l, LRESULT& result) noexcept override;
 
     void build(const Layout& node, HWND parent);
+    void gather(const Layout& field);
     void add(Control& control, Standing standing);
     void syncLater();
     void showAll();
@@ -159,6 +161,7 @@ class FormWindow : private FormObserver, private Stage, private Ground, private 
     std::unordered_map<HWND, Piece*> m_byWindow;
     std::vector<ListPiece*> m_lists;
     std::vector<SpokenName> m_spokenNames;
+    std::vector<OptionSet> m_optionSets;
     HWND m_tips = nullptr;
     std::wstring m_tip;  ///< what the tip on the screen tells
     HelpWindow m_help;

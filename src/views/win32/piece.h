@@ -72,6 +72,8 @@ class Piece {
     /// Makes it seen or not; what is around it is none of its business.
     void showVisible(bool visible);
     virtual void place(const Place& place);
+    /// Where its window stands in its parent.
+    const Place& placed() const { return m_place; }
     /// The screen, and all fonts with it, is another one.
     void renewFont();
 

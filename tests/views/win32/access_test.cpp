@@ -6,14 +6,18 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <set>
 #include <string>
+#include <vector>
 
+#include "dialogs/partformat/frmPartNumberFormat.h"
 #include "support/all_dialogs.h"
 #include "support/find_form.h"
 #include "support/native_desk.h"
 #include "views/win32/convert.h"
 #include "views/win32/form_window.h"
 #include "wynconfig/help.h"
+#include "wynconfig/mnemonic.h"
 
 namespace wynconfig {
 namespace {
@@ -147,6 +151,90 @@ TEST_P(SpokenDialogs, TellTheNameAndTheHelpOfEachField) {
         form->Show();
     }
     EXPECT_GT(described, 20);
+}
+
+/// The frame that assistive programs find around an option: one that stands before it.
+HWND frameAround(HWND option) {
+    const RECT inner = placeOf(option);
+    for (HWND each = ::GetWindow(option, GW_HWNDPREV); each;
+         each = ::GetWindow(each, GW_HWNDPREV)) {
+        const LONG_PTR style = ::GetWindowLongPtrW(each, GWL_STYLE);
+        const RECT outer = placeOf(each);
+        const bool isAround = outer.left <= inner.left && outer.top <= inner.top &&
+                              outer.right >= inner.right && outer.bottom >= inner.bottom;
+        if (classOf(each) == WC_BUTTONW && (style & BS_TYPEMASK) == BS_GROUPBOX &&
+            (style & WS_VISIBLE) && isAround)
+            return each;
+    }
+    return nullptr;
+}
+
+/// Whether anything of a window is not covered by those beside it.
+bool isUncovered(HWND window) {
+    const HDC dc = ::GetDC(window);
+    RECT seen{};
+    const int kind = ::GetClipBox(dc, &seen);
+    ::ReleaseDC(window, dc);
+    return kind != NULLREGION && kind != ERROR;
+}
+
+/// The fields of a layout whose options stand together.
+void findOptionFields(const Layout& node, std::vector<const Layout*>& found) {
+    if (node.kind == Layout::Kind::Field && node.control->kind() == ControlKind::OptionButton &&
+        !node.children.empty())
+        found.push_back(&node);
+    for (const Layout& each : node.children) findOptionFields(each, found);
+}
+
+TEST_P(SpokenDialogs, NameOptionsThatStandTogether) {
+    component.InitResourceManager(makeBundleResourceManager(WYNCONFIG_RESOURCES, "en"));
+    std::set<std::string> names;
+    for (const Dialog& dialog : allDialogs()) {
+        const auto form = dialog.make();
+        const Annotations told;
+        user().onForm(dialog.name, [&](User& u) {
+            std::vector<const Layout*> fields;
+            findOptionFields(form->layout().body, fields);
+            for (const Layout* each : fields) {
+                const HWND first = windowOf(*each->control);
+                const HWND frame = frameAround(first);
+                ASSERT_NE(frame, nullptr) << dialog.name << " " << each->control->name();
+                const std::string name = native::fromWide(told.nameOf(frame));
+                names.insert(name);
+                if (const auto* label = dynamic_cast<const CaptionedControl*>(each->label)) {
+                    EXPECT_EQ(name, plainCaption(label->caption())) << dialog.name;
+                }
+                for (const Layout& other : each->children) {
+                    if (!other.control) continue;
+                    EXPECT_EQ(frameAround(windowOf(*other.control)), frame) << name;
+                }
+                EXPECT_TRUE(!::IsWindowVisible(first) || isUncovered(first)) << name;
+            }
+            u.closeByFrame();
+        });
+        form->Show();
+    }
+    EXPECT_TRUE(names.contains("If the file exists"));
+    EXPECT_GT(names.size(), 1U);
+    EXPECT_FALSE(names.contains(""));
+}
+
+TEST_P(SpokenDialogs, NameOptionsByWhatIsSeenOfThem) {
+    frmPartNumberFormat form;
+    form.init("");
+    const Annotations told;
+    user().onForm("frmPartNumberFormat", [&](User& u) {
+        const HWND frame = frameAround(windowOf(form.Part.left));
+        form.Part.alignmentLabel.setCaption("&Side");
+        u.formTitle();
+        EXPECT_EQ(told.nameOf(frame), L"Side");
+        EXPECT_TRUE(::IsWindowVisible(frame));
+        for (OptionButton* each : {&form.Part.left, &form.Part.right}) each->setVisible(false);
+        u.formTitle();
+        EXPECT_FALSE(::IsWindowVisible(frame));
+        u.closeByFrame();
+    });
+    form.Show();
 }
 
 }  // namespace
