@@ -7,7 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "views/win32/access.h"
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 #include "views/win32/fonts.h"
 #include "views/win32/module.h"
 #include "views/win32/placing.h"
@@ -63,10 +65,11 @@ std::vector<BoxButton> buttonsOf(const MessageRequest& box) {
 /// Fills a box with its text, its icon and its buttons.
 class BoxBuilder {
   public:
-    BoxBuilder(HWND box, HFONT font, const MessageRequest& wanted)
+    BoxBuilder(HWND box, HFONT font, const MessageRequest& wanted, bool mirrored)
         : m_box(box),
           m_font(font),
           m_wanted(wanted),
+          m_mirrored(mirrored),
           m_measure(font),
           m_dpi(dpiOf(box)),
           m_margin(scaled(12, m_dpi)),
@@ -80,12 +83,14 @@ class BoxBuilder {
     /// Puts something into the line of the text, in the middle of its height.
     void putInLine(HWND child, int left, SIZE size) const;
     SIZE addText();
+    std::wstring inLines(const std::wstring& text) const;
     void addIcon() const;
     void addButtons(const std::vector<BoxButton>& buttons, int width, int right, int top) const;
 
     HWND m_box;
     HFONT m_font;
     const MessageRequest& m_wanted;
+    bool m_mirrored;
     Measure m_measure;
     int m_dpi;
     int m_margin;
@@ -109,13 +114,33 @@ void BoxBuilder::putInLine(HWND child, int left, SIZE size) const {
 
 SIZE BoxBuilder::addText() {
     constexpr UINT kAsItStands = DT_NOPREFIX | DT_EDITCONTROL;
-    const std::wstring text = shownText(m_wanted.text);
+    const std::wstring whole = shownText(m_wanted.text);
+    const std::wstring text = m_mirrored ? inLines(whole) : whole;
     SIZE size = m_measure.text(text, kAsItStands, m_measure.chars(kWidestText));
     size.cx += scaled(2, m_dpi);
     m_lineHeight = std::max(static_cast<int>(size.cy), m_icon);
     const HWND shown = make(WC_STATICW, text, SS_NOPREFIX | SS_EDITCONTROL, kTextId);
     putInLine(shown, m_margin + (m_icon > 0 ? m_icon + m_margin : 0), size);
+    if (text != whole) setSpokenName(shown, whole);
     return size;
+}
+
+/// The lines of a text as a window from right to left shows them: a mark holds for one line alone,
+/// so that it is broken into lines here.
+std::wstring BoxBuilder::inLines(const std::wstring& text) const {
+    const auto fits = [this](const std::wstring& line) {
+        return m_measure.text(line, DT_NOPREFIX | DT_SINGLELINE).cx <= m_measure.chars(kWidestText);
+    };
+    std::wstring all;
+    for (std::size_t at = 0; at <= text.size();) {
+        const std::size_t end = std::min(text.find(L'\n', at), text.size());
+        std::wstring paragraph = text.substr(at, end - at);
+        if (paragraph.ends_with(L'\r')) paragraph.pop_back();
+        if (at > 0) all += L'\n';
+        all += embeddedLines(paragraph, fits);
+        at = end + 1;
+    }
+    return all;
 }
 
 void BoxBuilder::addIcon() const {
@@ -168,6 +193,7 @@ struct EmptyDialog {
 
 int MessageWindow::run(HWND owner, bool mirrored, std::function<void()> cameUp) {
     m_cameUp = std::move(cameUp);
+    m_mirrored = mirrored;
     EmptyDialog empty;
     empty.dialog.style = kBoxStyle | WS_VISIBLE;
     empty.dialog.dwExtendedStyle = mirrored ? WS_EX_LAYOUTRTL : 0;
@@ -232,8 +258,8 @@ void MessageWindow::build() {
     // In the font of the dialog that asks.
     const auto font = m_wanted.owner ? m_wanted.owner->font() : nullptr;
     m_font = makeFont(font ? *font : Font{}, dpiOf(m_window));
-    ::SetWindowTextW(m_window, toWidePlain(m_wanted.title).c_str());
-    const SIZE size = BoxBuilder(m_window, m_font, m_wanted).build();
+    ::SetWindowTextW(m_window, embeddedSentence(toWidePlain(m_wanted.title), m_mirrored).c_str());
+    const SIZE size = BoxBuilder(m_window, m_font, m_wanted, m_mirrored).build();
     const SIZE outer = outerSize(size, kBoxStyle, WS_EX_DLGMODALFRAME, dpiOf(m_window));
     const POINT place = centredOn(::GetWindow(m_window, GW_OWNER), outer);
     const bool onTop = (m_wanted.style & boxstyle::SystemModal) != 0;

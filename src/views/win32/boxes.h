@@ -38,6 +38,7 @@ class MessageWindow {
     std::optional<Modality> m_modality;
     HWND m_window = nullptr;
     HFONT m_font = nullptr;
+    bool m_mirrored = false;  ///< runs from right to left
 };
 
 }  // namespace wynconfig::native

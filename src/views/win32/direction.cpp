@@ -47,6 +47,37 @@ bool isMixed(const std::vector<WORD>& kinds) {
     return hasOthers || kinds.back() != C2_RIGHTTOLEFT;
 }
 
+using Fits = std::function<bool(const std::wstring&)>;
+
+/// Where a line ends that begins here: behind the last word that there is room for, else behind as
+/// much of a word as there is room for, one character at the least.
+std::size_t endOfLine(const std::wstring& text, std::size_t begin, const Fits& fits) {
+    std::size_t end = begin;
+    for (std::size_t next = begin; next < text.size();) {
+        next = std::min(text.find(L' ', next + 1), text.size());
+        if (!fits(text.substr(begin, next - begin))) break;
+        end = next;
+    }
+    if (end > begin) return end;
+    const auto step = [&] { end += isPair(text, end) ? 2 : 1; };
+    for (step(); end < text.size() && text[end] != L' '; step()) {
+        const std::size_t longer = end + (isPair(text, end) ? 2 : 1);
+        if (!fits(text.substr(begin, longer - begin))) break;
+    }
+    return end;
+}
+
+std::vector<std::wstring> brokenLines(const std::wstring& text, const Fits& fits) {
+    std::vector<std::wstring> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = endOfLine(text, at, fits);
+        lines.push_back(text.substr(at, end - at));
+        // The blank between two lines belongs to none.
+        at = end < text.size() && text[end] == L' ' ? end + 1 : end;
+    }
+    return lines;
+}
+
 }  // namespace
 
 bool isProcessMirrored() {
@@ -71,6 +102,29 @@ std::wstring embedded(const std::wstring& text, bool mirrored) {
     // Not every control of every system takes the direction of the window for that of a text. What
     // has no letters, like an arrow, is to turn around with the window.
     return direction < 0 && isMixed(kinds) ? kFromRight + text + kEnd : text;
+}
+
+std::wstring embeddedSentence(const std::wstring& text, bool mirrored) {
+    if (!mirrored) return text;
+    const std::vector<WORD> kinds = kindsIn(text);
+    const bool fromRight = std::find(kinds.begin(), kinds.end(), C2_RIGHTTOLEFT) != kinds.end();
+    if (!fromRight) return embedded(text, mirrored);
+    return isMixed(kinds) ? kFromRight + text + kEnd : text;
+}
+
+std::wstring embeddedLines(const std::wstring& sentence,
+                           const std::function<bool(const std::wstring&)>& fits) {
+    const std::wstring marked = embeddedSentence(sentence, true);
+    const auto shown = [&](const std::wstring& line) {
+        return marked == sentence ? line : marked.front() + line + kEnd;
+    };
+    const auto shownFits = [&](const std::wstring& line) { return fits(shown(line)); };
+    std::wstring all;
+    for (const std::wstring& line : brokenLines(sentence, shownFits)) {
+        if (!all.empty()) all += L'\n';
+        all += shown(line);
+    }
+    return all;
 }
 
 std::wstring unembedded(std::wstring text) {

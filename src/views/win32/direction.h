@@ -1,6 +1,7 @@
 // In which direction texts are read.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "views/win32/winapi.h"
@@ -18,6 +19,14 @@ bool readsFromRight(const Form& form);
 /// read from left to right, stand between marks that nobody sees, and so do texts from right to
 /// left with others in them. Elsewhere it is the text itself.
 std::wstring embedded(const std::wstring& text, bool mirrored);
+/// The same of a sentence, title or caption of the window, in which a name may come first: it is
+/// read from right to left wherever it has letters of such a script.
+std::wstring embeddedSentence(const std::wstring& text, bool mirrored);
+/// A sentence in a window that runs from right to left, broken between words, and words that are
+/// wider than a line anywhere; each line has its marks.
+/// @param fits  whether there is room for a line
+std::wstring embeddedLines(const std::wstring& sentence,
+                           const std::function<bool(const std::wstring&)>& fits);
 /// A text without these marks.
 std::wstring unembedded(std::wstring text);
 

@@ -8,6 +8,7 @@
 #include "platform/forms/growing.h"
 #include "views/win32/access.h"
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 #include "views/win32/list_piece.h"
 #include "views/win32/module.h"
 
@@ -303,7 +304,7 @@ void FormWindow::showAll() {
 }
 
 void FormWindow::showForm() {
-    showText(m_window, toWidePlain(m_form->title()));
+    showText(m_window, embeddedSentence(toWidePlain(m_form->title()), m_mirrored));
     for (const auto& each : m_pieces) each->renewFont();
 }
 

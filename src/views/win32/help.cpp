@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 #include "views/win32/fonts.h"
 #include "views/win32/module.h"
 #include "views/win32/placing.h"
@@ -114,7 +115,7 @@ void HelpWindow::show(HWND form, const HelpPage& page, HFONT font, bool mirrored
     if (!window()) make(form, font, mirrored);
     if (!m_window) return;
     const std::wstring title = toWide(page.title) + L" \u2013 " + systemWord(808, L"Help");
-    ::SetWindowTextW(m_window, title.c_str());
+    ::SetWindowTextW(m_window, embeddedSentence(title, mirrored).c_str());
     ::SetWindowTextW(text(), wholeText(page).c_str());
     ::ShowWindow(m_window, SW_SHOW);
     ::SetFocus(text());

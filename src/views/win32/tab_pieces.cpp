@@ -4,6 +4,7 @@
 #include <array>
 
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 
 namespace wynconfig::native {
 
@@ -49,7 +50,8 @@ std::wstring TabsPiece::captionOf(int index) const {
 void TabsPiece::showContent() {
     const int there = static_cast<int>(send(TCM_GETITEMCOUNT));
     for (int i = 0; i < m_tabs.count(); ++i) {
-        std::wstring caption = toWideCaption(m_tabs.caption(i));
+        std::wstring caption =
+            embeddedSentence(toWideCaption(m_tabs.caption(i)), stage().mirrored());
         if (i < there && captionOf(i) == caption) continue;
         forgetRoom();
         TCITEMW item{};

@@ -6,6 +6,7 @@
 
 #include "views/win32/classes.h"
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 #include "views/win32/fonts.h"
 #include "views/win32/module.h"
 #include "views/win32/placing.h"
@@ -37,7 +38,7 @@ BOOL CALLBACK paintWindow(HWND window, LPARAM) {
 }  // namespace
 
 ProgressWindow::ProgressWindow(HWND owner, const Font& font, bool mirrored)
-    : m_owner(owner), m_dpi(dpiOf(owner)), m_font(makeFont(font, m_dpi)) {
+    : m_owner(owner), m_dpi(dpiOf(owner)), m_font(makeFont(font, m_dpi)), m_mirrored(mirrored) {
     registerClasses();
     m_window = ::CreateWindowExW(kExtended | (mirrored ? WS_EX_LAYOUTRTL : 0), kFormClass, L"",
                                  kStyle, 0, 0, 0, 0, owner, nullptr, moduleHandle(), nullptr);
@@ -53,8 +54,8 @@ ProgressWindow::~ProgressWindow() {
 }
 
 void ProgressWindow::tell(const Progress& progress) {
-    ::SetWindowTextW(m_window, toWidePlain(progress.title).c_str());
-    const std::wstring text = toWide(progress.text);
+    ::SetWindowTextW(m_window, embeddedSentence(toWidePlain(progress.title), m_mirrored).c_str());
+    const std::wstring text = embeddedSentence(toWide(progress.text), m_mirrored);
     showText(m_text, text);
     ::SendMessageW(m_bar, PBM_SETRANGE32, 0, inBar(progress.all));
     ::SendMessageW(m_bar, PBM_SETPOS, static_cast<WPARAM>(inBar(progress.done)), 0);

@@ -33,6 +33,7 @@ class ProgressWindow {
     HWND m_owner;
     int m_dpi;
     HFONT m_font;
+    bool m_mirrored;
     HWND m_window;
     HWND m_text;
     HWND m_bar;

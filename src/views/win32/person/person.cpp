@@ -6,6 +6,7 @@
 #include "platform/forms/named_control.h"
 #include "views/win32/box_pieces.h"
 #include "views/win32/convert.h"
+#include "views/win32/direction.h"
 #include "views/win32/list_piece.h"
 #include "views/win32/person/hands.h"
 #include "views/win32/person/sight.h"
@@ -57,8 +58,8 @@ void Person::watch(Progress::Stage stage, const ProgressWindow* window) {
             return;
         case Progress::Stage::Lasts:
             if (!waits || !isThere) return;
-            sign.title = fromWide(textOf(window->window()));
-            sign.text = fromWide(textOf(window->text()));
+            sign.title = fromWide(unembedded(textOf(window->window())));
+            sign.text = fromWide(unembedded(textOf(window->text())));
             sign.done = static_cast<std::size_t>(::SendMessageW(window->bar(), PBM_GETPOS, 0, 0));
             sign.all =
                 static_cast<std::size_t>(::SendMessageW(window->bar(), PBM_GETRANGE, FALSE, 0));
@@ -109,7 +110,7 @@ std::string Person::formName() const {
 }
 
 std::string Person::formTitle() const {
-    return fromWide(textOf(top().window()));
+    return fromWide(unembedded(textOf(top().window())));
 }
 
 void Person::click(std::string_view name) {

@@ -48,7 +48,7 @@ void lookAtCombo(HWND combo, Sight& sight) {
 void lookAt(const TabsPiece& tabs, Sight& sight) {
     const int count = static_cast<int>(::SendMessageW(tabs.window(), TCM_GETITEMCOUNT, 0, 0));
     for (int i = 0; i < count; ++i) {
-        const std::string caption = fromWide(tabs.captionOf(i));
+        const std::string caption = fromWide(unembedded(tabs.captionOf(i)));
         sight.rows.push_back({mnemonicOf(caption), plainCaption(caption)});
     }
     sight.selected =
@@ -123,7 +123,7 @@ Sight look(const FormWindow& window, const Control& control) {
         // It has no place in the window; of the caption bar the title can be read.
         sight.enabled = true;
         if (control.kind() == ControlKind::FormCaption)
-            sight.caption = fromWide(textOf(window.window()));
+            sight.caption = fromWide(unembedded(textOf(window.window())));
         return sight;
     }
     const HWND shown = piece->window();
